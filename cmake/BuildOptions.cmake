@@ -1,0 +1,44 @@
+# Compiler settings that every target of the house shares.
+
+option(ALGO_BUILD_TESTS "Build the tests" ON)
+option(ALGO_BUILD_BENCH "Build the benchmarks" OFF)
+option(ALGO_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
+option(ALGO_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
+option(ALGO_COVERAGE "Instrument for line coverage" OFF)
+set(ALGO_SANITIZE "" CACHE STRING "Sanitizers, such as address,undefined")
+set(ALGO_BATCH_HOST "embedded_host" CACHE STRING
+    "Target that implements the services of host/; a client names its own")
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+
+find_program(ALGO_CCACHE ccache)
+if(ALGO_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${ALGO_CCACHE}")
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+if(ALGO_WARNINGS_AS_ERRORS)
+  add_compile_options(-Werror)
+endif()
+add_compile_definitions(
+  QT_NO_CAST_FROM_BYTEARRAY
+  QT_NO_CAST_TO_ASCII
+  QT_NO_CAST_FROM_ASCII
+  QT_NO_FOREACH
+  QT_DEPRECATED_WARNINGS
+  QT_MESSAGELOGCONTEXT)
+
+if(ALGO_SANITIZE)
+  add_compile_options(-fsanitize=${ALGO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=${ALGO_SANITIZE})
+endif()
+if(ALGO_COVERAGE)
+  add_compile_options(--coverage -O0)
+  add_link_options(--coverage)
+endif()

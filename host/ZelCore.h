@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/HostApi.h"
+
+#include <QSettings>
+#include <QString>
+#include <QVariant>
+
+class IZelSkin;
+
+/// The user's settings and the skin. GUI thread only; every call returns at once.
+class ALGO_HOST_API ZelCore {
+public:
+    /// Never null, never owned by the caller.
+    static ZelCore* instance();
+
+    /// A stored value; an invalid variant when it was never saved. An empty group and file are the default store.
+    QVariant settings(const QString& key, const QString& group, const QString& file, QSettings::Scope scope);
+    void saveSetting(const QString& key, const QVariant& value, const QString& group, const QString& file,
+                     QSettings::Scope scope);
+    /// Gives the view the style sheet of that path now and whenever the skin changes, until the view is destroyed.
+    void addStyle2View(IZelSkin* view, const QString& cssPath);
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/HostApi.h"
+
+#include <QDialog>
+
+#include <memory>
+
+/// The host's message box: a modal window whose text stands whole, selectable and scrollable in a QTextEdit named
+/// "textEdit_message".
+class ALGO_HOST_API ZelMessageBox : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `type`: 1 error with one button, 3 question with yes and no. `flag`: 0 none, 1 the first button has the focus.
+    ZelMessageBox(const QString& title, const QString& text, int type, QWidget* parent = nullptr, int flag = 0);
+    ~ZelMessageBox() override;
+
+    QString message() const;
+    int type() const;
+    int flag() const;
+
+public slots:
+    /// 1 when confirmed (yes, or the only button), 0 otherwise.
+    int exec() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

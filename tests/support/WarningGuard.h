@@ -1,0 +1,60 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDebug>
+#include <QMutex>
+#include <QString>
+#include <QStringList>
+
+/// Fails a test in which Qt or our own code warned without the test having asked for it.
+class WarningGuard : public testing::EmptyTestEventListener {
+public:
+    /// The running test expects warnings; returns those that came up so far.
+    static QStringList take()
+    {
+        QMutexLocker lock(&mutex());
+        QStringList taken;
+        taken.swap(warnings());
+        return taken;
+    }
+
+    void OnTestStart(const testing::TestInfo&) override
+    {
+        take();
+        qInstallMessageHandler(&WarningGuard::handle);
+    }
+
+    void OnTestEnd(const testing::TestInfo&) override
+    {
+        qInstallMessageHandler(nullptr);
+        const QStringList left = take();
+        for (const QString& warning : left) {
+            ADD_FAILURE() << "unexpected warning: " << qPrintable(warning);
+        }
+    }
+
+private:
+    static QMutex& mutex()
+    {
+        static QMutex instance;
+        return instance;
+    }
+
+    static QStringList& warnings()
+    {
+        static QStringList instance;
+        return instance;
+    }
+
+    static void handle(QtMsgType type, const QMessageLogContext&, const QString& text)
+    {
+        if (type == QtWarningMsg || type == QtCriticalMsg) {
+            QMutexLocker lock(&mutex());
+            warnings().append(text);
+        } else if (type == QtFatalMsg) {
+            fprintf(stderr, "%s\n", qPrintable(text));
+            abort();
+        }
+    }
+};

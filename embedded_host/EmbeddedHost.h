@@ -12,8 +12,8 @@ class QuoteBoard;
 class SettingsStore;
 class SkinService;
 
-/// A host on small ground. One object owns the stores; the service classes of host/ ask the current one. Objects nest: a
-/// new one is current until it is destroyed, then the one before it is again.
+/// A host on small ground. One object owns the stores; the service classes of host/ ask the current one.
+/// Objects nest: a new one is current until it is destroyed, then the one before it is again.
 ///
 ///     EmbeddedHost host(ReferenceData(tables));          // in memory, quotes that stand still
 ///     AlgoBatchImportParamSetting dialog(nullptr, SelectableStrategy);
@@ -28,6 +28,7 @@ public:
         QString home; ///< folder of the settings; empty: settings live in memory
         QString loginAccount = QStringLiteral("trader");
         QuoteMode quotes = QuoteMode::Still;
+        quint32 quoteSeed = 0; ///< of moving quotes; 0: another one every time
     };
 
     explicit EmbeddedHost(ReferenceData referenceData);

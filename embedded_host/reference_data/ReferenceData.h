@@ -6,14 +6,16 @@
 #include <QHash>
 #include <QList>
 #include <QMap>
+#include <QPair>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 
 struct Market {
-    QString exchange; ///< unique code, such as SH
-    QString name;     ///< shown name
-    QString post;     ///< suffix of its symbols, such as SH, HK, CFE
+    QString exchange;   ///< unique code, such as SH
+    QString name;       ///< shown name
+    QString post;       ///< suffix of its symbols, such as SH, HK, CFE
     int codeLength = 0; ///< 0: codes are never padded
     QStringList aliases;
 };
@@ -77,7 +79,8 @@ struct ReferenceTables {
     QList<AesStrategy> strategies;
 };
 
-/// The tables with an index for every look-up, so that none costs more as the securities grow. An immutable value.
+/// The tables with an index for every look-up, so that none costs more as the securities grow. An immutable
+/// value.
 class ReferenceData {
 public:
     ReferenceData() = default;
@@ -93,25 +96,34 @@ public:
     const AesStrategy* strategy(const QString& name) const;
     const Quote* quote(const QString& symbol) const;
 
-    /// Blanks around the text dropped; then the exchange code, alias (letter case ignored for both) or shown name that
-    /// equals it gives the exchange code; anything else comes back trimmed.
+    /// Blanks around the text dropped; then the exchange code, alias (letter case ignored for both) or shown
+    /// name that equals it gives the exchange code; anything else comes back trimmed.
     QString normalizedExchange(const QString& text) const;
-    /// The symbol of a code on a market; a short code of digits is tried again padded with zeros on the left to the
-    /// market's code length. Empty when unknown.
+    /// The symbol of a code on a market; a short code of digits is tried again padded with zeros on the left
+    /// to the market's code length. Empty when unknown.
     QString symbolOf(const QString& code, const QString& market) const;
     QString securityAccount(const QString& tradingAccount, const QString& exchange) const;
     bool isAllowed(const QString& tradingAccount, const QString& strategy) const;
 
 private:
+    using TextPair = QPair<QString, QString>;
+
+    void indexMarketTexts();
+    void indexCodes();
+    void indexAccountRights();
+    const Market* marketMeant(const QString& text) const;
+
     ReferenceTables mTables;
+    // Positions in the tables.
     QHash<QString, int> mSecurityBySymbol;
-    QHash<QString, int> mSecurityByPostAndCode;
+    QHash<TextPair, int> mSecurityByPostAndCode;
     QHash<QString, int> mFuturesBySymbol;
     QHash<QString, int> mAccountByTradingAccount;
     QHash<QString, int> mMarketByExchange;
-    QHash<QString, int> mMarketByAnyText;
+    QHash<QString, int> mMarketByFoldedText; // exchange codes and aliases
+    QHash<QString, int> mMarketByName;
     QHash<QString, int> mStrategyByName;
     QHash<QString, int> mQuoteBySymbol;
-    QHash<QString, QString> mSecurityAccounts;
-    QHash<QString, bool> mAuthorities;
+    QHash<TextPair, QString> mSecurityAccounts; // trading account, exchange
+    QSet<TextPair> mAuthorities;                // trading account, strategy
 };

@@ -7,6 +7,6 @@
 #include <optional>
 
 /// Reads the csv and json files of a reference data folder (docs/reference-data.md lists files and columns).
-/// On the first fault returns nothing and sets `error` to "FILE:LINE: what is wrong", FILE as a path that starts with
-/// `folder` as it was given.
+/// On the first fault returns nothing and sets `error` to "FILE:LINE: what is wrong", FILE as a path that
+/// starts with `folder` as it was given.
 std::optional<ReferenceTables> readReferenceFolder(const QString& folder, QString& error);

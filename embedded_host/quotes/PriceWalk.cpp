@@ -1,0 +1,51 @@
+#include "embedded_host/quotes/PriceWalk.h"
+
+#include "embedded_host/reference_data/QuoteFields.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double WidestMove = 0.02; ///< of the start price
+constexpr qint64 LeastRoom = 2;     ///< ticks to either side that even a cheap security has
+
+double ticksPerUnit(int precision)
+{
+    return std::pow(10.0, precision);
+}
+
+} // namespace
+
+PriceWalk::PriceWalk(const QMap<QString, QVariant>& fields, int precision) : mPrecision(precision)
+{
+    const double start = fields.value(QuoteFields::LastPx).toDouble();
+    if (!(start > 0)) {
+        return;
+    }
+    const double scale = ticksPerUnit(precision);
+    const qint64 room = std::max(LeastRoom, qRound64(start * scale * WidestMove));
+    mStart = mLast = qRound64(start * scale);
+    mLowest = std::max<qint64>(1, mStart - room);
+    mHighest = mStart + room;
+    const double lowerLimit = fields.value(QuoteFields::MinPx).toDouble();
+    const double upperLimit = fields.value(QuoteFields::MaxPx).toDouble();
+    if (lowerLimit > 0) {
+        mLowest = std::max(mLowest, qRound64(std::ceil(lowerLimit * scale - 1e-6)));
+    }
+    if (upperLimit > 0) {
+        mHighest = std::min(mHighest, qRound64(std::floor(upperLimit * scale + 1e-6)));
+    }
+}
+
+QString PriceWalk::next(std::mt19937& random)
+{
+    std::uniform_int_distribution<qint64> step(-2, 2);
+    qint64 move = step(random);
+    const bool leaves = (mLast - mStart) * move > 0;
+    if (leaves && random() % 3 == 0) {
+        move = -move; // away from the start less often than back to it
+    }
+    mLast = std::clamp(mLast + move, mLowest, mHighest);
+    return QString::number(static_cast<double>(mLast) / ticksPerUnit(mPrecision), 'f', mPrecision);
+}

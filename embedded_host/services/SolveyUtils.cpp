@@ -1,0 +1,96 @@
+#include "host/SolveyUtils.h"
+
+#include "embedded_host/services/Record.h"
+#include "embedded_host/table_reader/TableReader.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QFileDialog>
+#include <QScreen>
+#include <QWidget>
+
+using services::record;
+
+namespace {
+
+/// How a widget stands in the journal.
+QString nameOf(const QWidget* widget)
+{
+    if (!widget) {
+        return QString();
+    }
+    return widget->objectName().isEmpty() ? QString::fromLatin1(widget->metaObject()->className())
+                                          : widget->objectName();
+}
+
+QString nameFilter(ExportFileFormat format)
+{
+    switch (format) {
+    case ExportFileFormat::Csv:
+        return QStringLiteral("文本表格 (*.csv *.txt *.tsv);;所有文件 (*)");
+    case ExportFileFormat::Spreadsheet:
+        return QStringLiteral("电子表格 (*.xlsx *.xlsm *.xls *.ods);;所有文件 (*)");
+    case ExportFileFormat::AllTables:
+        break;
+    }
+    return QStringLiteral("表格文件 (*.csv *.txt *.tsv *.xlsx *.xlsm *.xls *.ods);;所有文件 (*)");
+}
+
+/// The window over which a pop-up is centred: its parent's, else the active one; null where there is neither.
+const QWidget* windowUnder(const QWidget* popUp)
+{
+    const QWidget* parent = popUp ? popUp->parentWidget() : nullptr;
+    const QWidget* window = parent ? parent->window() : QApplication::activeWindow();
+    return window == popUp ? nullptr : window;
+}
+
+QPoint centredPos(const QWidget* popUp)
+{
+    const QWidget* window = windowUnder(popUp);
+    const QScreen* screen = window && window->screen() ? window->screen() : QApplication::primaryScreen();
+    const QRect available = screen->availableGeometry();
+    QRect place(QPoint(), popUp ? popUp->size() : QSize());
+    place.moveCenter(window ? window->frameGeometry().center() : available.center());
+    // The title bar stays within reach, also where the pop-up is larger than the screen.
+    place.moveRight(qMin(place.right(), available.right()));
+    place.moveBottom(qMin(place.bottom(), available.bottom()));
+    place.moveLeft(qMax(place.left(), available.left()));
+    place.moveTop(qMax(place.top(), available.top()));
+    return place.topLeft();
+}
+
+} // namespace
+
+QString SolveyUtils::GetOpenTableFileName(QWidget* parent, const QString& title, const QString& directory,
+                                          const ExportFileFormat& format)
+{
+    record("SolveyUtils::GetOpenTableFileName", nameOf(parent), title, directory, format);
+    const QString filter = nameFilter(format);
+    if (UserPrompts* prompts = EmbeddedHost::current().prompts()) {
+        return prompts->chooseOpenFile(parent, title, directory, filter);
+    }
+    return QFileDialog::getOpenFileName(parent, title, directory, filter);
+}
+
+QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg cfg, QString& error)
+{
+    record("SolveyUtils::ReadTableData", path, cfg);
+    table_reader::Table table = table_reader::readTable(path);
+    error = table.error;
+    return table.rows;
+}
+
+QPoint SolveyUtils::GetWidgetPos(QWidget* widget, WidgetShowPosType type)
+{
+    record("SolveyUtils::GetWidgetPos", nameOf(widget), type);
+    switch (type) {
+    case WidgetShowPosType::CursorPos:
+        return QCursor::pos();
+    case WidgetShowPosType::ParentTopLeft:
+        return widget && widget->parentWidget() ? widget->parentWidget()->mapToGlobal(QPoint(0, 0))
+                                                : QPoint();
+    case WidgetShowPosType::ActiveWindowCenter:
+        break;
+    }
+    return centredPos(widget);
+}

@@ -1,0 +1,250 @@
+// The expected buy and sell amounts above the table.
+
+#include "dialog/AlgoBatchImportParamSetting.h"
+#include "dialog/CellRoles.h"
+#include "dialog/ColumnNames.h"
+#include "dialog/Logging.h"
+#include "dialog/StrategyLists.h"
+#include "host/AlgoConstants.h"
+#include "host/AlgoTradeLogicNew.h"
+#include "host/CommonQuotaHandler.h"
+#include "host/FuturesLogicInterface.h"
+#include "host/NorvikConstants.h"
+#include "host/SolveyBusinessDataInterface.h"
+#include "host/SolveyConstants.h"
+#include "host/ZelTableView.h"
+#include "ui_AlgoBatchImportParamSetting.h"
+
+#include <QStyle>
+#include <QThread>
+
+namespace {
+
+namespace Info = Algo_Fields::AlgoInstContentInfo;
+namespace Side = Algo_Values::AlgoOrderSide;
+
+constexpr unsigned long QuoteWaitMs = 300;
+constexpr double Zero = 1e-10;
+constexpr double BondRepoPrice = 100.0;
+
+const QString Buy = QStringLiteral("Buy");
+const QString Sell = QStringLiteral("Sell");
+const QString BothSides = QStringLiteral("Buy/Sell");
+const QString NotPriced = QStringLiteral("以下标的获取行情失败，未纳入预估金额计算：%1");
+const QString RedWhenDisabled = QStringLiteral("QDoubleSpinBox:!enabled{color:red;}");
+
+/// Where the amounts find their cells; -1 where the table has no such column.
+struct AmountColumns {
+    int symbol, direction, quantity, amount, exchange;
+
+    explicit AmountColumns(const QStringList& names)
+        : symbol(names.indexOf(Info::Symbol)), direction(directionColumn(names)),
+          quantity(names.indexOf(Info::Quantity)), amount(names.indexOf(Info::Quantity_Amount)),
+          exchange(names.indexOf(Info::Exchange))
+    {
+    }
+
+    /// The first column where the table has none of its own.
+    static int directionColumn(const QStringList& names)
+    {
+        for (const QString& name : {columns::OrderDirection, Algo_Values::AlgoParamId::traderOrder}) {
+            if (names.contains(name)) {
+                return names.indexOf(name);
+            }
+        }
+        return 0;
+    }
+};
+
+QVariant valueOf(const RecordData& row, int column)
+{
+    return row.value(column).value(cell_roles::Value);
+}
+
+/// One side's sum, and the securities that could not be priced.
+struct ExpectedSide {
+    double sum = 0.0;
+    QStringList failures;
+};
+
+struct ExpectedAmounts {
+    ExpectedSide buy;
+    ExpectedSide sell;
+};
+
+bool isZero(double price)
+{
+    return -Zero < price && price < Zero;
+}
+
+QString securitiesDirection(const QString& direction)
+{
+    namespace Futures = Algo_Values::FutureSide;
+    if (direction == Futures::BuyOpen || direction == Futures::BuyClose) {
+        return Side::BuyValue;
+    }
+    if (direction == Futures::SellOpen || direction == Futures::SellClose) {
+        return Side::SellValue;
+    }
+    return direction;
+}
+
+double priceOf(const QString& symbol)
+{
+    if (AlgoTradeLogicNew::GetInstance()->isBondRepoSymbol(symbol)) {
+        return BondRepoPrice;
+    }
+    return CommonQuotaHandler::getLastPriceFromTick(
+        CommonQuotaHandler::instance()->GetQuotaSnapshot(symbol, 0));
+}
+
+bool isHongKongSecurity(const QString& symbol)
+{
+    namespace SubType = Solvey_Values::MdcSubSecurityType;
+    const QString subType = SolveyBusinessDataInterface::GetSecurityDetailsBySymbol(symbol)
+                                .value(Norvik_Fields::MDCFieldDefine::mdcSubSecurityType)
+                                .toString();
+    return SubType::HKSharesTypeList.contains(subType) || subType == SubType::HStcokCirculation;
+}
+
+/// A buy is valued at the rate at which the host sells, a sell at the one at which it buys. A missing rate is
+/// 0.
+double exchangeRate(const QString& symbol, const QString& exchange, const QString& direction)
+{
+    constexpr double noConversion = 1.0;
+    namespace Rate = Solvey_Fields::HKSExchgRate;
+    if (!isHongKongSecurity(symbol)) {
+        return noConversion;
+    }
+    HKExchangeRateTable rates;
+    SolveyBusinessDataInterface::GetHKStockExchangeRate(rates);
+    if (rates.isEmpty() || (direction != Buy && direction != Sell)) {
+        return noConversion;
+    }
+    return rates.value(exchange)
+        .value(direction == Buy ? Rate::HKSExchgRateSell : Rate::HKSExchgRateBuy)
+        .toDouble();
+}
+
+/// What a row is worth beyond price times quantity.
+struct Valuation {
+    double price;
+    double quantity;
+    double rate;
+    bool futures;
+};
+
+void addOneSide(ExpectedSide& side, const QString& symbol, const Valuation& row)
+{
+    if (isZero(row.price) || row.rate <= Zero) {
+        side.failures.append(symbol);
+        return;
+    }
+    const double factor =
+        row.futures ? double(FuturesLogicInterface::GetFuturesBaseData(symbol).contractMultiplier) : row.rate;
+    side.sum += row.price * row.quantity * factor;
+}
+
+void addBothSides(ExpectedAmounts& amounts, const QString& symbol, const Valuation& row)
+{
+    if (isZero(row.price)) {
+        amounts.sell.failures.append(symbol);
+        amounts.buy.failures.append(symbol);
+        return;
+    }
+    amounts.buy.sum += row.price * row.quantity;
+    amounts.sell.sum += row.price * row.quantity;
+}
+
+void addRow(ExpectedAmounts& amounts, const RecordData& row, const AmountColumns& at, bool futures)
+{
+    const QString symbol = valueOf(row, at.symbol).toString();
+    const double quantity = valueOf(row, at.quantity).toDouble();
+    const QString typed = valueOf(row, at.direction).toString();
+    const QString direction = futures ? securitiesDirection(typed) : typed;
+    const double price = priceOf(symbol);
+    const double rate = exchangeRate(symbol, valueOf(row, at.exchange).toString(), direction);
+    const Valuation valuation = {price, quantity, rate, futures};
+    if (direction == Buy) {
+        addOneSide(amounts.buy, symbol, valuation);
+    } else if (direction == Sell) {
+        addOneSide(amounts.sell, symbol, valuation);
+    } else if (direction == BothSides) {
+        addBothSides(amounts, symbol, valuation);
+    }
+    qCDebug(lcAmounts) << " code: " << symbol << " quantity: " << quantity << " direction: " << direction
+                       << " price: " << price;
+}
+
+ExpectedAmounts sumOfAmounts(const RecordDataList& rows, const AmountColumns& at)
+{
+    ExpectedAmounts amounts;
+    for (const RecordData& row : rows) {
+        const double amount = valueOf(row, at.amount).toDouble();
+        const QString direction = valueOf(row, at.direction).toString();
+        if (direction == Buy) {
+            amounts.buy.sum += amount;
+        } else if (direction == Sell) {
+            amounts.sell.sum += amount;
+        }
+    }
+    return amounts;
+}
+
+/// Blocks for 300 ms, so that the first quotes arrive from the host's threads.
+ExpectedAmounts pricedAmounts(const RecordDataList& rows, const AmountColumns& at, bool futures)
+{
+    QStringList symbols;
+    for (const RecordData& row : rows) {
+        symbols.append(valueOf(row, at.symbol).toString());
+    }
+    CommonQuotaHandler::instance()->SubscribeQuota(symbols, true, 0);
+    QThread::msleep(QuoteWaitMs);
+
+    ExpectedAmounts amounts;
+    for (const RecordData& row : rows) {
+        addRow(amounts, row, at, futures);
+    }
+    return amounts;
+}
+
+QString notPriced(const QStringList& failures)
+{
+    return NotPriced.arg(failures.join(QStringLiteral("、")));
+}
+
+void display(const ExpectedSide& side, QWidget* dialog, SolveyDecimalLineEdit* box, QLabel* warning)
+{
+    box->setValue(side.sum);
+    box->setToolTip(side.failures.isEmpty() ? box->text() : notPriced(side.failures));
+    box->setStyleSheet(side.failures.isEmpty() ? QString() : RedWhenDisabled);
+    box->style()->polish(dialog);
+    warning->setHidden(side.failures.isEmpty());
+    warning->setToolTip(notPriced(side.failures));
+}
+
+} // namespace
+
+void AlgoBatchImportParamSetting::calculateExpectAmount(RecordDataList rows)
+{
+    const AmountColumns at(mTableHeadLst);
+    const ExpectedAmounts amounts =
+        CollateralOnlyStrategyList.contains(mStrategy.name())
+            ? sumOfAmounts(rows, at)
+            : pricedAmounts(rows, at, FuturesStrategyList.contains(mStrategy.name()));
+    qCDebug(lcAmounts) << Q_FUNC_INFO << amounts.buy.sum << amounts.sell.sum << amounts.buy.failures.count()
+                       << amounts.sell.failures.count();
+    display(amounts.buy, this, ui->expectBuyLine, ui->label_bWarning);
+    display(amounts.sell, this, ui->expectSellLine, ui->label_sWarning);
+}
+
+void AlgoBatchImportParamSetting::slotUpdateAmount()
+{
+    if (!ui->table_paramSettings->isVisible()) {
+        return;
+    }
+    const RecordDataList rows = ui->table_paramSettings->getViewData();
+    if (!rows.isEmpty()) {
+        calculateExpectAmount(rows);
+    }
+}

@@ -1,0 +1,64 @@
+// The press on 确定: the whole batch is checked once more, then handed to the host.
+
+#include "dialog/AlgoBatchImportParamSetting.h"
+#include "dialog/DialogSettings.h"
+#include "dialog/ErrorBox.h"
+#include "dialog/Logging.h"
+#include "dialog/StrategyLists.h"
+#include "host/AlgoConstants.h"
+#include "host/AlgoTradeLogicNew.h"
+#include "ui_AlgoBatchImportParamSetting.h"
+
+namespace {
+const QString NoAlgoType = QStringLiteral("未选择任意算法类型");
+const QString NoAuthority = QStringLiteral("当前账号未授权%1算法，请联系客户经理授权！");
+} // namespace
+
+/// The disabled button guards against a second press until the host has dealt with the first.
+void AlgoBatchImportParamSetting::slotBtnOkClicked()
+{
+    if (!ui->btn_ok->isEnabled()) {
+        return;
+    }
+    ui->btn_ok->setEnabled(false);
+
+    const QString error = batchError();
+    if (!error.isEmpty()) {
+        error_box::show(error);
+        ui->btn_ok->setEnabled(true);
+        return;
+    }
+    mIsCreatedClose = created_close_setting::choice(created_close_setting::read()).value_or(true);
+    emit signalBtnOkClicked(mIsCreatedClose);
+}
+
+QString AlgoBatchImportParamSetting::batchError()
+{
+    if (ui->cbx_algoType->currentText().isEmpty()) {
+        return NoAlgoType;
+    }
+    const bool authorised = AlgoTradeLogicNew::GetInstance()->hasCorrespAuthority(
+        ui->combx_account->GetCurTradingAccount(), mStrategy.name(), Algo_Values::AlgoGlobalType::algo);
+    if (!authorised) {
+        return NoAuthority.arg(mStrategy.alias());
+    }
+    return AilockStrategyList.contains(mStrategy.name()) ? checkAILOCK() : checkAccounTypesInParamsMap();
+}
+
+void AlgoBatchImportParamSetting::slotBtnCancelClicked()
+{
+    emit signalBtnCancelClicked();
+}
+
+void AlgoBatchImportParamSetting::slotResetOkBtn()
+{
+    ui->btn_ok->setEnabled(true);
+}
+
+QList<QMap<QString, QVariant>> AlgoBatchImportParamSetting::getWidgetData()
+{
+    if (mAllParamVarMapLst.isEmpty()) {
+        qCDebug(lcDialog) << Q_FUNC_INFO << "can not get widget data!";
+    }
+    return mAllParamVarMapLst;
+}

@@ -1,0 +1,173 @@
+// Loading a strategy turns the empty dialog into the import form of one algorithm.
+
+#include "dialog/AlgoBatchImportParamSetting.h"
+#include "dialog/ColumnNames.h"
+#include "dialog/Logging.h"
+#include "dialog/StrategyLists.h"
+#include "host/AlgoConstants.h"
+#include "host/AlgoTradeLogicNew.h"
+#include "host/SolveyBusinessDataInterface.h"
+#include "host/ZelTableView.h"
+#include "ui_AlgoBatchImportParamSetting.h"
+
+#include <QSettings>
+
+namespace {
+
+/// Selectors of the accounts that may run algorithms; their meaning is the host's.
+constexpr int FirstFundProperty = 11;
+constexpr int SecondFundProperty = 16;
+
+constexpr int ColumnWidth = 90;
+constexpr int AmountDecimals = 2;
+
+const QString DefaultAlgoKey = QStringLiteral("My_DefaultBatch_Algo");
+
+QMap<QString, QString> styleValuesOf(const QString& strategy)
+{
+    const QString neutral = QStringLiteral("neutral");
+    const QString steady = QStringLiteral("平稳");
+    if (AilockStrategyList.contains(strategy)) {
+        return {{neutral, steady}};
+    }
+    if (QndStrategyList.contains(strategy)) {
+        return {{QStringLiteral("0"), QStringLiteral("动态均衡")},
+                {QStringLiteral("1"), QStringLiteral("静态均衡")},
+                {QStringLiteral("2"), QStringLiteral("低撤单率")},
+                {QStringLiteral("3"), QStringLiteral("高收益")}};
+    }
+    return {{neutral, steady}, {QStringLiteral("aggressive"), QStringLiteral("激进")}};
+}
+
+} // namespace
+
+QString AlgoBatchImportParamSetting::CreateStrategyInitWidget(const AesStrategy& strategy)
+{
+    qCDebug(lcDialog) << "###tag-error: "
+                      << " strategy: " << strategy.alias();
+    mStrategy = strategy;
+
+    ui->btn_ok->setEnabled(true);
+    ui->table_paramSettings->clear();
+    ui->expectBuyLine->setValue(0.0);
+    ui->expectSellLine->setValue(0.0);
+    ui->label_bWarning->hide();
+    ui->label_sWarning->hide();
+    mAllParamVarMapLst.clear();
+    clearSchema();
+
+    initGuiData(mStrategy);
+    initSettings();
+    mColValueNameMap[columns::Style] = styleValuesOf(mStrategy.name());
+    return QString();
+}
+
+void AlgoBatchImportParamSetting::initGuiData(const AesStrategy& strategy)
+{
+    initAccounts();
+
+    qCDebug(lcDialog) << strategy.paramFormats() << strategy.alias();
+    QString error;
+    const QStringList columnNames = completeTableHead(initTableHeadList(strategy.paramFormats(), error));
+    if (!error.isEmpty() || columnNames.isEmpty()) {
+        qCDebug(lcDialog) << " tableHeadList: " << columnNames << " strategy.name(): " << strategy.name()
+                          << " strategy.alias(): " << strategy.alias() << " error: " << error;
+    }
+    mTableHeadLst = columnNames;
+    initTable(columnNames);
+
+    // The refill must not run the slot, which would load a strategy again.
+    using Self = AlgoBatchImportParamSetting;
+    disconnect(ui->cbx_algoType, &QComboBox::currentTextChanged, this, &Self::slotCbxAlgoTypeClicked);
+    ui->cbx_algoType->clear();
+    fillAlgoTypes();
+    ui->cbx_algoType->setCurrentText(strategy.alias());
+    connect(ui->cbx_algoType, &QComboBox::currentTextChanged, this, &Self::slotCbxAlgoTypeClicked);
+    if (mInsType == FixedStrategy) {
+        ui->cbx_algoType->setEnabled(false);
+    }
+    initAmountBoxes();
+}
+
+/// Offers the accounts anew and keeps the one that was chosen.
+void AlgoBatchImportParamSetting::initAccounts()
+{
+    const QString chosen = ui->combx_account->GetCurTradingAccount();
+    ui->combx_account->SetAccountList(SolveyBusinessDataInterface::GetFundAccountListByFundProp(
+        FirstFundProperty, SecondFundProperty, true, QStringList(), true));
+    if (!chosen.isEmpty()) {
+        ui->combx_account->SetCurTradingAccount(chosen);
+    }
+    ui->combx_account->setAttribute(Qt::WA_MouseTracking);
+}
+
+/// Adds the columns that every strategy has and no parameter format lists.
+QStringList AlgoBatchImportParamSetting::completeTableHead(QStringList columnNames)
+{
+    namespace Info = Algo_Fields::AlgoInstContentInfo;
+    columnNames.removeOne(Info::fundAccount);
+    columnNames.append(columns::CreateAndStart);
+    columnNames.insert(1, columns::SecurityName);
+    columnNames.insert(2, Info::Exchange);
+
+    mSymbolParamLst.append(Info::Exchange);
+    mColParamIdMap[Info::Exchange] = Info::Exchange;
+    mInsParamLst.append(columns::CreateAndStart);
+    mColParamIdMap[columns::CreateAndStart] = columns::CreateAndStart;
+
+    mExtraColNameLst << Algo_Values::AlgoParamId::traderOrder << Algo_Values::AlgoParamId::entrustProp
+                     << columns::CreateAndStart << columns::SealingAmount << Info::Quantity_Amount
+                     << Algo_Values::AlgoParamId::SellBalance << Algo_Values::AlgoParamId::InvestType;
+    return columnNames;
+}
+
+void AlgoBatchImportParamSetting::initTable(const QStringList& columnNames)
+{
+    QList<QMap<QString, QVariant>> headList;
+    for (const QString& name : columnNames) {
+        headList.append({{Head_DisplayRole, name}});
+    }
+    ZelTableView* table = ui->table_paramSettings;
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSerialNumberColumnPropety(ZelViewModel::SerialNumColumnOrder(1));
+    table->setColumnDefaultTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    table->setItemSelectable(true);
+    table->setHeadList(headList);
+    table->setCheckBoxShow(false);
+    table->setViewSortable(true);
+    table->setColumnDefaultWidth(ColumnWidth);
+    if (StartOnCreateStrategyList.contains(mStrategy.name())) {
+        table->setColumnShow(columnNames.indexOf(columns::CreateAndStart), false);
+    }
+}
+
+/// The boxes are displays that nobody types into.
+void AlgoBatchImportParamSetting::initAmountBoxes()
+{
+    for (SolveyDecimalLineEdit* box : {ui->expectBuyLine, ui->expectSellLine}) {
+        box->setEnabled(false);
+        box->setDecimals(AmountDecimals);
+        box->setValue(0.0);
+    }
+}
+
+void AlgoBatchImportParamSetting::slotCbxAlgoTypeClicked()
+{
+    const QString name = ui->cbx_algoType->currentData().toString();
+    const AesStrategy strategy = AlgoTradeLogicNew::GetInstance()->GetStrategy(name);
+    const QString result = CreateStrategyInitWidget(strategy);
+    qCDebug(lcDialog) << Q_FUNC_INFO << result;
+    if (mInsType == SelectableStrategy && mSettings != nullptr) {
+        mSettings->setValue(DefaultAlgoKey, strategy.name());
+    }
+}
+
+QString AlgoBatchImportParamSetting::getCurrentAlgoName()
+{
+    return ui->cbx_algoType->currentData().toString();
+}
+
+AesStrategy AlgoBatchImportParamSetting::getStrategy() const
+{
+    return mStrategy;
+}

@@ -1,0 +1,37 @@
+// The menu under 导出模板. The files and the save dialog are the host's.
+
+#include "dialog/AlgoBatchImportParamSetting.h"
+#include "dialog/StrategyLists.h"
+#include "host/SolveyConstants.h"
+#include "host/SolveyUtils.h"
+#include "ui_AlgoBatchImportParamSetting.h"
+
+#include <QAction>
+#include <QMenu>
+
+namespace {
+
+const QString AllTemplates = QStringLiteral("全部");
+const QPoint UnderTheButton(0, 24);
+
+void download(QWidget* parent, const QString& name)
+{
+    SolveyUtils::DownloadTemplateFile(SolveyConstants::TemplateFileType::AlgoBatchSingle, parent, {name});
+}
+
+} // namespace
+
+void AlgoBatchImportParamSetting::slotBtnExportClicked()
+{
+    QMenu menu;
+    QAction all(QStringLiteral("全部算法模板"), this);
+    connect(&all, &QAction::triggered, this, [this] { download(this, AllTemplates); });
+    menu.addAction(&all);
+
+    QAction current(QStringLiteral("当前算法模板"), this);
+    connect(&current, &QAction::triggered, this, [this] { download(this, ui->cbx_algoType->currentText()); });
+    if (SingleTemplateStrategyList.contains(mStrategy.name())) {
+        menu.addAction(&current);
+    }
+    menu.exec(mapToGlobal(ui->pb_exportModules->pos() + UnderTheButton));
+}

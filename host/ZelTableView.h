@@ -36,6 +36,8 @@ public:
 
     void setItemSelectable(bool selectable);
     void setCheckBoxShow(bool show);
+    /// Rows whose box is checked, as positions in getViewData(), ascending.
+    QList<int> checkedRows() const;
     void setViewSortable(bool sortable);
     void setSerialNumberColumnPropety(ZelViewModel::SerialNumColumnOrder order);
     void setColumnDefaultTextAlignment(Qt::Alignment alignment);

@@ -1,0 +1,64 @@
+#include "host/SolveyAccountComboBox.h"
+
+#include <algorithm>
+
+namespace {
+
+using DisplayMode = SolveyAccountComboBox::DisplayMode;
+
+QString shownText(const tagUserAccountInfo& account, DisplayMode mode)
+{
+    switch (mode) {
+    case DisplayMode::Account:
+        return account.tradingAccount;
+    case DisplayMode::Name:
+        return account.name;
+    case DisplayMode::NameAndAccount:
+        break;
+    }
+    return QStringLiteral("%1 (%2)").arg(account.name, account.tradingAccount);
+}
+
+} // namespace
+
+SolveyAccountComboBox::SolveyAccountComboBox(QWidget* parent, DisplayMode mode)
+    : QComboBox(parent), mMode(mode)
+{
+}
+
+SolveyAccountComboBox::~SolveyAccountComboBox() = default;
+
+void SolveyAccountComboBox::SetAccountList(const QList<tagUserAccountInfo>& accounts)
+{
+    mAccounts = accounts;
+    clear();
+    for (const tagUserAccountInfo& account : accounts) {
+        const QString text = shownText(account, mMode);
+        // Two accounts of one name would make a choice between them invisible to whoever listens for the
+        // text.
+        const bool unique = findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0;
+        addItem(unique ? text : shownText(account, DisplayMode::NameAndAccount), account.tradingAccount);
+    }
+}
+
+void SolveyAccountComboBox::SetCurTradingAccount(const QString& tradingAccount)
+{
+    const int index = findData(tradingAccount);
+    if (index >= 0) {
+        setCurrentIndex(index);
+    }
+}
+
+QString SolveyAccountComboBox::GetCurTradingAccount() const
+{
+    return currentData().toString();
+}
+
+QString SolveyAccountComboBox::GetCurAccountAssetProp() const
+{
+    const QString current = GetCurTradingAccount();
+    const auto found = std::find_if(mAccounts.cbegin(), mAccounts.cend(), [&current](const auto& account) {
+        return account.tradingAccount == current;
+    });
+    return found == mAccounts.cend() ? QString() : found->assetProp;
+}

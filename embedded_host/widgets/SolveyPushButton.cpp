@@ -1,0 +1,5 @@
+#include "host/SolveyPushButton.h"
+
+SolveyPushButton::SolveyPushButton(QWidget* parent) : QPushButton(parent) {}
+
+SolveyPushButton::~SolveyPushButton() = default;

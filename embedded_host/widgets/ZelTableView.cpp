@@ -1,0 +1,119 @@
+#include "host/ZelTableView.h"
+
+#include "embedded_host/widgets/NaturalOrderProxy.h"
+#include "embedded_host/widgets/RecordTableModel.h"
+#include "embedded_host/widgets/TableBehaviour.h"
+
+#include <QHeaderView>
+
+#include <algorithm>
+
+class ZelTableView::Private {
+public:
+    explicit Private(ZelTableView* view) : behaviour(view, &proxy) {}
+
+    RecordTableModel model;
+    NaturalOrderProxy proxy;
+    TableBehaviour behaviour;
+    int columnWidth = 0;
+};
+
+ZelTableView::ZelTableView(QWidget* parent) : QTableView(parent), d(std::make_unique<Private>(this))
+{
+    d->proxy.setSourceModel(&d->model);
+    d->behaviour.setEmptyText(QStringLiteral("尚未导入"));
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+}
+
+ZelTableView::~ZelTableView()
+{
+    setModel(nullptr); // the view outlives its model by the base class's destructor
+}
+
+void ZelTableView::setHeadList(const QList<QMap<QString, QVariant>>& headList)
+{
+    QStringList names;
+    for (const QMap<QString, QVariant>& head : headList) {
+        names.append(head.value(Head_DisplayRole).toString());
+    }
+    d->behaviour.resetOrder();
+    d->model.setColumns(names);
+    for (int column = 0; column < names.size(); ++column) {
+        showColumn(column); // what was hidden belonged to the columns before
+    }
+    setColumnDefaultWidth(d->columnWidth);
+}
+
+QStringList ZelTableView::headNames() const
+{
+    return d->model.columns();
+}
+
+void ZelTableView::addRecordDataList(const RecordDataList& records)
+{
+    d->model.append(records);
+}
+
+RecordDataList ZelTableView::getViewData() const
+{
+    return d->model.records();
+}
+
+void ZelTableView::clear()
+{
+    d->behaviour.resetOrder();
+    d->model.clear();
+}
+
+void ZelTableView::setItemSelectable(bool selectable)
+{
+    setSelectionMode(selectable ? QAbstractItemView::ExtendedSelection : QAbstractItemView::NoSelection);
+}
+
+void ZelTableView::setCheckBoxShow(bool show)
+{
+    d->model.setCheckable(show);
+}
+
+QList<int> ZelTableView::checkedRows() const
+{
+    QList<int> rows = d->model.checkedRows().values();
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void ZelTableView::setViewSortable(bool sortable)
+{
+    d->behaviour.setSortable(sortable);
+}
+
+void ZelTableView::setSerialNumberColumnPropety(ZelViewModel::SerialNumColumnOrder order)
+{
+    verticalHeader()->setVisible(order != ZelViewModel::SerialNumColumnOrder::None);
+    d->proxy.setNumbersAsShown(order == ZelViewModel::SerialNumColumnOrder::ViewOrder);
+}
+
+void ZelTableView::setColumnDefaultTextAlignment(Qt::Alignment alignment)
+{
+    d->model.setAlignment(alignment);
+    horizontalHeader()->setDefaultAlignment(alignment);
+}
+
+void ZelTableView::setColumnDefaultWidth(int width)
+{
+    d->columnWidth = width;
+    if (width <= 0) {
+        return;
+    }
+    horizontalHeader()->setDefaultSectionSize(width);
+    for (int column = 0; column < d->model.columns().size(); ++column) {
+        setColumnWidth(column, width);
+    }
+}
+
+void ZelTableView::setColumnShow(int column, bool show)
+{
+    if (column >= 0 && column < d->model.columns().size()) {
+        setColumnHidden(column, !show);
+    }
+}

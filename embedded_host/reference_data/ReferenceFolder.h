@@ -3,6 +3,7 @@
 #include "embedded_host/reference_data/ReferenceData.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -10,3 +11,6 @@
 /// On the first fault returns nothing and sets `error` to "FILE:LINE: what is wrong", FILE as a path that
 /// starts with `folder` as it was given.
 std::optional<ReferenceTables> readReferenceFolder(const QString& folder, QString& error);
+
+/// The names of the files that readReferenceFolder() reads where they are there.
+QStringList referenceFileNames();

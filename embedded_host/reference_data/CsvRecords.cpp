@@ -1,0 +1,87 @@
+#include "embedded_host/reference_data/CsvRecords.h"
+
+#include "embedded_host/reference_data/ReferenceFaults.h"
+#include "embedded_host/table_reader/CsvTokenizer.h"
+
+#include <QFile>
+#include <QTextCodec>
+
+#include <optional>
+
+namespace {
+
+/// Nothing when the bytes are no UTF-8. A byte order mark is dropped.
+std::optional<QString> decodeUtf8(const QByteArray& bytes)
+{
+    QTextCodec::ConverterState state;
+    const QString text =
+        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0) {
+        return std::nullopt;
+    }
+    return text;
+}
+
+/// The line that breaks UTF-8, in bytes that do. A line end is never part of another character.
+int invalidUtf8Line(const QByteArray& bytes)
+{
+    const QList<QByteArray> lines = bytes.split('\n');
+    int line = 1;
+    for (const QByteArray& lineBytes : lines) {
+        if (!decodeUtf8(lineBytes)) {
+            return line;
+        }
+        ++line;
+    }
+    return lines.size();
+}
+
+bool isBlankLine(const QStringList& cells)
+{
+    return cells.size() == 1 && cells.first().isEmpty();
+}
+
+} // namespace
+
+bool readWholeFile(const QString& path, QByteArray& bytes, QString& error)
+{
+    QFile file(path);
+    if (!file.exists()) {
+        error = reference_faults::at(path, 1, reference_faults::missingFile());
+        return false;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
+        return false;
+    }
+    bytes = file.readAll();
+    return true;
+}
+
+bool readCsvRecords(const QString& path, QVector<CsvRecord>& records, QString& error)
+{
+    QByteArray bytes;
+    if (!readWholeFile(path, bytes, error)) {
+        return false;
+    }
+    const std::optional<QString> text = decodeUtf8(bytes);
+    if (!text) {
+        error = reference_faults::at(path, invalidUtf8Line(bytes), reference_faults::invalidUtf8());
+        return false;
+    }
+    CsvTokenizer csv(QLatin1Char(','));
+    csv.feed(*text);
+    csv.finish();
+    CsvRecord record;
+    while (csv.next(record.cells)) {
+        if (!isBlankLine(record.cells)) {
+            record.line = csv.recordLine();
+            records.append(record);
+        }
+    }
+    if (csv.hasOpenQuote()) {
+        error = reference_faults::at(path, csv.openQuoteLine(), reference_faults::unclosedQuote());
+        return false;
+    }
+    return true;
+}

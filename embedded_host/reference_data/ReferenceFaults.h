@@ -1,0 +1,109 @@
+#pragma once
+
+#include <QString>
+
+/// What can be wrong with a reference data folder, as it is shown to whoever supplies it.
+namespace reference_faults {
+
+/// "FILE:LINE: what is wrong".
+inline QString at(const QString& path, int line, const QString& what)
+{
+    return path + QLatin1Char(':') + QString::number(line) + QLatin1String(": ") + what;
+}
+
+inline QString missingFile()
+{
+    return QStringLiteral("文件不存在");
+}
+
+inline QString unreadableFile(const QString& reason)
+{
+    return QStringLiteral("无法读取文件：%1").arg(reason);
+}
+
+inline QString invalidUtf8()
+{
+    return QStringLiteral("不是有效的 UTF-8 编码");
+}
+
+inline QString unclosedQuote()
+{
+    return QStringLiteral("引号没有闭合");
+}
+
+inline QString noHeader()
+{
+    return QStringLiteral("缺少表头");
+}
+
+inline QString missingColumn(const QString& column)
+{
+    return QStringLiteral("表头缺少 %1 列").arg(column);
+}
+
+inline QString duplicateColumn(const QString& column)
+{
+    return QStringLiteral("表头中 %1 列重复").arg(column);
+}
+
+inline QString tooManyCells(int cells, int columns)
+{
+    return QStringLiteral("该行有 %1 个单元格，表头只有 %2 列").arg(cells).arg(columns);
+}
+
+inline QString emptyKey(const QString& column)
+{
+    return QStringLiteral("%1 不能为空").arg(column);
+}
+
+inline QString duplicateKey(const QString& columns, const QString& values, int firstLine)
+{
+    return QStringLiteral("%1 重复：%2，首次出现在第 %3 行").arg(columns, values).arg(firstLine);
+}
+
+inline QString notWhole(const QString& column, const QString& cell)
+{
+    return QStringLiteral("%1 应为整数：%2").arg(column, cell);
+}
+
+inline QString belowZero(const QString& column, const QString& cell)
+{
+    return QStringLiteral("%1 不能为负数：%2").arg(column, cell);
+}
+
+inline QString notNumber(const QString& column, const QString& cell)
+{
+    return QStringLiteral("%1 应为数字：%2").arg(column, cell);
+}
+
+inline QString notFlag(const QString& column, const QString& cell)
+{
+    return QStringLiteral("%1 应为 0 或 1：%2").arg(column, cell);
+}
+
+inline QString jsonSyntax(const QString& reason)
+{
+    return QStringLiteral("JSON 语法错误：%1").arg(reason);
+}
+
+inline QString notArray()
+{
+    return QStringLiteral("最外层应为数组");
+}
+
+inline QString notObject()
+{
+    return QStringLiteral("数组元素应为对象");
+}
+
+inline QString notText(const QString& key)
+{
+    return QStringLiteral("%1 应为字符串").arg(key);
+}
+
+inline QString notDocument(const QString& key)
+{
+    return QStringLiteral("%1 应为数组、对象或字符串").arg(key);
+}
+
+} // namespace reference_faults

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTableView>
 
@@ -49,6 +50,7 @@ TableBehaviour::TableBehaviour(QTableView* view, NaturalOrderProxy* proxy)
     connect(copy, &QAction::triggered, this, &TableBehaviour::copySelection);
     view->addAction(copy);
     view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
 }
 
@@ -101,10 +103,23 @@ void TableBehaviour::copySelection() const
 
 bool TableBehaviour::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == mView) {
+        return event->type() == QEvent::KeyPress && copyOnKey(static_cast<QKeyEvent*>(event));
+    }
     if (event->type() == QEvent::Paint && mProxy->rowCount() == 0 && !mEmptyText.isEmpty()) {
         paintEmptyText();
     }
     return QObject::eventFilter(watched, event);
+}
+
+// Where the window is not the active one, the shortcut sleeps and the view would copy its current cell alone.
+bool TableBehaviour::copyOnKey(const QKeyEvent* event) const
+{
+    if (!event->matches(QKeySequence::Copy)) {
+        return false;
+    }
+    copySelection();
+    return true;
 }
 
 void TableBehaviour::setUpLook()

@@ -4,6 +4,7 @@
 #include <QString>
 
 class NaturalOrderProxy;
+class QKeyEvent;
 class QTableView;
 
 /// What every table of the house does: a click on a column's title sorts up, a second one down, a third one
@@ -30,6 +31,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool copyOnKey(const QKeyEvent* event) const;
     void setUpLook();
     void sortByClick(int column);
     void paintEmptyText();

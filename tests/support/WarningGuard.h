@@ -49,7 +49,8 @@ private:
 
     static void handle(QtMsgType type, const QMessageLogContext&, const QString& text)
     {
-        // The offscreen platform says so of every window that has a smallest size; it is no fault of the window.
+        // The offscreen platform says so of every window that has a smallest size; it is no fault of the
+        // window.
         if (text == QLatin1String("This plugin does not support propagateSizeHints()")) {
             return;
         }

@@ -4,8 +4,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Splits csv text into records by RFC 4180 with LF, CRLF or CR. Text is fed in pieces of any size; a record, a quoted
-/// cell or a CRLF may span them.
+/// Splits csv text into records by RFC 4180 with LF, CRLF or CR. Text is fed in pieces of any size; a record,
+/// a quoted cell or a CRLF may span them.
 ///
 ///     CsvTokenizer csv(QLatin1Char(','));
 ///     csv.feed(text);
@@ -19,8 +19,8 @@ public:
     void feed(const QString& text);
     /// No more text follows. A line end at the very end begins no record.
     void finish();
-    /// Moves the next complete record into `cells`; a blank line is one empty cell. False when more text is needed, or
-    /// after finish() when nothing is left.
+    /// Moves the next complete record into `cells`; a blank line is one empty cell. False when more text is
+    /// needed, or after finish() when nothing is left.
     bool next(QStringList& cells);
 
     /// 1-based line on which the record last returned begins.
@@ -30,9 +30,40 @@ public:
     /// 1-based line on which that quoted cell begins.
     int openQuoteLine() const { return mOpenQuoteLine; }
 
+    /// Characters held of a record that is not complete yet. A caller that reads untrusted text bounds it.
+    qint64 pendingCharacters() const { return mText.size() - mPosition + mRecordCharacters; }
+
 private:
-    // The implementer of this file completes the state.
+    enum class State {
+        CellStart, ///< nothing of the cell was seen
+        Plain,     ///< an unquoted cell, or what follows a closing quote
+        Quoted,    ///< between the quotes
+        QuoteSeen, ///< a quote within a quoted cell: the closing one, or the first of a doubled one
+    };
+
+    bool step(QChar character);
+    void takeRun();
+    void openQuote();
+    void endCell();
+    void startRecord();
+    bool takeRecord(QStringList& cells);
+    bool finishRecord(QStringList& cells);
+    void countLine(QChar character);
+
     QChar mSeparator;
+    QString mText; ///< fed and not yet looked at from mPosition on
+    int mPosition = 0;
+    QString mCell;
+    QStringList mCells;
+    State mState = State::CellStart;
+    qint64 mRecordCharacters = 0;
+    bool mInRecord = false;
+    bool mFinished = false;
+    bool mAfterCarriageReturn = false; ///< a line feed that comes now is the second half of a line end
+    bool mEndedByCarriageReturn = false;
+    int mLine = 1;
+    int mQuoteLine = 0;
+    int mStartLine = 1;
     int mRecordLine = 0;
     bool mOpenQuote = false;
     int mOpenQuoteLine = 0;

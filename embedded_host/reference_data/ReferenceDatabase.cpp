@@ -137,12 +137,15 @@ std::optional<ReferenceTables> load(const QString& path, const QString& fingerpr
     }
     const Connection connection(path);
     ReferenceTables tables;
-    const bool isSound = isOfFolder(connection, fingerprint) && forEachTable([&](const auto& table) {
-                             return loadTable(connection, table, tables.*table.rows);
-                         });
+    const bool isSound =
+        connection.database().isOpen() && isOfFolder(connection, fingerprint) &&
+        forEachTable([&](const auto& table) { return loadTable(connection, table, tables.*table.rows); });
+    if (!isSound) {
+        return std::nullopt;
+    }
     tables.everythingAllowed =
         connection.single(QStringLiteral("SELECT everything_allowed FROM folder")).toInt() != 0;
-    return isSound ? std::make_optional(tables) : std::nullopt;
+    return tables;
 }
 
 // Writing.
@@ -208,6 +211,9 @@ bool store(const QString& path, const ReferenceTables& tables, const QString& fi
 {
     const Connection connection(path);
     QSqlDatabase database = connection.database();
+    if (!database.isOpen()) {
+        return false;
+    }
     const int owner = connection.single(QStringLiteral("PRAGMA application_id")).toInt();
     const bool isNew = connection.single(QStringLiteral("SELECT count(*) FROM sqlite_master")) == QVariant(0);
     if ((owner != ApplicationId && !isNew) || !database.transaction()) {

@@ -1,0 +1,171 @@
+#include "embedded_host/quotes/QuoteBoard.h"
+
+#include "embedded_host/quotes/PriceWalk.h"
+#include "tests/embedded_host/SampleTables.h"
+#include "tests/embedded_host/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QThread>
+
+namespace {
+
+using Snapshot = QMap<QString, QVariant>;
+
+QuoteBoard::Options moving(std::chrono::milliseconds interval = std::chrono::milliseconds(2))
+{
+    QuoteBoard::Options options;
+    options.moving = true;
+    options.seed = 7;
+    options.interval = interval;
+    return options;
+}
+
+class QuoteBoardTest : public testing::Test {
+protected:
+    const ReferenceData data{sampleTables()};
+};
+
+TEST_F(QuoteBoardTest, StillQuotesNeverChange)
+{
+    QuoteBoard board(data, {});
+    board.subscribe({u"600000.SH"_s});
+    const Snapshot first = board.snapshot(u"600000.SH"_s);
+    EXPECT_EQ(first.value(u"LastPx"_s), QVariant(u"10.00"_s)) << "the text as it stands";
+    QTest::qWait(50);
+    EXPECT_EQ(board.snapshot(u"600000.SH"_s), first);
+}
+
+TEST_F(QuoteBoardTest, StillQuotesAreAnnouncedOnceWithTheSubscription)
+{
+    QuoteBoard board(data, {});
+    QSignalSpy changed(&board, &QuoteBoard::quotesChanged);
+    board.subscribe({u"600000.SH"_s, u"00700.HK"_s, u"600000.SH"_s, QString()});
+    board.subscribe({u"600000.SH"_s});
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed[0][0].toStringList(), QStringList{u"600000.SH"_s}) << "only what has a quote";
+    EXPECT_EQ(board.subscribedSymbols(), (QStringList{u"600000.SH"_s, u"00700.HK"_s}));
+}
+
+TEST_F(QuoteBoardTest, FirstMovingQuotesArriveWhileTheSubscribersThreadSleeps)
+{
+    QuoteBoard board(data, moving(std::chrono::milliseconds(500)));
+    board.subscribe({u"600000.SH"_s, u"00700.HK"_s, u"000001.SZ"_s});
+    QThread::msleep(300);
+    EXPECT_FALSE(board.snapshot(u"600000.SH"_s).isEmpty());
+    EXPECT_EQ(board.snapshot(u"000001.SZ"_s), (Snapshot{{u"PreClosePx"_s, u"12.5"_s}}));
+    EXPECT_TRUE(board.snapshot(u"00700.HK"_s).isEmpty()) << "no quote row";
+}
+
+TEST_F(QuoteBoardTest, LaterSubscriptionIsServedInItsTurn)
+{
+    QuoteBoard board(data, moving(std::chrono::milliseconds(60000)));
+    board.subscribe({u"600000.SH"_s});
+    QThread::msleep(300);
+    board.subscribe({u"600000.SH"_s, u"IF2512.CFE"_s});
+    QThread::msleep(300);
+    EXPECT_EQ(board.snapshot(u"IF2512.CFE"_s).value(u"LastPx"_s), QVariant(u"3900.2"_s));
+}
+
+TEST_F(QuoteBoardTest, MovingQuotesAreAnnouncedToTheReceiversThread)
+{
+    QuoteBoard board(data, moving());
+    QThread* receiverThread = nullptr;
+    QObject receiver;
+    QObject::connect(&board, &QuoteBoard::quotesChanged, &receiver,
+                     [&](const QStringList&) { receiverThread = QThread::currentThread(); });
+    board.subscribe({u"600000.SH"_s});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return receiverThread != nullptr; }));
+    EXPECT_EQ(receiverThread, QThread::currentThread());
+}
+
+TEST_F(QuoteBoardTest, MovingQuotesMoveTheLastPriceAlone)
+{
+    QuoteBoard board(data, moving());
+    board.subscribe({u"600000.SH"_s});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return board.snapshot(u"600000.SH"_s).contains(u"LastPx"_s); }));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return board.snapshot(u"600000.SH"_s).value(u"LastPx"_s) != u"10.00"_s; }));
+    Snapshot moved = board.snapshot(u"600000.SH"_s);
+    moved.remove(u"LastPx"_s);
+    Snapshot start = data.quote(u"600000.SH"_s)->fields;
+    start.remove(u"LastPx"_s);
+    EXPECT_EQ(moved, start);
+}
+
+TEST_F(QuoteBoardTest, StoppedSubscriptionStaysSilent)
+{
+    QuoteBoard board(data, moving());
+    board.subscribe({u"600000.SH"_s});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !board.snapshot(u"600000.SH"_s).isEmpty(); }));
+    board.unsubscribe({u"600000.SH"_s});
+    QTest::qWait(50);
+    EXPECT_TRUE(board.snapshot(u"600000.SH"_s).isEmpty());
+    EXPECT_TRUE(board.subscribedSymbols().isEmpty());
+}
+
+TEST_F(QuoteBoardTest, BoardGoesWhileQuotesMove)
+{
+    for (int i = 0; i < 50; ++i) {
+        QuoteBoard board(data, moving(std::chrono::milliseconds(0)));
+        board.subscribe({u"600000.SH"_s, u"IF2512.CFE"_s});
+    }
+    SUCCEED() << "every thread ended";
+}
+
+QStringList pricesOf(PriceWalk walk, quint32 seed, int count)
+{
+    std::mt19937 random(seed);
+    QStringList prices;
+    for (int i = 0; i < count; ++i) {
+        prices.append(walk.next(random));
+    }
+    return prices;
+}
+
+TEST(PriceWalkTest, SeedGivesTheSamePricesEveryTime)
+{
+    const PriceWalk walk({{u"LastPx"_s, u"10.00"_s}}, 2);
+    EXPECT_EQ(pricesOf(walk, 7, 100), pricesOf(walk, 7, 100));
+    EXPECT_NE(pricesOf(walk, 7, 100), pricesOf(walk, 8, 100));
+}
+
+TEST(PriceWalkTest, PricesStayWithinTheLimitsOfTheDay)
+{
+    const PriceWalk walk({{u"LastPx"_s, u"10.99"_s}, {u"MaxPx"_s, u"11.00"_s}, {u"MinPx"_s, u"10.98"_s}}, 2);
+    for (const QString& price : pricesOf(walk, 7, 1000)) {
+        EXPECT_TRUE(price == u"10.98"_s || price == u"10.99"_s || price == u"11.00"_s) << price.toStdString();
+    }
+}
+
+TEST(PriceWalkTest, PricesStayAroundTheStartByOneOrTwoTicksAtATime)
+{
+    double before = 3900.2;
+    for (const QString& price : pricesOf(PriceWalk({{u"LastPx"_s, u"3900.2"_s}}, 1), 7, 10000)) {
+        EXPECT_EQ(price.section(QLatin1Char('.'), 1).size(), 1) << price.toStdString();
+        EXPECT_LE(qAbs(price.toDouble() - before), 0.2 + 1e-9);
+        EXPECT_LE(qAbs(price.toDouble() - 3900.2), 3900.2 * 0.02 + 0.1);
+        before = price.toDouble();
+    }
+}
+
+TEST(PriceWalkTest, PriceNeverFallsToZero)
+{
+    for (const QString& price : pricesOf(PriceWalk({{u"LastPx"_s, u"0.01"_s}}, 2), 7, 1000)) {
+        EXPECT_GT(price.toDouble(), 0);
+    }
+}
+
+TEST(PriceWalkTest, NothingMovesWithoutALastPriceOrWithoutRoom)
+{
+    EXPECT_FALSE(PriceWalk({{u"PreClosePx"_s, u"12.5"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{u"LastPx"_s, u"0"_s}}, 2).canMove());
+    EXPECT_FALSE(
+        PriceWalk({{u"LastPx"_s, u"11"_s}, {u"MaxPx"_s, u"11"_s}, {u"MinPx"_s, u"11"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{u"LastPx"_s, u"20"_s}, {u"MaxPx"_s, u"11"_s}}, 2).canMove());
+    EXPECT_TRUE(PriceWalk({{u"LastPx"_s, u"10"_s}}, 2).canMove());
+}
+
+} // namespace

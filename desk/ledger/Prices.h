@@ -1,0 +1,27 @@
+#pragma once
+
+#include "desk/ledger/BatchDraft.h"
+
+#include <QHash>
+#include <QPair>
+
+namespace ledger {
+
+struct Price {
+    double last = 0.0;       ///< last price, else the previous close; 0: none
+    double buyFactor = 1.0;  ///< money in CNY per price and unit: exchange rate or contract multiplier
+    double sellFactor = 1.0; ///< likewise for a sale
+};
+
+/// By symbol and exchange.
+using Prices = QHash<QPair<QString, QString>, Price>;
+
+/// The prices of the draft's securities as the host knows them now. GUI thread; the securities are
+/// subscribed, as they are after an import.
+Prices hostPrices(const BatchDraft& draft);
+
+/// Fills every leg's amount: the typed amount, else price times quantity, else limit price times quantity,
+/// else 0. A leg that both buys and sells counts once on either side.
+void valueLegs(BatchDraft& draft, const Prices& prices);
+
+} // namespace ledger

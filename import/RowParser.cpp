@@ -95,7 +95,10 @@ RowParser::Column RowParser::describe(const QString& title, int index) const
     column.compulsory = mDialog.mSymbolParamLst.contains(title) || mDialog.mExtraColNameLst.contains(title);
     column.required = format.value(Field::required, no).toString() != no;
     column.optionalMissing = mHeader.optionalMissing.contains(title);
+    const QString uiType = mDialog.mColUiTypeMap.value(title);
     column.dateTime = format.value(Field::ui).toString() == Algo_Values::AlgoParamUiType::DateTime;
+    column.repeating =
+        uiType == Algo_Values::AlgoParamUiType::DateTime || uiType == Algo_Values::AlgoParamUiType::ComboBox;
     column.defaultValue = defaults.value(Field::value).toString();
     column.defaultShown = defaults.value(Field::display).toString();
     return column;
@@ -207,7 +210,7 @@ void RowParser::fillPriceLimits(Row& row) const
 }
 
 /// Stops at the first column that drops the row.
-void RowParser::fillColumns(Row& row) const
+void RowParser::fillColumns(Row& row)
 {
     for (const Column& column : mColumns) {
         qCDebug(lcImport) << " index: " << column.index << " csvRowContentLst: " << row.cells
@@ -221,7 +224,7 @@ void RowParser::fillColumns(Row& row) const
     }
 }
 
-void RowParser::fillColumn(Row& row, const Column& column) const
+void RowParser::fillColumn(Row& row, const Column& column)
 {
     if (column.compulsory && cellAt(row.cells, column.fileColumn).isEmpty()) {
         row.emptyTitles += column.title + import::TitleSeparator;
@@ -291,7 +294,7 @@ void RowParser::fillOrderAmount(Row& row, const Column& column) const
     row.paramMap[Info::Quantity] = shown;
 }
 
-void RowParser::fillOrdinary(Row& row, const Column& column) const
+void RowParser::fillOrdinary(Row& row, const Column& column)
 {
     if (column.optionalMissing) {
         return fillDefault(row, column);
@@ -304,13 +307,34 @@ void RowParser::fillOrdinary(Row& row, const Column& column) const
         }
         return fillDefault(row, column);
     }
+    QString shown;
     QString error;
-    const QString shown = mDialog.transColData2ColDataName(row.symbol, column.title, value, error);
-    if (shown == schema::TranslationError) {
+    if (!translate(row, column, shown, value, error)) {
         row.error = error;
         return;
     }
     writeWithParameter(row, column, shown, value);
+}
+
+/// `value` comes in as the cell text. False and `error` when the cell cannot be translated.
+bool RowParser::translate(const Row& row, const Column& column, QString& shown, QString& value,
+                          QString& error)
+{
+    const QPair<int, QString> cell(column.index, value);
+    const auto known = column.repeating ? mTranslations.constFind(cell) : mTranslations.constEnd();
+    if (known != mTranslations.constEnd()) {
+        shown = known->first;
+        value = known->second;
+        return true;
+    }
+    shown = mDialog.transColData2ColDataName(row.symbol, column.title, value, error);
+    if (shown == schema::TranslationError) {
+        return false;
+    }
+    if (column.repeating) {
+        mTranslations.insert(cell, {shown, value});
+    }
+    return true;
 }
 
 void RowParser::fillDefault(Row& row, const Column& column) const

@@ -3,8 +3,10 @@
 #include "host/RecordDataList.h"
 #include "import/HeaderMatching.h"
 
+#include <QHash>
 #include <QList>
 #include <QMap>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -44,6 +46,7 @@ private:
         bool required;        ///< likewise, by the parameter's own attribute
         bool optionalMissing; ///< the file lacks it and may lack it
         bool dateTime;
+        bool repeating; ///< a cell text means the same in every row
         QString defaultValue;
         QString defaultShown;
     };
@@ -68,16 +71,17 @@ private:
     Column describe(const QString& title, int index) const;
     QStringList completed(const QStringList& cells) const;
     Row identified(const QStringList& cells) const;
+    bool translate(const Row& row, const Column& column, QString& shown, QString& value, QString& error);
     bool isHongKongRefused(const Row& row) const;
     void resolveAccount(Row& row) const;
     void fillPriceLimits(Row& row) const;
 
-    void fillColumns(Row& row) const;
-    void fillColumn(Row& row, const Column& column) const;
+    void fillColumns(Row& row);
+    void fillColumn(Row& row, const Column& column);
     void fillCreateStatus(Row& row, const Column& column) const;
     void fillSealingAmount(Row& row, const Column& column) const;
     void fillOrderAmount(Row& row, const Column& column) const;
-    void fillOrdinary(Row& row, const Column& column) const;
+    void fillOrdinary(Row& row, const Column& column);
     void fillDefault(Row& row, const Column& column) const;
     void write(Row& row, const Column& column, QString shown, QString value) const;
     void writeWithParameter(Row& row, const Column& column, const QString& shown, const QString& value) const;
@@ -91,5 +95,8 @@ private:
     QString mTradingAccount;
     QString mAssetProp;
     std::vector<Column> mColumns;
+    /// Column and cell text -> shown text and value. Times and choices repeat from row to row, and reading a
+    /// time costs more than all else that a cell needs.
+    QHash<QPair<int, QString>, QPair<QString, QString>> mTranslations;
     QStringList mRiskSymbols;
 };

@@ -1,0 +1,46 @@
+# Shared by ./run, ./test and the scripts in tools/: installs what is missing and builds. Sourced, not run.
+# Everything that it prints goes to standard error, so that standard output belongs to the program.
+
+project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+# The names in packages.txt that are not installed.
+missing_packages() {
+    local names name status
+    names=$(sed -e 's/#.*//' -e 's/[[:space:]]//g' "$project/packages.txt" | grep -v '^$')
+    status=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' $names 2>/dev/null || true)
+    for name in $names; do
+        grep -q "^$name installed" <<<"$status" || printf '%s ' "$name"
+    done
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "This needs root or sudo: $*" >&2
+        return 1
+    fi
+}
+
+ensure_packages() {
+    local missing
+    missing=$(missing_packages)
+    [ -z "$missing" ] && return
+    echo "Installing: $missing" >&2
+    {
+        as_root apt-get update -qq
+        as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+    } >&2
+}
+
+# build PRESET [TARGET…]: configures once, then builds what changed.
+build() {
+    local preset=$1 folder="$project/build/$1"
+    shift
+    {
+        [ -e "$folder/build.ninja" ] || (cd "$project" && cmake --preset "$preset")
+        cmake --build "$folder" ${1:+--target "$@"}
+    } >&2
+}

@@ -33,6 +33,10 @@ public:
     RecordDataList getViewData() const;
     /// Removes the records; the columns stay.
     void clear();
+    /// Selects a record by its position in getViewData() and scrolls to it; one that is not there changes nothing.
+    void selectRecord(int position);
+    /// Shown in the middle while there are no records.
+    void setEmptyText(const QString& text);
 
     void setItemSelectable(bool selectable);
     void setCheckBoxShow(bool show);

@@ -65,6 +65,21 @@ void ZelTableView::clear()
     d->model.clear();
 }
 
+void ZelTableView::selectRecord(int position)
+{
+    const QModelIndex shown = d->proxy.mapFromSource(d->model.index(position, 0));
+    if (shown.isValid()) {
+        setCurrentIndex(shown);
+        selectRow(shown.row());
+        scrollTo(shown);
+    }
+}
+
+void ZelTableView::setEmptyText(const QString& text)
+{
+    d->behaviour.setEmptyText(text);
+}
+
 void ZelTableView::setItemSelectable(bool selectable)
 {
     setSelectionMode(selectable ? QAbstractItemView::ExtendedSelection : QAbstractItemView::NoSelection);

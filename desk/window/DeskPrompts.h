@@ -1,0 +1,36 @@
+#pragma once
+
+#include "embedded_host/UserPrompts.h"
+
+#include <QObject>
+#include <QString>
+
+/// The host's questions at the desk: real dialogs, with the desk looking over the user's shoulder. A file
+/// that was dropped on the window answers the next question for a file.
+class DeskPrompts : public QObject, public UserPrompts {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// Answers the next chooseOpenFile() in the user's place.
+    void answerNextOpenWith(const QString& path) { mDroppedFile = path; }
+
+    QString chooseOpenFile(QWidget* parent, const QString& title, const QString& directory,
+                           const QString& filter) override;
+    QString chooseSaveFile(QWidget* parent, const QString& title, const QString& suggestedName,
+                           const QString& filter) override;
+    int answerMessageBox(ZelMessageBox& box) override;
+
+signals:
+    /// A table file is about to be read.
+    void fileChosen(const QString& path);
+    /// A message box is about to be shown.
+    void messageComing(const QString& text, int type);
+
+private:
+    QString startFolder(const QString& asked) const;
+
+    QString mDroppedFile;
+    QString mLastFolder;
+};

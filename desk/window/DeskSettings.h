@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class EmbeddedHost;
+
+/// What the desk remembers in the host's settings, in a file of its own.
+class DeskSettings {
+public:
+    explicit DeskSettings(EmbeddedHost& host) : mHost(host) {}
+
+    QByteArray geometry() const { return bytes("geometry"); }
+    void setGeometry(const QByteArray& geometry) { save("geometry", geometry); }
+    QByteArray importSplitter() const { return bytes("importSplitter"); }
+    void setImportSplitter(const QByteArray& state) { save("importSplitter", state); }
+    QString skin() const { return text("skin"); }
+    void setSkin(const QString& skin) { save("skin", skin); }
+    QString lastStrategy() const { return text("strategy"); }
+    void setLastStrategy(const QString& strategy) { save("strategy", strategy); }
+    QString lastAccount() const { return text("account"); }
+    void setLastAccount(const QString& account) { save("account", account); }
+    int page() const { return text("page").toInt(); }
+    void setPage(int page) { save("page", QString::number(page)); }
+
+private:
+    QByteArray bytes(const char* key) const;
+    QString text(const char* key) const;
+    void save(const char* key, const QByteArray& value);
+    void save(const char* key, const QString& value);
+
+    EmbeddedHost& mHost;
+};

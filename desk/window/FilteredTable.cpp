@@ -1,0 +1,168 @@
+#include "desk/window/FilteredTable.h"
+
+#include "desk/window/CsvText.h"
+#include "embedded_host/UserPrompts.h"
+#include "embedded_host/widgets/NaturalOrderProxy.h"
+#include "embedded_host/widgets/TableBehaviour.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int NarrowestColumn = 64;
+constexpr int WidestColumn = 320;
+constexpr int FilterWidth = 220;
+constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the buttons
+
+} // namespace
+
+FilteredTable::FilteredTable(TextTable* source, const Words& words, UserPrompts& prompts, QWidget* parent)
+    : QWidget(parent), mSource(source), mWords(words), mPrompts(prompts), mProxy(new NaturalOrderProxy(this)),
+      mView(new QTableView(this)), mFilter(new QLineEdit(this)), mCount(new QLabel(this)),
+      mToolRow(makeToolRow()), mBehaviour(new TableBehaviour(mView, mProxy))
+{
+    mProxy->setSourceModel(source);
+    mProxy->setFilterKeyColumn(-1);
+    mProxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    mBehaviour->setSortable(true);
+    mBehaviour->setEmptyText(words.emptyText);
+    mView->setAccessibleName(words.name);
+    mView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    mView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    mView->horizontalHeader()->setStretchLastSection(true);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    column->addLayout(mToolRow);
+    column->addWidget(mView, 1);
+
+    connect(mFilter, &QLineEdit::textChanged, mProxy, &QSortFilterProxyModel::setFilterFixedString);
+    for (auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+        connect(mProxy, changed, this, &FilteredTable::showCount);
+    }
+    connect(mProxy, &QAbstractItemModel::modelReset, this, &FilteredTable::showCount);
+    connect(mView->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { emit currentRowChanged(currentRow()); });
+    showCount();
+}
+
+QHBoxLayout* FilteredTable::makeToolRow()
+{
+    mFilter->setPlaceholderText(QStringLiteral("筛选 (Ctrl+F)"));
+    mFilter->setAccessibleName(QStringLiteral("筛选") + mWords.name);
+    mFilter->setClearButtonEnabled(true);
+    mFilter->setMaximumWidth(FilterWidth);
+    mCount->setProperty("role", QStringLiteral("caption"));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(mFilter, 1);
+    row->addWidget(mCount);
+    row->addStretch(1);
+    QPushButton* copyButton = makeButton(QStringLiteral("复制"), QStringLiteral("button_copy"));
+    QPushButton* exportButton = makeButton(QStringLiteral("导出"), QStringLiteral("button_export"));
+    connect(copyButton, &QPushButton::clicked, this, &FilteredTable::copy);
+    connect(exportButton, &QPushButton::clicked, this, &FilteredTable::exportRows);
+    row->addWidget(copyButton);
+    row->addWidget(exportButton);
+    return row;
+}
+
+QPushButton* FilteredTable::makeButton(const QString& text, const QString& objectName)
+{
+    auto* button = new QPushButton(text, this);
+    button->setObjectName(objectName);
+    button->setAccessibleName(text + mWords.name);
+    return button;
+}
+
+QPushButton* FilteredTable::addButton(const QString& text, const QString& objectName)
+{
+    QPushButton* button = makeButton(text, objectName);
+    mToolRow->insertWidget(FirstButtonPlace + 1 + mAddedButtons++, button); // after the stretch
+    return button;
+}
+
+int FilteredTable::currentRow() const
+{
+    return mProxy->mapToSource(mView->currentIndex()).row();
+}
+
+void FilteredTable::setCurrentRow(int sourceRow)
+{
+    const QModelIndex wanted = mSource->index(sourceRow, 0);
+    if (!wanted.isValid()) {
+        return;
+    }
+    if (!mProxy->mapFromSource(wanted).isValid()) {
+        mFilter->clear();
+    }
+    const QModelIndex shown = mProxy->mapFromSource(wanted);
+    mView->setCurrentIndex(shown);
+    mView->selectRow(shown.row());
+    mView->scrollTo(shown);
+}
+
+QList<QStringList> FilteredTable::shownRows() const
+{
+    QList<int> columns;
+    QStringList titles;
+    for (int column = 0; column < mSource->columns().size(); ++column) {
+        if (!mView->isColumnHidden(column)) {
+            columns.append(column);
+            titles.append(mSource->columns().at(column));
+        }
+    }
+    QList<QStringList> rows{titles};
+    for (int row = 0; row < mProxy->rowCount(); ++row) {
+        QStringList cells;
+        for (const int column : qAsConst(columns)) {
+            cells.append(mProxy->index(row, column).data().toString());
+        }
+        rows.append(cells);
+    }
+    return rows;
+}
+
+void FilteredTable::fitColumns()
+{
+    mView->resizeColumnsToContents();
+    for (int column = 0; column < mSource->columns().size(); ++column) {
+        mView->setColumnWidth(column, qBound(NarrowestColumn, mView->columnWidth(column) + 8, WidestColumn));
+    }
+}
+
+void FilteredTable::copy()
+{
+    if (mView->selectionModel()->selectedRows().isEmpty()) {
+        mView->selectAll();
+    }
+    mBehaviour->copySelection();
+    emit said(QStringLiteral("已复制 %1 行").arg(mView->selectionModel()->selectedRows().size()));
+}
+
+void FilteredTable::exportRows()
+{
+    const QString path =
+        mPrompts.chooseSaveFile(this, QStringLiteral("导出") + mWords.name,
+                                mWords.name + QStringLiteral(".csv"), QStringLiteral("csv 文件 (*.csv)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    const QString error = csv_text::save(path, shownRows());
+    emit said(error.isEmpty() ? QStringLiteral("已导出到 %1").arg(path) : error);
+}
+
+void FilteredTable::showCount()
+{
+    const int all = mSource->rowCount();
+    const int shown = mProxy->rowCount();
+    mCount->setText(shown == all ? QStringLiteral("共 %1 行").arg(all)
+                                 : QStringLiteral("%1 / %2 行").arg(shown).arg(all));
+}

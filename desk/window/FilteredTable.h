@@ -1,0 +1,70 @@
+#pragma once
+
+#include "desk/window/TextTable.h"
+
+#include <QList>
+#include <QString>
+#include <QWidget>
+
+class NaturalOrderProxy;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+class TableBehaviour;
+class UserPrompts;
+
+/// A list of the desk: filter, count, copy, export over a table that sorts by a click on a title.
+class FilteredTable : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What the list is called, in the user's words, and what it says while it is empty.
+    struct Words {
+        QString name;
+        QString emptyText;
+    };
+
+    FilteredTable(TextTable* source, const Words& words, UserPrompts& prompts, QWidget* parent = nullptr);
+
+    QTableView* view() const { return mView; }
+    QLineEdit* filter() const { return mFilter; }
+    /// Puts a button at the left end of those above the table.
+    QPushButton* addButton(const QString& text, const QString& objectName);
+
+    /// The row of the source that has the focus; -1 for none.
+    int currentRow() const;
+    /// Selects and shows a row of the source; a filter that hides it is cleared.
+    void setCurrentRow(int sourceRow);
+    /// Title row and the rows as shown: filtered, sorted, without hidden columns.
+    QList<QStringList> shownRows() const;
+    /// Columns as wide as their contents, within reason.
+    void fitColumns();
+
+public slots:
+    void copy();
+    /// Asks for a file and writes the rows as shown.
+    void exportRows();
+
+signals:
+    void currentRowChanged(int sourceRow);
+    /// A line for the status bar.
+    void said(const QString& text);
+
+private:
+    QHBoxLayout* makeToolRow();
+    QPushButton* makeButton(const QString& text, const QString& objectName);
+    void showCount();
+
+    TextTable* mSource;
+    Words mWords;
+    UserPrompts& mPrompts;
+    NaturalOrderProxy* mProxy;
+    QTableView* mView;
+    QLineEdit* mFilter;
+    QLabel* mCount;
+    QHBoxLayout* mToolRow;
+    TableBehaviour* mBehaviour;
+    int mAddedButtons = 0;
+};

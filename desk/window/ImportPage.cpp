@@ -1,0 +1,266 @@
+#include "desk/window/ImportPage.h"
+
+#include "desk/window/AmountRefresher.h"
+#include "desk/window/DeskPrompts.h"
+#include "desk/window/DeskSettings.h"
+#include "desk/window/FilteredTable.h"
+#include "desk/window/ProblemsPanel.h"
+#include "embedded_host/EmbeddedHost.h"
+#include "host/AlgoConstants.h"
+#include "host/AlgoTradeLogicNew.h"
+#include "host/SolveyAccountComboBox.h"
+#include "host/ZelTableView.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+enum LowerTab { ProblemsTab, HandedOverTab };
+
+constexpr int ErrorBox = 1; // message box type
+
+const QString AccountBox = QStringLiteral("combx_account");
+const QString StrategyBox = QStringLiteral("cbx_algoType");
+const QString ParameterTable = QStringLiteral("table_paramSettings");
+
+} // namespace
+
+ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
+    : QWidget(parent), mHost(host), mPrompts(prompts), mAmounts(new AmountRefresher(host.quotes(), this)),
+      mProblems(new ProblemsPanel(prompts)), mHandedOverModel(new TextTable({})),
+      mHandedOver(new FilteredTable(
+          mHandedOverModel, {QStringLiteral("已提交参数"), QStringLiteral("确定后，提交的参数显示在这里")},
+          prompts)),
+      mLower(new QTabWidget), mUpper(new QStackedWidget), mSplitter(new QSplitter(Qt::Vertical, this))
+{
+    mHandedOverModel->setParent(mHandedOver);
+    mUpper->addWidget(makeClosedPage());
+    mSplitter->addWidget(mUpper);
+    mSplitter->addWidget(makeLowerPart());
+    mSplitter->setStretchFactor(0, 3);
+    mSplitter->setStretchFactor(1, 1);
+    mSplitter->setChildrenCollapsible(false);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(mSplitter);
+
+    connect(&prompts, &DeskPrompts::fileChosen, this, &ImportPage::takeFile);
+    connect(&prompts, &DeskPrompts::messageComing, this, &ImportPage::takeMessage);
+    connect(mProblems, &ProblemsPanel::countChanged, this, &ImportPage::showProblemCount);
+    connect(mProblems, &ProblemsPanel::said, this, &ImportPage::said);
+    connect(mHandedOver, &FilteredTable::said, this, &ImportPage::said);
+    connect(mProblems, &ProblemsPanel::currentChanged, this, [this](const Problem& problem) {
+        auto* table = mDialog ? mDialog->findChild<ZelTableView*>(ParameterTable) : nullptr;
+        if (table && problem.place == Problem::Place::BatchRow) {
+            table->selectRecord(problem.line - 1);
+        }
+    });
+    restoreLayout();
+    open();
+}
+
+ImportPage::~ImportPage() = default;
+
+QWidget* ImportPage::makeClosedPage()
+{
+    auto* page = new QWidget;
+    auto* text = new QLabel(QStringLiteral("批量导入已关闭。可在“算法实例”中查看已创建的实例。"), page);
+    text->setProperty("role", QStringLiteral("caption"));
+    auto* button = new QPushButton(QStringLiteral("新建批量导入"), page);
+    button->setObjectName(QStringLiteral("button_open"));
+    connect(button, &QPushButton::clicked, this, &ImportPage::open);
+    auto* column = new QVBoxLayout(page);
+    column->addStretch();
+    column->addWidget(text, 0, Qt::AlignHCenter);
+    column->addWidget(button, 0, Qt::AlignHCenter);
+    column->addStretch();
+    return page;
+}
+
+QWidget* ImportPage::makeLowerPart()
+{
+    mLower->setDocumentMode(true);
+    mLower->addTab(mProblems, QString());
+    mLower->addTab(mHandedOver, QStringLiteral("已提交参数"));
+    showProblemCount(0);
+    return mLower;
+}
+
+void ImportPage::open()
+{
+    if (mDialog) {
+        return;
+    }
+    mDialog = new AlgoBatchImportParamSetting(this, SelectableStrategy);
+    AlgoTradeLogicNew* catalogue = AlgoTradeLogicNew::GetInstance();
+    AesStrategy strategy = catalogue->GetStrategy(DeskSettings(mHost).lastStrategy());
+    if (strategy.name().isEmpty()) {
+        strategy = catalogue->GetAllStrategies(Algo_Values::AlgoGlobalType::algo).value(0);
+    }
+    mDialog->CreateStrategyInitWidget(strategy);
+    if (auto* accounts = mDialog->findChild<SolveyAccountComboBox*>(AccountBox)) {
+        accounts->SetCurTradingAccount(DeskSettings(mHost).lastAccount());
+    }
+    if (auto* table = mDialog->findChild<ZelTableView*>(ParameterTable)) {
+        table->setEmptyText(QStringLiteral("尚未导入\n按“导入算法”选择文件，或把文件拖到窗口上"));
+        table->setAccessibleName(QStringLiteral("参数表"));
+    }
+    listenToDialog();
+    mUpper->addWidget(mDialog);
+    mUpper->setCurrentWidget(mDialog);
+    mAmounts->setDialog(mDialog);
+}
+
+void ImportPage::listenToDialog()
+{
+    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, this,
+            [this](bool createdClose) { emit confirmed(gatherBatch(createdClose)); });
+    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, this, &ImportPage::close);
+    // The dialog connected its own slot first, so that here the import is over.
+    if (auto* button = mDialog->findChild<QAbstractButton*>(QStringLiteral("btn_import"))) {
+        connect(button, &QAbstractButton::clicked, this, &ImportPage::showImported);
+    }
+    if (auto* strategies = mDialog->findChild<QComboBox*>(StrategyBox)) {
+        strategies->setAccessibleName(QStringLiteral("算法类型"));
+        connect(strategies, QOverload<int>::of(&QComboBox::activated), mProblems, &ProblemsPanel::clear);
+    }
+    if (auto* accounts = mDialog->findChild<SolveyAccountComboBox*>(AccountBox)) {
+        accounts->setAccessibleName(QStringLiteral("账户名称"));
+    }
+}
+
+void ImportPage::import()
+{
+    open();
+    press(QStringLiteral("btn_import"));
+}
+
+void ImportPage::importFile(const QString& path)
+{
+    mPrompts.answerNextOpenWith(path);
+    import();
+}
+
+void ImportPage::confirm()
+{
+    press(QStringLiteral("btn_ok"));
+}
+
+void ImportPage::press(const QString& button)
+{
+    auto* found = mDialog ? mDialog->findChild<QAbstractButton*>(button) : nullptr;
+    if (found) {
+        found->click();
+    }
+}
+
+void ImportPage::takeFile(const QString& path)
+{
+    mFile = path;
+    mProblems->begin(path);
+    QApplication::setOverrideCursor(Qt::WaitCursor); // until it is imported or has something to say
+}
+
+void ImportPage::takeMessage(const QString& text, int type)
+{
+    QApplication::restoreOverrideCursor();
+    if (type == ErrorBox) {
+        mProblems->add(text);
+        mLower->setCurrentIndex(ProblemsTab);
+    }
+}
+
+void ImportPage::showImported()
+{
+    QApplication::restoreOverrideCursor();
+    if (!mDialog || mFile.isEmpty()) {
+        return;
+    }
+    emit said(QStringLiteral("已导入 %1 行，%2 个问题 · %3")
+                  .arg(mDialog->getWidgetData().size())
+                  .arg(mProblems->problems().size())
+                  .arg(mFile));
+}
+
+HandOver ImportPage::gatherBatch(bool closeAfterwards)
+{
+    HandOver batch;
+    batch.file = mFile;
+    batch.strategy = mDialog->getStrategy().name();
+    batch.strategyAlias = mDialog->getStrategy().alias();
+    batch.account = currentAccount();
+    batch.parameterMaps = mDialog->getWidgetData();
+    batch.closeAfterwards = closeAfterwards;
+    mProblems->forgetBatch();
+    return batch;
+}
+
+void ImportPage::finish(const HandOver& batch, bool created)
+{
+    if (created) {
+        showHandedOver(batch);
+    }
+    if (created && batch.closeAfterwards) {
+        close();
+    } else if (mDialog) {
+        mDialog->slotResetOkBtn();
+    }
+}
+
+void ImportPage::showHandedOver(const HandOver& batch)
+{
+    const QStringList columns = parameter_table::columnsOf(batch.parameterMaps);
+    mHandedOverModel->setTable(columns, parameter_table::rowsOf(batch.parameterMaps, columns));
+    mHandedOver->fitColumns();
+    mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数 %1").arg(batch.parameterMaps.size()));
+    mLower->setCurrentIndex(HandedOverTab);
+}
+
+void ImportPage::showProblemCount(int count)
+{
+    mLower->setTabText(ProblemsTab,
+                       count == 0 ? QStringLiteral("问题") : QStringLiteral("问题 %1").arg(count));
+}
+
+void ImportPage::close()
+{
+    if (!mDialog) {
+        return;
+    }
+    saveLayout();
+    mAmounts->setDialog(nullptr);
+    mUpper->setCurrentIndex(0);
+    mUpper->removeWidget(mDialog);
+    mDialog->hide();
+    mDialog->deleteLater(); // it is in the midst of a signal of its own
+    mDialog.clear();
+    mProblems->clear();
+    mFile.clear();
+}
+
+QString ImportPage::currentAccount() const
+{
+    const auto* accounts = mDialog ? mDialog->findChild<SolveyAccountComboBox*>(AccountBox) : nullptr;
+    return accounts ? accounts->GetCurTradingAccount() : QString();
+}
+
+void ImportPage::saveLayout() const
+{
+    DeskSettings settings(mHost);
+    settings.setImportSplitter(mSplitter->saveState());
+    if (mDialog) {
+        settings.setLastStrategy(mDialog->getCurrentAlgoName());
+        settings.setLastAccount(currentAccount());
+    }
+}
+
+void ImportPage::restoreLayout()
+{
+    mSplitter->restoreState(DeskSettings(mHost).importSplitter());
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "desk/window/HandOver.h"
+#include "dialog/AlgoBatchImportParamSetting.h"
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+class AmountRefresher;
+class DeskPrompts;
+class EmbeddedHost;
+class FilteredTable;
+class ProblemsPanel;
+class QPushButton;
+class QSplitter;
+class QStackedWidget;
+class QTabWidget;
+class TextTable;
+
+/// The dialog in a frame, and below it the problems of its last file and what it handed over last. It does
+/// for the dialog what a host must: opens it with a strategy, listens to it, closes it when it asks.
+class ImportPage : public QWidget {
+    Q_OBJECT
+
+public:
+    ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent = nullptr);
+    ~ImportPage() override;
+
+    /// Null while the dialog is closed.
+    AlgoBatchImportParamSetting* dialog() const { return mDialog; }
+    ProblemsPanel* problems() const { return mProblems; }
+    AmountRefresher* amounts() const { return mAmounts; }
+    FilteredTable* handedOver() const { return mHandedOver; }
+
+    /// The batch of the last confirmed() was created, or not: closes the dialog where the user wanted that,
+    /// or lets him confirm again.
+    void finish(const HandOver& batch, bool created);
+    /// Keeps strategy, account and splitter for the next session.
+    void saveLayout() const;
+
+public slots:
+    /// Opens the dialog with the strategy and account of the last time; nothing happens where it is open.
+    void open();
+    /// Presses the dialog's import button; the user is asked for a file.
+    void import();
+    /// The same with a file at hand.
+    void importFile(const QString& path);
+    void confirm();
+
+signals:
+    /// The user confirmed a batch that passed every check; answer with finish().
+    void confirmed(const HandOver& batch);
+    void said(const QString& text);
+
+private:
+    QWidget* makeClosedPage();
+    QWidget* makeLowerPart();
+    void restoreLayout();
+    void listenToDialog();
+    void takeFile(const QString& path);
+    void takeMessage(const QString& text, int type);
+    void showImported();
+    void showHandedOver(const HandOver& batch);
+    void showProblemCount(int count);
+    HandOver gatherBatch(bool closeAfterwards);
+    void close();
+    QString currentAccount() const;
+    void press(const QString& button);
+
+    EmbeddedHost& mHost;
+    DeskPrompts& mPrompts;
+    QPointer<AlgoBatchImportParamSetting> mDialog;
+    AmountRefresher* mAmounts;
+    ProblemsPanel* mProblems;
+    TextTable* mHandedOverModel;
+    FilteredTable* mHandedOver;
+    QTabWidget* mLower;
+    QStackedWidget* mUpper;
+    QSplitter* mSplitter;
+    QString mFile;
+};

@@ -1,0 +1,126 @@
+#include "desk/window/ImportProblems.h"
+
+#include <QRegularExpression>
+
+namespace import_problems {
+
+namespace {
+
+const QString FileErrorsHead = QStringLiteral("导入文件中包含以下错误:");
+
+// How the reasons name a column: the expression, and the column; an empty column is what the expression
+// captures.
+struct ColumnRule {
+    QString pattern;
+    QString column;
+};
+
+const QList<ColumnRule>& columnRules()
+{
+    static const QList<ColumnRule> rules = {
+        {QStringLiteral("^证券代码.*不合法"), QStringLiteral("证券代码")},
+        {QStringLiteral("^当前资产账号所属市场"), QStringLiteral("市场")},
+        {QStringLiteral("^封单数量计算为0"), QStringLiteral("封单金额")},
+        {QStringLiteral("^委托数量计算为0"), QStringLiteral("委托金额")},
+        {QStringLiteral("^导入“([^、”]+).*”列值为空"), QString()},
+        {QStringLiteral("^导入文件表头缺少“([^”]+)”列"), QString()},
+        {QStringLiteral("^(.+?)不支持，目前支持"), QString()},
+        {QStringLiteral("^(.+?)格式不正确"), QString()},
+    };
+    return rules;
+}
+
+QString columnNamedBy(const QString& reason)
+{
+    for (const ColumnRule& rule : columnRules()) {
+        const QRegularExpression expression(rule.pattern, QRegularExpression::DotMatchesEverythingOption);
+        const QRegularExpressionMatch match = expression.match(reason);
+        if (match.hasMatch()) {
+            return rule.column.isEmpty() ? match.captured(1) : rule.column;
+        }
+    }
+    return {};
+}
+
+// Full-width and half-width forms of a title are one title.
+QString folded(const QString& title)
+{
+    return title.normalized(QString::NormalizationForm_KC).trimmed();
+}
+
+QString withoutLineEnd(QString text)
+{
+    while (text.endsWith(QLatin1Char('\n')) || text.endsWith(QLatin1Char('\r'))) {
+        text.chop(1);
+    }
+    return text;
+}
+
+} // namespace
+
+QList<Problem> fromBoxText(const QString& text)
+{
+    static const QRegularExpression rowStart(QStringLiteral("^第(\\d+)行：(.*)$"));
+    const bool ofFile = text.startsWith(FileErrorsHead);
+    QList<Problem> problems;
+    for (QString line : text.split(QLatin1Char('\n'))) {
+        line = withoutLineEnd(line);
+        const QRegularExpressionMatch match = rowStart.match(line);
+        if (match.hasMatch()) {
+            Problem problem;
+            problem.place = ofFile ? Problem::Place::FileRow : Problem::Place::BatchRow;
+            problem.line = match.captured(1).toInt();
+            problem.reason = match.captured(2);
+            problems.append(problem);
+        } else if (!problems.isEmpty()) {
+            problems.last().reason += QLatin1Char('\n') + line; // a raw cell with a line end in it
+        } else if (!line.isEmpty() && line != FileErrorsHead) {
+            Problem problem;
+            problem.reason = line;
+            problems.append(problem);
+        }
+    }
+    for (Problem& problem : problems) {
+        problem.reason = withoutLineEnd(problem.reason);
+        problem.column = columnNamedBy(problem.reason);
+    }
+    return problems;
+}
+
+int columnOf(const QString& title, const QStringList& header)
+{
+    if (title.isEmpty()) {
+        return -1;
+    }
+    const int exact = header.indexOf(title);
+    if (exact >= 0) {
+        return exact;
+    }
+    for (int column = 0; column < header.size(); ++column) {
+        const QString candidate = folded(header.at(column));
+        if (!candidate.isEmpty() && folded(title).endsWith(candidate)) {
+            return column;
+        }
+    }
+    return -1;
+}
+
+void locate(QList<Problem>& problems, const QList<QStringList>& rows)
+{
+    if (rows.isEmpty()) {
+        return;
+    }
+    const QStringList& header = rows.first();
+    for (Problem& problem : problems) {
+        if (problem.place != Problem::Place::FileRow || problem.line < 1 || problem.line > rows.size()) {
+            continue;
+        }
+        const int column = columnOf(problem.column, header);
+        if (column >= 0) {
+            problem.column = header.at(column);
+            problem.cell = rows.at(problem.line - 1).value(column);
+        }
+    }
+}
+
+} // namespace import_problems

@@ -1,0 +1,180 @@
+#include "desk/window/ProblemsPanel.h"
+
+#include "desk/window/CsvText.h"
+#include "desk/window/FilteredTable.h"
+#include "desk/window/RejectFile.h"
+#include "embedded_host/table_reader/TableReader.h"
+#include "embedded_host/UserPrompts.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+QString placeText(const Problem& problem)
+{
+    switch (problem.place) {
+    case Problem::Place::FileRow:
+        return QStringLiteral("文件第 %1 行").arg(problem.line);
+    case Problem::Place::BatchRow:
+        return QStringLiteral("表格第 %1 行").arg(problem.line);
+    case Problem::Place::Whole:
+        break;
+    }
+    return QStringLiteral("整体");
+}
+
+} // namespace
+
+ProblemsPanel::ProblemsPanel(UserPrompts& prompts, QWidget* parent)
+    : QWidget(parent), mPrompts(prompts),
+      mModel(new TextTable(
+          {QStringLiteral("位置"), QStringLiteral("列"), QStringLiteral("原值"), QStringLiteral("原因")},
+          this)),
+      mTable(new FilteredTable(mModel, {QStringLiteral("问题"), QStringLiteral("没有问题")}, prompts, this)),
+      mDetail(new QLabel(this)),
+      mSave(mTable->addButton(QStringLiteral("保存问题行"), QStringLiteral("button_saveRejects")))
+{
+    QPushButton* next = mTable->addButton(QStringLiteral("下一个 F8"), QStringLiteral("button_nextProblem"));
+    mSave->setToolTip(QStringLiteral("把有问题的行连同原因另存为文件，改好后可直接再次导入"));
+    mDetail->setTextFormat(Qt::PlainText);
+    mDetail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    mDetail->setProperty("role", QStringLiteral("caption"));
+    mDetail->setAccessibleName(QStringLiteral("问题所在行的原文"));
+    mDetail->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 4, 0, 0);
+    column->setSpacing(4);
+    column->addWidget(mTable, 1);
+    column->addWidget(mDetail);
+
+    connect(mSave, &QPushButton::clicked, this, &ProblemsPanel::saveRejects);
+    connect(next, &QPushButton::clicked, this, &ProblemsPanel::goToNext);
+    connect(mTable, &FilteredTable::currentRowChanged, this, &ProblemsPanel::showDetail);
+    connect(mTable, &FilteredTable::said, this, &ProblemsPanel::said);
+    show();
+}
+
+void ProblemsPanel::begin(const QString& path)
+{
+    clear();
+    mPath = path;
+}
+
+void ProblemsPanel::add(const QString& boxText)
+{
+    QList<Problem> problems = import_problems::fromBoxText(boxText);
+    const bool namesFileRows = std::any_of(problems.cbegin(), problems.cend(), [](const Problem& problem) {
+        return problem.place == Problem::Place::FileRow;
+    });
+    if (namesFileRows && mFileRows.isEmpty()) {
+        readFileRows();
+    }
+    import_problems::locate(problems, mFileRows);
+    dropProblemsOfBatch(); // what a check said before, it says again or not
+    mProblems.append(problems);
+    show();
+}
+
+void ProblemsPanel::forgetBatch()
+{
+    dropProblemsOfBatch();
+    show();
+}
+
+void ProblemsPanel::dropProblemsOfBatch()
+{
+    const auto gone = std::remove_if(mProblems.begin(), mProblems.end(), [](const Problem& problem) {
+        return problem.place != Problem::Place::FileRow;
+    });
+    mProblems.erase(gone, mProblems.end());
+}
+
+void ProblemsPanel::clear()
+{
+    mPath.clear();
+    mFileRows.clear();
+    mProblems.clear();
+    show();
+}
+
+void ProblemsPanel::saveRejects()
+{
+    const QString path =
+        mPrompts.chooseSaveFile(this, QStringLiteral("保存问题行"), reject_file::suggestedPath(mPath),
+                                QStringLiteral("csv 文件 (*.csv)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    const QList<QStringList> rows = reject_file::rowsOf(mProblems, mFileRows, mIsSpreadsheet);
+    const QString error = csv_text::save(path, rows);
+    emit said(error.isEmpty() ? QStringLiteral("已把 %1 行问题保存到 %2").arg(rows.size() - 1).arg(path)
+                              : error);
+}
+
+void ProblemsPanel::readFileRows()
+{
+    const table_reader::Table table = table_reader::readTable(mPath);
+    mFileRows = table.rows;
+    mIsSpreadsheet = table.format != QLatin1String("csv");
+}
+
+void ProblemsPanel::show()
+{
+    QList<QStringList> rows;
+    for (const Problem& problem : qAsConst(mProblems)) {
+        QString reason = problem.reason;
+        rows.append({placeText(problem), problem.column, problem.cell,
+                     reason.replace(QLatin1Char('\n'), QLatin1Char(' '))});
+    }
+    mModel->setTable(mModel->columns(), rows);
+    mTable->fitColumns();
+    mSave->setEnabled(std::any_of(mProblems.cbegin(), mProblems.cend(), [](const Problem& problem) {
+        return problem.place == Problem::Place::FileRow;
+    }));
+    showDetail(-1);
+    emit countChanged(mProblems.size());
+}
+
+void ProblemsPanel::step(int by)
+{
+    const int count = mProblems.size();
+    if (count == 0) {
+        emit said(QStringLiteral("没有问题"));
+        return;
+    }
+    const int current = mTable->currentRow();
+    const int next = current < 0 ? (by > 0 ? 0 : count - 1) : (current + by + count) % count;
+    mTable->setCurrentRow(next);
+    emit said(QStringLiteral("问题 %1 / %2").arg(next + 1).arg(count));
+}
+
+void ProblemsPanel::showDetail(int row)
+{
+    if (row < 0 || row >= mProblems.size()) {
+        mDetail->clear();
+        return;
+    }
+    mDetail->setText(detailOf(mProblems.at(row)));
+    emit currentChanged(mProblems.at(row));
+}
+
+QString ProblemsPanel::detailOf(const Problem& problem) const
+{
+    if (problem.place != Problem::Place::FileRow || problem.line < 2 || problem.line > mFileRows.size()) {
+        return problem.reason.simplified();
+    }
+    const QStringList& header = mFileRows.first();
+    const QStringList& row = mFileRows.at(problem.line - 1);
+    QStringList cells;
+    for (int column = 0; column < row.size(); ++column) {
+        if (!row.at(column).trimmed().isEmpty()) {
+            cells.append(header.value(column) + QLatin1Char('=') + row.at(column).simplified());
+        }
+    }
+    return cells.join(QStringLiteral("  ·  "));
+}

@@ -2,8 +2,6 @@
 
 #include "embedded_host/reference_data/QuoteFields.h"
 
-#include <QDeadlineTimer>
-
 #include <algorithm>
 
 QuoteBoard::QuoteBoard(const ReferenceData& referenceData, const Options& options)
@@ -21,10 +19,10 @@ QuoteBoard::~QuoteBoard()
         return;
     }
     {
-        QMutexLocker lock(&mMutex);
+        const std::lock_guard lock(mMutex);
         mStopping = true;
     }
-    mWake.wakeAll();
+    mWake.notify_all();
     mThread.join();
 }
 
@@ -32,7 +30,7 @@ void QuoteBoard::subscribe(const QStringList& symbols)
 {
     QStringList delivered;
     {
-        QMutexLocker lock(&mMutex);
+        const std::lock_guard lock(mMutex);
         for (const QString& symbol : symbols) {
             if (!symbol.isEmpty() && !mSubscribedSet.contains(symbol)) {
                 mSubscribedSet.insert(symbol);
@@ -43,7 +41,7 @@ void QuoteBoard::subscribe(const QStringList& symbols)
         if (!mOptions.moving) {
             delivered = deliverFirst();
         } else if (!mAwaited.isEmpty()) {
-            mWake.wakeAll();
+            mWake.notify_all();
         }
     }
     if (!delivered.isEmpty()) {
@@ -53,7 +51,7 @@ void QuoteBoard::subscribe(const QStringList& symbols)
 
 void QuoteBoard::unsubscribe(const QStringList& symbols)
 {
-    QMutexLocker lock(&mMutex);
+    const std::lock_guard lock(mMutex);
     for (const QString& symbol : symbols) {
         mSubscribedSet.remove(symbol);
         mSnapshots.remove(symbol);
@@ -66,13 +64,13 @@ void QuoteBoard::unsubscribe(const QStringList& symbols)
 
 QStringList QuoteBoard::subscribedSymbols() const
 {
-    QMutexLocker lock(&mMutex);
+    const std::lock_guard lock(mMutex);
     return mSubscribed;
 }
 
 QMap<QString, QVariant> QuoteBoard::snapshot(const QString& symbol) const
 {
-    QMutexLocker lock(&mMutex);
+    const std::lock_guard lock(mMutex);
     return mSnapshots.value(symbol);
 }
 
@@ -80,18 +78,19 @@ QMap<QString, QVariant> QuoteBoard::snapshot(const QString& symbol) const
 /// undisturbed.
 void QuoteBoard::run()
 {
-    QMutexLocker lock(&mMutex);
+    std::unique_lock lock(mMutex);
+    const auto hasWork = [this] { return mStopping || !mAwaited.isEmpty(); };
     while (!mStopping) {
         const QStringList changed = mAwaited.isEmpty() ? moveAll() : deliverFirst();
         if (!changed.isEmpty()) {
             lock.unlock(); // a receiver may ask for snapshots at once
             emit quotesChanged(changed);
-            lock.relock();
+            lock.lock();
         }
-        if (mAwaited.isEmpty() && !mStopping) {
-            const bool nothingMoves = mWalks.isEmpty();
-            mWake.wait(&mMutex, nothingMoves ? QDeadlineTimer(QDeadlineTimer::Forever)
-                                             : QDeadlineTimer(mOptions.interval));
+        if (mWalks.isEmpty()) {
+            mWake.wait(lock, hasWork);
+        } else {
+            mWake.wait_for(lock, mOptions.interval, hasWork);
         }
     }
 }

@@ -5,15 +5,15 @@
 
 #include <QHash>
 #include <QMap>
-#include <QMutex>
 #include <QObject>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
-#include <QWaitCondition>
 
 #include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <random>
 #include <thread>
 
@@ -61,8 +61,8 @@ private:
     const ReferenceData mReferenceData;
     const Options mOptions;
 
-    mutable QMutex mMutex; // guards all that follows, but for the thread itself
-    QWaitCondition mWake;
+    mutable std::mutex mMutex; // guards all that follows, but for the thread itself
+    std::condition_variable mWake;
     bool mStopping = false;
     QStringList mSubscribed;
     QSet<QString> mSubscribedSet;

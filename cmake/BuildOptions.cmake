@@ -42,3 +42,6 @@ if(ALGO_COVERAGE)
   add_compile_options(--coverage -O0)
   add_link_options(--coverage)
 endif()
+
+# An installed program finds the libraries beside it, wherever the prefix is.
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")

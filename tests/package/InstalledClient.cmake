@@ -1,0 +1,26 @@
+# Installs the library below WORK_DIR, builds the example against it alone, and imports its sample.
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${ARGN}\n${output}\n${errors}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK_DIR})
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/prefix)
+set(flags)
+if(SANITIZE)
+  set(flags -DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE})
+endif()
+run(${CMAKE_COMMAND} -S ${EXAMPLE_DIR} -B ${WORK_DIR}/build -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix ${flags})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
+run(${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
+  ${WORK_DIR}/build/minimal_host --import ${EXAMPLE_DIR}/sample.csv)
+
+foreach(expected "600000.SH" "\"委托数量\": \"1000\"" "\"交易方向\": \"Buy\"" "\"sysnodeid\": \"node-1\"")
+  string(FIND "${output}" "${expected}" at)
+  if(at EQUAL -1)
+    message(FATAL_ERROR "${expected} is not in what the example created:\n${output}")
+  endif()
+endforeach()

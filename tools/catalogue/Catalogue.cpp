@@ -1,0 +1,265 @@
+#include "tools/catalogue/Catalogue.h"
+
+#include "host/AlgoConstants.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+namespace Field = Algo_Fields::AlgoParamFields;
+namespace UiType = Algo_Values::AlgoParamUiType;
+
+namespace catalogue {
+
+namespace {
+
+const QString ParametersFile = QStringLiteral("parameters.json");
+const QString FamiliesFile = QStringLiteral("families.json");
+const QString StrategiesFile = QStringLiteral("strategies.json");
+const QString OwnParameters = QStringLiteral("*");
+const QString SecurityTable = QStringLiteral("证券列表");
+
+/// What stops the composition: "FILE: what is wrong".
+struct SourceFault {
+    QString text;
+};
+
+[[noreturn]] void fail(const QString& file, const QString& what)
+{
+    throw SourceFault{file + QLatin1String(": ") + what};
+}
+
+QJsonDocument readJson(const QString& folder, const QString& name)
+{
+    QFile file(folder + QLatin1Char('/') + name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(name, file.errorString());
+    }
+    QJsonParseError syntax;
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &syntax);
+    if (syntax.error != QJsonParseError::NoError) {
+        fail(name, syntax.errorString());
+    }
+    return document;
+}
+
+QString text(const QJsonObject& object, const char* key)
+{
+    return object.value(QLatin1String(key)).toString();
+}
+
+QStringList keys(const QJsonObject& object, const char* key)
+{
+    return object.value(QLatin1String(key)).toVariant().toStringList();
+}
+
+/// A misspelt attribute would otherwise vanish silently.
+void refuseUnknown(const QJsonObject& object, const QStringList& known, const QString& file,
+                   const QString& where)
+{
+    const QStringList present = object.keys();
+    for (const QString& key : present) {
+        if (!known.contains(key)) {
+            fail(file, QStringLiteral("%1 has an unknown attribute %2").arg(where, key));
+        }
+    }
+}
+
+/// "value=display", each; the display may hold a further "=".
+QJsonArray optionsOf(const QStringList& options)
+{
+    QJsonArray list;
+    for (const QString& option : options) {
+        const int equals = option.indexOf(QLatin1Char('='));
+        list.append(
+            QJsonObject{{Field::value, option.left(equals)}, {Field::display, option.mid(equals + 1)}});
+    }
+    return list;
+}
+
+QString displayOf(const QString& value, const QJsonArray& options)
+{
+    for (const QJsonValue& option : options) {
+        if (option.toObject().value(Field::value).toString() == value) {
+            return option.toObject().value(Field::display).toString();
+        }
+    }
+    return value;
+}
+
+QJsonObject documentEntry(const QString& key, const QJsonObject& source)
+{
+    static const QStringList known =
+        QStringLiteral("name id ui required visible options default").split(QLatin1Char(' '));
+    refuseUnknown(source, known, ParametersFile, key);
+    const QString name = text(source, "name");
+    if (name.isEmpty()) {
+        fail(ParametersFile, QStringLiteral("%1 has no name").arg(key));
+    }
+    const QString id = text(source, "id");
+    const QString ui = text(source, "ui");
+    const QString byDefault = text(source, "default");
+    const QJsonArray options = optionsOf(keys(source, "options"));
+    QJsonObject entry{{Field::paramName, name},
+                      {Field::paramId, id.isEmpty() ? name : id},
+                      {Field::ui, ui.isEmpty() ? UiType::LineEdit : ui},
+                      {Field::visible, source.value(QLatin1String("visible")).toBool(true)},
+                      {Field::required, source.value(QLatin1String("required")).toBool(false)},
+                      {Field::strDefault, QJsonObject{{Field::value, byDefault},
+                                                      {Field::display, displayOf(byDefault, options)}}}};
+    if (!options.isEmpty()) {
+        entry.insert(Field::options, options);
+    }
+    return entry;
+}
+
+class Composer {
+public:
+    explicit Composer(const QString& folder)
+        : mParameters(readJson(folder, ParametersFile).object()),
+          mFamilies(readJson(folder, FamiliesFile).object()),
+          mStrategies(readJson(folder, StrategiesFile).array())
+    {
+    }
+
+    QJsonArray compose() const
+    {
+        QJsonArray catalogue;
+        QSet<QString> names;
+        for (const QJsonValue& value : mStrategies) {
+            const QJsonObject strategy = value.toObject();
+            for (const char* key : {"name", "alias"}) {
+                const QString name = text(strategy, key);
+                if (name.isEmpty() || names.contains(name)) {
+                    fail(StrategiesFile,
+                         QStringLiteral("%1 is missing or not unique: %2").arg(QLatin1String(key), name));
+                }
+                names.insert(name);
+            }
+            catalogue.append(composed(strategy));
+        }
+        return catalogue;
+    }
+
+private:
+    QJsonObject composed(const QJsonObject& strategy) const
+    {
+        static const QStringList known =
+            QStringLiteral("name alias family own without").split(QLatin1Char(' '));
+        const QString name = text(strategy, "name");
+        refuseUnknown(strategy, known, StrategiesFile, name);
+        const QString family = text(strategy, "family");
+        if (!mFamilies.contains(family)) {
+            fail(StrategiesFile, QStringLiteral("%1 is of an unknown family %2").arg(name, family));
+        }
+        return {{QStringLiteral("name"), name},
+                {QStringLiteral("alias"), text(strategy, "alias")},
+                {QStringLiteral("globalType"), Algo_Values::AlgoGlobalType::algo},
+                {QStringLiteral("paramFormats"), document(strategy, mFamilies.value(family).toObject())}};
+    }
+
+    QJsonArray document(const QJsonObject& strategy, const QJsonObject& family) const
+    {
+        QJsonArray columns;
+        for (const QString& key : keys(family, "table")) {
+            columns.append(parameter(key));
+        }
+        QJsonArray entries{QJsonObject{{Field::paramName, SecurityTable},
+                                       {Field::paramId, Algo_Values::AlgoParamId::AlgoSecurityList},
+                                       {Field::ui, UiType::Table},
+                                       {Field::columns, columns}}};
+        for (const QString& key : instanceKeys(strategy, family)) {
+            entries.append(parameter(key));
+        }
+        return entries;
+    }
+
+    static QStringList instanceKeys(const QJsonObject& strategy, const QJsonObject& family)
+    {
+        QStringList result;
+        for (const QString& key : keys(family, "parameters")) {
+            result += key == OwnParameters ? keys(strategy, "own") : QStringList(key);
+        }
+        for (const QString& key : keys(strategy, "without")) {
+            if (result.removeAll(key) == 0) {
+                fail(StrategiesFile, QStringLiteral("%1 is without %2, which its family does not have")
+                                         .arg(text(strategy, "name"), key));
+            }
+        }
+        return result;
+    }
+
+    QJsonObject parameter(const QString& key) const
+    {
+        if (!mParameters.contains(key)) {
+            fail(FamiliesFile, QStringLiteral("%1 is no parameter").arg(key));
+        }
+        return documentEntry(key, mParameters.value(key).toObject());
+    }
+
+    const QJsonObject mParameters;
+    const QJsonObject mFamilies;
+    const QJsonArray mStrategies;
+};
+
+QByteArray indent(int depth)
+{
+    return QByteArray(4 * depth, ' ');
+}
+
+QByteArray compact(const QJsonObject& object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+QByteArray listed(const QJsonArray& objects, int depth, QByteArray (*toLine)(const QJsonObject&, int))
+{
+    QList<QByteArray> lines;
+    for (const QJsonValue& object : objects) {
+        lines.append(indent(depth + 1) + toLine(object.toObject(), depth + 1));
+    }
+    return "[\n" + lines.join(",\n") + '\n' + indent(depth) + ']';
+}
+
+/// `object` with its array `key` written out below it, one element a line.
+QByteArray withList(QJsonObject object, const QString& key, int depth,
+                    QByteArray (*toLine)(const QJsonObject&, int))
+{
+    const QJsonArray list = object.take(key).toArray();
+    QByteArray head = compact(object);
+    head.chop(1);
+    return head + ",\"" + key.toUtf8() + "\":" + listed(list, depth, toLine) + '}';
+}
+
+QByteArray columnLine(const QJsonObject& column, int)
+{
+    return compact(column);
+}
+
+QByteArray parameterLine(const QJsonObject& entry, int depth)
+{
+    return entry.contains(Field::columns) ? withList(entry, Field::columns, depth, columnLine)
+                                          : compact(entry);
+}
+
+QByteArray strategyLine(const QJsonObject& strategy, int depth)
+{
+    return withList(strategy, QStringLiteral("paramFormats"), depth, parameterLine);
+}
+
+} // namespace
+
+QByteArray compose(const QString& sourceFolder, QString& error)
+{
+    error.clear();
+    try {
+        return listed(Composer(sourceFolder).compose(), 0, strategyLine) + '\n';
+    } catch (const SourceFault& fault) {
+        error = fault.text;
+        return QByteArray();
+    }
+}
+
+} // namespace catalogue

@@ -1,0 +1,37 @@
+// make_catalogue SOURCE OUT: composes the strategy catalogue from tools/catalogue/source into
+// reference_data/strategies.json.
+
+#include "tools/catalogue/Catalogue.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <QString>
+
+#include <cstdio>
+
+namespace {
+
+int refuse(const QString& what)
+{
+    std::fprintf(stderr, "make_catalogue: %s\n", qPrintable(what));
+    return 2;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc != 3) {
+        return refuse(QStringLiteral("usage: make_catalogue SOURCE_FOLDER OUT"));
+    }
+    QString error;
+    const QByteArray json = catalogue::compose(QFile::decodeName(argv[1]), error);
+    if (!error.isEmpty()) {
+        return refuse(error);
+    }
+    QSaveFile out(QFile::decodeName(argv[2]));
+    if (!out.open(QIODevice::WriteOnly) || out.write(json) != json.size() || !out.commit()) {
+        return refuse(out.errorString());
+    }
+    return 0;
+}

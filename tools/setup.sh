@@ -3,10 +3,10 @@
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-# The names in packages.txt that are not installed.
+# missing_packages [test]: the names in packages.txt that are not installed; those marked "test" only where asked for.
 missing_packages() {
     local names name status
-    names=$(sed -e 's/#.*//' -e 's/[[:space:]]//g' "$project/packages.txt" | grep -v '^$')
+    names=$(sed 's/#.*//' "$project/packages.txt" | awk -v scope="${1:-}" 'NF == 1 || (NF == 2 && $2 == scope) {print $1}')
     status=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' $names 2>/dev/null || true)
     for name in $names; do
         grep -q "^$name installed" <<<"$status" || printf '%s ' "$name"
@@ -24,9 +24,10 @@ as_root() {
     fi
 }
 
+# ensure_packages [test]
 ensure_packages() {
     local missing
-    missing=$(missing_packages)
+    missing=$(missing_packages "$@")
     [ -z "$missing" ] && return
     echo "Installing: $missing" >&2
     {

@@ -22,7 +22,7 @@ QStringList argumentsOf(int argc, char** argv)
 int runHeadless(int& argc, char** argv, const QStringList& arguments)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLoggingCategory::setFilterRules(QStringLiteral("algo.*=false"));
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\n*.warning=false"));
     QApplication application(argc, argv);
     QFile out;
     QFile err;

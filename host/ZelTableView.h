@@ -45,12 +45,14 @@ public:
     void setViewSortable(bool sortable);
     void setSerialNumberColumnPropety(ZelViewModel::SerialNumColumnOrder order);
     void setColumnDefaultTextAlignment(Qt::Alignment alignment);
-    /// Pixels.
+    /// Pixels; a column whose title or first cells need more gets more.
     void setColumnDefaultWidth(int width);
     /// An index outside the columns is ignored.
     void setColumnShow(int column, bool show);
 
 private:
+    void fitColumns();
+
     class Private;
     std::unique_ptr<Private> d;
 };

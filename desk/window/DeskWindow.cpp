@@ -61,6 +61,7 @@ DeskWindow::~DeskWindow()
     if (mHost.prompts() == mPrompts) {
         mHost.setPrompts(nullptr);
     }
+    qApp->setStyleSheet(QString());
 }
 
 void DeskWindow::makePages()
@@ -191,7 +192,7 @@ FilteredTable* DeskWindow::currentTable() const
 void DeskWindow::loadSkin(const QVariant& style)
 {
     if (style.isValid()) {
-        setStyleSheet(style.toString());
+        qApp->setStyleSheet(style.toString()); // message boxes and file dialogs are no children of the window
     }
 }
 

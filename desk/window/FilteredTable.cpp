@@ -35,7 +35,6 @@ FilteredTable::FilteredTable(TextTable* source, const Words& words, UserPrompts&
     mView->setAccessibleName(words.name);
     mView->setSelectionBehavior(QAbstractItemView::SelectRows);
     mView->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    mView->horizontalHeader()->setStretchLastSection(true);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

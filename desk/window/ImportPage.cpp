@@ -24,6 +24,7 @@ namespace {
 
 enum LowerTab { ProblemsTab, HandedOverTab };
 
+const QList<int> FirstSizes{520, 230};
 constexpr int ErrorBox = 1; // message box type
 
 const QString AccountBox = QStringLiteral("combx_account");
@@ -44,10 +45,11 @@ ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent
     mUpper->addWidget(makeClosedPage());
     mSplitter->addWidget(mUpper);
     mSplitter->addWidget(makeLowerPart());
-    mSplitter->setStretchFactor(0, 3);
-    mSplitter->setStretchFactor(1, 1);
+    mSplitter->setStretchFactor(0, 1);
+    mSplitter->setSizes(FirstSizes);
     mSplitter->setChildrenCollapsible(false);
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(mSplitter);
 
     connect(&prompts, &DeskPrompts::fileChosen, this, &ImportPage::takeFile);
@@ -86,6 +88,9 @@ QWidget* ImportPage::makeClosedPage()
 QWidget* ImportPage::makeLowerPart()
 {
     mLower->setDocumentMode(true);
+    for (QWidget* page : {static_cast<QWidget*>(mProblems), static_cast<QWidget*>(mHandedOver)}) {
+        page->layout()->setContentsMargins(9, 6, 9, 6);
+    }
     mLower->addTab(mProblems, QString());
     mLower->addTab(mHandedOver, QStringLiteral("已提交参数"));
     showProblemCount(0);

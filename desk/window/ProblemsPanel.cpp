@@ -6,8 +6,10 @@
 #include "embedded_host/table_reader/TableReader.h"
 #include "embedded_host/UserPrompts.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -40,6 +42,7 @@ ProblemsPanel::ProblemsPanel(UserPrompts& prompts, QWidget* parent)
 {
     QPushButton* next = mTable->addButton(QStringLiteral("下一个 F8"), QStringLiteral("button_nextProblem"));
     mSave->setToolTip(QStringLiteral("把有问题的行连同原因另存为文件，改好后可直接再次导入"));
+    mTable->view()->horizontalHeader()->setStretchLastSection(true);
     mDetail->setTextFormat(Qt::PlainText);
     mDetail->setTextInteractionFlags(Qt::TextSelectableByMouse);
     mDetail->setProperty("role", QStringLiteral("caption"));

@@ -22,10 +22,10 @@ QStringList titles()
             QStringLiteral("涨停价"),   QStringLiteral("跌停价")};
 }
 
-int decimalsOf(const QString& price)
+QString priceText(const QMap<QString, QVariant>& quote, const QString& field, int decimals)
 {
-    const int point = price.indexOf(QLatin1Char('.'));
-    return point < 0 ? 2 : qMax(2, price.size() - point - 1);
+    const QString text = quote.value(field).toString();
+    return text.isEmpty() ? text : QString::number(text.toDouble(), 'f', decimals);
 }
 
 } // namespace
@@ -82,17 +82,28 @@ QStringList QuotesPage::rowOf(const QString& symbol) const
     }
     row[Symbol] = symbol;
     row[Name] = security ? security->name : QString();
-    row[Last] = quote.value(QuoteFields::LastPx).toString();
-    row[PreClose] = quote.value(QuoteFields::PreClosePx).toString();
-    row[Max] = quote.value(QuoteFields::MaxPx).toString();
-    row[Min] = quote.value(QuoteFields::MinPx).toString();
+    const int decimals = decimalsOf(symbol);
+    row[Last] = priceText(quote, QuoteFields::LastPx, decimals);
+    row[PreClose] = priceText(quote, QuoteFields::PreClosePx, decimals);
+    row[Max] = priceText(quote, QuoteFields::MaxPx, decimals);
+    row[Min] = priceText(quote, QuoteFields::MinPx, decimals);
     const double last = row[Last].toDouble();
     const double before = row[PreClose].toDouble();
     if (last > 0 && before > 0) {
-        row[Change] = QString::number(last - before, 'f', decimalsOf(row[Last]));
+        row[Change] = QString::number(last - before, 'f', decimals);
         row[ChangeRate] = QString::number((last / before - 1) * 100, 'f', 2);
     }
     return row;
+}
+
+int QuotesPage::decimalsOf(const QString& symbol) const
+{
+    const ReferenceData& data = mHost.referenceData();
+    if (const FuturesContract* contract = data.futuresContract(symbol)) {
+        return contract->pricePrecision;
+    }
+    const Security* security = data.security(symbol);
+    return security ? security->pricePrecision : 2;
 }
 
 QColor QuotesPage::tintOf(int row, int column) const

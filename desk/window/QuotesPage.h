@@ -25,6 +25,7 @@ protected:
 private:
     void showQuotes();
     QStringList rowOf(const QString& symbol) const;
+    int decimalsOf(const QString& symbol) const;
     QColor tintOf(int row, int column) const;
 
     EmbeddedHost& mHost;

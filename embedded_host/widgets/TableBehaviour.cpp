@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int NoColumn = -1;
-constexpr int LinePadding = 6; // of a row, above and below its text together
+constexpr int LinePadding = 2; // of a row, above and below its text together
 
 // A cell may hold tabs and line ends of its own; pasted as they are they would make cells and rows.
 QString onOneLine(QString text)
@@ -154,6 +154,6 @@ void TableBehaviour::sortByClick(int column)
 void TableBehaviour::paintEmptyText()
 {
     QPainter painter(mView->viewport());
-    painter.setPen(mView->palette().color(QPalette::Disabled, QPalette::Text));
+    painter.setOpacity(0.55); // whatever colour a style sheet gives the text
     painter.drawText(mView->viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, mEmptyText);
 }

@@ -18,6 +18,13 @@ public:
     int columnWidth = 0;
 };
 
+namespace {
+
+constexpr int WidestColumn = 220;
+constexpr int MeasuredRows = 20; // enough to tell a column of times from one of numbers
+
+} // namespace
+
 ZelTableView::ZelTableView(QWidget* parent) : QTableView(parent), d(std::make_unique<Private>(this))
 {
     d->proxy.setSourceModel(&d->model);
@@ -51,7 +58,11 @@ QStringList ZelTableView::headNames() const
 
 void ZelTableView::addRecordDataList(const RecordDataList& records)
 {
+    const bool first = d->model.records().isEmpty();
     d->model.append(records);
+    if (first && isVisible()) {
+        fitColumns();
+    }
 }
 
 RecordDataList ZelTableView::getViewData() const
@@ -121,8 +132,16 @@ void ZelTableView::setColumnDefaultWidth(int width)
         return;
     }
     horizontalHeader()->setDefaultSectionSize(width);
+    fitColumns();
+}
+
+// The default width, or what a title or the first cells need beyond it.
+void ZelTableView::fitColumns()
+{
+    horizontalHeader()->setResizeContentsPrecision(MeasuredRows);
     for (int column = 0; column < d->model.columns().size(); ++column) {
-        setColumnWidth(column, width);
+        const int needed = qMax(horizontalHeader()->sectionSizeHint(column), sizeHintForColumn(column) + 1);
+        setColumnWidth(column, qMax(d->columnWidth, qMin(needed, WidestColumn)));
     }
 }
 

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr double WidestMove = 0.02; ///< of the start price
+constexpr double MostTicks = 1e15;  ///< beyond, a double no longer tells ticks apart
 constexpr qint64 LeastRoom = 2;     ///< ticks to either side that even a cheap security has
 
 double ticksPerUnit(int precision)
@@ -20,20 +21,20 @@ double ticksPerUnit(int precision)
 PriceWalk::PriceWalk(const QMap<QString, QVariant>& fields, int precision) : mPrecision(precision)
 {
     const double start = fields.value(QuoteFields::LastPx).toDouble();
-    if (!(start > 0)) {
+    const double scale = ticksPerUnit(precision);
+    if (!(start > 0 && start * scale < MostTicks)) {
         return;
     }
-    const double scale = ticksPerUnit(precision);
     const qint64 room = std::max(LeastRoom, qRound64(start * scale * WidestMove));
     mStart = mLast = qRound64(start * scale);
     mLowest = std::max<qint64>(1, mStart - room);
     mHighest = mStart + room;
     const double lowerLimit = fields.value(QuoteFields::MinPx).toDouble();
     const double upperLimit = fields.value(QuoteFields::MaxPx).toDouble();
-    if (lowerLimit > 0) {
+    if (lowerLimit > 0 && lowerLimit * scale < MostTicks) {
         mLowest = std::max(mLowest, qRound64(std::ceil(lowerLimit * scale - 1e-6)));
     }
-    if (upperLimit > 0) {
+    if (upperLimit > 0 && upperLimit * scale < MostTicks) {
         mHighest = std::min(mHighest, qRound64(std::floor(upperLimit * scale + 1e-6)));
     }
 }

@@ -25,7 +25,8 @@ std::optional<QString> decodeUtf8(const QByteArray& bytes)
 /// The line that breaks UTF-8, in bytes that do. A line end is never part of another character.
 int invalidUtf8Line(const QByteArray& bytes)
 {
-    const QList<QByteArray> lines = bytes.split('\n');
+    QByteArray unixLines = bytes;
+    const QList<QByteArray> lines = unixLines.replace("\r\n", "\n").replace('\r', '\n').split('\n');
     int line = 1;
     for (const QByteArray& lineBytes : lines) {
         if (!decodeUtf8(lineBytes)) {

@@ -12,6 +12,8 @@
 namespace {
 
 constexpr QChar ListSeparator = QLatin1Char('|');
+constexpr int LongestCode = 32;     ///< characters; codes are padded up to it
+constexpr int FinestPrecision = 15; ///< decimals that a double can hold
 
 template <typename Row> ReferenceColumn<Row> text(const char* name, QString Row::*field)
 {
@@ -54,7 +56,8 @@ template <typename Row> ReferenceColumn<Row> list(const char* name, QStringList 
 }
 
 template <typename Row>
-ReferenceColumn<Row> whole(const char* name, int Row::*field, int least = std::numeric_limits<int>::min())
+ReferenceColumn<Row> whole(const char* name, int Row::*field, int least = std::numeric_limits<int>::min(),
+                           int most = std::numeric_limits<int>::max())
 {
     const QString column = QString::fromLatin1(name);
     return {column,
@@ -64,7 +67,8 @@ ReferenceColumn<Row> whole(const char* name, int Row::*field, int least = std::n
                 if (!isWhole) {
                     return reference_faults::notWhole(column, cell);
                 }
-                return row.*field < least ? reference_faults::belowZero(column, cell) : QString();
+                const bool fits = row.*field >= least && row.*field <= most;
+                return fits ? QString() : reference_faults::outOfRange(column, cell, least, most);
             },
             [field](const Row& row) { return QString::number(row.*field); }};
 }
@@ -132,7 +136,7 @@ const ReferenceTable<Market>& marketTable()
         QStringLiteral("markets"),
         &ReferenceTables::markets,
         {key("exchange", &Market::exchange), text("name", &Market::name), text("post", &Market::post),
-         whole("codeLength", &Market::codeLength, 0), list("aliases", &Market::aliases)},
+         whole("codeLength", &Market::codeLength, 0, LongestCode), list("aliases", &Market::aliases)},
         ReferenceTable<Market>::Required};
     return table;
 }
@@ -146,7 +150,8 @@ const ReferenceTable<Security>& securityTable()
          text("post", &Security::post), list("exchanges", &Security::exchanges),
          text("securityType", &Security::securityType), text("subType", &Security::subType),
          whole("dispFactor", &Security::dispFactor), whole("minQtyPerOrder", &Security::minQtyPerOrder),
-         whole("qtyStep", &Security::qtyStep), whole("pricePrecision", &Security::pricePrecision, 0),
+         whole("qtyStep", &Security::qtyStep),
+         whole("pricePrecision", &Security::pricePrecision, 0, FinestPrecision),
          flag("bondRepo", &Security::bondRepo)},
         ReferenceTable<Security>::Required};
     return table;
@@ -158,7 +163,7 @@ const ReferenceTable<FuturesContract>& futuresTable()
         QStringLiteral("futures"),
         &ReferenceTables::futures,
         {key("symbol", &FuturesContract::symbol), whole("multiplier", &FuturesContract::multiplier),
-         whole("pricePrecision", &FuturesContract::pricePrecision, 0)}};
+         whole("pricePrecision", &FuturesContract::pricePrecision, 0, FinestPrecision)}};
     return table;
 }
 

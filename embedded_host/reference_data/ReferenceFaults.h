@@ -66,9 +66,9 @@ inline QString notWhole(const QString& column, const QString& cell)
     return QStringLiteral("%1 应为整数：%2").arg(column, cell);
 }
 
-inline QString belowZero(const QString& column, const QString& cell)
+inline QString outOfRange(const QString& column, const QString& cell, int least, int most)
 {
-    return QStringLiteral("%1 不能为负数：%2").arg(column, cell);
+    return QStringLiteral("%1 应在 %2 到 %3 之间：%4").arg(column).arg(least).arg(most).arg(cell);
 }
 
 inline QString notNumber(const QString& column, const QString& cell)

@@ -6,6 +6,8 @@
 
 using services::record;
 
+// This host knows one user, so that both scopes are the same store.
+
 ZelCore* ZelCore::instance()
 {
     static ZelCore core;

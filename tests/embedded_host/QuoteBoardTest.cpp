@@ -165,6 +165,8 @@ TEST(PriceWalkTest, NothingMovesWithoutALastPriceOrWithoutRoom)
     EXPECT_FALSE(
         PriceWalk({{u"LastPx"_s, u"11"_s}, {u"MaxPx"_s, u"11"_s}, {u"MinPx"_s, u"11"_s}}, 2).canMove());
     EXPECT_FALSE(PriceWalk({{u"LastPx"_s, u"20"_s}, {u"MaxPx"_s, u"11"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{u"LastPx"_s, u"1e300"_s}}, 2).canMove()) << "more ticks than can be told apart";
+    EXPECT_TRUE(PriceWalk({{u"LastPx"_s, u"10"_s}, {u"MaxPx"_s, u"1e300"_s}}, 2).canMove());
     EXPECT_TRUE(PriceWalk({{u"LastPx"_s, u"10"_s}}, 2).canMove());
 }
 

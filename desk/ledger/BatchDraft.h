@@ -21,8 +21,10 @@ struct Leg {
     double typedAmount = 0.0; ///< money, where the row names an amount instead of a quantity; else 0
     double amount = 0.0;      ///< money in CNY, filled by valueLegs(); 0: no price was to be had
 
+    /// A direction of neither side counts on both: no ceiling is passed by a text that nobody knows.
     bool buys() const;
     bool sells() const;
+    bool hasKnownSide() const;
 };
 
 struct InstanceDraft {

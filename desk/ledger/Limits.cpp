@@ -1,0 +1,122 @@
+#include "desk/ledger/Limits.h"
+
+#include "embedded_host/reference_data/CsvTable.h"
+
+#include <QFileInfo>
+#include <QtNumeric>
+
+namespace ledger {
+
+namespace {
+
+using Ceiling = std::optional<double> Limits::*;
+
+const QString Everything = QStringLiteral("*");
+
+struct NamedCeiling {
+    const char* column;
+    Ceiling value;
+};
+
+constexpr NamedCeiling Ceilings[] = {
+    {"maxRowQuantity", &Limits::rowQuantity},       {"maxRowAmount", &Limits::rowAmount},
+    {"maxSecurityAmount", &Limits::securityAmount}, {"maxGrossBuy", &Limits::grossBuy},
+    {"maxGrossSell", &Limits::grossSell},           {"maxPriceDistance", &Limits::priceDistance},
+    {"confirmAmount", &Limits::confirmAmount},      {"moneyLikeAmount", &Limits::moneyLikeAmount},
+};
+
+ReferenceColumn<LimitScope> scopeColumn(const char* name, QString LimitScope::*field)
+{
+    return {QString::fromLatin1(name),
+            [field](LimitScope& row, const QString& cell) {
+                row.*field = cell.trimmed();
+                return QString();
+            },
+            nullptr, ReferenceColumn<LimitScope>::Key};
+}
+
+ReferenceColumn<LimitScope> ceilingColumn(const NamedCeiling& ceiling)
+{
+    const QString name = QString::fromLatin1(ceiling.column);
+    return {name,
+            [name, field = ceiling.value](LimitScope& row, const QString& cell) {
+                bool isNumber = false;
+                const double value = cell.toDouble(&isNumber);
+                if (!isNumber || !qIsFinite(value)) {
+                    return reference_faults::notNumber(name, cell);
+                }
+                row.limits.*field = value;
+                return value < 0.0 ? reference_faults::belowZero(name, cell) : QString();
+            },
+            nullptr};
+}
+
+ReferenceColumn<LimitScope> unpricedColumn()
+{
+    const QString name = QStringLiteral("refuseUnpriced");
+    return {name,
+            [name](LimitScope& row, const QString& cell) {
+                row.limits.refusesUnpriced = cell == QLatin1String("1");
+                const bool isFlag = row.limits.refusesUnpriced || cell == QLatin1String("0");
+                return isFlag ? QString() : reference_faults::notFlag(name, cell);
+            },
+            nullptr};
+}
+
+const ReferenceTable<LimitScope>& limitTable()
+{
+    static const ReferenceTable<LimitScope> table = [] {
+        ReferenceTable<LimitScope> made{QStringLiteral("limits"),
+                                        nullptr,
+                                        {scopeColumn("account", &LimitScope::account),
+                                         scopeColumn("strategy", &LimitScope::strategy), unpricedColumn()}};
+        for (const NamedCeiling& ceiling : Ceilings) {
+            made.columns.append(ceilingColumn(ceiling));
+        }
+        return made;
+    }();
+    return table;
+}
+
+bool covers(const QString& scope, const QString& name)
+{
+    return scope == Everything || scope == name;
+}
+
+void tighten(std::optional<double>& ceiling, const std::optional<double>& other)
+{
+    if (other && (!ceiling || *other < *ceiling)) {
+        ceiling = other;
+    }
+}
+
+} // namespace
+
+Limits limitsFor(const QList<LimitScope>& scopes, const QString& account, const QString& strategy)
+{
+    Limits limits;
+    for (const LimitScope& scope : scopes) {
+        if (!covers(scope.account, account) || !covers(scope.strategy, strategy)) {
+            continue;
+        }
+        for (const NamedCeiling& ceiling : Ceilings) {
+            tighten(limits.*ceiling.value, scope.limits.*ceiling.value);
+        }
+        limits.refusesUnpriced = limits.refusesUnpriced || scope.limits.refusesUnpriced;
+    }
+    return limits;
+}
+
+std::optional<QList<LimitScope>> readLimits(const QString& folder, QString& error)
+{
+    const QString path = folder + (folder.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/")) +
+                         limitTable().fileName();
+    QList<LimitScope> scopes;
+    error.clear();
+    if (!QFileInfo::exists(path) || CsvTable(limitTable(), path).read(scopes, error)) {
+        return scopes;
+    }
+    return std::nullopt;
+}
+
+} // namespace ledger

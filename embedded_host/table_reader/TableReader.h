@@ -1,8 +1,14 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
+#include <QPair>
+#include <QRect>
+#include <QSet>
 #include <QString>
 #include <QStringList>
+
+class QIODevice;
 
 /// Reads a table file of a trader by its content, whatever its name says.
 namespace table_reader {
@@ -12,7 +18,20 @@ constexpr int MaxRows = 1002;
 
 struct ReadOptions {
     int maxRows = MaxRows;
-    QString encoding; ///< of csv; empty: told from the bytes
+    QString encoding;     ///< of csv; empty: told from the bytes
+    bool inspect = false; ///< fill Table::inspection too; costs time, so plain reads leave it away
+};
+
+/// What a report on a file needs beside the texts. All indices count from 0 and are those of Table::rows; in
+/// a spreadsheet they are the sheet's own, so that row 2, column 1 is B3. Areas have columns as x and rows as
+/// y.
+struct Inspection {
+    QList<int> lines;         ///< of csv: 1-based line of the file on which each row begins
+    QSet<int> hiddenRows;     ///< by hand, by a filter or by a height of nothing
+    QList<QRect> mergedAreas; ///< only those that begin in the rows read
+    QHash<QPair<int, int>, QString>
+        numbers;                ///< (row, column) of each cell stored as a number, with the stored text
+    int replacedCharacters = 0; ///< of csv: bytes that the encoding does not know, shown as U+FFFD
 };
 
 struct Table {
@@ -22,9 +41,14 @@ struct Table {
     QString encoding;        ///< of csv: UTF-8, UTF-16LE, UTF-16BE, GB18030, or what the options named
     QString separator;       ///< of csv: ",", ";" or a tab
     QString sheet;           ///< name of the sheet that was read; empty for csv
+    Inspection inspection;   ///< empty unless the options ask for it
 };
 
-/// Never throws, never hangs; memory stays bounded whatever the file holds.
+/// Never throws, never hangs; memory stays bounded whatever the file holds. A file of no bytes is a table of
+/// no rows.
 Table readTable(const QString& path, const ReadOptions& options = {});
+
+/// The same from an open, seekable device.
+Table readTable(QIODevice& file, const ReadOptions& options = {});
 
 } // namespace table_reader

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace table_reader {
+
+/// A1 notation of a cell counted from 0: (2, 27) is AB3.
+QString cellAddress(int row, int column);
+
+struct CellPosition {
+    int row = -1; ///< from 0; -1: the text is no address
+    int column = -1;
+    bool isValid() const { return row >= 0 && column >= 0; }
+};
+
+/// Reads A1, $A$1 or a1. Rows beyond 2^30 and columns beyond XFD are no address.
+CellPosition parseCellAddress(const QStringRef& text);
+
+} // namespace table_reader

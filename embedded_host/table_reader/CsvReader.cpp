@@ -1,0 +1,219 @@
+#include "embedded_host/table_reader/CsvReader.h"
+
+#include "embedded_host/table_reader/CellAddress.h"
+#include "embedded_host/table_reader/CsvTokenizer.h"
+#include "embedded_host/table_reader/Limits.h"
+#include "embedded_host/table_reader/Messages.h"
+#include "embedded_host/table_reader/TextEncoding.h"
+#include "embedded_host/table_reader/TextKind.h"
+
+#include <QIODevice>
+
+#include <algorithm>
+#include <optional>
+
+namespace table_reader {
+namespace {
+
+constexpr qint64 PieceBytes = 64 * 1024;
+
+/// Comma; where the first line has none outside quotes, tab or semicolon.
+QChar separatorOf(const QString& text)
+{
+    const auto isSeparator = [](QChar c) { return c == u',' || c == u'\t' || c == u';'; };
+    QChar found = QLatin1Char(',');
+    bool quoted = false;
+    bool atStart = true; // of a cell: only there a quote opens
+    for (const QChar c : text) {
+        if (c == QLatin1Char('"') && (quoted || atStart)) {
+            quoted = !quoted;
+            atStart = !quoted; // a quote right behind the closing one opens again: a doubled quote
+        } else if (!quoted) {
+            if (c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QLatin1Char(',')) {
+                return c == QLatin1Char(',') ? c : found;
+            }
+            atStart = isSeparator(c);
+            if (atStart && found != QLatin1Char('\t')) {
+                found = c;
+            }
+        }
+    }
+    return found;
+}
+
+/// One attempt to read the rows in one encoding.
+class CsvAttempt {
+public:
+    CsvAttempt(QIODevice& file, const ReadOptions& options, const QString& encoding)
+        : mFile(file), mMaxRows(options.maxRows), mDecoder(encoding)
+    {
+        mTable.encoding = encoding;
+    }
+
+    QString read();
+    int faults() const { return mDecoder.faults() + (mCutOff ? 1 : 0); }
+    Table& table() { return mTable; }
+
+private:
+    bool readPiece(QString& text, QString& error);
+    QString takePiece(const QString& text);
+    QString takeRows();
+    QString take(const QStringList& cells);
+    bool isFull() const { return mTable.rows.size() >= mMaxRows; }
+
+    QIODevice& mFile;
+    int mMaxRows;
+    TextDecoder mDecoder;
+    Table mTable;
+    std::optional<CsvTokenizer> mTokenizer; ///< from the first piece on, which tells the separator
+    qint64 mCells = 0;
+    qint64 mCharacters = 0;
+    bool mCutOff = false; ///< the file ends within a character
+};
+
+/// False at the file's end and where the device fails.
+bool CsvAttempt::readPiece(QString& text, QString& error)
+{
+    QByteArray bytes(static_cast<int>(PieceBytes), Qt::Uninitialized);
+    const qint64 length = mFile.read(bytes.data(), bytes.size());
+    if (length < 0) {
+        error = message::unreadable(mFile.errorString());
+    }
+    bytes.truncate(static_cast<int>(std::max<qint64>(length, 0)));
+    text = mDecoder.decode(bytes);
+    return !bytes.isEmpty();
+}
+
+QString CsvAttempt::read()
+{
+    QString text;
+    QString error;
+    while (!isFull() && error.isEmpty() && readPiece(text, error)) {
+        error = takePiece(text);
+    }
+    if (!error.isEmpty() || isFull() || !mTokenizer) {
+        return error;
+    }
+    if (mDecoder.endsWithinCharacter()) {
+        mCutOff = true;
+        mTokenizer->feed(QString(QChar(QChar::ReplacementCharacter)));
+    }
+    mTokenizer->finish();
+    error = takeRows();
+    return error.isEmpty() && mTokenizer->hasOpenQuote() ? message::openQuote(mTokenizer->openQuoteLine())
+                                                         : error;
+}
+
+QString CsvAttempt::takePiece(const QString& text)
+{
+    if (text.contains(QChar(QChar::Null))) {
+        return message::binary();
+    }
+    if (!mTokenizer && !text.isEmpty()) {
+        const QString refusal = refuseTextOfAnotherKind(text);
+        if (!refusal.isEmpty()) {
+            return refusal;
+        }
+        const QChar separator = separatorOf(text);
+        mTable.separator = separator;
+        mTokenizer.emplace(separator);
+    }
+    if (!mTokenizer) {
+        return QString();
+    }
+    mTokenizer->feed(text);
+    const QString error = takeRows();
+    if (!error.isEmpty() || isFull() || mTokenizer->pendingCharacters() <= limits::TableCharacters / 4) {
+        return error;
+    }
+    mTokenizer->finish(); // one endless row: look whether a quote that was never closed made it so
+    QStringList cells;
+    mTokenizer->next(cells);
+    return mTokenizer->hasOpenQuote() ? message::openQuote(mTokenizer->openQuoteLine())
+                                      : message::tooMuchText();
+}
+
+QString CsvAttempt::takeRows()
+{
+    QStringList cells;
+    while (!isFull() && mTokenizer->next(cells)) {
+        const QString error = take(cells);
+        if (!error.isEmpty()) {
+            return error;
+        }
+        mTable.rows.append(cells);
+        mTable.inspection.lines.append(mTokenizer->recordLine());
+    }
+    return QString();
+}
+
+QString CsvAttempt::take(const QStringList& cells)
+{
+    mCells += cells.size();
+    if (cells.size() > limits::Columns) {
+        return message::tooManyColumns();
+    }
+    if (mCells > limits::Cells) {
+        return message::tooManyCells();
+    }
+    for (int column = 0; column < cells.size(); ++column) {
+        mCharacters += cells.at(column).size();
+        if (cells.at(column).size() > limits::CellCharacters) {
+            return message::cellTooLong(cellAddress(mTable.rows.size(), column));
+        }
+    }
+    return mCharacters > limits::TableCharacters ? message::tooMuchText() : QString();
+}
+
+QString attempt(QIODevice& file, const ReadOptions& options, const QString& encoding, Table& table,
+                int& faults)
+{
+    if (!file.seek(0)) {
+        return message::unreadable(file.errorString());
+    }
+    CsvAttempt reading(file, options, encoding);
+    const QString error = reading.read();
+    faults = reading.faults();
+    reading.table().inspection.replacedCharacters = faults;
+    table = std::move(reading.table());
+    return error;
+}
+
+/// UTF-8 where all of it is valid; else GB18030, unless UTF-8 has fewer faults.
+QString readByTrial(QIODevice& file, const ReadOptions& options, Table& table)
+{
+    int faults = 0;
+    const QString error = attempt(file, options, QStringLiteral("UTF-8"), table, faults);
+    if (faults == 0) {
+        return error;
+    }
+    Table other;
+    int otherFaults = 0;
+    const QString otherError = attempt(file, options, QStringLiteral("GB18030"), other, otherFaults);
+    if (otherFaults > faults) {
+        return error;
+    }
+    table = std::move(other);
+    return otherError;
+}
+
+} // namespace
+
+QString readCsv(QIODevice& file, const ReadOptions& options, Table& table)
+{
+    if (!options.encoding.isEmpty() && !TextDecoder(options.encoding).isValid()) {
+        return message::unknownEncoding(options.encoding);
+    }
+    const QString known =
+        options.encoding.isEmpty() ? encodingByFirstBytes(file.peek(PieceBytes)) : options.encoding;
+    int faults = 0;
+    const QString error =
+        known.isEmpty() ? readByTrial(file, options, table) : attempt(file, options, known, table, faults);
+    table.format = QStringLiteral("csv");
+    if (!options.inspect) {
+        table.inspection = {};
+    }
+    return error;
+}
+
+} // namespace table_reader

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "embedded_host/table_reader/NumberFormat.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace table_reader {
+
+/// From which day a workbook counts its dates.
+enum class DateSystem {
+    From1900, ///< 1 is 1 January 1900, and 60 a 29 February that never was
+    From1904, ///< 0 is 1 January 1904
+};
+
+/// A decimal number of a file, blanks around it ignored; nothing where the text is none.
+std::optional<double> parseNumber(const QStringRef& text);
+
+/// The shortest decimal that reads back as the same number, never with an exponent: 600000, 0.1, -2.5.
+QString numberText(double value);
+
+/// A number as its format shows its kind: plain, or as dateText() where it is a date or time that can be.
+QString shownNumber(double value, NumberFormat format, DateSystem system);
+
+/// An ISO 8601 date, time or both, such as 2021-01-01 or 2021-01-01T10:10:10.5Z, in the reader's form; the
+/// text itself where it is none. The zone is dropped: a sheet's times have none.
+QString isoDateText(const QString& text);
+
+/// The milliseconds of a day or more as HH:mm:ss, hours beyond 24 kept, fractions of a second dropped.
+QString clockText(qint64 milliseconds);
+
+} // namespace table_reader

@@ -1,0 +1,88 @@
+#include "embedded_host/table_reader/SheetRows.h"
+
+#include "embedded_host/table_reader/CellAddress.h"
+#include "embedded_host/table_reader/Limits.h"
+#include "embedded_host/table_reader/Messages.h"
+
+#include <algorithm>
+
+namespace table_reader {
+
+SheetRows::SheetRows(const ReadOptions& options, Table& table)
+    : mTable(table), mMaxRows(std::clamp(options.maxRows, 0, 1 << 20)), mInspects(options.inspect)
+{
+}
+
+bool SheetRows::put(int row, int column, const QString& text)
+{
+    if (row >= mMaxRows || text.isEmpty()) {
+        return true;
+    }
+    if (column >= limits::Columns) {
+        mError = message::tooManyColumns();
+    } else if (text.size() > limits::CellCharacters) {
+        mError = message::cellTooLong(cellAddress(row, column));
+    } else if ((mCharacters += text.size()) > limits::TableCharacters) {
+        mError = message::tooMuchText();
+    }
+    if (!mError.isEmpty()) {
+        return false;
+    }
+    if (row >= mRows.size()) {
+        mRows.resize(row + 1);
+    }
+    QStringList& cells = mRows[row];
+    mCells += std::max(0, column + 1 - cells.size());
+    if (mCells > limits::Cells) {
+        mError = message::tooManyCells();
+        return false;
+    }
+    while (cells.size() < column) {
+        cells.append(QString());
+    }
+    if (column == cells.size()) {
+        cells.append(text);
+    } else {
+        cells[column] = text;
+    }
+    return true;
+}
+
+void SheetRows::noteNumber(int row, int column, const QString& raw)
+{
+    if (mInspects && row < mMaxRows) {
+        mTable.inspection.numbers.insert({row, column}, raw);
+    }
+}
+
+void SheetRows::finish()
+{
+    mTable.rows.reserve(mRows.size());
+    for (QStringList& row : mRows) {
+        mTable.rows.append(std::move(row));
+    }
+    mRows.clear();
+}
+
+void SharedTexts::sort()
+{
+    std::stable_sort(mWanted.begin(), mWanted.end(),
+                     [](const Wanted& a, const Wanted& b) { return a.index < b.index; });
+}
+
+QString SharedTexts::nextCell() const
+{
+    return cellAddress(mWanted.at(mNext).row, mWanted.at(mNext).column);
+}
+
+bool SharedTexts::supply(const QString& text, SheetRows& rows)
+{
+    for (const qint64 index = next(); mNext < mWanted.size() && mWanted.at(mNext).index == index; ++mNext) {
+        if (!rows.put(mWanted.at(mNext).row, mWanted.at(mNext).column, text)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace table_reader

@@ -1,0 +1,71 @@
+#include "embedded_host/table_reader/SpreadsheetText.h"
+
+#include "embedded_host/table_reader/Limits.h"
+#include "embedded_host/table_reader/Messages.h"
+#include "embedded_host/table_reader/SpreadsheetNames.h"
+
+namespace table_reader {
+namespace {
+
+constexpr int EscapeLength = 7; // _xHHHH_
+
+/// The character that an escape at this place stands for, or -1.
+int escapedAt(const QString& text, int at)
+{
+    if (at + EscapeLength > text.size() || text.at(at + 1) != QLatin1Char('x') ||
+        text.at(at + EscapeLength - 1) != QLatin1Char('_')) {
+        return -1;
+    }
+    bool isNumber = false;
+    const QStringRef digits = text.midRef(at + 2, 4);
+    const int value = digits.toInt(&isNumber, 16);
+    const bool signedText = digits.at(0) == QLatin1Char('+') || digits.at(0) == QLatin1Char('-');
+    return isNumber && !signedText ? value : -1;
+}
+
+} // namespace
+
+QString decodeEscapes(const QString& text)
+{
+    if (!text.contains(QLatin1String("_x"))) {
+        return text;
+    }
+    QString decoded;
+    decoded.reserve(text.size());
+    for (int at = 0; at < text.size(); ++at) {
+        const int value = text.at(at) == QLatin1Char('_') ? escapedAt(text, at) : -1;
+        if (value < 0) {
+            decoded.append(text.at(at));
+        } else {
+            decoded.append(QChar(value));
+            at += EscapeLength - 1;
+        }
+    }
+    return decoded;
+}
+
+QString readRichText(XmlPart& part)
+{
+    QString text;
+    while (part.nextChild()) {
+        if (part.is(Sheet, QLatin1String("t"))) {
+            text += part.readText();
+        } else if (part.is(Sheet, QLatin1String("r"))) {
+            while (part.nextChild()) {
+                if (part.is(Sheet, QLatin1String("t"))) {
+                    text += part.readText();
+                } else {
+                    part.skip();
+                }
+            }
+        } else {
+            part.skip();
+        }
+        if (text.size() > limits::TokenBytes) {
+            part.fail(message::tooMuchText());
+        }
+    }
+    return decodeEscapes(text);
+}
+
+} // namespace table_reader

@@ -1,0 +1,74 @@
+#include "embedded_host/table_reader/TextEncoding.h"
+
+#include <algorithm>
+
+namespace table_reader {
+namespace {
+
+bool isTextByte(uchar byte)
+{
+    return byte == '\t' || byte == '\n' || byte == '\r' || (byte >= 0x20 && byte < 0x7f);
+}
+
+/// UTF-16 without a mark: latin letters, digits and separators have a zero beside them, always on the same
+/// side.
+QString encodingByZeros(const QByteArray& head)
+{
+    int zeroBehind = 0;
+    int zeroBefore = 0;
+    int bothText = 0;
+    for (int at = 0; at + 1 < head.size(); at += 2) {
+        const auto first = static_cast<uchar>(head.at(at));
+        const auto second = static_cast<uchar>(head.at(at + 1));
+        zeroBehind += isTextByte(first) && second == 0 ? 1 : 0;
+        zeroBefore += first == 0 && isTextByte(second) ? 1 : 0;
+        bothText +=
+            isTextByte(first) && isTextByte(second) ? 1 : 0; // also what many Chinese characters look like
+    }
+    constexpr int Dominance = 4;
+    if (zeroBehind > Dominance * zeroBefore && zeroBehind * Dominance >= bothText) {
+        return QStringLiteral("UTF-16LE");
+    }
+    if (zeroBefore > Dominance * zeroBehind && zeroBefore * Dominance >= bothText) {
+        return QStringLiteral("UTF-16BE");
+    }
+    return QString();
+}
+
+} // namespace
+
+QString encodingByFirstBytes(const QByteArray& head)
+{
+    if (head.startsWith("\xEF\xBB\xBF")) {
+        return QStringLiteral("UTF-8");
+    }
+    if (head.startsWith("\xFF\xFE")) {
+        return QStringLiteral("UTF-16LE");
+    }
+    if (head.startsWith("\xFE\xFF")) {
+        return QStringLiteral("UTF-16BE");
+    }
+    return head.contains('\0') ? encodingByZeros(head) : QString();
+}
+
+TextDecoder::TextDecoder(const QString& encoding)
+    : mCodec(QTextCodec::codecForName(encoding.toLatin1())),
+      mCountsReplacements(!encoding.startsWith(QLatin1String("UTF-"), Qt::CaseInsensitive))
+{
+}
+
+QString TextDecoder::decode(const QByteArray& bytes)
+{
+    const QString text = mCodec->toUnicode(bytes.constData(), bytes.size(), &mState);
+    if (mCountsReplacements) {
+        mReplacements += text.count(QChar(QChar::ReplacementCharacter));
+    }
+    return text;
+}
+
+int TextDecoder::faults() const
+{
+    return mCountsReplacements ? mReplacements : mState.invalidChars;
+}
+
+} // namespace table_reader

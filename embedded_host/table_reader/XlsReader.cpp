@@ -1,0 +1,95 @@
+#include "embedded_host/table_reader/XlsReader.h"
+
+#include "embedded_host/table_reader/Messages.h"
+#include "embedded_host/table_reader/XlsSheet.h"
+
+#include <QIODevice>
+
+namespace table_reader {
+namespace {
+
+constexpr qint64 MaxFileBytes = 128 << 20;
+constexpr char ContainerSignature[] = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+
+/// A workbook stream that was saved without a container begins with the record BOF.
+bool isBareWorkbook(const QByteArray& head)
+{
+    constexpr int MaxLength = 16;
+    const bool isBof = head.size() > 4 && head.at(0) == '\x09' && head.at(3) == '\0' && head.at(2) >= 4 &&
+                       head.at(2) <= MaxLength;
+    return isBof &&
+           (head.at(1) == '\x08' || head.at(1) == '\x04' || head.at(1) == '\x02' || head.at(1) == '\x00');
+}
+
+/// Why a container without a workbook is none of ours.
+QString refuseContainer(const OleContainer& container)
+{
+    if (container.contains(QStringLiteral("EncryptedPackage")) ||
+        container.contains(QStringLiteral("EncryptionInfo")) ||
+        container.contains(QStringLiteral("\tDRMContent"))) {
+        return message::encrypted();
+    }
+    return message::otherDocument();
+}
+
+QString readWorkbook(BiffStream& stream, const ReadOptions& options, Table& table)
+{
+    XlsWorkbook workbook;
+    QString error = readXlsWorkbook(stream, workbook);
+    if (!error.isEmpty()) {
+        return error;
+    }
+    table.sheet = workbook.sheetName;
+    SheetRows rows(options, table);
+    SharedTexts texts;
+    error = XlsSheet(stream, workbook, rows, texts).read();
+    if (error.isEmpty()) {
+        error = readXlsTexts(stream, workbook, texts, rows);
+    }
+    rows.finish();
+    return error;
+}
+
+/// Where a file holds an old and a new workbook, the new one, called Workbook, is the whole one.
+GsfInputPtr workbookStream(const OleContainer& container)
+{
+    for (const QString& name : {QStringLiteral("Workbook"), QStringLiteral("Book")}) {
+        if (GsfInputPtr stream = container.stream(name)) {
+            return stream;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+bool isXls(const QByteArray& head)
+{
+    return head.startsWith(ContainerSignature) || isBareWorkbook(head);
+}
+
+QString readXls(QIODevice& file, const ReadOptions& options, Table& table)
+{
+    if (file.size() > MaxFileBytes) {
+        return message::tooLarge(QStringLiteral("文件过大"));
+    }
+    const QByteArray bytes = file.readAll();
+    table.format = QStringLiteral("xls");
+    if (!bytes.startsWith(ContainerSignature)) {
+        BiffStream stream(memoryInput(bytes));
+        return readWorkbook(stream, options, table);
+    }
+    const OleContainer container(bytes);
+    if (!container.isValid()) {
+        return message::damagedContainer();
+    }
+    GsfInputPtr input = workbookStream(container);
+    if (!input) {
+        table.format.clear();
+        return refuseContainer(container);
+    }
+    BiffStream stream(std::move(input));
+    return readWorkbook(stream, options, table);
+}
+
+} // namespace table_reader

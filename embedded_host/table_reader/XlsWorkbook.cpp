@@ -1,0 +1,191 @@
+#include "embedded_host/table_reader/XlsWorkbook.h"
+
+#include "embedded_host/table_reader/BiffText.h"
+#include "embedded_host/table_reader/Limits.h"
+#include "embedded_host/table_reader/Messages.h"
+
+#include <QTextCodec>
+
+namespace table_reader {
+namespace {
+
+struct SheetEntry {
+    QString name;
+    qint64 position;
+    bool hidden;
+    bool isWorksheet;
+};
+
+class GlobalsReader {
+public:
+    GlobalsReader(BiffStream& stream, XlsWorkbook& workbook) : mStream(stream), mWorkbook(workbook) {}
+
+    QString read();
+
+private:
+    QString begin();
+    QString take(const BiffRecord& record);
+    void takeFormat(const BiffRecord& record);
+    void takeSheet(const BiffRecord& record);
+    QString chooseSheet();
+    void chooseStyles();
+    QString text(const BiffRecord& record, int offset, int lengthBytes);
+
+    BiffStream& mStream;
+    XlsWorkbook& mWorkbook;
+    QHash<int, NumberFormat> mFormats;
+    QVector<int> mStyleFormats;
+    QVector<SheetEntry> mSheets;
+};
+
+QString GlobalsReader::begin()
+{
+    BiffRecord record;
+    if (!mStream.next(record)) {
+        return message::truncatedWorkbook();
+    }
+    if (record.type == biff::BofOf2 || record.type == biff::BofOf3 || record.type == biff::BofOf4) {
+        return message::oldWorkbook();
+    }
+    const quint16 version = record.word(0);
+    if (record.type != biff::Bof || !record.has(4)) {
+        return message::damagedContainer();
+    }
+    if (version != biff::Version5 && version != biff::Version8) {
+        return message::oldWorkbook();
+    }
+    mWorkbook.isVersion8 = version == biff::Version8;
+    mWorkbook.codec = codecOfCodePage(0);
+    return QString();
+}
+
+QString GlobalsReader::read()
+{
+    QString error = begin();
+    BiffRecord record;
+    while (error.isEmpty()) {
+        const qint64 position = mStream.position();
+        if (!mStream.next(record)) {
+            return mStream.hasTooMany() ? message::tooManyRecords() : message::truncatedWorkbook();
+        }
+        if (record.type == biff::Eof) {
+            break;
+        }
+        if (record.type == biff::Sst) {
+            mWorkbook.textsPosition = position;
+        }
+        error = take(record);
+    }
+    chooseStyles();
+    return error.isEmpty() ? chooseSheet() : error;
+}
+
+QString GlobalsReader::take(const BiffRecord& record)
+{
+    switch (record.type) {
+    case biff::FilePass:
+        return message::encrypted();
+    case biff::CodePage:
+        mWorkbook.codec = codecOfCodePage(record.word(0));
+        break;
+    case biff::Date1904:
+        mWorkbook.dates = record.word(0) == 1 ? DateSystem::From1904 : DateSystem::From1900;
+        break;
+    case biff::Format:
+        takeFormat(record);
+        break;
+    case biff::Xf:
+        if (mStyleFormats.size() < limits::CellStyles) {
+            mStyleFormats.append(record.word(2));
+        }
+        break;
+    case biff::BoundSheet:
+        takeSheet(record);
+        break;
+    }
+    return mSheets.size() > limits::SheetNames ? message::tooLarge(QStringLiteral("工作表过多")) : QString();
+}
+
+QString GlobalsReader::text(const BiffRecord& record, int offset, int lengthBytes)
+{
+    if (!mWorkbook.isVersion8) {
+        const int length = lengthBytes == 1 ? record.byte(offset) : record.word(offset);
+        return mWorkbook.codec->toUnicode(record.bytes(offset + lengthBytes, length));
+    }
+    QString text;
+    BiffText(mStream, record, offset).read(lengthBytes, true, text);
+    return text;
+}
+
+void GlobalsReader::takeFormat(const BiffRecord& record)
+{
+    const int number = record.word(0);
+    mFormats.insert(number, customFormat(text(record, 2, mWorkbook.isVersion8 ? 2 : 1)));
+}
+
+void GlobalsReader::takeSheet(const BiffRecord& record)
+{
+    constexpr quint8 VisibilityMask = 0x03;
+    const qint64 position = record.dword(0);
+    const bool hidden = (record.byte(4) & VisibilityMask) != 0;
+    const bool isWorksheet = record.byte(5) == 0;
+    mSheets.append({text(record, 6, 1), position, hidden, isWorksheet});
+}
+
+/// The first worksheet that can be seen, or the first one; charts and macro sheets are none.
+QString GlobalsReader::chooseSheet()
+{
+    for (const bool acceptHidden : {false, true}) {
+        for (const SheetEntry& sheet : mSheets) {
+            if (sheet.isWorksheet && (acceptHidden || !sheet.hidden)) {
+                mWorkbook.sheetName = sheet.name;
+                mWorkbook.sheetPosition = sheet.position;
+                return QString();
+            }
+        }
+    }
+    return message::noSheet();
+}
+
+void GlobalsReader::chooseStyles()
+{
+    mWorkbook.styles.reserve(mStyleFormats.size());
+    for (const int number : mStyleFormats) {
+        const auto custom = mFormats.constFind(number);
+        mWorkbook.styles.append(custom == mFormats.cend() ? builtInFormat(number) : *custom);
+    }
+}
+
+} // namespace
+
+QString readXlsWorkbook(BiffStream& stream, XlsWorkbook& workbook)
+{
+    return GlobalsReader(stream, workbook).read();
+}
+
+QString readXlsTexts(BiffStream& stream, const XlsWorkbook& workbook, SharedTexts& texts, SheetRows& rows)
+{
+    if (texts.isEmpty()) {
+        return QString();
+    }
+    texts.sort();
+    BiffRecord record;
+    constexpr int CountsBytes = 8;
+    if (workbook.textsPosition < 0 || !stream.seek(workbook.textsPosition) || !stream.next(record)) {
+        return message::badSharedText(texts.nextCell());
+    }
+    const qint64 count = record.dword(4);
+    BiffText reader(stream, record, CountsBytes);
+    QString text;
+    for (qint64 index = 0; texts.next() >= 0; ++index) {
+        if (texts.next() >= count || !reader.read(2, index == texts.next(), text)) {
+            return message::badSharedText(texts.nextCell());
+        }
+        if (index == texts.next() && !texts.supply(text, rows)) {
+            return rows.error();
+        }
+    }
+    return QString();
+}
+
+} // namespace table_reader

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "embedded_host/table_reader/BiffStream.h"
+#include "embedded_host/table_reader/NumberText.h"
+#include "embedded_host/table_reader/SheetRows.h"
+
+#include <QHash>
+
+class QTextCodec;
+
+namespace table_reader {
+
+/// What the first part of a workbook stream says: where the sheet and the texts lie, the cell styles, how it
+/// counts days.
+struct XlsWorkbook {
+    bool isVersion8 = true;
+    QTextCodec* codec = nullptr; ///< of the byte texts of BIFF5
+    DateSystem dates = DateSystem::From1900;
+    QVector<NumberFormat> styles;
+    QString sheetName;
+    qint64 sheetPosition = -1;
+    qint64 textsPosition = -1; ///< of the list of shared texts; -1: it has none
+};
+
+/// Reads from the stream's beginning. Empty, or the sentence that says what is wrong.
+QString readXlsWorkbook(BiffStream& stream, XlsWorkbook& workbook);
+
+/// Reads the list of shared texts as far as cells want it. Empty, or the sentence that says what is wrong.
+QString readXlsTexts(BiffStream& stream, const XlsWorkbook& workbook, SharedTexts& texts, SheetRows& rows);
+
+} // namespace table_reader

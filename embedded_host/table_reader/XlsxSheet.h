@@ -1,0 +1,52 @@
+#pragma once
+
+#include "embedded_host/table_reader/CellAddress.h"
+#include "embedded_host/table_reader/NumberText.h"
+#include "embedded_host/table_reader/SheetRows.h"
+
+#include <QVector>
+#include <QXmlStreamAttributes>
+
+namespace table_reader {
+
+class XmlPart;
+class ZipArchive;
+
+/// Reads the cells of one worksheet part. Stops behind the last row wanted.
+class XlsxSheet {
+public:
+    XlsxSheet(const QVector<NumberFormat>& styles, DateSystem dates, SheetRows& rows, SharedTexts& texts)
+        : mStyles(styles), mDates(dates), mRows(rows), mTexts(texts)
+    {
+    }
+
+    /// Empty, or the sentence that says what is wrong.
+    QString read(ZipArchive& archive, const QString& part);
+
+private:
+    struct Content {
+        QString value; ///< text of `v`
+        QString text;  ///< of an inline string
+        bool isInline = false;
+    };
+
+    void readRows(XmlPart& part);
+    bool enterRow(const QXmlStreamAttributes& attributes);
+    void readCells(XmlPart& part);
+    void readCell(XmlPart& part);
+    Content readContent(XmlPart& part);
+    CellPosition positionOf(const QXmlStreamAttributes& attributes) const;
+    bool store(const QXmlStreamAttributes& attributes, CellPosition at, const Content& content);
+    QString numberCell(const QStringRef& style, CellPosition at, const QString& value);
+    void readMergedAreas(XmlPart& part);
+
+    const QVector<NumberFormat>& mStyles;
+    DateSystem mDates;
+    SheetRows& mRows;
+    SharedTexts& mTexts;
+    int mRow = -1;
+    int mColumn = -1;
+    bool mPastEnd = false; ///< a row beyond the ones wanted was met
+};
+
+} // namespace table_reader

@@ -1,0 +1,144 @@
+#include "embedded_host/table_reader/XmlPart.h"
+
+#include "embedded_host/table_reader/Limits.h"
+#include "embedded_host/table_reader/Messages.h"
+
+namespace table_reader {
+
+XmlPart::XmlPart(ZipArchive& archive, const QString& name) : mStream(archive, name) {}
+
+bool XmlPart::begin(const XmlNamespace& space, QLatin1String root)
+{
+    mError = mStream.begin();
+    if (hasError()) {
+        return false;
+    }
+    mXml.setDevice(&mStream);
+    if (nextChild() && !is(space, root)) {
+        fail(message::unexpectedXml(mStream.name()));
+    }
+    return !hasError();
+}
+
+QXmlStreamReader::TokenType XmlPart::advance()
+{
+    mStream.beginToken();
+    const QXmlStreamReader::TokenType token = mXml.readNext();
+    switch (token) {
+    case QXmlStreamReader::StartElement:
+        if (++mDepth > limits::NestingDepth) {
+            fail(message::nestedTooDeep(mStream.name()));
+        }
+        break;
+    case QXmlStreamReader::EndElement:
+        --mDepth;
+        break;
+    case QXmlStreamReader::DTD:
+        fail(message::documentType(mStream.name()));
+        break;
+    case QXmlStreamReader::Invalid:
+        noteXmlError();
+        break;
+    default:
+        break;
+    }
+    return hasError() ? QXmlStreamReader::Invalid : token;
+}
+
+void XmlPart::noteXmlError()
+{
+    fail(mStream.failure().isEmpty()
+             ? message::damagedXml(mStream.name(), mXml.lineNumber(), mXml.columnNumber())
+             : mStream.failure());
+}
+
+bool XmlPart::nextChild()
+{
+    while (!hasError()) {
+        switch (advance()) {
+        case QXmlStreamReader::StartElement:
+            return true;
+        case QXmlStreamReader::EndElement:
+        case QXmlStreamReader::EndDocument:
+        case QXmlStreamReader::Invalid:
+            return false;
+        default:
+            break;
+        }
+    }
+    return false;
+}
+
+bool XmlPart::nextContent()
+{
+    while (!hasError()) {
+        switch (advance()) {
+        case QXmlStreamReader::StartElement:
+        case QXmlStreamReader::Characters:
+            return true;
+        case QXmlStreamReader::EndElement:
+        case QXmlStreamReader::EndDocument:
+        case QXmlStreamReader::Invalid:
+            return false;
+        default:
+            break;
+        }
+    }
+    return false;
+}
+
+void XmlPart::skip()
+{
+    const int outside = mDepth - 1;
+    while (!hasError() && mDepth > outside) {
+        if (advance() == QXmlStreamReader::EndDocument) {
+            return;
+        }
+    }
+}
+
+QString XmlPart::readText()
+{
+    QString text;
+    while (nextContent()) {
+        if (!isText()) {
+            skip();
+        } else if (text.isEmpty()) {
+            text = mXml.text().toString();
+        } else if (text.size() + mXml.text().size() <= limits::TokenBytes) {
+            text += mXml.text();
+        } else {
+            fail(message::partTooLarge(mStream.name()));
+        }
+    }
+    return text;
+}
+
+void XmlPart::fail(const QString& error)
+{
+    if (mError.isEmpty()) {
+        mError = error;
+    }
+}
+
+QString XmlPart::finish()
+{
+    fail(hasError() ? QString() : mStream.finish());
+    return mError;
+}
+
+int intValue(const QStringRef& text, int fallback)
+{
+    bool isNumber = false;
+    const int value = text.trimmed().toInt(&isNumber);
+    return isNumber && value >= 0 ? value : fallback;
+}
+
+bool boolValue(const QStringRef& text)
+{
+    const QStringRef value = text.trimmed();
+    return value == QLatin1String("1") || value.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 ||
+           value == QLatin1String("on");
+}
+
+} // namespace table_reader

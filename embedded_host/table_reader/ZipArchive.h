@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QHash>
+#include <QIODevice>
+#include <QString>
+
+#include <memory>
+
+class QuaZip;
+class QuaZipFile;
+
+namespace table_reader {
+
+/// The parts of a zip archive by name. Names are matched as Office packages do: letter case, a leading slash
+/// and the direction of slashes do not count. Of parts with the same name the last one is taken.
+class ZipArchive {
+public:
+    explicit ZipArchive(QIODevice& file);
+    ~ZipArchive();
+
+    /// Reads the directory. Empty, or the sentence that says what is wrong.
+    QString open();
+    bool contains(const QString& name) const { return mParts.contains(key(name)); }
+
+private:
+    friend class PartStream;
+    static QString key(const QString& name);
+    QString readDirectory();
+    bool select(const QString& name);
+
+    std::unique_ptr<QuaZip> mZip;
+    QHash<QString, int> mParts; ///< number of the entry
+};
+
+/// One part, inflated as it is read, never whole in memory. Reading fails beyond the limits; finish() checks
+/// the length and the checksum. Only one stream of an archive may be open at a time.
+class PartStream : public QIODevice {
+    Q_OBJECT
+
+public:
+    PartStream(ZipArchive& archive, const QString& name);
+    ~PartStream() override;
+
+    /// Empty, or why the part cannot be read.
+    QString begin();
+    /// Forgets the bytes counted for the current token; see limits::TokenBytes.
+    void beginToken() { mTokenBytes = 0; }
+    /// Reads what is left, then checks length and checksum. Empty, or what is wrong.
+    QString finish();
+    /// What stopped the reading, if anything did.
+    const QString& failure() const { return mFailure; }
+    const QString& name() const { return mName; }
+
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char* data, qint64 maximum) override;
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    bool isSuspicious() const;
+
+    ZipArchive& mArchive;
+    QString mName;
+    QString mFailure;
+    std::unique_ptr<QuaZipFile> mPart;
+    qint64 mSize = 0;
+    qint64 mCompressed = 0;
+    qint64 mRead = 0;
+    qint64 mTokenBytes = 0;
+};
+
+} // namespace table_reader

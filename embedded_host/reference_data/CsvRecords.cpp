@@ -3,7 +3,6 @@
 #include "embedded_host/reference_data/ReferenceFaults.h"
 #include "embedded_host/table_reader/CsvTokenizer.h"
 
-#include <QFile>
 #include <QTextCodec>
 
 #include <optional>
@@ -44,27 +43,8 @@ bool isBlankLine(const QStringList& cells)
 
 } // namespace
 
-bool readWholeFile(const QString& path, QByteArray& bytes, QString& error)
+bool splitCsv(const QByteArray& bytes, const QString& path, QVector<CsvRecord>& records, QString& error)
 {
-    QFile file(path);
-    if (!file.exists()) {
-        error = reference_faults::at(path, 1, reference_faults::missingFile());
-        return false;
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
-        return false;
-    }
-    bytes = file.readAll();
-    return true;
-}
-
-bool readCsvRecords(const QString& path, QVector<CsvRecord>& records, QString& error)
-{
-    QByteArray bytes;
-    if (!readWholeFile(path, bytes, error)) {
-        return false;
-    }
     const std::optional<QString> text = decodeUtf8(bytes);
     if (!text) {
         error = reference_faults::at(path, invalidUtf8Line(bytes), reference_faults::invalidUtf8());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -9,9 +10,7 @@ struct CsvRecord {
     QStringList cells;
 };
 
-/// Reads a whole csv file of the reference data: UTF-8 with or without a byte order mark, commas, RFC 4180.
-/// Blank lines are left out. On a fault returns false and sets `error` to "FILE:LINE: what is wrong".
-bool readCsvRecords(const QString& path, QVector<CsvRecord>& records, QString& error);
-
-/// Reads a whole file; on a fault returns false and sets `error` as above.
-bool readWholeFile(const QString& path, QByteArray& bytes, QString& error);
+/// Splits a csv file of the reference data: UTF-8 with or without a byte order mark, commas, RFC 4180. Blank
+/// lines are left out. On a fault returns false and sets `error` to "FILE:LINE: what is wrong", FILE as
+/// `path`.
+bool splitCsv(const QByteArray& bytes, const QString& path, QVector<CsvRecord>& records, QString& error);

@@ -8,16 +8,16 @@
 
 #include <algorithm>
 
-/// Turns the records of a csv file into the rows of a table. The first fault ends it.
+/// Turns the bytes of a csv file into the rows of a table. The first fault ends it.
 template <typename Row> class CsvTable {
 public:
     CsvTable(const ReferenceTable<Row>& table, const QString& path) : mTable(table), mPath(path) {}
 
     /// False on a fault, with `error` as "FILE:LINE: what is wrong".
-    bool read(QList<Row>& rows, QString& error)
+    bool read(const QByteArray& bytes, QList<Row>& rows, QString& error)
     {
         QVector<CsvRecord> records;
-        if (!readCsvRecords(mPath, records, error)) {
+        if (!splitCsv(bytes, mPath, records, error)) {
             return false;
         }
         if (records.isEmpty()) {

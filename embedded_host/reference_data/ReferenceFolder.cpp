@@ -3,20 +3,55 @@
 #include "embedded_host/reference_data/CsvTable.h"
 #include "embedded_host/reference_data/StrategyCatalogue.h"
 
-#include <QFileInfo>
+#include <QFile>
 
 namespace {
+
+const QString StrategiesFile = QStringLiteral("strategies.json");
 
 QString pathIn(const QString& folder, const QString& fileName)
 {
     return folder.endsWith(QLatin1Char('/')) ? folder + fileName : folder + QLatin1Char('/') + fileName;
 }
 
+bool readWholeFile(const QString& path, QByteArray& bytes, QString& error)
+{
+    QFile file(path);
+    if (!file.exists()) {
+        error = reference_faults::at(path, 1, reference_faults::missingFile());
+        return false;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
+        return false;
+    }
+    bytes = file.readAll();
+    return true;
+}
+
+bool readStrategies(const QString& folder, QList<AesStrategy>& strategies, QString& error)
+{
+    const QString path = pathIn(folder, StrategiesFile);
+    QByteArray json;
+    return readWholeFile(path, json, error) && readStrategyCatalogue(json, path, strategies, error);
+}
+
+template <typename Row>
+bool readTable(const QString& folder, const ReferenceTable<Row>& table, QList<Row>& rows, QString& error)
+{
+    const QString path = pathIn(folder, table.fileName());
+    if (table.presence == ReferenceTable<Row>::Optional && !QFile::exists(path)) {
+        return true;
+    }
+    QByteArray csv;
+    return readWholeFile(path, csv, error) && CsvTable(table, path).read(csv, rows, error);
+}
+
 } // namespace
 
 QStringList referenceFileNames()
 {
-    QStringList names{QStringLiteral("strategies.json")};
+    QStringList names{StrategiesFile};
     forEachCsvTable([&names](const auto& table) {
         names.append(table.fileName());
         return true;
@@ -28,18 +63,13 @@ std::optional<ReferenceTables> readReferenceFolder(const QString& folder, QStrin
 {
     ReferenceTables tables;
     error.clear();
-    const auto readTable = [&](const auto& table) {
-        using Table = std::decay_t<decltype(table)>;
-        const QString path = pathIn(folder, table.fileName());
-        if (table.presence == Table::Optional && !QFileInfo::exists(path)) {
-            return true;
-        }
-        return CsvTable(table, path).read(tables.*table.rows, error);
-    };
-    if (!readStrategyCatalogue(pathIn(folder, QStringLiteral("strategies.json")), tables.strategies, error) ||
-        !forEachCsvTable(readTable)) {
+    const bool isSound =
+        readStrategies(folder, tables.strategies, error) && forEachCsvTable([&](const auto& table) {
+            return readTable(folder, table, tables.*table.rows, error);
+        });
+    if (!isSound) {
         return std::nullopt;
     }
-    tables.everythingAllowed = !QFileInfo::exists(pathIn(folder, authorityTable().fileName()));
+    tables.everythingAllowed = !QFile::exists(pathIn(folder, authorityTable().fileName()));
     return tables;
 }

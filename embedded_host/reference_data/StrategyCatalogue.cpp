@@ -1,6 +1,5 @@
 #include "embedded_host/reference_data/StrategyCatalogue.h"
 
-#include "embedded_host/reference_data/CsvRecords.h"
 #include "embedded_host/reference_data/ReferenceFaults.h"
 #include "host/AlgoConstants.h"
 
@@ -129,12 +128,9 @@ QString readEntries(const QJsonArray& entries, const QVector<int>& lines, QList<
 
 } // namespace
 
-bool readStrategyCatalogue(const QString& path, QList<AesStrategy>& strategies, QString& error)
+bool readStrategyCatalogue(const QByteArray& json, const QString& path, QList<AesStrategy>& strategies,
+                           QString& error)
 {
-    QByteArray json;
-    if (!readWholeFile(path, json, error)) {
-        return false;
-    }
     QJsonParseError syntax;
     const QJsonDocument document = QJsonDocument::fromJson(json, &syntax);
     if (syntax.error != QJsonParseError::NoError) {

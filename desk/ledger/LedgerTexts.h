@@ -103,6 +103,13 @@ inline QString forbiddenChange(const QString& instance, const QString& before, c
     return QStringLiteral("算法实例 %1 %2，不能改为%3。").arg(instance, before, after);
 }
 
+// limits.csv.
+
+inline QString negativeLimit(const QString& column, const QString& cell)
+{
+    return QStringLiteral("%1 不能为负数：%2").arg(column, cell);
+}
+
 // Ceilings: refusals of the guard.
 
 inline QString rowQuantity(int count, const QString& limit)

@@ -1,8 +1,9 @@
 #include "desk/ledger/Limits.h"
 
+#include "desk/ledger/LedgerTexts.h"
 #include "embedded_host/reference_data/CsvTable.h"
 
-#include <QFileInfo>
+#include <QFile>
 #include <QtNumeric>
 
 namespace ledger {
@@ -46,7 +47,7 @@ ReferenceColumn<LimitScope> ceilingColumn(const NamedCeiling& ceiling)
                     return reference_faults::notNumber(name, cell);
                 }
                 row.limits.*field = value;
-                return value < 0.0 ? reference_faults::belowZero(name, cell) : QString();
+                return value < 0.0 ? texts::negativeLimit(name, cell) : QString();
             },
             nullptr};
 }
@@ -111,12 +112,18 @@ std::optional<QList<LimitScope>> readLimits(const QString& folder, QString& erro
 {
     const QString path = folder + (folder.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/")) +
                          limitTable().fileName();
+    QFile file(path);
     QList<LimitScope> scopes;
     error.clear();
-    if (!QFileInfo::exists(path) || CsvTable(limitTable(), path).read(scopes, error)) {
+    if (!file.exists()) {
         return scopes;
     }
-    return std::nullopt;
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
+        return std::nullopt;
+    }
+    const bool isSound = CsvTable(limitTable(), path).read(file.readAll(), scopes, error);
+    return isSound ? std::make_optional(scopes) : std::nullopt;
 }
 
 } // namespace ledger

@@ -25,11 +25,17 @@ public:
     bool isCsvFile() const { return mDialog.mIsCsvFile; }
     bool isCreatedClose() const { return mDialog.mIsCreatedClose; }
     QSettings* settings() const { return mDialog.mSettings; }
+    Ui::AlgoBatchImportParamSetting* form() const { return mDialog.ui; }
 
     // Operations by their names.
     QStringList initTableHeadList(const QString& formats, QString& error)
     {
         return mDialog.initTableHeadList(formats, error);
+    }
+    void saveComboxParamValue(QMap<QString, QMap<QString, QString>>& options, const QVariantMap& entry,
+                              const QString& name)
+    {
+        mDialog.saveComboxParamValue(options, entry, name);
     }
     QString transColData2ColDataName(const QString& symbol, const QString& column, QString& cell,
                                      QString& error)

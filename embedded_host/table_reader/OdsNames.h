@@ -5,17 +5,15 @@
 /// Namespaces of OpenDocument files.
 namespace table_reader::ods {
 
-constexpr XmlNamespace Office = {QLatin1String("urn:oasis:names:tc:opendocument:xmlns:office:1.0"),
-                                 QLatin1String()};
-constexpr XmlNamespace TableSpace = {QLatin1String("urn:oasis:names:tc:opendocument:xmlns:table:1.0"),
+constexpr XmlNamespace Office = {latin1("urn:oasis:names:tc:opendocument:xmlns:office:1.0"), QLatin1String()};
+constexpr XmlNamespace TableSpace = {latin1("urn:oasis:names:tc:opendocument:xmlns:table:1.0"),
                                      QLatin1String()};
-constexpr XmlNamespace Text = {QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:1.0"),
-                               QLatin1String()};
-constexpr XmlNamespace Style = {QLatin1String("urn:oasis:names:tc:opendocument:xmlns:style:1.0"),
-                                QLatin1String()};
-constexpr XmlNamespace Manifest = {QLatin1String("urn:oasis:names:tc:opendocument:xmlns:manifest:1.0"),
+constexpr XmlNamespace Text = {latin1("urn:oasis:names:tc:opendocument:xmlns:text:1.0"), QLatin1String()};
+constexpr XmlNamespace Style = {latin1("urn:oasis:names:tc:opendocument:xmlns:style:1.0"), QLatin1String()};
+constexpr XmlNamespace Manifest = {latin1("urn:oasis:names:tc:opendocument:xmlns:manifest:1.0"),
                                    QLatin1String()};
-constexpr QLatin1String CalcExtension("urn:org:documentfoundation:names:experimental:calc:xmlns:calcext:1.0");
+constexpr QLatin1String CalcExtension =
+    latin1("urn:org:documentfoundation:names:experimental:calc:xmlns:calcext:1.0");
 
 inline QStringRef value(const QXmlStreamAttributes& attributes, const XmlNamespace& space, const char* name)
 {

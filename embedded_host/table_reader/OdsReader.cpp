@@ -12,7 +12,7 @@ using ods::value;
 const QString ContentPart = QStringLiteral("content.xml");
 const QString ManifestPart = QStringLiteral("META-INF/manifest.xml");
 const QString TypePart = QStringLiteral("mimetype");
-constexpr QLatin1String SpreadsheetType("application/vnd.oasis.opendocument.spreadsheet");
+constexpr QLatin1String SpreadsheetType = latin1("application/vnd.oasis.opendocument.spreadsheet");
 
 /// What the manifest says of the archive.
 struct ManifestFacts {

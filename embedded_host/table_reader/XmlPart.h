@@ -7,6 +7,12 @@
 
 namespace table_reader {
 
+/// A latin text known when compiling, for constants.
+template <std::size_t Size> constexpr QLatin1String latin1(const char (&text)[Size])
+{
+    return QLatin1String(text, static_cast<int>(Size) - 1);
+}
+
 /// A namespace in its usual spelling and the one of the strict ISO edition; both mean the same.
 struct XmlNamespace {
     QLatin1String usual;

@@ -1,0 +1,106 @@
+#include "embedded_host/templates/TemplateFiles.h"
+
+#include "embedded_host/templates/TemplateFormats.h"
+#include "embedded_host/templates/TemplateTexts.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace template_files {
+
+namespace {
+
+/// Spreadsheet programs leave such a file beside one that they have open.
+bool isOpenElsewhere(const QFileInfo& file)
+{
+    const QDir folder = file.dir();
+    return folder.exists(QStringLiteral("~$") + file.fileName()) ||
+           folder.exists(QStringLiteral(".~lock.%1#").arg(file.fileName()));
+}
+
+/// Why a file cannot be written there; empty where nothing speaks against it. The owner's permission counts,
+/// so that a file marked read-only is spared whoever runs the program.
+QString obstacle(const QString& path)
+{
+    const QFileInfo file(path);
+    const QString shown = QDir::toNativeSeparators(path);
+    if (file.isDir()) {
+        return template_texts::IsFolder.arg(shown);
+    }
+    if (!file.dir().exists()) {
+        return template_texts::NoFolder.arg(QDir::toNativeSeparators(file.path()));
+    }
+    if (file.exists() && (!file.isWritable() || !file.permission(QFileDevice::WriteOwner))) {
+        return template_texts::ReadOnlyFile.arg(shown);
+    }
+    return isOpenElsewhere(file) ? template_texts::OpenElsewhere.arg(shown) : QString();
+}
+
+/// Writes beside the file, then renames over it.
+QString save(const QString& path, const QByteArray& bytes)
+{
+    const QString reason = obstacle(path);
+    if (!reason.isEmpty()) {
+        return reason;
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        return template_texts::WriteFailed.arg(QDir::toNativeSeparators(path), file.errorString());
+    }
+    return QString();
+}
+
+/// "templates.csv" and AITWAP: "templates-AITWAP.csv". A path separator in a code stays out of the name.
+QString ownPath(const QString& path, QString code)
+{
+    const QFileInfo file(path);
+    code.replace(QLatin1Char('/'), QLatin1Char('_')).replace(QLatin1Char('\\'), QLatin1Char('_'));
+    return file.dir().filePath(QStringLiteral("%1-%2.%3").arg(file.completeBaseName(), code, file.suffix()));
+}
+
+Written writeXlsx(const QString& path, const QList<TemplateSheet>& sheets)
+{
+    QString error;
+    const QByteArray bytes = xlsxBytes(sheets, error);
+    if (!error.isEmpty()) {
+        return {{}, template_texts::WriteFailed.arg(QDir::toNativeSeparators(path), error)};
+    }
+    error = save(path, bytes);
+    return error.isEmpty() ? Written{{path}, QString()} : Written{{}, error};
+}
+
+Written writeCsv(const QString& path, const QList<TemplateSheet>& sheets)
+{
+    Written written;
+    for (const TemplateSheet& sheet : sheets) {
+        const QString file = sheets.size() == 1 ? path : ownPath(path, sheet.name);
+        written.error = save(file, csvBytes(sheet));
+        if (!written.error.isEmpty()) {
+            return written;
+        }
+        written.files.append(file);
+    }
+    return written;
+}
+
+} // namespace
+
+Written write(const QString& path, const QList<AesStrategy>& strategies, const QList<Market>& markets)
+{
+    const QString ending = QFileInfo(path).suffix().toLower();
+    const bool xlsx = ending == QLatin1String("xlsx");
+    if (!xlsx && ending != QLatin1String("csv")) {
+        return {{}, template_texts::UnknownEnding.arg(QDir::toNativeSeparators(path))};
+    }
+    if (strategies.isEmpty()) {
+        return {{}, template_texts::NoStrategy.arg(QDir::toNativeSeparators(path))};
+    }
+    QList<TemplateSheet> sheets;
+    for (const AesStrategy& strategy : strategies) {
+        sheets.append(describeTemplate(strategy, markets));
+    }
+    return xlsx ? writeXlsx(path, sheets) : writeCsv(path, sheets);
+}
+
+} // namespace template_files

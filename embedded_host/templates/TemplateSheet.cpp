@@ -1,0 +1,380 @@
+#include "embedded_host/templates/TemplateSheet.h"
+
+#include "embedded_host/templates/TemplateTexts.h"
+#include "host/AlgoConstants.h"
+#include "host/NorvikConstants.h"
+#include "host/SolveyConstants.h"
+
+#include <QDate>
+#include <QHash>
+#include <QJsonDocument>
+#include <QVariantMap>
+
+#include <algorithm>
+
+namespace Field = Algo_Fields::AlgoParamFields;
+namespace Info = Algo_Fields::AlgoInstContentInfo;
+namespace ParamId = Algo_Values::AlgoParamId;
+namespace UiType = Algo_Values::AlgoParamUiType;
+
+namespace template_files {
+
+namespace {
+
+const QString SecurityName = QStringLiteral("证券名称");
+const QString CreateAndStart = QStringLiteral("创建后是否立即启动");
+const QString SealingAmount = QStringLiteral("封单金额");
+const QChar LegSeparator = QLatin1Char('/');
+
+/// Carry two legs in one row.
+const QStringList LockStrategies = {QStringLiteral("AILOCK"), QStringLiteral("AILOCKPLUS"),
+                                    QStringLiteral("AILOCK3")};
+/// Always start on creation: their files have no column for it.
+const QStringList StartsAtOnce = {QStringLiteral("KF_TWAPPLUS"), QStringLiteral("KF_VWAPPLUS")};
+/// Must have a value wherever they are a column.
+const QStringList AlwaysRequired = {ParamId::traderOrder, ParamId::entrustProp,  CreateAndStart,
+                                    SealingAmount,        Info::Quantity_Amount, ParamId::SellBalance,
+                                    ParamId::InvestType};
+
+struct Convention {
+    CellKind kind;
+    const char* unit; ///< UTF-8
+    const char* example;
+};
+
+/// What the trade writes into a column that is no choice and no time.
+const QHash<QString, Convention>& conventions()
+{
+    static const Convention quantity{CellKind::Whole, "数量（股票为股，债券为张，期货为手）", "1000"};
+    static const Convention price{CellKind::Decimal, "价格（元，港股为港元），空为不限价", "10.50"};
+    static const Convention money{CellKind::Decimal, "金额（元）", "100000"};
+    static const Convention percent{CellKind::Decimal, "百分数，如15表示15%", "15"};
+    static const Convention seconds{CellKind::Whole, "秒", "30"};
+    static const QHash<QString, Convention> table = {
+        {Info::Quantity, quantity},
+        {QStringLiteral("单笔最大"), quantity},
+        {QStringLiteral("单笔最小"), quantity},
+        {QStringLiteral("单笔最小量"), quantity},
+        {QStringLiteral("单笔最大委托数量"), quantity},
+        {Info::PriceLimits, price},
+        {QStringLiteral("限价"), price},
+        {Info::Quantity_Amount, money},
+        {SealingAmount, money},
+        {ParamId::SellBalance, money},
+        {Info::minAmout, money},
+        {Info::participationrate, percent},
+        {QStringLiteral("扫盘比例（%）"), percent},
+        {QStringLiteral("扫盘比例(%)"), percent},
+        {QStringLiteral("触发涨幅（%）"), percent},
+        {QStringLiteral("增减持比例（%）"), percent},
+        {QStringLiteral("委托间隔"), seconds},
+        {QStringLiteral("撤单时间"), seconds},
+    };
+    return table;
+}
+
+/// A value that may be typed and what it means.
+using Choice = QPair<QString, QString>;
+
+/// Directions are typed as the market numbers them, not as the strategy sends them.
+QString typedDirection(const QString& display)
+{
+    static const QHash<QString, QString> typed = {
+        {QStringLiteral("买入"), Norvik_Values::OrderSide::buy},
+        {QStringLiteral("卖出"), Norvik_Values::OrderSide::sell},
+        {Algo_Values::FutureSide::BuyOpenChi, Solvey_Values::SideUnion::openBuy},
+        {Algo_Values::FutureSide::SellOpenChi, Solvey_Values::SideUnion::openSell},
+        {Algo_Values::FutureSide::BuyCloseChi, Solvey_Values::SideUnion::closeBuy},
+        {Algo_Values::FutureSide::SellCloseChi, Solvey_Values::SideUnion::closeSell},
+    };
+    return typed.value(display);
+}
+
+QList<Choice> choicesOf(const QVariantMap& entry)
+{
+    const bool direction = entry.value(Field::paramName).toString() == ParamId::traderOrder;
+    QList<Choice> choices;
+    const QVariantList options = entry.value(Field::options).toList();
+    for (const QVariant& option : options) {
+        const QString display = option.toMap().value(Field::display).toString();
+        const QString value = option.toMap().value(Field::value).toString();
+        const QString typed = direction ? typedDirection(display) : value;
+        if (!typed.isEmpty()) {
+            choices.append({typed, display});
+        }
+    }
+    return choices;
+}
+
+QStringList typedValues(const QList<Choice>& choices)
+{
+    QStringList values;
+    for (const Choice& choice : choices) {
+        values.append(choice.first);
+    }
+    return values;
+}
+
+QString meaningOf(const QList<Choice>& choices)
+{
+    QStringList meanings;
+    for (const Choice& choice : choices) {
+        meanings.append(choice.first + QLatin1Char('-') + choice.second);
+    }
+    return meanings.join(template_texts::NoteSeparator);
+}
+
+/// Legs of a lock are opposite in direction; every other value may stand beside every value.
+QStringList legPairs(const QStringList& values, bool opposite)
+{
+    QStringList pairs;
+    for (const QString& first : values) {
+        for (const QString& second : values) {
+            if (!opposite || first != second) {
+                pairs.append(first + LegSeparator + second);
+            }
+        }
+    }
+    return pairs;
+}
+
+QString defaultNote(const QVariantMap& entry, const QList<Choice>& choices)
+{
+    const QString value = entry.value(Field::strDefault).toMap().value(Field::value).toString();
+    if (value.isEmpty()) {
+        return QString();
+    }
+    if (entry.value(Field::ui).toString() == UiType::DateTime) {
+        return value == Algo_Values::AlgoParamOptions::currentTime ? template_texts::DefaultNow
+                                                                   : template_texts::DefaultToday.arg(value);
+    }
+    const auto choice = std::find_if(choices.begin(), choices.end(),
+                                     [&](const Choice& known) { return known.first == value; });
+    return template_texts::DefaultValue.arg(choice == choices.end() ? value : choice->second);
+}
+
+QString joinedNote(QStringList parts)
+{
+    parts.removeAll(QString());
+    return parts.join(template_texts::NoteSeparator);
+}
+
+/// Describes one parameter of the strategy's document.
+class ColumnWriter {
+public:
+    ColumnWriter(QVariantMap entry, bool ofTable, bool twoLegs)
+        : mEntry(std::move(entry)), mChoices(choicesOf(mEntry)), mTwoLegs(twoLegs && ofTable)
+    {
+        mColumn.title = mEntry.value(Field::paramName).toString();
+        mColumn.required =
+            ofTable || AlwaysRequired.contains(mColumn.title) ||
+            mEntry.value(Field::required, QStringLiteral("false")).toString() != QLatin1String("false");
+    }
+
+    TemplateColumn column()
+    {
+        QString unit;
+        if (mColumn.title == Info::Symbol) {
+            mColumn.kind = CellKind::Verbatim;
+            unit = template_texts::CodeNote;
+        } else if (mEntry.value(Field::ui).toString() == UiType::DateTime) {
+            mColumn.kind = CellKind::DateTime;
+            mColumn.example = exampleTime();
+            unit = template_texts::DateTimeNote;
+        } else if (!mChoices.isEmpty()) {
+            fillChoice();
+            unit = meaningOf(mChoices);
+        } else {
+            unit = fillConventional();
+        }
+        mColumn.note = joinedNote({unit, legsNote(),
+                                   mColumn.required ? template_texts::Required : template_texts::Optional,
+                                   mColumn.required ? QString() : defaultNote(mEntry, mChoices)});
+        return mColumn;
+    }
+
+private:
+    void fillChoice()
+    {
+        mColumn.accepted = typedValues(mChoices);
+        if (mTwoLegs) {
+            mColumn.kind = CellKind::Verbatim;
+            mColumn.accepted = legPairs(mColumn.accepted, mColumn.title == ParamId::traderOrder);
+        }
+        mColumn.example = mColumn.accepted.value(0);
+    }
+
+    QString fillConventional()
+    {
+        const auto known = conventions().constFind(mColumn.title);
+        if (known == conventions().constEnd()) {
+            return QString();
+        }
+        mColumn.kind = known->kind;
+        mColumn.example = QString::fromUtf8(known->example);
+        const bool legs = mTwoLegs && mColumn.title == Info::PriceLimits;
+        if (legs) {
+            mColumn.kind = CellKind::Verbatim;
+            mColumn.example += LegSeparator + mColumn.example;
+        }
+        const QString unit = QString::fromUtf8(known->unit);
+        return mColumn.required ? unit.section(template_texts::NoteSeparator, 0, 0) : unit;
+    }
+
+    QString legsNote() const
+    {
+        const bool legs = mTwoLegs && mColumn.example.contains(LegSeparator);
+        return legs ? template_texts::BothLegs.arg(mColumn.example) : QString();
+    }
+
+    QString exampleTime() const
+    {
+        const QString value = mEntry.value(Field::strDefault).toMap().value(Field::value).toString();
+        const QTime time = QTime::fromString(value, Qt::TextDate);
+        return QDate::currentDate().toString(Qt::ISODate) + QLatin1Char(' ') +
+               (time.isValid() ? time : QTime(9, 30)).toString(QStringLiteral("HH:mm:ss"));
+    }
+
+    const QVariantMap mEntry;
+    const QList<Choice> mChoices;
+    const bool mTwoLegs;
+    TemplateColumn mColumn;
+};
+
+bool isVisible(const QVariantMap& entry)
+{
+    return entry.value(Field::visible, true).toString().toUpper() == QLatin1String("TRUE");
+}
+
+QList<TemplateColumn> documentColumns(const AesStrategy& strategy)
+{
+    const bool twoLegs = LockStrategies.contains(strategy.name());
+    QList<TemplateColumn> columns;
+    const auto add = [&](const QVariantMap& entry, bool ofTable) {
+        if (!entry.isEmpty() && isVisible(entry)) {
+            columns.append(ColumnWriter(entry, ofTable, twoLegs).column());
+        }
+    };
+    const QVariantList document =
+        QJsonDocument::fromJson(strategy.paramFormats().toUtf8()).toVariant().toList();
+    for (const QVariant& element : document) {
+        const QVariantMap entry = element.toMap();
+        if (entry.value(Field::ui).toString() != UiType::Table) {
+            add(entry, false);
+            continue;
+        }
+        const QVariantList tableColumns = entry.value(Field::columns).toList();
+        for (const QVariant& column : tableColumns) {
+            add(column.toMap(), true);
+        }
+    }
+    return columns;
+}
+
+TemplateColumn choiceColumn(const QString& title, const QList<Choice>& choices)
+{
+    TemplateColumn column;
+    column.title = title;
+    column.required = true;
+    column.accepted = typedValues(choices);
+    column.example = column.accepted.value(0);
+    column.note = joinedNote({meaningOf(choices), template_texts::Required});
+    return column;
+}
+
+TemplateColumn marketColumn(const QList<Market>& markets)
+{
+    QList<Choice> choices;
+    for (const Market& market : markets) {
+        choices.append({market.exchange, market.name});
+    }
+    return choiceColumn(Info::Exchange, choices);
+}
+
+TemplateColumn startColumn()
+{
+    return choiceColumn(CreateAndStart,
+                        {{Algo_Values::AlgoInstruction::Create, template_texts::CreateOnly},
+                         {Algo_Values::AlgoInstruction::StartOnCreate, template_texts::StartOnCreate}});
+}
+
+TemplateColumn nameColumn()
+{
+    TemplateColumn column;
+    column.title = SecurityName;
+    column.note = template_texts::NameNote;
+    return column;
+}
+
+void removeFundAccount(QList<TemplateColumn>& columns)
+{
+    const auto found = std::find_if(columns.begin(), columns.end(), [](const TemplateColumn& column) {
+        return column.title == Info::fundAccount;
+    });
+    if (found != columns.end()) {
+        columns.erase(found);
+    }
+}
+
+QStringList notesOn(const QList<TemplateColumn>& columns)
+{
+    using namespace template_texts;
+    QStringList notes{NotesTitle, NumberedNote.arg(1).arg(SkippedRowsTitle, SkippedRows)};
+    for (const TemplateColumn& column : columns) {
+        notes.append(NumberedNote.arg(notes.size()).arg(column.title, column.note));
+    }
+    notes.append(ExampleTitle);
+    return notes;
+}
+
+} // namespace
+
+QStringList TemplateSheet::titles() const
+{
+    QStringList result;
+    for (const TemplateColumn& column : columns) {
+        result.append(column.title);
+    }
+    return result;
+}
+
+QStringList TemplateSheet::noteRow(const QString& text)
+{
+    return {QString(), QString(), text};
+}
+
+QStringList TemplateSheet::exampleRow() const
+{
+    QStringList row;
+    for (int i = 0; i < columns.size(); ++i) {
+        row.append(i < 2 ? QString() : columns.at(i).example);
+    }
+    return row;
+}
+
+QList<QStringList> TemplateSheet::rows() const
+{
+    QList<QStringList> result{titles()};
+    for (const QString& note : notes) {
+        result.append(noteRow(note));
+    }
+    result.append(exampleRow());
+    return result;
+}
+
+TemplateSheet describeTemplate(const AesStrategy& strategy, const QList<Market>& markets)
+{
+    TemplateSheet sheet;
+    sheet.name = strategy.name();
+    sheet.columns = documentColumns(strategy);
+    removeFundAccount(sheet.columns);
+    if (!StartsAtOnce.contains(strategy.name())) {
+        sheet.columns.append(startColumn());
+    }
+    sheet.columns.insert(std::min(1, sheet.columns.size()), nameColumn());
+    sheet.columns.insert(std::min(2, sheet.columns.size()), marketColumn(markets));
+    sheet.notes = notesOn(sheet.columns);
+    return sheet;
+}
+
+} // namespace template_files

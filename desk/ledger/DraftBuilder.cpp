@@ -16,7 +16,6 @@ namespace {
 namespace Info = Algo_Fields::AlgoInstContentInfo;
 namespace Id = Algo_Values::AlgoParamId;
 
-const QString SealAmount = QStringLiteral("封单金额");
 const QString OrderDirection = QStringLiteral("委托方向");
 const QString StartsAtOnce = QStringLiteral("创建后是否立即启动");
 
@@ -80,7 +79,7 @@ private:
             leg.direction = text(parameters, OrderDirection);
         }
         leg.limitPrice = sizeOf(text(parameters, Info::PriceLimits));
-        leg.typedAmount = qMax(sizeOf(cell(Info::Quantity_Amount)), sizeOf(cell(SealAmount)));
+        leg.typedAmount = sizeOf(cell(Info::Quantity_Amount));
         // The cell counts in units, while a leg counts in the security's display factor.
         const QString quantity = cell(Info::Quantity);
         leg.quantity = sizeOf(quantity.isEmpty() ? parameters.value(Info::Quantity).toString() : quantity);

@@ -1,0 +1,99 @@
+#include "desk/ledger/BatchDiff.h"
+
+#include "tests/ledger/SampleDrafts.h"
+
+#include <gtest/gtest.h>
+
+using namespace ledger;
+
+namespace {
+
+const QStringList Columns{u"证券代码"_s, u"交易方向"_s, u"委托数量"_s};
+
+BatchTable table(const QList<QStringList>& rows, const QStringList& columns = Columns)
+{
+    return {columns, rows};
+}
+
+} // namespace
+
+TEST(BatchDiff, OfTheSameTableIsEmpty)
+{
+    const BatchTable same = table({{u"A"_s, u"买入"_s, u"100"_s}, {u"A"_s, u"买入"_s, u"100"_s}});
+    EXPECT_TRUE(compareTables(same, same).isEmpty());
+}
+
+TEST(BatchDiff, NamesTheColumnAndBothTextsOfAChangedCell)
+{
+    const BatchDiff diff = compareTables(table({{u"A"_s, u"买入"_s, u"100"_s}, {u"B"_s, u"买入"_s, u"5"_s}}),
+                                         table({{u"B"_s, u"买入"_s, u"5"_s}, {u"A"_s, u"买入"_s, u"200"_s}}));
+    ASSERT_EQ(diff.cellsChanged.size(), 1);
+    const ChangedCell cell = diff.cellsChanged.first();
+    EXPECT_EQ(cell.oldRow, 1);
+    EXPECT_EQ(cell.newRow, 2);
+    EXPECT_EQ(cell.column, u"委托数量"_s);
+    EXPECT_EQ(cell.before, u"100"_s);
+    EXPECT_EQ(cell.after, u"200"_s);
+    EXPECT_TRUE(diff.rowsAdded.isEmpty() && diff.rowsRemoved.isEmpty());
+}
+
+TEST(BatchDiff, ListsRowsAddedAndRemoved)
+{
+    const BatchDiff diff = compareTables(table({{u"A"_s, u"买入"_s, u"1"_s}, {u"B"_s, u"买入"_s, u"2"_s}}),
+                                         table({{u"B"_s, u"买入"_s, u"2"_s}, {u"C"_s, u"买入"_s, u"3"_s}}));
+    ASSERT_EQ(diff.rowsAdded.size(), 1);
+    EXPECT_EQ(diff.rowsAdded.first().row, 2);
+    EXPECT_EQ(diff.rowsAdded.first().cells.first(), u"C"_s);
+    ASSERT_EQ(diff.rowsRemoved.size(), 1);
+    EXPECT_EQ(diff.rowsRemoved.first().row, 1);
+    EXPECT_TRUE(diff.cellsChanged.isEmpty());
+}
+
+TEST(BatchDiff, TakesATurnedDirectionForAnotherOrder)
+{
+    const BatchDiff diff =
+        compareTables(table({{u"A"_s, u"买入"_s, u"1"_s}}), table({{u"A"_s, u"卖出"_s, u"1"_s}}));
+    EXPECT_EQ(diff.rowsAdded.size(), 1);
+    EXPECT_EQ(diff.rowsRemoved.size(), 1);
+}
+
+TEST(BatchDiff, OfOneRowTakenOutAmongSeveralOfASecurityChangesNoOther)
+{
+    const BatchDiff diff = compareTables(
+        table({{u"A"_s, u"买入"_s, u"1"_s}, {u"A"_s, u"买入"_s, u"2"_s}, {u"A"_s, u"买入"_s, u"3"_s}}),
+        table({{u"A"_s, u"买入"_s, u"2"_s}, {u"A"_s, u"买入"_s, u"3"_s}}));
+    EXPECT_TRUE(diff.cellsChanged.isEmpty());
+    ASSERT_EQ(diff.rowsRemoved.size(), 1);
+    EXPECT_EQ(diff.rowsRemoved.first().row, 1);
+}
+
+TEST(BatchDiff, FollowsColumnsByNameAndListsThoseThatCameOrWent)
+{
+    const BatchDiff diff =
+        compareTables(table({{u"A"_s, u"买入"_s, u"1"_s}}),
+                      table({{u"说明"_s, u"A"_s, u"买入"_s}}, {u"备注"_s, u"证券代码"_s, u"交易方向"_s}));
+    EXPECT_EQ(diff.columnsAdded, QStringList{u"备注"_s});
+    EXPECT_EQ(diff.columnsRemoved, QStringList{u"委托数量"_s});
+    EXPECT_TRUE(diff.cellsChanged.isEmpty() && diff.rowsAdded.isEmpty() && diff.rowsRemoved.isEmpty());
+    EXPECT_FALSE(diff.isEmpty());
+}
+
+TEST(BatchDiff, BearsRowsShorterThanTheirColumns)
+{
+    const BatchDiff diff = compareTables(table({{u"A"_s}}), table({{u"A"_s, QString(), u"7"_s}}));
+    ASSERT_EQ(diff.cellsChanged.size(), 1);
+    EXPECT_EQ(diff.cellsChanged.first().before, QString());
+    EXPECT_EQ(diff.cellsChanged.first().after, u"7"_s);
+}
+
+TEST(BatchDiff, ComparesWithTheTableThatTheLedgerKept)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(3));
+    ledger.reopen();
+    BatchTable edited = sampleDraft(3).table;
+    edited.rows[1][2] = u"1200"_s;
+    const BatchDiff diff = compareTables(ledger->tableOf(1).value, edited);
+    ASSERT_EQ(diff.cellsChanged.size(), 1);
+    EXPECT_EQ(diff.cellsChanged.first().newRow, 2);
+}

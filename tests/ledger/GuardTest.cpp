@@ -1,0 +1,302 @@
+#include "desk/ledger/BatchCreation.h"
+#include "tests/ledger/SampleDrafts.h"
+
+#include <gtest/gtest.h>
+
+using namespace ledger;
+
+namespace {
+
+/// Every security of the samples at 10, without factors.
+Prices pricesOf(const BatchDraft& draft, double last = 10.0)
+{
+    Prices prices;
+    for (const InstanceDraft& instance : draft.instances) {
+        for (const Leg& leg : instance.legs) {
+            prices[{leg.symbol, leg.exchange}].last = last;
+        }
+    }
+    return prices;
+}
+
+Verdict verdictOn(BatchDraft draft, const Limits& limits = {}, const QList<EarlierBatch>& earlier = {})
+{
+    const Prices prices = pricesOf(draft);
+    valueLegs(draft, prices);
+    return checkBatch(draft, limits, prices, earlier);
+}
+
+QStringList rulesOf(const QList<Finding>& findings)
+{
+    QStringList rules;
+    for (const Finding& finding : findings) {
+        rules.append(finding.rule);
+    }
+    return rules;
+}
+
+SampleRow row(const QString& symbol, const QString& direction, double quantity, double limitPrice = 10.0)
+{
+    return {symbol, direction, quantity, limitPrice, false};
+}
+
+/// The draft as it would be found after it was created.
+EarlierBatch asEarlier(const BatchDraft& draft, qint64 number)
+{
+    EarlierBatch earlier{number, draft.fileName, draft.fileSha256, {}};
+    for (const InstanceDraft& instance : draft.instances) {
+        ++earlier.rowKeys[rowKey(draft.strategy, instance)];
+    }
+    return earlier;
+}
+
+const QString A = u"600000.SH"_s;
+const QString B = u"600001.SH"_s;
+
+} // namespace
+
+TEST(Guard, LetsAnOrdinaryBatchPassWithoutAWord)
+{
+    const Verdict verdict = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Sell"_s, 500)}));
+    EXPECT_TRUE(verdict.refusals.isEmpty());
+    EXPECT_TRUE(verdict.warnings.isEmpty());
+    EXPECT_EQ(verdict.grossBuy, 10000.0);
+    EXPECT_EQ(verdict.grossSell, 5000.0);
+    EXPECT_EQ(verdict.confirmationAmount, 0);
+}
+
+TEST(Guard, RefusesARowAboveItsCeilingsAndNamesIt)
+{
+    Limits limits;
+    limits.rowQuantity = 900.0;
+    limits.rowAmount = 6000.0;
+    const Verdict verdict = verdictOn(sampleDraft({row(A, u"Buy"_s, 600), row(B, u"Buy"_s, 1000)}), limits);
+    ASSERT_EQ(rulesOf(verdict.refusals), (QStringList{u"rowQuantity"_s, u"rowAmount"_s}));
+    EXPECT_EQ(verdict.refusals.at(0).rows, QList<int>{2});
+    EXPECT_EQ(verdict.refusals.at(1).rows, QList<int>{2});
+    EXPECT_EQ(verdict.refusals.at(1).text, u"1 行金额超过单行上限 6,000 元"_s);
+}
+
+TEST(Guard, LetsARowThatMeetsItsCeilingExactlyPass)
+{
+    Limits limits;
+    limits.rowQuantity = 1000.0;
+    limits.rowAmount = 10000.0;
+    limits.securityAmount = 10000.0;
+    limits.grossBuy = 10000.0;
+    EXPECT_FALSE(verdictOn(sampleDraft({row(A, u"Buy"_s, 1000)}), limits).refuses());
+}
+
+TEST(Guard, AddsUpTheRowsOfOneSecurityOnEachSide)
+{
+    Limits limits;
+    limits.securityAmount = 15000.0;
+    const Verdict within = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Buy"_s, 1000)}), limits);
+    EXPECT_FALSE(within.refuses());
+    const Verdict above = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(A, u"Buy"_s, 1000)}), limits);
+    ASSERT_EQ(rulesOf(above.refusals), QStringList{u"securityAmount"_s});
+    EXPECT_TRUE(above.refusals.first().text.contains(A));
+}
+
+TEST(Guard, RefusesABatchWhoseGrossBuyOrSellIsAboveItsCeiling)
+{
+    Limits limits;
+    limits.grossBuy = 15000.0;
+    limits.grossSell = 15000.0;
+    const BatchDraft buys = sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"BuyOpen"_s, 1000)});
+    EXPECT_EQ(rulesOf(verdictOn(buys, limits).refusals), QStringList{u"grossBuy"_s});
+    const BatchDraft sells = sampleDraft({row(A, u"Sell"_s, 1000), row(B, u"SellClose"_s, 1000)});
+    EXPECT_EQ(rulesOf(verdictOn(sells, limits).refusals), QStringList{u"grossSell"_s});
+}
+
+TEST(Guard, CountsADirectionThatNobodyKnowsOnBothSides)
+{
+    const Verdict verdict = verdictOn(sampleDraft({row(A, u"?"_s, 1000)}));
+    EXPECT_EQ(verdict.grossBuy, 10000.0);
+    EXPECT_EQ(verdict.grossSell, 10000.0);
+}
+
+TEST(Guard, RefusesALimitPriceTooFarFromTheLastPriceOnEitherSide)
+{
+    Limits limits;
+    limits.priceDistance = 10.0;
+    const Verdict verdict = verdictOn(sampleDraft({row(A, u"Buy"_s, 100, 11.0), row(A, u"Buy"_s, 100, 11.01),
+                                                   row(A, u"Buy"_s, 100, 8.99), row(A, u"Buy"_s, 100, 0.0)}),
+                                      limits);
+    ASSERT_EQ(rulesOf(verdict.refusals), QStringList{u"priceDistance"_s});
+    EXPECT_EQ(verdict.refusals.first().rows, (QList<int>{2, 3}));
+}
+
+TEST(Guard, ComparesNoInterestRateWithAFaceValue)
+{
+    Limits limits;
+    limits.priceDistance = 10.0;
+    BatchDraft draft = sampleDraft({row(A, u"Sell"_s, 100, 1.85)});
+    Prices prices = pricesOf(draft, 100.0);
+    prices[{A, u"SH"_s}].isNominal = true;
+    valueLegs(draft, prices);
+    EXPECT_FALSE(checkBatch(draft, limits, prices, {}).refuses());
+}
+
+TEST(Guard, WarnsThatThisVeryFileWasCreatedToday)
+{
+    const BatchDraft draft = sampleDraft(3);
+    const Verdict verdict = verdictOn(draft, {}, {asEarlier(draft, 4), asEarlier(draft, 6)});
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{u"sameFile"_s});
+    EXPECT_EQ(verdict.warnings.first().count, 2);
+    EXPECT_EQ(verdict.warnings.first().text, u"该文件今天在此账号已创建过 2 次（批次 4、6）"_s);
+}
+
+TEST(Guard, WarnsOfRowsThatAnotherFileCreatedToday)
+{
+    BatchDraft before = sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Buy"_s, 500)});
+    before.fileSha256 = QString(64, QLatin1Char('b'));
+    const BatchDraft draft =
+        sampleDraft({row(A, u"Buy"_s, 900), row(B, u"Sell"_s, 500), row(B, u"Buy"_s, 500)});
+    const Verdict verdict = verdictOn(draft, {}, {asEarlier(before, 1)});
+    ASSERT_EQ(verdict.warnings.first().rule, u"sameRows"_s);
+    EXPECT_EQ(verdict.warnings.first().count, 1);
+    EXPECT_EQ(verdict.warnings.first().rows, QList<int>{3});
+}
+
+TEST(Guard, WarnsOfASecurityThatIsBoughtAndSold)
+{
+    const Verdict verdict =
+        verdictOn(sampleDraft({row(A, u"Buy"_s, 100), row(B, u"Buy"_s, 100), row(A, u"Sell"_s, 100)}));
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{u"bothSides"_s});
+    EXPECT_EQ(verdict.warnings.first().count, 1);
+    EXPECT_TRUE(verdict.warnings.first().text.contains(A));
+}
+
+TEST(Guard, TakesThePairOfOneRowAsMeant)
+{
+    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100)});
+    draft.instances[0].legs.append(draft.instances[0].legs.first());
+    draft.instances[0].legs[1].direction = u"Sell"_s;
+    EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
+    draft.instances.append(draft.instances.first());
+    EXPECT_EQ(rulesOf(verdictOn(draft).warnings), QStringList{u"bothSides"_s})
+        << "two such rows are another matter";
+}
+
+TEST(Guard, WarnsOfAQuantityThatLooksLikeMoney)
+{
+    Limits limits;
+    limits.moneyLikeAmount = 5e7;
+    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 1000), row(A, u"Buy"_s, 123456),
+                                    row(A, u"Buy"_s, 1000000), row(A, u"Buy"_s, 5000100)});
+    draft.instances[1].quantityText = u"123456.78"_s;
+    const Verdict verdict = verdictOn(draft, limits);
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{u"moneyLikeQuantity"_s});
+    EXPECT_EQ(verdict.warnings.first().rows, (QList<int>{2, 3, 4}))
+        << "a fraction; round and large; beyond reason";
+}
+
+TEST(Guard, TakesAnAmountThatWasTypedAsMoneyForWhatItIs)
+{
+    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 1000000)});
+    draft.instances[0].legs[0].typedAmount = 2e7;
+    draft.instances[0].quantityText.clear();
+    const Verdict verdict = verdictOn(draft);
+    EXPECT_TRUE(verdict.warnings.isEmpty());
+    EXPECT_EQ(verdict.grossBuy, 2e7);
+}
+
+TEST(Guard, WarnsOfRowsWithoutAnyPriceOrRefusesThem)
+{
+    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100, 0.0)});
+    valueLegs(draft, {});
+    EXPECT_EQ(rulesOf(checkBatch(draft, {}, {}, {}).warnings), QStringList{u"unpriced"_s});
+    Limits strict;
+    strict.refusesUnpriced = true;
+    EXPECT_EQ(rulesOf(checkBatch(draft, strict, {}, {}).refusals), QStringList{u"unpriced"_s});
+}
+
+TEST(Guard, ValuesARowWithoutAQuoteAtItsLimitPrice)
+{
+    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100, 12.0)});
+    valueLegs(draft, {});
+    EXPECT_EQ(checkBatch(draft, {}, {}, {}).grossBuy, 1200.0);
+}
+
+TEST(Guard, ValuesEachSideWithItsOwnFactor)
+{
+    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100), row(A, u"Sell"_s, 100)});
+    valueLegs(draft, {{{A, u"SH"_s}, {10.0, 0.95, 0.90, false}}});
+    const Verdict verdict = checkBatch(draft, {}, {}, {});
+    EXPECT_DOUBLE_EQ(verdict.grossBuy, 950.0);
+    EXPECT_DOUBLE_EQ(verdict.grossSell, 900.0);
+}
+
+TEST(Guard, PutsTheWorstWarningFirst)
+{
+    BatchDraft other = sampleDraft({row(A, u"Buy"_s, 2000000)});
+    other.fileSha256 = QString(64, QLatin1Char('b'));
+    const BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 2000000), row(A, u"Sell"_s, 100)});
+    const Verdict verdict = verdictOn(draft, {}, {asEarlier(draft, 1), asEarlier(other, 2)});
+    EXPECT_EQ(rulesOf(verdict.warnings),
+              (QStringList{u"sameFile"_s, u"sameRows"_s, u"bothSides"_s, u"moneyLikeQuantity"_s}));
+}
+
+TEST(Guard, AsksForTheGrossAmountFromItsThresholdOn)
+{
+    Limits limits;
+    limits.confirmAmount = 15000.0;
+    const BatchDraft below = sampleDraft({row(A, u"Buy"_s, 1000)});
+    EXPECT_EQ(verdictOn(below, limits).confirmationAmount, 0);
+    const Verdict at = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Sell"_s, 500)}), limits);
+    EXPECT_EQ(at.confirmationAmount, 15000);
+    EXPECT_TRUE(isConfirmedBy(at, u" 15,000.00 "_s));
+    EXPECT_TRUE(isConfirmedBy(at, u"15，000"_s));
+    for (const QString& wrong : {u""_s, u"1500"_s, u"150000"_s, u"是"_s, u"nan"_s}) {
+        EXPECT_FALSE(isConfirmedBy(at, wrong)) << wrong.toStdString();
+    }
+}
+
+TEST(Creation, NeedsConsentToWarnings)
+{
+    SampleLedger ledger;
+    const BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100), row(A, u"Sell"_s, 100)});
+    const Review review = reviewBatch(*ledger, draft, {}, pricesOf(draft)).value;
+    const Outcome<Batch> without = createReviewed(*ledger, review, {});
+    EXPECT_TRUE(without.error.contains(u"同时买入和卖出"_s)) << without.error.toStdString();
+    EXPECT_TRUE(ledger->batches().value.isEmpty());
+    EXPECT_EQ(createReviewed(*ledger, review, {true, QString()}).error, QString());
+    EXPECT_EQ(ledger->instances().value.first().legs.first().amount, 1000.0);
+}
+
+TEST(Creation, IsRefusedAboveACeilingWhateverTheConsent)
+{
+    SampleLedger ledger;
+    LimitScope scope;
+    scope.limits.grossBuy = 10.0;
+    const BatchDraft draft = sampleDraft(1);
+    const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
+    EXPECT_TRUE(createReviewed(*ledger, review, {true, u"10000"_s}).error.contains(u"超过上限"_s));
+    EXPECT_TRUE(ledger->batches().value.isEmpty());
+}
+
+TEST(Creation, NeedsTheGrossAmountTypedWhereTheGuardAsksForIt)
+{
+    SampleLedger ledger;
+    LimitScope scope;
+    scope.limits.confirmAmount = 1.0;
+    const BatchDraft draft = sampleDraft(1);
+    const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
+    EXPECT_TRUE(createReviewed(*ledger, review, {true, u"9999"_s}).error.contains(u"10,000"_s));
+    EXPECT_EQ(createReviewed(*ledger, review, {false, u"10000"_s}).error, QString());
+}
+
+TEST(Creation, OfTheSameFileIsWarnedOfUntilTheFirstBatchIsUndone)
+{
+    SampleLedger ledger;
+    const BatchDraft draft = sampleDraft(2);
+    const Prices prices = pricesOf(draft);
+    createReviewed(*ledger, reviewBatch(*ledger, draft, {}, prices).value, {});
+    BatchDraft again = draft;
+    again.id = QUuid::createUuid();
+    EXPECT_EQ(rulesOf(reviewBatch(*ledger, again, {}, prices).value.verdict.warnings),
+              QStringList{u"sameFile"_s});
+    ledger->undo(1);
+    EXPECT_TRUE(reviewBatch(*ledger, again, {}, prices).value.verdict.warnings.isEmpty());
+}

@@ -1,0 +1,210 @@
+#include "tests/ledger/SampleDrafts.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+
+using namespace ledger;
+
+namespace {
+
+QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+/// Opening a ledger file with these bytes says so, names the file, and changes no byte of it.
+void expectRefused(const QByteArray& bytes, const QString& reason)
+{
+    QTemporaryDir home;
+    const QString path = Ledger::pathIn(home.path());
+    write(path, bytes);
+    for (const QString& error : {Ledger::open(home.path()).error, openToRead(home.path()).error}) {
+        EXPECT_TRUE(error.contains(path)) << error.toStdString();
+        EXPECT_TRUE(error.contains(reason)) << error.toStdString();
+    }
+    EXPECT_EQ(bytesOf(path), bytes);
+    EXPECT_FALSE(QFile::exists(path + u"-wal"_s));
+}
+
+/// The bytes of a closed ledger with some batches.
+QByteArray soundLedger()
+{
+    SampleLedger ledger;
+    for (int i = 0; i < 20; ++i) {
+        ledger->createBatch(sampleDraft(50));
+    }
+    ledger.close();
+    return bytesOf(ledger.path());
+}
+
+/// A folder without write permission; the superuser gives up his rights meanwhile.
+class ReadOnlyFolder {
+public:
+    explicit ReadOnlyFolder(const QString& path) : mPath(path)
+    {
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+        constexpr uid_t Nobody = 65534;
+        mDropped = geteuid() == 0 && seteuid(Nobody) == 0;
+    }
+
+    ~ReadOnlyFolder()
+    {
+        if (mDropped) {
+            EXPECT_EQ(seteuid(0), 0);
+        }
+        QFile::setPermissions(mPath, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+private:
+    const QString mPath;
+    bool mDropped = false;
+};
+
+} // namespace
+
+TEST(LedgerFile, IsMadeWithItsFolderWhereThereIsNone)
+{
+    QTemporaryDir folder;
+    const QString home = folder.filePath(u"新/家"_s);
+    EXPECT_EQ(Ledger::open(home).error, QString());
+    EXPECT_TRUE(QFile::exists(Ledger::pathIn(home)));
+}
+
+TEST(LedgerFile, ThatIsNoDatabaseIsLeftAlone)
+{
+    expectRefused(QByteArray("证券代码,市场\r\n600000,SH\r\n").repeated(100), u"不是算法台账"_s);
+}
+
+TEST(LedgerFile, OfAnotherProgramIsLeftAlone)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"foreign.sqlite"_s);
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"foreign"_s);
+        database.setDatabaseName(path);
+        ASSERT_TRUE(database.open());
+        QSqlQuery(database).exec(u"CREATE TABLE batch (number INTEGER)"_s);
+    }
+    QSqlDatabase::removeDatabase(u"foreign"_s);
+    expectRefused(bytesOf(path), u"不是算法台账"_s);
+}
+
+TEST(LedgerFile, ThatWasCutOffIsLeftAlone)
+{
+    const QByteArray sound = soundLedger();
+    expectRefused(sound.left(sound.size() / 2), u"已损坏"_s);
+}
+
+TEST(LedgerFile, WithOverwrittenPagesIsLeftAlone)
+{
+    QByteArray bytes = soundLedger();
+    bytes.replace(bytes.size() / 2, 8192, QByteArray(8192, '\x5a'));
+    expectRefused(bytes, u"已损坏"_s);
+}
+
+TEST(LedgerFile, ThatIsEmptyAsAfterAKillBecomesALedger)
+{
+    QTemporaryDir home;
+    write(Ledger::pathIn(home.path()), QByteArray());
+    const auto opened = Ledger::open(home.path());
+    ASSERT_EQ(opened.error, QString());
+    EXPECT_EQ(opened.value->createBatch(sampleDraft(1)).error, QString());
+}
+
+TEST(LedgerFile, OnAFullDiskKeepsWhatItHoldsAndGoesOnWhenThereIsRoom)
+{
+    SampleLedger ledger;
+    ASSERT_EQ(ledger->createBatch(sampleDraft(10)).error, QString());
+    ASSERT_EQ(ledger.reopen(60), QString());
+    const BatchDraft large = sampleDraft(1000);
+    const Outcome<Batch> created = ledger->createBatch(large);
+    EXPECT_TRUE(created.error.contains(u"磁盘空间不足"_s)) << created.error.toStdString();
+    EXPECT_TRUE(created.error.contains(ledger.path()));
+    EXPECT_EQ(ledger->batches().value.size(), 1);
+    EXPECT_EQ(ledger->instances().value.size(), 10);
+    EXPECT_EQ(ledger->createBatch(sampleDraft(1)).error, QString()) << "a smaller one still fits";
+
+    ASSERT_EQ(ledger.reopen(), QString());
+    EXPECT_EQ(ledger->createBatch(large).error, QString());
+    EXPECT_EQ(ledger->batches().value.size(), 3);
+    EXPECT_EQ(ledger->instances().value.size(), 1011);
+}
+
+TEST(LedgerFile, InAReadOnlyFolderCanBeReadButNotWritten)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(2));
+    ledger.close();
+    const ReadOnlyFolder folder(ledger.home());
+    const QString error = ledger.reopen();
+    EXPECT_TRUE(error.contains(u"只读"_s)) << error.toStdString();
+    EXPECT_TRUE(error.contains(ledger.path()));
+    const auto opened = openToRead(ledger.home());
+    ASSERT_EQ(opened.error, QString());
+    EXPECT_EQ(opened.value->instances().value.size(), 2);
+}
+
+TEST(LedgerFile, CannotBeMadeInAReadOnlyFolder)
+{
+    QTemporaryDir home;
+    const ReadOnlyFolder folder(home.path());
+    const QString error = Ledger::open(home.path()).error;
+    EXPECT_TRUE(error.contains(u"只读"_s)) << error.toStdString();
+}
+
+TEST(SecondProcess, MayReadWhileTheFirstWrites)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(2));
+    const auto reader = openToRead(ledger.home());
+    ASSERT_EQ(reader.error, QString());
+    EXPECT_EQ(reader.value->instances().value.size(), 2);
+    ledger->createBatch(sampleDraft(3));
+    EXPECT_EQ(reader.value->instances().value.size(), 5);
+}
+
+TEST(SecondProcess, MayNotWriteWhileTheFirstHasTheLedger)
+{
+    SampleLedger ledger;
+    const QString error = Ledger::open(ledger.home()).error;
+    EXPECT_TRUE(error.contains(ledger.path())) << error.toStdString();
+    EXPECT_TRUE(error.contains(u"正被另一个程序使用"_s)) << error.toStdString();
+    EXPECT_TRUE(error.contains(QString::number(QCoreApplication::applicationPid()))) << error.toStdString();
+    ledger.close();
+    EXPECT_EQ(Ledger::open(ledger.home()).error, QString());
+}
+
+TEST(Reader, FindsNothingWhereThereIsNoLedgerAndMakesNone)
+{
+    QTemporaryDir home;
+    const auto opened = openToRead(home.path());
+    ASSERT_EQ(opened.error, QString());
+    EXPECT_TRUE(opened.value->batches().value.isEmpty());
+    EXPECT_TRUE(QDir(home.path()).isEmpty());
+}
+
+TEST(Reader, CreatesAndUndoesNothing)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(1));
+    const auto reader = openToRead(ledger.home());
+    EXPECT_NE(reader.value->createBatch(sampleDraft(1)).error, QString());
+    EXPECT_NE(reader.value->undo(1).error, QString());
+    EXPECT_NE(reader.value->changeState({1, 1}, InstanceState::Running), QString());
+    EXPECT_EQ(ledger->batches().value.size(), 1);
+    EXPECT_EQ(ledger->instances().value.first().state, InstanceState::Created);
+}

@@ -1,0 +1,166 @@
+#include "tests/ledger/SampleDrafts.h"
+
+#include <gtest/gtest.h>
+
+using namespace ledger;
+
+TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
+{
+    SampleLedger ledger;
+    const BatchDraft draft = sampleDraft(2);
+    const Outcome<Batch> created = ledger->createBatch(draft);
+    ASSERT_EQ(created.error, QString());
+    ASSERT_EQ(ledger.reopen(), QString());
+
+    const Batch batch = ledger->batch(created.value.number).value;
+    EXPECT_EQ(batch.number, 1);
+    EXPECT_EQ(batch.draftId, draft.id);
+    EXPECT_EQ(batch.fileName, u"早盘.csv"_s);
+    EXPECT_EQ(batch.fileSha256, draft.fileSha256);
+    EXPECT_EQ(batch.account, u"1001"_s);
+    EXPECT_EQ(batch.strategy, u"AITWAP"_s);
+    EXPECT_EQ(batch.rowCount, 2);
+    EXPECT_EQ(batch.expectedBuy, 10000.0);
+    EXPECT_EQ(batch.createdAt, sampleMorning());
+    EXPECT_EQ(batch.createdBy, u"trader"_s);
+    EXPECT_EQ(batch.state, BatchState::Created);
+
+    const QList<Instance> instances = ledger->instances(1).value;
+    ASSERT_EQ(instances.size(), 2);
+    EXPECT_EQ(instances.at(1).id.text(), u"1-2"_s);
+    EXPECT_EQ(instances.at(1).parameters, draft.instances.at(1).parameters);
+    ASSERT_EQ(instances.at(1).legs.size(), 1);
+    EXPECT_EQ(instances.at(1).legs.first().symbol, u"600001.SH"_s);
+    EXPECT_EQ(instances.at(1).legs.first().direction, u"Buy"_s);
+    EXPECT_EQ(instances.at(1).legs.first().quantity, 1000.0);
+    EXPECT_EQ(ledger->tableOf(1).value.columns, draft.table.columns);
+    EXPECT_EQ(ledger->tableOf(1).value.rows, draft.table.rows);
+}
+
+TEST(Ledger, KeepsBothLegsOfAPairInTheirOrder)
+{
+    SampleLedger ledger;
+    BatchDraft draft = sampleDraft(1);
+    draft.instances[0].legs.append(draft.instances[0].legs.first());
+    draft.instances[0].legs[1].direction = u"Sell"_s;
+    ASSERT_EQ(ledger->createBatch(draft).error, QString());
+    const QList<Leg> legs = ledger->instances().value.first().legs;
+    ASSERT_EQ(legs.size(), 2);
+    EXPECT_EQ(legs.at(0).direction, u"Buy"_s);
+    EXPECT_EQ(legs.at(1).direction, u"Sell"_s);
+}
+
+TEST(Ledger, GivesTheSameBatchWhenADraftIsTriedAgain)
+{
+    SampleLedger ledger;
+    const BatchDraft draft = sampleDraft(3);
+    const Batch first = ledger->createBatch(draft).value;
+    ASSERT_EQ(ledger.reopen(), QString());
+    const Outcome<Batch> again = ledger->createBatch(draft);
+    EXPECT_EQ(again.error, QString());
+    EXPECT_EQ(again.value.number, first.number);
+    EXPECT_EQ(ledger->batches().value.size(), 1);
+    EXPECT_EQ(ledger->instances().value.size(), 3);
+}
+
+TEST(Ledger, RefusesADraftWithoutIdOrInstances)
+{
+    SampleLedger ledger;
+    BatchDraft nameless = sampleDraft(1);
+    nameless.id = QUuid();
+    EXPECT_NE(ledger->createBatch(nameless).error, QString());
+    EXPECT_NE(ledger->createBatch(sampleDraft(0)).error, QString());
+    EXPECT_TRUE(ledger->batches().value.isEmpty());
+}
+
+TEST(Ledger, KeepsTheOrderOfCreationWhenTheClockJumpsBack)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(1));
+    ledger.now = sampleMorning().addDays(-400);
+    ledger->createBatch(sampleDraft(1));
+    ledger.now = sampleMorning().addSecs(60);
+    ledger->createBatch(sampleDraft(1));
+    const QList<Batch> batches = ledger->batches().value;
+    ASSERT_EQ(batches.size(), 3);
+    EXPECT_EQ(batches.at(0).number, 1);
+    EXPECT_EQ(batches.at(1).number, 2);
+    EXPECT_EQ(batches.at(1).createdAt, sampleMorning().addDays(-400));
+    EXPECT_EQ(batches.at(2).number, 3);
+}
+
+TEST(Ledger, StartsInstancesThatAreToStartAtCreation)
+{
+    SampleLedger ledger;
+    SampleRow started;
+    started.startsNow = true;
+    ledger->createBatch(sampleDraft({SampleRow(), started}));
+    const QList<Instance> instances = ledger->instances().value;
+    EXPECT_EQ(instances.at(0).state, InstanceState::Created);
+    EXPECT_EQ(instances.at(1).state, InstanceState::Running);
+}
+
+TEST(Ledger, MovesAnInstanceOnlyAlongItsLife)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(1));
+    const InstanceId id{1, 1};
+    EXPECT_NE(ledger->changeState(id, InstanceState::Finished), QString());
+    EXPECT_EQ(ledger->changeState(id, InstanceState::Running), QString());
+    ledger.now = sampleMorning().addSecs(5);
+    EXPECT_EQ(ledger->changeState(id, InstanceState::Finished), QString());
+    EXPECT_NE(ledger->changeState(id, InstanceState::Running), QString());
+    EXPECT_NE(ledger->changeState({1, 9}, InstanceState::Running), QString());
+    EXPECT_EQ(ledger->instances().value.first().state, InstanceState::Finished);
+    EXPECT_EQ(ledger->instances().value.first().changedAt, ledger.now);
+}
+
+TEST(Ledger, TakesTextsOfAFileAsTextsAndNeverAsSql)
+{
+    SampleLedger ledger;
+    BatchDraft draft = sampleDraft(1);
+    const QString hostile = u"x'); DROP TABLE batch; --"_s;
+    draft.fileName = hostile;
+    draft.account = hostile;
+    draft.instances[0].legs[0].symbol = hostile;
+    draft.instances[0].parameters.insert(hostile, hostile);
+    draft.table.rows[0][0] = hostile;
+    ASSERT_EQ(ledger->createBatch(draft).error, QString());
+    EXPECT_EQ(ledger->batches().value.first().fileName, hostile);
+    EXPECT_EQ(ledger->instances().value.first().legs.first().symbol, hostile);
+    EXPECT_EQ(ledger->instances().value.first().parameters.value(hostile).toString(), hostile);
+    EXPECT_EQ(ledger->tableOf(1).value.rows.first().first(), hostile);
+    EXPECT_EQ(ledger->createdToday(hostile).value.size(), 1);
+}
+
+TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
+{
+    SampleLedger ledger;
+    for (const QString& error : {ledger->batch(7).error, ledger->tableOf(7).error, ledger->undo(7).error}) {
+        EXPECT_TRUE(error.contains(ledger.path())) << error.toStdString();
+        EXPECT_TRUE(error.contains(u"批次 7"_s)) << error.toStdString();
+    }
+}
+
+TEST(CreatedToday, HoldsTheBatchesOfTheAccountSinceMidnightInShanghai)
+{
+    SampleLedger ledger;
+    ledger.now = QDateTime(QDate(2025, 11, 2), QTime(15, 59), Qt::UTC); // 23:59 in Shanghai
+    ledger->createBatch(sampleDraft(1));
+    ledger.now = QDateTime(QDate(2025, 11, 2), QTime(16, 0), Qt::UTC); // midnight
+    ledger->createBatch(sampleDraft(2));
+    ledger.now = sampleMorning();
+    const QList<EarlierBatch> earlier = ledger->createdToday(u"1001"_s).value;
+    ASSERT_EQ(earlier.size(), 1);
+    EXPECT_EQ(earlier.first().number, 2);
+    EXPECT_EQ(earlier.first().rowKeys.size(), 2);
+    EXPECT_TRUE(ledger->createdToday(u"2001"_s).value.isEmpty());
+}
+
+TEST(CreatedToday, StillHoldsABatchFromBeforeTheClockWasSetBack)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(1));
+    ledger.now = sampleMorning().addDays(-1);
+    EXPECT_EQ(ledger->createdToday(u"1001"_s).value.size(), 1);
+}

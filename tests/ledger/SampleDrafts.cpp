@@ -1,0 +1,97 @@
+#include "tests/ledger/SampleDrafts.h"
+
+#include "host/AlgoConstants.h"
+
+#include <ostream>
+
+using namespace ledger;
+
+namespace {
+
+namespace Info = Algo_Fields::AlgoInstContentInfo;
+
+QString digits(double value)
+{
+    return QString::number(value, 'f', QLocale::FloatingPointShortest);
+}
+
+} // namespace
+
+InstanceDraft sampleInstance(const SampleRow& row)
+{
+    Leg leg;
+    leg.symbol = row.symbol;
+    leg.exchange = row.symbol.right(2);
+    leg.direction = row.direction;
+    leg.quantity = row.quantity;
+    leg.limitPrice = row.limitPrice;
+    InstanceDraft instance;
+    instance.legs = {leg};
+    instance.startsNow = row.startsNow;
+    instance.quantityText = digits(row.quantity);
+    const QMap<QString, QVariant> security{{Info::Symbol, row.symbol},
+                                           {Info::Quantity, digits(row.quantity)},
+                                           {Info::PriceLimits, digits(row.limitPrice)}};
+    instance.parameters = {{Algo_Values::AlgoParamId::AlgoSecurityList, QVariantList{security}},
+                           {Algo_Values::AlgoParamId::traderOrder, row.direction},
+                           {Info::TradingAccount, u"1001"_s},
+                           {u"BatchCreate"_s, u""_s}};
+    return instance;
+}
+
+BatchDraft sampleDraft(const QList<SampleRow>& rows)
+{
+    BatchDraft draft;
+    draft.id = QUuid::createUuid();
+    draft.fileName = u"早盘.csv"_s;
+    draft.fileSha256 = QString(64, QLatin1Char('a'));
+    draft.account = u"1001"_s;
+    draft.strategy = u"AITWAP"_s;
+    draft.createdBy = u"trader"_s;
+    draft.expectedBuy = 10000.0;
+    draft.table.columns = {Info::Symbol, Algo_Values::AlgoParamId::traderOrder, Info::Quantity};
+    for (const SampleRow& row : rows) {
+        draft.instances.append(sampleInstance(row));
+        draft.table.rows.append({row.symbol, row.direction, digits(row.quantity)});
+    }
+    return draft;
+}
+
+BatchDraft sampleDraft(int count)
+{
+    QList<SampleRow> rows;
+    for (int i = 0; i < count; ++i) {
+        SampleRow row;
+        row.symbol = QString::number(600000 + i) + u".SH"_s;
+        rows.append(row);
+    }
+    return sampleDraft(rows);
+}
+
+QDateTime sampleMorning()
+{
+    return QDateTime(QDate(2025, 11, 3), QTime(2, 0), Qt::UTC);
+}
+
+QString SampleLedger::reopen(int maxPages)
+{
+    close();
+    Ledger::Options options;
+    options.clock = [this] { return now; };
+    options.maxPages = maxPages;
+    const auto opened = Ledger::open(home(), options);
+    mLedger = opened.value;
+    return opened.error;
+}
+
+Outcome<std::shared_ptr<Ledger>> openToRead(const QString& home)
+{
+    Ledger::Options options;
+    options.access = Ledger::Access::Read;
+    return Ledger::open(home, options);
+}
+
+void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "desk/ledger/Ledger.h"
+
+#include <QTemporaryDir>
+
+/// u"text"_s is a QString.
+inline QString operator""_s(const char16_t* text, std::size_t length)
+{
+    return QString::fromUtf16(text, static_cast<int>(length));
+}
+
+/// One row: a leg with its parameter map and its line of the table.
+struct SampleRow {
+    QString symbol = u"600000.SH"_s;
+    QString direction = u"Buy"_s;
+    double quantity = 1000.0;
+    double limitPrice = 10.0;
+    bool startsNow = false;
+};
+
+ledger::InstanceDraft sampleInstance(const SampleRow& row);
+/// Account 1001, strategy AITWAP, a new id.
+ledger::BatchDraft sampleDraft(const QList<SampleRow>& rows);
+/// `count` rows of different securities.
+ledger::BatchDraft sampleDraft(int count);
+
+/// 2025-11-03 10:00 in Shanghai.
+QDateTime sampleMorning();
+
+/// A ledger in a folder of its own, opened for writing with a clock that the test sets.
+class SampleLedger {
+public:
+    SampleLedger() : now(sampleMorning()) { reopen(); }
+
+    QString home() const { return mFolder.path(); }
+    QString path() const { return ledger::Ledger::pathIn(home()); }
+    /// Closes the ledger and opens it again; the error where that fails.
+    QString reopen(int maxPages = 0);
+    void close() { mLedger.reset(); }
+    ledger::Ledger& operator*() const { return *mLedger; }
+    ledger::Ledger* operator->() const { return mLedger.get(); }
+
+    QDateTime now;
+
+private:
+    QTemporaryDir mFolder;
+    std::shared_ptr<ledger::Ledger> mLedger;
+};
+
+/// Opens for reading.
+ledger::Outcome<std::shared_ptr<ledger::Ledger>> openToRead(const QString& home);
+/// How gtest prints a text.
+void PrintTo(const QString& text, std::ostream* out);

@@ -1,7 +1,7 @@
 // Bytes of a reference data file, the first of them choosing the file. Whatever they are, they give rows that
 // can be written and read again, or a fault with a file and a line.
 //
-//     fuzz_reference_data -detect_leaks=0 -max_total_time=60 CORPUS
+//     ASAN_OPTIONS=detect_leaks=0 fuzz_reference_data -max_total_time=60 CORPUS
 //
 // Leaks are not looked for: Qt's JSON parser loses a container that stands under a key that comes twice.
 #include "embedded_host/reference_data/CsvTable.h"

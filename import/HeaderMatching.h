@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// Finds the columns of an import file by its header row.
 namespace import {
 
@@ -20,7 +22,9 @@ struct HeaderMatch {
     QStringList optionalMissing;       ///< table columns that the file lacks and may lack
     int directionColumn = -1;          ///< of the file, under its own title only, never under an alias
     int entrustPropColumn = -1;        ///< likewise
-    QString missingColumn; ///< the first column that the file must have and lacks; empty on success
+    /// The first column that the file must have and lacks; none on success. A column may have the empty
+    /// title.
+    std::optional<QString> missingColumn;
 };
 
 /// Titles match exactly: letter case and blanks count. Stops at the first missing column.

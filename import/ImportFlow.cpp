@@ -132,8 +132,8 @@ QString AlgoBatchImportParamSetting::parseStrLst2TableModel(QList<QStringList>& 
     const import::HeaderMatch header =
         import::matchHeader(fileHeader, {mTableHeadLst, mHeadAliasMap, mSymbolParamLst + mExtraColNameLst,
                                          requiredColumns(mTableHeadLst, mColParamFmtMap)});
-    if (!header.missingColumn.isEmpty()) {
-        return import::MissingColumn.arg(header.missingColumn);
+    if (header.missingColumn) {
+        return import::MissingColumn.arg(*header.missingColumn);
     }
     qCDebug(lcImport) << " columnIndexMap: " << header.columnIndexMap;
     rows.removeFirst();

@@ -1,10 +1,14 @@
 #include "desk/window/DeskWindow.h"
 
+#include "desk/ledger/BatchDiff.h"
 #include "desk/window/AmountRefresher.h"
+#include "desk/window/BatchCreator.h"
+#include "desk/window/BatchesPage.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/FilteredTable.h"
 #include "desk/window/ImportPage.h"
+#include "desk/window/InstancesPage.h"
 #include "desk/window/ProblemsPanel.h"
 #include "desk/window/QuotesPage.h"
 #include "embedded_host/EmbeddedHost.h"
@@ -41,8 +45,9 @@ QString draggedFile(const QMimeData* data)
 
 } // namespace
 
-DeskWindow::DeskWindow(EmbeddedHost& host, QWidget* parent)
-    : QMainWindow(parent), mHost(host), mPrompts(new DeskPrompts(this)), mPages(new QTabWidget(this))
+DeskWindow::DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* parent)
+    : QMainWindow(parent), mHost(host), mBooks(books), mPrompts(new DeskPrompts(this)),
+      mPages(new QTabWidget(this))
 {
     host.setPrompts(mPrompts);
     setWindowTitle(QStringLiteral("算法交易台"));
@@ -72,8 +77,24 @@ void DeskWindow::makePages()
 
     mImport = new ImportPage(mHost, *mPrompts);
     connect(mImport, &ImportPage::confirmed, this, &DeskWindow::takeBatch);
+    connect(mImport, &ImportPage::imported, this, &DeskWindow::compareWithEarlier);
     connect(mImport, &ImportPage::said, this, &DeskWindow::say);
     mPages->addTab(mImport, QStringLiteral("批量导入"));
+
+    mInstances = new InstancesPage(mHost, mBooks, *mPrompts);
+    connect(mInstances, &InstancesPage::said, this, &DeskWindow::say);
+    mPages->addTab(mInstances, QStringLiteral("算法实例"));
+
+    mBatches = new BatchesPage(mHost, mBooks, *mPrompts);
+    connect(mBatches, &BatchesPage::said, this, &DeskWindow::say);
+    connect(mBatches, &BatchesPage::changed, mInstances, &InstancesPage::reload);
+    connect(mBatches, &BatchesPage::comparisonWanted, this, &DeskWindow::compareWith);
+    connect(mBatches, &BatchesPage::instancesWanted, this, [this](qint64 batch) {
+        mInstances->showBatch(batch);
+        showPage(InstancesPageIndex);
+    });
+    mPages->addTab(mBatches, QStringLiteral("批次"));
+
     mQuotes = new QuotesPage(mHost, *mPrompts);
     connect(mQuotes->table(), &FilteredTable::said, this, &DeskWindow::say);
     mPages->addTab(mQuotes, QStringLiteral("行情"));
@@ -214,8 +235,43 @@ void DeskWindow::say(const QString& text)
 
 void DeskWindow::takeBatch(const HandOver& batch)
 {
-    mImport->finish(batch, true);
-    say(QStringLiteral("已提交 %1 个实例").arg(batch.parameterMaps.size()));
+    const std::optional<ledger::Batch> created = BatchCreator(mBooks, this).create(batch);
+    mImport->finish(batch, created.has_value());
+    if (!created) {
+        say(QStringLiteral("未创建，批次保持原样"));
+        return;
+    }
+    mInstances->showBatch(std::nullopt);
+    mBatches->reload();
+    say(QStringLiteral("批次 %1：已创建 %2 个实例").arg(created->number).arg(created->rowCount));
+}
+
+// An edited file is imported again under its old name.
+void DeskWindow::compareWithEarlier()
+{
+    if (!mBooks.ledger || mImport->currentTable().rows.isEmpty()) {
+        return;
+    }
+    const QString strategy = mImport->dialog()->getStrategy().name();
+    const QList<ledger::Batch> batches = mBooks.ledger->batches().value;
+    for (auto batch = batches.crbegin(); batch != batches.crend(); ++batch) {
+        if (batch->strategy == strategy && batch->fileName == mImport->fileName()) {
+            compareWith(batch->number);
+            return;
+        }
+    }
+}
+
+void DeskWindow::compareWith(qint64 batch)
+{
+    const ledger::BatchTable now = mImport->currentTable();
+    const ledger::Outcome<ledger::BatchTable> before = mBooks.ledger->tableOf(batch);
+    if (!before.ok() || now.rows.isEmpty()) {
+        say(before.ok() ? QStringLiteral("先在“批量导入”中导入要比较的文件") : before.error);
+        return;
+    }
+    mImport->showDiff(ledger::compareTables(before.value, now), batch);
+    showPage(ImportPageIndex);
 }
 
 void DeskWindow::setSkin(const QString& name)

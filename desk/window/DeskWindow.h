@@ -1,24 +1,26 @@
 #pragma once
 
+#include "desk/window/DeskBooks.h"
 #include "desk/window/HandOver.h"
 #include "host/IZelSkin.h"
 
 #include <QMainWindow>
 
+class BatchesPage;
 class DeskPrompts;
 class EmbeddedHost;
 class FilteredTable;
 class ImportPage;
+class InstancesPage;
 class QLabel;
 class QTabWidget;
 class QuotesPage;
-class TextTable;
 
 /// The desk: pages for the import, the instances, the batches and the quotes. While it lives it answers the
 /// host's questions with real dialogs.
 ///
 ///     EmbeddedHost host(ReferenceData(tables), options); // options.home keeps the layout, quotes move
-///     DeskWindow window(host);
+///     DeskWindow window(host, books);             // books.ledger keeps the batches
 ///     window.show();
 ///
 /// GUI thread only. The host must outlive the window.
@@ -28,10 +30,13 @@ class DeskWindow : public QMainWindow, public IZelSkin {
 public:
     enum Page { ImportPageIndex, InstancesPageIndex, BatchesPageIndex, QuotesPageIndex };
 
-    explicit DeskWindow(EmbeddedHost& host, QWidget* parent = nullptr);
+    DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* parent = nullptr);
     ~DeskWindow() override;
 
     ImportPage* importPage() const { return mImport; }
+    InstancesPage* instancesPage() const { return mInstances; }
+    BatchesPage* batchesPage() const { return mBatches; }
+    QuotesPage* quotesPage() const { return mQuotes; }
     void loadSkin(const QVariant& style) override;
 
 public slots:
@@ -54,16 +59,19 @@ private:
     QAction* addAction(QMenu* menu, const QString& text, const QKeySequence& key);
     FilteredTable* currentTable() const;
     void takeBatch(const HandOver& batch);
+    void compareWithEarlier();
+    void compareWith(qint64 batch);
     void setSkin(const QString& name);
     void restoreLayout();
     void saveLayout();
 
     EmbeddedHost& mHost;
+    const DeskBooks mBooks;
     DeskPrompts* mPrompts;
     QTabWidget* mPages;
     ImportPage* mImport = nullptr;
     QuotesPage* mQuotes = nullptr;
-    TextTable* mInstancesModel = nullptr;
-    FilteredTable* mInstances = nullptr;
+    InstancesPage* mInstances = nullptr;
+    BatchesPage* mBatches = nullptr;
     QLabel* mMessage = nullptr;
 };

@@ -3,7 +3,9 @@
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
+#include "desk/window/DiffPanel.h"
 #include "desk/window/FilteredTable.h"
+#include "desk/window/ParameterTable.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "host/AlgoConstants.h"
@@ -13,6 +15,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDoubleSpinBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
@@ -22,7 +26,7 @@
 
 namespace {
 
-enum LowerTab { ProblemsTab, HandedOverTab };
+enum LowerTab { ProblemsTab, DiffTab, HandedOverTab };
 
 const QList<int> FirstSizes{520, 230};
 constexpr int ErrorBox = 1; // message box type
@@ -39,7 +43,8 @@ ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent
       mHandedOver(new FilteredTable(
           mHandedOverModel, {QStringLiteral("已提交参数"), QStringLiteral("确定后，提交的参数显示在这里")},
           prompts)),
-      mLower(new QTabWidget), mUpper(new QStackedWidget), mSplitter(new QSplitter(Qt::Vertical, this))
+      mDiff(new DiffPanel(host, prompts)), mLower(new QTabWidget), mUpper(new QStackedWidget),
+      mSplitter(new QSplitter(Qt::Vertical, this))
 {
     mHandedOverModel->setParent(mHandedOver);
     mUpper->addWidget(makeClosedPage());
@@ -58,7 +63,7 @@ ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent
     connect(mProblems, &ProblemsPanel::said, this, &ImportPage::said);
     connect(mHandedOver, &FilteredTable::said, this, &ImportPage::said);
     connect(mProblems, &ProblemsPanel::currentChanged, this, [this](const Problem& problem) {
-        auto* table = mDialog ? mDialog->findChild<ZelTableView*>(ParameterTable) : nullptr;
+        ZelTableView* table = parameterTable();
         if (table && problem.place == Problem::Place::BatchRow) {
             table->selectRecord(problem.line - 1);
         }
@@ -88,10 +93,11 @@ QWidget* ImportPage::makeClosedPage()
 QWidget* ImportPage::makeLowerPart()
 {
     mLower->setDocumentMode(true);
-    for (QWidget* page : {static_cast<QWidget*>(mProblems), static_cast<QWidget*>(mHandedOver)}) {
+    for (QWidget* page : QList<QWidget*>{mProblems, mDiff, mHandedOver}) {
         page->layout()->setContentsMargins(9, 6, 9, 6);
     }
     mLower->addTab(mProblems, QString());
+    mLower->addTab(mDiff, QStringLiteral("变更"));
     mLower->addTab(mHandedOver, QStringLiteral("已提交参数"));
     showProblemCount(0);
     return mLower;
@@ -112,7 +118,7 @@ void ImportPage::open()
     if (auto* accounts = mDialog->findChild<SolveyAccountComboBox*>(AccountBox)) {
         accounts->SetCurTradingAccount(DeskSettings(mHost).lastAccount());
     }
-    if (auto* table = mDialog->findChild<ZelTableView*>(ParameterTable)) {
+    if (ZelTableView* table = parameterTable()) {
         table->setEmptyText(QStringLiteral("尚未导入\n按“导入算法”选择文件，或把文件拖到窗口上"));
         table->setAccessibleName(QStringLiteral("参数表"));
     }
@@ -124,8 +130,7 @@ void ImportPage::open()
 
 void ImportPage::listenToDialog()
 {
-    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, this,
-            [this](bool createdClose) { emit confirmed(gatherBatch(createdClose)); });
+    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, this, &ImportPage::takeConfirmation);
     connect(mDialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, this, &ImportPage::close);
     // The dialog connected its own slot first, so that here the import is over.
     if (auto* button = mDialog->findChild<QAbstractButton*>(QStringLiteral("btn_import"))) {
@@ -169,6 +174,9 @@ void ImportPage::takeFile(const QString& path)
 {
     mFile = path;
     mProblems->begin(path);
+    mDiff->clear();
+    mLower->setTabText(DiffTab, QStringLiteral("变更"));
+    mDigest.start(path);
     QApplication::setOverrideCursor(Qt::WaitCursor); // until it is imported or has something to say
 }
 
@@ -191,18 +199,38 @@ void ImportPage::showImported()
                   .arg(mDialog->getWidgetData().size())
                   .arg(mProblems->problems().size())
                   .arg(mFile));
+    emit imported();
 }
 
-HandOver ImportPage::gatherBatch(bool closeAfterwards)
+void ImportPage::takeConfirmation(bool closeAfterwards)
+{
+    mProblems->forgetBatch();
+    HandOver batch = gatherBatch(closeAfterwards);
+    bool cancelled = false;
+    batch.content.fileSha256 = mDigest.wait(this, cancelled);
+    if (cancelled) {
+        finish(batch, false);
+    } else {
+        emit confirmed(batch);
+    }
+}
+
+HandOver ImportPage::gatherBatch(bool closeAfterwards) const
 {
     HandOver batch;
-    batch.file = mFile;
-    batch.strategy = mDialog->getStrategy().name();
-    batch.strategyAlias = mDialog->getStrategy().alias();
-    batch.account = currentAccount();
-    batch.parameterMaps = mDialog->getWidgetData();
     batch.closeAfterwards = closeAfterwards;
-    mProblems->forgetBatch();
+    ledger::DialogContent& content = batch.content;
+    content.strategy = mDialog->getStrategy().name();
+    content.account = currentAccount();
+    content.filePath = mFile;
+    content.createdBy = mHost.options().loginAccount;
+    content.expectedBuy = amountIn(QStringLiteral("expectBuyLine"));
+    content.expectedSell = amountIn(QStringLiteral("expectSellLine"));
+    content.parameterMaps = mDialog->getWidgetData();
+    if (const ZelTableView* table = parameterTable()) {
+        content.columns = table->headNames();
+        content.records = table->getViewData();
+    }
     return batch;
 }
 
@@ -220,11 +248,32 @@ void ImportPage::finish(const HandOver& batch, bool created)
 
 void ImportPage::showHandedOver(const HandOver& batch)
 {
-    const QStringList columns = parameter_table::columnsOf(batch.parameterMaps);
-    mHandedOverModel->setTable(columns, parameter_table::rowsOf(batch.parameterMaps, columns));
+    const auto& maps = batch.content.parameterMaps;
+    const QStringList columns = parameter_table::columnsOf(maps);
+    mHandedOverModel->setTable(columns, parameter_table::rowsOf(maps, columns));
     mHandedOver->fitColumns();
-    mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数 %1").arg(batch.parameterMaps.size()));
+    mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数 %1").arg(maps.size()));
     mLower->setCurrentIndex(HandedOverTab);
+}
+
+ledger::BatchTable ImportPage::currentTable() const
+{
+    const ZelTableView* table = parameterTable();
+    return table ? ledger::shownTable(table->headNames(), table->getViewData()) : ledger::BatchTable();
+}
+
+QString ImportPage::fileName() const
+{
+    return QFileInfo(mFile).fileName();
+}
+
+void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
+{
+    mDiff->show(diff);
+    mLower->setTabText(DiffTab, QStringLiteral("与批次 %1 的变更").arg(batch));
+    if (mProblems->problems().isEmpty()) {
+        mLower->setCurrentIndex(DiffTab);
+    }
 }
 
 void ImportPage::showProblemCount(int count)
@@ -253,6 +302,17 @@ QString ImportPage::currentAccount() const
 {
     const auto* accounts = mDialog ? mDialog->findChild<SolveyAccountComboBox*>(AccountBox) : nullptr;
     return accounts ? accounts->GetCurTradingAccount() : QString();
+}
+
+ZelTableView* ImportPage::parameterTable() const
+{
+    return mDialog ? mDialog->findChild<ZelTableView*>(ParameterTable) : nullptr;
+}
+
+double ImportPage::amountIn(const QString& box) const
+{
+    const auto* amount = mDialog->findChild<QDoubleSpinBox*>(box);
+    return amount ? amount->value() : 0.0;
 }
 
 void ImportPage::saveLayout() const

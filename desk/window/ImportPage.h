@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desk/ledger/BatchDiff.h"
+#include "desk/window/FileDigest.h"
 #include "desk/window/HandOver.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 
@@ -9,6 +11,7 @@
 
 class AmountRefresher;
 class DeskPrompts;
+class DiffPanel;
 class EmbeddedHost;
 class FilteredTable;
 class ProblemsPanel;
@@ -17,6 +20,7 @@ class QSplitter;
 class QStackedWidget;
 class QTabWidget;
 class TextTable;
+class ZelTableView;
 
 /// The dialog in a frame, and below it the problems of its last file and what it handed over last. It does
 /// for the dialog what a host must: opens it with a strategy, listens to it, closes it when it asks.
@@ -36,6 +40,11 @@ public:
     /// The batch of the last confirmed() was created, or not: closes the dialog where the user wanted that,
     /// or lets him confirm again.
     void finish(const HandOver& batch, bool created);
+    /// The table as it stands; without rows before an import.
+    ledger::BatchTable currentTable() const;
+    QString fileName() const;
+    /// What the table changes against a batch.
+    void showDiff(const ledger::BatchDiff& diff, qint64 batch);
     /// Keeps strategy, account and splitter for the next session.
     void saveLayout() const;
 
@@ -51,6 +60,8 @@ public slots:
 signals:
     /// The user confirmed a batch that passed every check; answer with finish().
     void confirmed(const HandOver& batch);
+    /// An import came to its end, with or without problems.
+    void imported();
     void said(const QString& text);
 
 private:
@@ -63,9 +74,12 @@ private:
     void showImported();
     void showHandedOver(const HandOver& batch);
     void showProblemCount(int count);
-    HandOver gatherBatch(bool closeAfterwards);
+    void takeConfirmation(bool closeAfterwards);
+    HandOver gatherBatch(bool closeAfterwards) const;
     void close();
     QString currentAccount() const;
+    ZelTableView* parameterTable() const;
+    double amountIn(const QString& box) const;
     void press(const QString& button);
 
     EmbeddedHost& mHost;
@@ -75,8 +89,10 @@ private:
     ProblemsPanel* mProblems;
     TextTable* mHandedOverModel;
     FilteredTable* mHandedOver;
+    DiffPanel* mDiff;
     QTabWidget* mLower;
     QStackedWidget* mUpper;
     QSplitter* mSplitter;
     QString mFile;
+    FileDigest mDigest;
 };

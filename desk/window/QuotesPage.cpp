@@ -98,11 +98,11 @@ QStringList QuotesPage::rowOf(const QString& symbol) const
 
 int QuotesPage::decimalsOf(const QString& symbol) const
 {
-    const ReferenceData& data = mHost.referenceData();
-    if (const FuturesContract* contract = data.futuresContract(symbol)) {
+    const ReferenceData& known = mHost.referenceData();
+    if (const FuturesContract* contract = known.futuresContract(symbol)) {
         return contract->pricePrecision;
     }
-    const Security* security = data.security(symbol);
+    const Security* security = known.security(symbol);
     return security ? security->pricePrecision : 2;
 }
 

@@ -1,4 +1,4 @@
-#include "desk/window/HandOver.h"
+#include "desk/window/ParameterTable.h"
 
 #include "host/AlgoConstants.h"
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "desk/ledger/BatchCreation.h"
+#include "desk/window/DeskBooks.h"
+#include "desk/window/HandOver.h"
+
+#include <optional>
+
+class QWidget;
+
+/// From a confirmed batch to instances in the ledger, past the guard and the user's last word.
+class BatchCreator {
+public:
+    BatchCreator(const DeskBooks& books, QWidget* parent) : mBooks(books), mParent(parent) {}
+
+    /// Nothing where the guard or the user refused, or the ledger could not; the user was told why.
+    std::optional<ledger::Batch> create(const HandOver& batch) const;
+
+private:
+    bool askUser(const ledger::Review& review, ledger::Consent& consent) const;
+    void tell(const QString& error) const;
+
+    const DeskBooks& mBooks;
+    QWidget* mParent;
+};

@@ -1,0 +1,171 @@
+#include "desk/window/BatchesPage.h"
+
+#include "desk/window/FilteredTable.h"
+#include "embedded_host/EmbeddedHost.h"
+#include "embedded_host/skin/SkinService.h"
+#include "host/ZelMessageBox.h"
+
+#include <QColor>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+enum Column { Number, State, Created, File, Account, Strategy, Rows, Buy, Sell, By, Digest };
+
+const QStringList& titles()
+{
+    static const QStringList texts = {
+        QStringLiteral("批次"),   QStringLiteral("状态"),     QStringLiteral("创建时间"),
+        QStringLiteral("文件"),   QStringLiteral("账户"),     QStringLiteral("算法"),
+        QStringLiteral("行数"),   QStringLiteral("预计买入"), QStringLiteral("预计卖出"),
+        QStringLiteral("创建人"), QStringLiteral("SHA-256")};
+    return texts;
+}
+
+QString undoneLines(const QString& title, const QList<ledger::UndoneInstance>& instances)
+{
+    if (instances.isEmpty()) {
+        return {};
+    }
+    QString text = title.arg(instances.size()) + QLatin1Char('\n');
+    for (const ledger::UndoneInstance& instance : instances) {
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(instance.id.text(), instance.symbols.join(QStringLiteral(" / ")));
+    }
+    return text;
+}
+
+} // namespace
+
+BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts, QWidget* parent)
+    : QWidget(parent), mHost(host), mBooks(books), mModel(new TextTable(titles(), this)),
+      mTable(new FilteredTable(
+          mModel, {QStringLiteral("批次"), books.ledger ? QStringLiteral("还没有批次") : books.ledgerError},
+          prompts, this))
+{
+    mModel->setNumeric({Number, Rows, Buy, Sell});
+    mModel->setTint([this](int row, int column) { return tintOf(row, column); });
+    QPushButton* look = mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"));
+    QPushButton* compare =
+        mTable->addButton(QStringLiteral("与当前导入比较"), QStringLiteral("button_compare"));
+    QPushButton* take = mTable->addButton(QStringLiteral("撤销批次"), QStringLiteral("button_undo"));
+    mBatchButtons = {look, compare, take};
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(mTable);
+
+    const auto lookInto = [this] {
+        if (const auto batch = currentBatch()) {
+            emit instancesWanted(*batch);
+        }
+    };
+    connect(look, &QPushButton::clicked, this, lookInto);
+    connect(mTable->view(), &QTableView::doubleClicked, this, lookInto);
+    connect(compare, &QPushButton::clicked, this, [this] {
+        if (const auto batch = currentBatch()) {
+            emit comparisonWanted(*batch);
+        }
+    });
+    connect(take, &QPushButton::clicked, this, &BatchesPage::undo);
+    connect(mTable, &FilteredTable::currentRowChanged, this, &BatchesPage::enableButtons);
+    connect(mTable, &FilteredTable::said, this, &BatchesPage::said);
+    reload();
+}
+
+void BatchesPage::reload()
+{
+    if (mBooks.ledger) {
+        ledger::Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
+        if (!batches.ok()) {
+            emit said(batches.error);
+            return;
+        }
+        std::reverse(batches.value.begin(), batches.value.end());
+        QList<QStringList> rows;
+        for (const ledger::Batch& batch : qAsConst(batches.value)) {
+            rows.append(rowOf(batch));
+        }
+        mModel->setRows(rows);
+        mTable->fitColumns();
+    }
+    enableButtons();
+}
+
+QStringList BatchesPage::rowOf(const ledger::Batch& batch)
+{
+    return {QString::number(batch.number),
+            ledger::shownName(batch.state),
+            batch.createdAt.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")),
+            batch.fileName,
+            batch.account,
+            batch.strategy,
+            QString::number(batch.rowCount),
+            QString::number(batch.expectedBuy, 'f', 2),
+            QString::number(batch.expectedSell, 'f', 2),
+            batch.createdBy,
+            batch.fileSha256};
+}
+
+QColor BatchesPage::tintOf(int row, int column) const
+{
+    const bool stands = mModel->rows().at(row).at(State) == ledger::shownName(ledger::BatchState::Created);
+    return column == Digest || (column == State && !stands)
+               ? mHost.skins().colours().colour(QStringLiteral("muted"))
+               : QColor();
+}
+
+std::optional<qint64> BatchesPage::currentBatch() const
+{
+    const int row = mTable->currentRow();
+    return row < 0 ? std::nullopt : std::optional<qint64>(mModel->rows().at(row).at(Number).toLongLong());
+}
+
+void BatchesPage::enableButtons()
+{
+    const bool chosen = currentBatch().has_value();
+    for (QPushButton* button : qAsConst(mBatchButtons)) {
+        button->setEnabled(chosen);
+    }
+}
+
+void BatchesPage::undo()
+{
+    const std::optional<qint64> batch = currentBatch();
+    if (!batch || !isUndoWanted(*batch)) {
+        return;
+    }
+    const ledger::Outcome<ledger::UndoReport> report = mBooks.ledger->undo(*batch);
+    if (report.ok()) {
+        tellUndone(report.value);
+    } else {
+        ZelMessageBox(QStringLiteral("未撤销"), report.error, 1, this).showModally();
+    }
+    reload();
+    emit changed();
+}
+
+bool BatchesPage::isUndoWanted(qint64 batch)
+{
+    const QString question =
+        QStringLiteral("撤销批次 %1？未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。").arg(batch);
+    return ZelMessageBox(QStringLiteral("撤销批次"), question, 3, this).showModally() == 1;
+}
+
+void BatchesPage::tellUndone(const ledger::UndoReport& report)
+{
+    const QString summary = QStringLiteral("批次 %1：撤回 %2 个，停止 %3 个，未能撤销 %4 个")
+                                .arg(report.batch)
+                                .arg(report.withdrawn.size())
+                                .arg(report.stopped.size())
+                                .arg(report.notReversed.size());
+    emit said(summary);
+    if (!report.notReversed.isEmpty()) {
+        const QString text =
+            summary + QStringLiteral("\n\n") +
+            undoneLines(QStringLiteral("以下 %1 个实例已完成，其成交不能撤销："), report.notReversed);
+        ZelMessageBox(QStringLiteral("撤销批次"), text, 1, this).showModally();
+    }
+}

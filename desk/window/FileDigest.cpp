@@ -1,0 +1,55 @@
+#include "desk/window/FileDigest.h"
+
+#include "desk/ledger/DraftBuilder.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QProgressDialog>
+#include <QThread>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+constexpr int PatienceMs = 400; // before the progress is shown
+constexpr int PollMs = 20;
+
+} // namespace
+
+struct FileDigest::Work {
+    std::atomic<bool> done{false};
+    QString digest; // to be read once `done`
+};
+
+void FileDigest::start(const QString& path)
+{
+    auto work = std::make_shared<Work>();
+    mWork = work;
+    // Nothing waits for it at the end of the program: it only reads, into memory that it shares.
+    std::thread([work, path] {
+        work->digest = ledger::sha256OfFile(path);
+        work->done = true;
+    }).detach();
+}
+
+QString FileDigest::wait(QWidget* parent, bool& cancelled) const
+{
+    cancelled = false;
+    if (!mWork) {
+        return {};
+    }
+    QProgressDialog progress(QStringLiteral("正在计算文件指纹…"), QStringLiteral("取消"), 0, 0, parent);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(PatienceMs);
+    while (!mWork->done) {
+        progress.setValue(0);
+        QCoreApplication::processEvents(QEventLoop::AllEvents, PollMs);
+        if (progress.wasCanceled()) {
+            cancelled = true;
+            return {};
+        }
+        QThread::msleep(PollMs);
+    }
+    return mWork->digest;
+}

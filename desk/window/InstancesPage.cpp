@@ -1,0 +1,138 @@
+#include "desk/window/InstancesPage.h"
+
+#include "desk/window/FilteredTable.h"
+#include "embedded_host/EmbeddedHost.h"
+#include "embedded_host/skin/SkinService.h"
+#include "host/AlgoConstants.h"
+
+#include <QColor>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+enum Column { Id, State, Account, Strategy, Symbol, Name, Direction, Quantity, Limit, Amount, Changed };
+
+const QStringList& titles()
+{
+    static const QStringList texts = {
+        QStringLiteral("实例"),     QStringLiteral("状态"), QStringLiteral("账户"),    QStringLiteral("算法"),
+        QStringLiteral("证券代码"), QStringLiteral("名称"), QStringLiteral("方向"),    QStringLiteral("数量"),
+        QStringLiteral("限价"),     QStringLiteral("金额"), QStringLiteral("变更时间")};
+    return texts;
+}
+
+QString shownDirection(const QString& sent)
+{
+    namespace Futures = Algo_Values::FutureSide;
+    static const QMap<QString, QString> shown = {
+        {Algo_Values::AlgoOrderSide::BuyValue, QStringLiteral("买入")},
+        {Algo_Values::AlgoOrderSide::SellValue, QStringLiteral("卖出")},
+        {Futures::BuyOpen, Futures::BuyOpenChi},
+        {Futures::SellOpen, Futures::SellOpenChi},
+        {Futures::BuyClose, Futures::BuyCloseChi},
+        {Futures::SellClose, Futures::SellCloseChi}};
+    return shown.value(sent, sent);
+}
+
+// Zero stands for none.
+QString numberText(double number)
+{
+    return number == 0.0 ? QString() : QString::number(number, 'g', 15);
+}
+
+QString moneyText(double amount)
+{
+    return amount == 0.0 ? QString() : QString::number(amount, 'f', 2);
+}
+
+template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf textOf)
+{
+    QStringList texts;
+    for (const ledger::Leg& leg : legs) {
+        texts.append(textOf(leg));
+    }
+    return texts.join(QStringLiteral(" / "));
+}
+
+} // namespace
+
+InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts,
+                             QWidget* parent)
+    : QWidget(parent), mHost(host), mBooks(books), mModel(new TextTable(titles(), this)),
+      mTable(new FilteredTable(
+          mModel,
+          {QStringLiteral("算法实例"), books.ledger ? QStringLiteral("还没有实例") : books.ledgerError},
+          prompts, this)),
+      mAllBatches(mTable->addButton(QStringLiteral("显示全部批次"), QStringLiteral("button_allBatches")))
+{
+    mModel->setNumeric({Quantity, Limit, Amount});
+    mModel->setTint([this](int row, int column) { return tintOf(row, column); });
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(mTable);
+    connect(mAllBatches, &QPushButton::clicked, this, [this] { showBatch(std::nullopt); });
+    connect(mTable, &FilteredTable::said, this, &InstancesPage::said);
+    reload();
+}
+
+void InstancesPage::showBatch(std::optional<qint64> batch)
+{
+    mBatch = batch;
+    reload();
+}
+
+void InstancesPage::reload()
+{
+    mAllBatches->setVisible(mBatch.has_value());
+    if (!mBooks.ledger) {
+        return;
+    }
+    const ledger::Outcome<QList<ledger::Instance>> instances = mBooks.ledger->instances(mBatch);
+    if (!instances.ok()) {
+        emit said(instances.error);
+        return;
+    }
+    QList<QStringList> rows;
+    for (const ledger::Instance& instance : instances.value) {
+        rows.append(rowOf(instance));
+    }
+    mModel->setRows(rows);
+    mTable->fitColumns();
+}
+
+QStringList InstancesPage::rowOf(const ledger::Instance& instance) const
+{
+    const QList<ledger::Leg>& legs = instance.legs;
+    const auto nameOf = [this](const ledger::Leg& leg) {
+        const Security* security = mHost.referenceData().security(leg.symbol);
+        return security ? security->name : QString();
+    };
+    return {instance.id.text(),
+            ledger::shownName(instance.state),
+            instance.account,
+            instance.strategy,
+            ofLegs(legs, [](const ledger::Leg& leg) { return leg.symbol; }),
+            ofLegs(legs, nameOf),
+            ofLegs(legs, [](const ledger::Leg& leg) { return shownDirection(leg.direction); }),
+            ofLegs(legs, [](const ledger::Leg& leg) { return numberText(leg.quantity); }),
+            ofLegs(legs, [](const ledger::Leg& leg) { return numberText(leg.limitPrice); }),
+            ofLegs(legs, [](const ledger::Leg& leg) { return moneyText(leg.amount); }),
+            instance.changedAt.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))};
+}
+
+QColor InstancesPage::tintOf(int row, int column) const
+{
+    const SkinColours& colours = mHost.skins().colours();
+    const QStringList& cells = mModel->rows().at(row);
+    if (column == State && cells.at(State) != ledger::shownName(ledger::InstanceState::Created)) {
+        return colours.colour(QStringLiteral("muted"));
+    }
+    if (column != Direction) {
+        return {};
+    }
+    const bool buys = cells.at(Direction).startsWith(QStringLiteral("买"));
+    const bool sells = cells.at(Direction).startsWith(QStringLiteral("卖"));
+    return buys    ? colours.colour(QStringLiteral("buy"))
+           : sells ? colours.colour(QStringLiteral("sell"))
+                   : QColor();
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "desk/window/DeskBooks.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class EmbeddedHost;
+class FilteredTable;
+class QPushButton;
+class TextTable;
+class UserPrompts;
+
+/// The instances of the ledger, of all batches or of one.
+class InstancesPage : public QWidget {
+    Q_OBJECT
+
+public:
+    InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts,
+                  QWidget* parent = nullptr);
+
+    FilteredTable* table() const { return mTable; }
+    /// Nothing: of all batches.
+    void showBatch(std::optional<qint64> batch);
+
+public slots:
+    void reload();
+
+signals:
+    void said(const QString& text);
+
+private:
+    QStringList rowOf(const ledger::Instance& instance) const;
+    QColor tintOf(int row, int column) const;
+
+    EmbeddedHost& mHost;
+    const DeskBooks& mBooks;
+    TextTable* mModel;
+    FilteredTable* mTable;
+    QPushButton* mAllBatches;
+    std::optional<qint64> mBatch;
+};

@@ -7,10 +7,16 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
-/// Where the desk writes its batches, and the ceilings that it holds them against.
+/// Where the desk writes its batches, and the ceilings that it holds them against. Without a ledger and
+/// without an error the desk only shows what was handed over.
 struct DeskBooks {
     std::shared_ptr<ledger::Ledger> ledger; ///< null: nothing can be created
     QString ledgerError;                    ///< why there is none, for the user
     QList<ledger::LimitScope> limits;
 };
+
+/// The ledger of a home and the ceilings of a reference data folder. A ledger that cannot be opened leaves
+/// the desk usable; faulty ceilings do not: nothing is returned, and `error` says "FILE:LINE: what is wrong".
+std::optional<DeskBooks> openDeskBooks(const QString& home, const QString& dataFolder, QString& error);

@@ -191,11 +191,14 @@ void DeskWindow::makeStatusBar()
     auto* user = new QLabel(QStringLiteral("用户 %1").arg(mHost.options().loginAccount), this);
     user->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(mMessage, 1);
+    mRefreshed = new QLabel(this);
+    mRefreshed->setAccessibleName(QStringLiteral("预计金额刷新时间"));
+    statusBar()->addPermanentWidget(mRefreshed);
     statusBar()->addPermanentWidget(user);
     statusBar()->setSizeGripEnabled(false);
     connect(mImport->amounts(), &AmountRefresher::refreshed, this, [this] {
-        say(QStringLiteral("预计金额已刷新 %1")
-                .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
+        mRefreshed->setText(QStringLiteral("预计金额刷新于 %1")
+                                .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
     });
 }
 
@@ -235,6 +238,11 @@ void DeskWindow::say(const QString& text)
 
 void DeskWindow::takeBatch(const HandOver& batch)
 {
+    if (!mBooks.ledger && mBooks.ledgerError.isEmpty()) {
+        mImport->finish(batch, true);
+        say(QStringLiteral("已提交 %1 个实例的参数").arg(batch.content.parameterMaps.size()));
+        return;
+    }
     const std::optional<ledger::Batch> created = BatchCreator(mBooks, this).create(batch);
     mImport->finish(batch, created.has_value());
     if (!created) {

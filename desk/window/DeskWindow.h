@@ -30,7 +30,7 @@ class DeskWindow : public QMainWindow, public IZelSkin {
 public:
     enum Page { ImportPageIndex, InstancesPageIndex, BatchesPageIndex, QuotesPageIndex };
 
-    DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* parent = nullptr);
+    explicit DeskWindow(EmbeddedHost& host, const DeskBooks& books = {}, QWidget* parent = nullptr);
     ~DeskWindow() override;
 
     ImportPage* importPage() const { return mImport; }
@@ -74,4 +74,5 @@ private:
     InstancesPage* mInstances = nullptr;
     BatchesPage* mBatches = nullptr;
     QLabel* mMessage = nullptr;
+    QLabel* mRefreshed = nullptr;
 };

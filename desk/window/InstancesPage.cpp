@@ -46,6 +46,13 @@ QString moneyText(double amount)
     return amount == 0.0 ? QString() : QString::number(amount, 'f', 2);
 }
 
+bool isOver(const QString& shownState)
+{
+    using ledger::InstanceState;
+    return shownState != ledger::shownName(InstanceState::Created) &&
+           shownState != ledger::shownName(InstanceState::Running);
+}
+
 template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf textOf)
 {
     QStringList texts;
@@ -124,8 +131,8 @@ QColor InstancesPage::tintOf(int row, int column) const
 {
     const SkinColours& colours = mHost.skins().colours();
     const QStringList& cells = mModel->rows().at(row);
-    if (column == State && cells.at(State) != ledger::shownName(ledger::InstanceState::Created)) {
-        return colours.colour(QStringLiteral("muted"));
+    if (column == State) {
+        return isOver(cells.at(State)) ? colours.colour(QStringLiteral("muted")) : QColor();
     }
     if (column != Direction) {
         return {};

@@ -79,9 +79,12 @@ bool CsvAttempt::readPiece(QString& text, QString& error)
     if (length < 0) {
         error = message::unreadable(mFile.errorString());
     }
-    bytes.truncate(static_cast<int>(std::max<qint64>(length, 0)));
+    if (length <= 0) {
+        return false;
+    }
+    bytes.truncate(static_cast<int>(length));
     text = mDecoder.decode(bytes);
-    return !bytes.isEmpty();
+    return true;
 }
 
 QString CsvAttempt::read()

@@ -63,7 +63,8 @@ std::optional<double> parseNumber(const QStringRef& text)
     double value = 0;
     const std::from_chars_result result = std::from_chars(begin, end, value);
     if (result.ec == std::errc::result_out_of_range && result.ptr == end) {
-        return std::abs(value) < 1 ? std::optional<double>(0) : std::nullopt;
+        const bool isTiny = trimmed.contains(QLatin1String("e-"), Qt::CaseInsensitive);
+        return isTiny ? std::optional<double>(0) : std::nullopt;
     }
     if (result.ec != std::errc() || result.ptr != end || !std::isfinite(value)) {
         return std::nullopt;

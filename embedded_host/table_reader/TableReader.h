@@ -26,9 +26,10 @@ struct ReadOptions {
 /// a spreadsheet they are the sheet's own, so that row 2, column 1 is B3. Areas have columns as x and rows as
 /// y.
 struct Inspection {
-    QList<int> lines;         ///< of csv: 1-based line of the file on which each row begins
-    QSet<int> hiddenRows;     ///< by hand, by a filter or by a height of nothing
-    QList<QRect> mergedAreas; ///< only those that begin in the rows read
+    QList<int> lines;     ///< of csv: 1-based line of the file on which each row begins
+    QSet<int> hiddenRows; ///< by hand, by a filter or by a height of nothing
+    QList<QRect>
+        mergedAreas; ///< those that begin in the rows read; xlsx lists them last, so none where it is longer
     QHash<QPair<int, int>, QString>
         numbers;                ///< (row, column) of each cell stored as a number, with the stored text
     int replacedCharacters = 0; ///< of csv: bytes that the encoding does not know, shown as U+FFFD

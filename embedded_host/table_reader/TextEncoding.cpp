@@ -66,6 +66,16 @@ QString TextDecoder::decode(const QByteArray& bytes)
     return text;
 }
 
+bool TextDecoder::endsWithinCharacter()
+{
+    if (!mCountsReplacements) {
+        return mState.remainingChars > 0;
+    }
+    // These codecs do not tell what they hold back. A line feed is never the second byte of a character.
+    const QString probe = mCodec->toUnicode("\n", 1, &mState);
+    return probe != QLatin1String("\n");
+}
+
 int TextDecoder::faults() const
 {
     return mCountsReplacements ? mReplacements : mState.invalidChars;

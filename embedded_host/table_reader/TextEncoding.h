@@ -20,8 +20,8 @@ public:
     QString decode(const QByteArray& bytes);
     /// Places that the encoding could not read, so far.
     int faults() const;
-    /// Call at the end of the text: a character that was begun and never completed is one more fault.
-    bool endsWithinCharacter() const { return mState.remainingChars > 0; }
+    /// Call once, at the end of the text: true where a character was begun and never completed.
+    bool endsWithinCharacter();
 
 private:
     QTextCodec* mCodec;

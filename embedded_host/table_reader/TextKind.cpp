@@ -50,7 +50,7 @@ QString refuseTextOfAnotherKind(const QString& head)
     const QString text = head.left(4096).trimmed();
     static const QRegularExpression html(QStringLiteral("^(<!--.*?-->\\s*)*<(!doctype\\s+html|html|head|body|"
                                                         "table|meta|style|script|div|center|form|title|tr|"
-                                                        "td)\\b[^,]*>"),
+                                                        "td)\\b[^,]*>(?!\\s*[,;\t])"),
                                          QRegularExpression::CaseInsensitiveOption |
                                              QRegularExpression::DotMatchesEverythingOption);
     if (text.startsWith(QLatin1String("<?xml")) || text.startsWith(QLatin1String("<!DOCTYPE")) ||

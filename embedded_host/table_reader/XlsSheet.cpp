@@ -93,10 +93,13 @@ QString XlsSheet::read()
         } else if (record.type == biff::Eof && --depth == 0) {
             return QString();
         } else if (depth == 1) {
-            if (isPastEnd(record)) {
+            mPastEnd = mPastEnd || isPastEnd(record);
+            if (mPastEnd && !mRows.inspects()) {
                 return QString();
             }
-            if (!take(record)) {
+            if (mPastEnd && record.type == biff::MergedCells) {
+                noteMergedAreas(record);
+            } else if (!mPastEnd && !take(record)) {
                 return mError.isEmpty() ? mRows.error() : mError;
             }
         }
@@ -114,7 +117,7 @@ bool XlsSheet::isPastEnd(const BiffRecord& record)
     const int row = record.word(0);
     mIsRowWise = mIsRowWise || row == mLastRow || record.type == biff::MulRk;
     mLastRow = row;
-    return row >= mRows.maxRows() && mIsRowWise && !mRows.inspects();
+    return row >= mRows.maxRows() && mIsRowWise;
 }
 
 bool XlsSheet::take(const BiffRecord& record)

@@ -34,6 +34,7 @@ private:
     int mFormulaRow = -1; ///< of a formula whose text comes in a record of its own
     int mFormulaColumn = 0;
     int mLastRow = -1;
+    bool mPastEnd = false;   ///< behind the last row wanted only merged areas matter
     bool mIsRowWise = false; ///< a row with more than one cell was met
 };
 

@@ -123,6 +123,10 @@ QString Ledger::Store::open()
     if (options.access == Access::Write) {
         return openForWriting();
     }
+    const QFileInfo home(QFileInfo(file.path()).absolutePath());
+    if (home.exists() && !home.isExecutable()) {
+        return texts::unreadableFile(file.path()); // whether there is a ledger cannot be told
+    }
     return SqliteFile::hasContent(file.path()) ? openForReading() : openNothing();
 }
 

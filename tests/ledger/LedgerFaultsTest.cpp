@@ -37,7 +37,6 @@ void expectRefused(const QByteArray& bytes, const QString& reason)
         EXPECT_TRUE(error.contains(reason)) << error.toStdString();
     }
     EXPECT_EQ(bytesOf(path), bytes);
-    EXPECT_FALSE(QFile::exists(path + u"-wal"_s));
 }
 
 /// The bytes of a closed ledger with some batches.
@@ -51,20 +50,24 @@ QByteArray soundLedger()
     return bytesOf(ledger.path());
 }
 
+constexpr QFile::Permissions ReadAndEnter =
+    QFile::Permissions(QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
+                       QFile::ReadOther | QFile::ExeOther);
+
 /// A folder without write permission; the superuser gives up his rights meanwhile.
 class ReadOnlyFolder {
 public:
-    explicit ReadOnlyFolder(const QString& path) : mPath(path)
+    explicit ReadOnlyFolder(const QString& path, QFile::Permissions permissions = ReadAndEnter) : mPath(path)
     {
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+        QFile::setPermissions(path, permissions);
         constexpr uid_t Nobody = 65534;
-        mDropped = geteuid() == 0 && seteuid(Nobody) == 0;
+        mDropped = geteuid() == 0 && setresuid(Nobody, Nobody, 0) == 0;
     }
 
     ~ReadOnlyFolder()
     {
         if (mDropped) {
-            EXPECT_EQ(seteuid(0), 0);
+            EXPECT_EQ(setresuid(0, 0, 0), 0);
         }
         QFile::setPermissions(mPath, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
@@ -155,7 +158,9 @@ TEST(LedgerFile, InAReadOnlyFolderCanBeReadButNotWritten)
     EXPECT_TRUE(error.contains(ledger.path()));
     const auto opened = openToRead(ledger.home());
     ASSERT_EQ(opened.error, QString());
-    EXPECT_EQ(opened.value->instances().value.size(), 2);
+    const Outcome<QList<Instance>> instances = opened.value->instances();
+    EXPECT_EQ(instances.error, QString());
+    EXPECT_EQ(instances.value.size(), 2);
 }
 
 TEST(LedgerFile, CannotBeMadeInAReadOnlyFolder)
@@ -164,6 +169,16 @@ TEST(LedgerFile, CannotBeMadeInAReadOnlyFolder)
     const ReadOnlyFolder folder(home.path());
     const QString error = Ledger::open(home.path()).error;
     EXPECT_TRUE(error.contains(u"只读"_s)) << error.toStdString();
+}
+
+TEST(LedgerFile, InAFolderThatCannotBeEnteredIsNotTakenForNone)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(1));
+    ledger.close();
+    const ReadOnlyFolder folder(ledger.home(), QFile::ReadOwner);
+    const QString error = openToRead(ledger.home()).error;
+    EXPECT_TRUE(error.contains(u"无法打开"_s)) << error.toStdString();
 }
 
 TEST(SecondProcess, MayReadWhileTheFirstWrites)

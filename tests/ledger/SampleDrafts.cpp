@@ -2,6 +2,8 @@
 
 #include "host/AlgoConstants.h"
 
+#include <QLocale>
+
 #include <ostream>
 
 using namespace ledger;
@@ -49,7 +51,7 @@ BatchDraft sampleDraft(const QList<SampleRow>& rows)
     draft.strategy = u"AITWAP"_s;
     draft.createdBy = u"trader"_s;
     draft.expectedBuy = 10000.0;
-    draft.table.columns = {Info::Symbol, Algo_Values::AlgoParamId::traderOrder, Info::Quantity};
+    draft.table.columns = QStringList{Info::Symbol, Algo_Values::AlgoParamId::traderOrder, Info::Quantity};
     for (const SampleRow& row : rows) {
         draft.instances.append(sampleInstance(row));
         draft.table.rows.append({row.symbol, row.direction, digits(row.quantity)});

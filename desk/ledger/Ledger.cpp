@@ -3,11 +3,11 @@
 #include "desk/ledger/LedgerQueries.h"
 #include "desk/ledger/LedgerSchema.h"
 #include "desk/ledger/LedgerTexts.h"
+#include "desk/ledger/OwnerLock.h"
 #include "desk/ledger/SqliteFile.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLockFile>
 
 namespace ledger {
 
@@ -90,7 +90,6 @@ struct Ledger::Store {
     Store(const QString& path, const Options& chosen)
         : options(chosen), lock(path + QLatin1String(".lock")), file(path)
     {
-        lock.setStaleLockTime(0); // only a dead owner's lock is stale, however old a living one's may be
     }
 
     QString open();
@@ -98,7 +97,7 @@ struct Ledger::Store {
     template <typename Value> Outcome<Value> outcome(const Value& value, const Statements& statements) const;
 
     const Options options;
-    QLockFile lock;
+    OwnerLock lock;
     SqliteFile file;
 
 private:
@@ -135,17 +134,17 @@ QString Ledger::Store::takeLock()
     if (!QDir().mkpath(QFileInfo(file.path()).absolutePath())) {
         return texts::readOnlyFile(file.path());
     }
-    if (lock.tryLock(0)) {
+    switch (lock.take()) {
+    case OwnerLock::Answer::Taken:
         return QString();
+    case OwnerLock::Answer::HeldByAnother:
+        return texts::fileInUse(file.path(), lock.ownerProgram(), lock.ownerProcess());
+    case OwnerLock::Answer::NotPermitted:
+        return texts::readOnlyFile(file.path());
+    case OwnerLock::Answer::Failed:
+        break;
     }
-    qint64 process = 0;
-    QString host;
-    QString program;
-    if (lock.error() == QLockFile::LockFailedError && lock.getLockInfo(&process, &host, &program)) {
-        return texts::fileInUse(file.path(), program, process);
-    }
-    return lock.error() == QLockFile::PermissionError ? texts::readOnlyFile(file.path())
-                                                      : texts::unreadableFile(file.path());
+    return texts::unreadableFile(file.path());
 }
 
 /// Looks at the file through a connection that cannot change it.

@@ -128,9 +128,12 @@ QString SqliteFile::inspect() const
 
 QString SqliteFile::prepareForWriting(int maxPages) const
 {
-    QStringList statements{QStringLiteral("PRAGMA journal_mode = WAL"),
-                           // a batch that was reported as created survives a power failure
-                           QStringLiteral("PRAGMA synchronous = FULL")};
+    QStringList statements{
+        QStringLiteral("PRAGMA journal_mode = WAL"),
+        // a batch that was reported as created survives a power failure
+        QStringLiteral("PRAGMA synchronous = FULL"),
+        // some ten large batches, so that not every other one waits for the log to be moved
+        QStringLiteral("PRAGMA wal_autocheckpoint = 4000")};
     QSqlError error;
     if (single(database(), QStringLiteral("PRAGMA application_id"), error).toInt() != ApplicationId) {
         statements.append(QStringLiteral("PRAGMA application_id = %1").arg(ApplicationId));

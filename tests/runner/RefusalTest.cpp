@@ -1,0 +1,101 @@
+#include "tests/runner/RunnerTest.h"
+
+#include <QFile>
+
+/// Exit status 2: what cannot begin says why in one line, and prints nothing.
+class Refusal : public RunnerTest {
+protected:
+    void expectBadData(const QString& name, const QByteArray& bytes, const QString& place)
+    {
+        writeData(name, bytes);
+        expectRefused(import(table(goodRow())), place);
+        expectRefused(run({"accounts"_s, "--data"_s, dataFolder()}), place);
+    }
+};
+
+TEST_F(Refusal, OfAnUnknownStrategyOrAccount)
+{
+    const QString file = table(goodRow());
+    expectRefused(import(file, {"--strategy"_s, "NONE"_s, "--account"_s, "A1"_s}), "NONE"_s);
+    expectRefused(import(file, {"--strategy"_s, "AITWAP"_s, "--account"_s, "A9"_s}), "A9"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--switch-account"_s, "A8"_s}), "A8"_s);
+    expectRefused(import(file, {"--strategy"_s, "aitwap"_s, "--account"_s, "A1"_s}), "aitwap"_s);
+}
+
+TEST_F(Refusal, OfAStrategyThatIsNotInTheDialogsCatalogue)
+{
+    expectRefused(import(table(goodRow()), {"--strategy"_s, "OTHER"_s, "--account"_s, "A1"_s}), "OTHER"_s);
+}
+
+TEST_F(Refusal, OfWrongUsage)
+{
+    const QString file = table(goodRow());
+    expectRefused(import(file, {"--account"_s, "A1"_s}), "--strategy"_s);
+    expectRefused(import(file, {"--strategy"_s, "AITWAP"_s}), "--account"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--answer"_s, "maybe"_s}), "maybe"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--nonsense"_s}), "nonsense"_s);
+    expectRefused(import(file, aitwap() + QStringList{"second.csv"_s}), "file"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--switch-account"_s}), "switch-account"_s);
+    expectRefused(run(QStringList{"import"_s, "--data"_s, dataFolder()} + aitwap()), "file"_s);
+    expectRefused(run({"imports"_s}), "imports"_s);
+    expectRefused(run({"rows"_s}), "file"_s);
+    expectRefused(run({"accounts"_s, "extra"_s}), "file"_s);
+}
+
+TEST_F(Refusal, OfAnOptionThatTheSubcommandDoesNotHave)
+{
+    expectRefused(run({"accounts"_s, "--confirm"_s}), "confirm"_s);
+}
+
+TEST_F(Refusal, OfADuplicateKeyNamesFileAndLine)
+{
+    expectBadData("accounts.csv"_s, "tradingAccount,name,fundAccountType\nA1,a,Cash\nA2,b,Cash\nA1,c,Cash\n",
+                  "accounts.csv:4: "_s);
+}
+
+TEST_F(Refusal, OfATextWhereANumberBelongsNamesFileAndLine)
+{
+    expectBadData(
+        "securities.csv"_s,
+        "symbol,code,name,post,exchanges,dispFactor\n600000.SH,600000,甲,SH,SH,1\n1.SZ,1,乙,SZ,SZ,viel\n",
+        "securities.csv:3: "_s);
+}
+
+TEST_F(Refusal, OfAMissingHeaderNamesFileAndLine)
+{
+    expectBadData("markets.csv"_s, "SH,上海,SH,6,\n", "markets.csv:1: "_s);
+}
+
+TEST_F(Refusal, OfABrokenCatalogueNamesFileAndLine)
+{
+    expectBadData("strategies.json"_s, "[\n  {\"name\": \"AITWAP\",\n  }\n]\n", "strategies.json:"_s);
+}
+
+TEST_F(Refusal, OfAMissingCompulsoryFileNamesIt)
+{
+    for (const QString& name : {"markets.csv"_s, "securities.csv"_s, "accounts.csv"_s, "strategies.json"_s}) {
+        SetUp();
+        ASSERT_TRUE(QFile::remove(dataFolder() + QLatin1Char('/') + name));
+        expectRefused(import(table(goodRow())), name);
+    }
+}
+
+TEST_F(Refusal, NotOfMissingFurtherFiles)
+{
+    for (const QString& name : {"quotes.csv"_s, "security_accounts.csv"_s}) {
+        ASSERT_TRUE(QFile::remove(dataFolder() + QLatin1Char('/') + name));
+    }
+    EXPECT_EQ(1, import(table(goodRow())).status) << "the account has no market";
+}
+
+TEST_F(Refusal, OfADataFolderThatIsNotThere)
+{
+    expectRefused(run({"accounts"_s, "--data"_s, folder() + "/nowhere"_s}), "nowhere"_s);
+}
+
+TEST_F(Refusal, OfBadDataComesBeforeEverythingElse)
+{
+    writeData("accounts.csv"_s, "tradingAccount,name\nA1,a\nA1,b\n");
+    expectRefused(import(folder() + "/nowhere.csv"_s, {"--strategy"_s, "NONE"_s, "--account"_s, "A9"_s}),
+                  "accounts.csv:3: "_s);
+}

@@ -1,0 +1,121 @@
+#include "tests/runner/RunnerTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
+
+namespace {
+
+const char Markets[] = "exchange,name,post,codeLength,aliases\n"
+                       "SH,上海,SH,6,沪市\nSZ,深圳,SZ,6,\nHKSH,沪港通,HK,5,\n";
+const char Securities[] = "symbol,code,name,post,exchanges,subType,dispFactor\n"
+                          "600000.SH,600000,样本甲,SH,SH,,\n000001.SZ,000001,样本乙,SZ,SZ,,100\n"
+                          "00700.HK,00700,样本丙,HK,HKSH,HK_MAIN,\n";
+const char Accounts[] = "tradingAccount,name,fundAccountType,assetProp,sysNodeId\n"
+                        "A1,甲户,Cash,,node-1\nA2,乙户,Credit,,node-2\n";
+const char SecurityAccounts[] =
+    "tradingAccount,exchange,securityAccount\nA1,SH,S1\nA1,SZ,Z1\nA1,HKSH,H1\nA2,SH,S2\n";
+const char Quotes[] = "symbol,LastPx,MaxPx,PreClosePx\n600000.SH,10,11,9.9\n000001.SZ,20,22,\n";
+
+QByteArray parameter(const char* name, const QByteArray& more)
+{
+    return QByteArray(R"({"paramName":")") + name + R"(","paramId":")" + name + R"(",)" + more + "}";
+}
+
+QByteArray document(const QByteArray& extra)
+{
+    const QByteArray line = R"("ui":"LineEdit")";
+    const QByteArray directions =
+        R"("ui":"ComboBox","required":true,"options":[{"display":"买入","value":"Buy"},{"display":"卖出","value":"Sell"}])";
+    const QByteArray properties =
+        R"("ui":"ComboBox","options":[{"display":"普通交易","value":"0"},{"display":"信用交易","value":"9"}])";
+    return R"([{"ui":"Table","columns":[)" + parameter("证券代码", line) + "," + parameter("委托数量", line) +
+           "]}," + parameter("交易方向", directions) + "," + parameter("委托属性", properties) + extra + "]";
+}
+
+QByteArray strategy(const char* name, const QByteArray& paramFormats, const char* globalType = "algo")
+{
+    return QByteArray(R"({"name":")") + name + R"(","alias":"策略)" + name + R"(","globalType":")" +
+           globalType + R"(","paramFormats":)" + paramFormats + "}";
+}
+
+QByteArray strategies()
+{
+    const QByteArray sealing = "," + parameter("封单金额", R"("ui":"LineEdit")");
+    return "[" + strategy("AITWAP", document("")) + "," + strategy("KF_TWAPPLUS", document("")) + "," +
+           strategy("PursueHighLimit", document(sealing)) + "," + strategy("OTHER", document(""), "manual") +
+           "," + strategy("BROKEN", R"("[{")") + "]";
+}
+
+} // namespace
+
+void RunnerTest::SetUp()
+{
+    ASSERT_TRUE(QDir(mFolder.path()).mkpath("data"_s));
+    writeData("markets.csv"_s, Markets);
+    writeData("securities.csv"_s, Securities);
+    writeData("accounts.csv"_s, Accounts);
+    writeData("security_accounts.csv"_s, SecurityAccounts);
+    writeData("quotes.csv"_s, Quotes);
+    writeData("strategies.json"_s, strategies());
+}
+
+RunnerTest::Run RunnerTest::run(const QStringList& arguments, const QMap<QString, QString>& environment)
+{
+    QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+    all.remove("QT_LOGGING_RULES"_s);
+    all.remove("QT_QPA_PLATFORM"_s);
+    all.remove("XDG_RUNTIME_DIR"_s);
+    all.insert("HOME"_s, mFolder.path());
+    for (auto entry = environment.constBegin(); entry != environment.constEnd(); ++entry) {
+        all.insert(entry.key(), entry.value());
+    }
+    QProcess process;
+    process.setProcessEnvironment(all);
+    process.setWorkingDirectory(mFolder.path());
+    process.start(QStringLiteral(ALGODESK), arguments, QIODevice::ReadOnly);
+    EXPECT_TRUE(process.waitForFinished(60000)) << process.errorString().toStdString();
+    EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QStringList RunnerTest::aitwap()
+{
+    return {"--strategy"_s, "AITWAP"_s, "--account"_s, "A1"_s};
+}
+
+RunnerTest::Run RunnerTest::import(const QString& file, const QStringList& more)
+{
+    return run(
+        QStringList{"import"_s, file, "--data"_s, dataFolder(), "--home"_s, mFolder.filePath("home"_s)} +
+        more);
+}
+
+QString RunnerTest::writeData(const QString& name, const QByteArray& bytes)
+{
+    return write("data/"_s + name, bytes);
+}
+
+QString RunnerTest::write(const QString& name, const QByteArray& bytes)
+{
+    const QString path = mFolder.filePath(name);
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(bytes);
+    return path;
+}
+
+QString RunnerTest::table(const QByteArray& rows, const QString& name)
+{
+    return write(name, "证券代码,市场,委托数量,交易方向,委托属性,创建后是否立即启动\n" + rows);
+}
+
+void RunnerTest::expectRefused(const Run& run, const QString& text)
+{
+    EXPECT_EQ(2, run.status);
+    EXPECT_EQ(QByteArray(), run.out);
+    EXPECT_TRUE(QString::fromUtf8(run.err).contains(text))
+        << run.err.constData() << "lacks " << text.toStdString();
+    EXPECT_EQ(1, run.err.count('\n')) << run.err.constData();
+}

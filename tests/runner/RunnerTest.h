@@ -1,0 +1,64 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// Runs algodesk on a small reference data folder of its own. A test may change the files before it runs.
+class RunnerTest : public testing::Test {
+protected:
+    /// What a run left behind.
+    struct Run {
+        int status = -1;
+        QByteArray out;
+        QByteArray err;
+
+        QJsonDocument json() const { return QJsonDocument::fromJson(out); }
+        QJsonObject object() const { return json().object(); }
+    };
+
+    void SetUp() override;
+
+    /// `environment` is added to the test's own.
+    Run run(const QStringList& arguments, const QMap<QString, QString>& environment = {});
+    /// --strategy AITWAP --account A1
+    static QStringList aitwap();
+    /// algodesk import FILE --data … --home … and these arguments.
+    Run import(const QString& file, const QStringList& more = aitwap());
+
+    /// Writes a file of the data folder, or beside it; returns its path.
+    QString writeData(const QString& name, const QByteArray& bytes);
+    QString write(const QString& name, const QByteArray& bytes);
+    QString dataFolder() const { return mFolder.filePath(QStringLiteral("data")); }
+    QString folder() const { return mFolder.path(); }
+
+    /// Exit status 2, one line on standard error that holds `text`, nothing on standard output.
+    static void expectRefused(const Run& run, const QString& text);
+
+    /// A csv file of these data rows under the columns of AITWAP.
+    QString table(const QByteArray& rows, const QString& name = QStringLiteral("list.csv"));
+    /// A good row of it, and one whose code is unknown.
+    static QByteArray goodRow() { return "600000,SH,1000,1,0,7\n"; }
+    static QByteArray badRow() { return "999999,SH,1000,1,0,7\n"; }
+
+private:
+    QTemporaryDir mFolder;
+};
+
+/// "…" as QString in tests.
+inline QString operator""_s(const char* text, std::size_t length)
+{
+    return QString::fromUtf8(text, int(length));
+}
+
+/// Makes gtest print texts instead of bytes.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}

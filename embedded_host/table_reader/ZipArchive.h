@@ -6,17 +6,22 @@
 
 #include <memory>
 
-class QuaZip;
-class QuaZipFile;
+struct zip;
+struct zip_file;
 
 namespace table_reader {
+
+/// Closes what libzip opened, without writing anything.
+struct ZipCloser {
+    void operator()(zip* archive) const;
+    void operator()(zip_file* part) const;
+};
 
 /// The parts of a zip archive by name. Names are matched as Office packages do: letter case, a leading slash
 /// and the direction of slashes do not count. Of parts with the same name the last one is taken.
 class ZipArchive {
 public:
-    explicit ZipArchive(QIODevice& file);
-    ~ZipArchive();
+    explicit ZipArchive(QIODevice& file) : mFile(file) {}
 
     /// Reads the directory. Empty, or the sentence that says what is wrong.
     QString open();
@@ -25,11 +30,12 @@ public:
 private:
     friend class PartStream;
     static QString key(const QString& name);
-    QString readDirectory();
-    bool select(const QString& name);
+    QString readDirectory(qint64 entries);
+    qint64 entryOf(const QString& name) const { return mParts.value(key(name), -1); }
 
-    std::unique_ptr<QuaZip> mZip;
-    QHash<QString, int> mParts; ///< number of the entry
+    QIODevice& mFile;
+    std::unique_ptr<zip, ZipCloser> mZip;
+    QHash<QString, qint64> mParts; ///< number of the entry
 };
 
 /// One part, inflated as it is read, never whole in memory. Reading fails beyond the limits; finish() checks
@@ -63,10 +69,11 @@ private:
     ZipArchive& mArchive;
     QString mName;
     QString mFailure;
-    std::unique_ptr<QuaZipFile> mPart;
+    std::unique_ptr<zip_file, ZipCloser> mPart;
     qint64 mSize = 0;
     qint64 mCompressed = 0;
     qint64 mRead = 0;
+    bool mSound = true; ///< no error while inflating, checksum included
     qint64 mTokenBytes = 0;
 };
 

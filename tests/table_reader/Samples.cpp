@@ -2,10 +2,7 @@
 
 #include "embedded_host/table_reader/BiffStream.h"
 
-#include <QBuffer>
-#include <quazip/quazip.h>
-#include <quazip/quazipfile.h>
-#include <quazip/quazipnewinfo.h>
+#include <zip.h>
 
 #include <cstring>
 
@@ -26,20 +23,27 @@ const QByteArray RelationshipsOpen(
 
 QByteArray zip(const Parts& parts, bool compressed)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QuaZip archive(&buffer);
-    archive.open(QuaZip::mdCreate);
-    constexpr int Stored = 0;
+    zip_source_t* buffer = zip_source_buffer_create(nullptr, 0, 0, nullptr);
+    zip_source_keep(buffer);
+    zip_t* archive = zip_open_from_source(buffer, ZIP_TRUNCATE, nullptr);
     for (const auto& part : parts) {
-        QuaZipFile file(&archive);
-        const QuaZipNewInfo info(part.first);
-        compressed ? file.open(QIODevice::WriteOnly, info)
-                   : file.open(QIODevice::WriteOnly, info, nullptr, 0, Stored, Stored);
-        file.write(part.second);
-        file.close();
+        const auto size = static_cast<zip_uint64_t>(part.second.size());
+        zip_source_t* content = zip_source_buffer(archive, part.second.constData(), size, 0);
+        const zip_int64_t entry =
+            zip_file_add(archive, part.first.toUtf8().constData(), content, ZIP_FL_ENC_UTF_8);
+        if (!compressed) {
+            zip_set_file_compression(archive, static_cast<zip_uint64_t>(entry), ZIP_CM_STORE, 0);
+        }
     }
-    archive.close();
+    zip_close(archive);
+
+    zip_stat_t written;
+    zip_source_stat(buffer, &written);
+    QByteArray bytes(static_cast<int>(written.size), Qt::Uninitialized);
+    zip_source_open(buffer);
+    zip_source_read(buffer, bytes.data(), written.size);
+    zip_source_close(buffer);
+    zip_source_free(buffer);
     return bytes;
 }
 

@@ -2,6 +2,7 @@
 
 #include "embedded_host/table_reader/CellAddress.h"
 #include "embedded_host/table_reader/CsvTokenizer.h"
+#include "embedded_host/table_reader/HarmlessCell.h"
 #include "embedded_host/table_reader/Limits.h"
 #include "embedded_host/table_reader/Messages.h"
 #include "embedded_host/table_reader/TextEncoding.h"
@@ -213,6 +214,7 @@ QString readCsv(QIODevice& file, const ReadOptions& options, Table& table)
     const QString error =
         known.isEmpty() ? readByTrial(file, options, table) : attempt(file, options, known, table, faults);
     table.format = QStringLiteral("csv");
+    restoreCells(table.rows);
     if (!options.inspect) {
         table.inspection = {};
     }

@@ -44,6 +44,16 @@ QString decodeEscapes(const QString& text)
     return decoded;
 }
 
+QString guardEscapes(const QString& text)
+{
+    QString guarded;
+    for (int at = 0; at < text.size(); ++at) {
+        const bool isEscape = text.at(at) == QLatin1Char('_') && escapedAt(text, at) >= 0;
+        guarded += isEscape ? QStringLiteral("_x005F_") : QString(text.at(at));
+    }
+    return guarded;
+}
+
 QString readRichText(XmlPart& part)
 {
     QString text;

@@ -14,4 +14,8 @@ QString readRichText(XmlPart& part);
 /// that guards what follows from being decoded.
 QString decodeEscapes(const QString& text);
 
+/// Guards what decodeEscapes() would decode, so that it comes back as it is: "_x000D_" becomes
+/// "_x005F_x000D_".
+QString guardEscapes(const QString& text);
+
 } // namespace table_reader

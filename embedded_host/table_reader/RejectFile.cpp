@@ -1,0 +1,125 @@
+#include "embedded_host/table_reader/RejectFile.h"
+
+#include "embedded_host/table_reader/CellAddress.h"
+#include "embedded_host/table_reader/HarmlessCell.h"
+#include "embedded_host/table_reader/SpreadsheetText.h"
+
+#include <xlsxwriter.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+namespace table_writer {
+namespace {
+
+QString cannotWrite(const QString& path, const QString& reason)
+{
+    return QStringLiteral("无法写入文件%1：%2").arg(QDir::toNativeSeparators(path), reason);
+}
+
+/// The header, then each row filled up to its width, with the reason behind.
+QList<QStringList> tableOf(QStringList header, const QList<RefusedRow>& rows)
+{
+    if (!header.isEmpty() && header.last() == table_reader::reasonTitle()) {
+        header.removeLast();
+    }
+    const int width = header.size();
+    QList<QStringList> table = {header << table_reader::reasonTitle()};
+    for (const RefusedRow& row : rows) {
+        QStringList cells = row.cells.mid(0, width);
+        while (cells.size() < width) {
+            cells.append(QString());
+        }
+        table.append(cells << row.reason);
+    }
+    return table;
+}
+
+QString quoted(const QString& cell)
+{
+    const bool needed = std::any_of(cell.begin(), cell.end(), [](QChar c) {
+        return c == u',' || c == u'"' || c == u'\n' || c == u'\r' || c == u'\t' || c == u';' || c == u' ';
+    });
+    QString text = cell;
+    return needed
+               ? QLatin1Char('"') + text.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"')
+               : cell;
+}
+
+QByteArray csvOf(const QList<QStringList>& table)
+{
+    QByteArray bytes("\xEF\xBB\xBF");
+    for (const QStringList& row : table) {
+        QStringList cells;
+        for (const QString& cell : row) {
+            cells.append(quoted(table_reader::harmlessCell(cell)));
+        }
+        bytes += cells.join(QLatin1Char(',')).toUtf8() + "\r\n";
+    }
+    return bytes;
+}
+
+/// Replaces `path` by these bytes, whole or not at all.
+QString save(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return saved ? QString() : cannotWrite(path, file.errorString());
+}
+
+/// Empty, or the address of the cell that xlsx cannot hold.
+QString writeRows(lxw_workbook* workbook, lxw_worksheet* sheet, const QList<QStringList>& table)
+{
+    lxw_format* const text = workbook_add_format(workbook);
+    format_set_num_format(text, "@");
+    QString refused;
+    for (int row = 0; row < table.size(); ++row) {
+        for (int column = 0; column < table.at(row).size(); ++column) {
+            const lxw_error error = worksheet_write_string(
+                sheet, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                table_reader::guardEscapes(table.at(row).at(column)).toUtf8().constData(), text);
+            refused = error == LXW_NO_ERROR ? refused : table_reader::cellAddress(row, column);
+        }
+    }
+    worksheet_freeze_panes(sheet, 1, 0);
+    constexpr double ReasonWidth = 60;
+    const auto reasons = static_cast<lxw_col_t>(table.first().size() - 1);
+    worksheet_set_column(sheet, reasons, reasons, ReasonWidth, nullptr);
+    return refused;
+}
+
+QString writeXlsx(const QString& path, const QList<QStringList>& table)
+{
+    const QTemporaryDir folder;
+    const QString draft = folder.filePath(QStringLiteral("rejects.xlsx"));
+    lxw_workbook* const workbook = workbook_new(QFile::encodeName(draft).constData());
+    if (!workbook) {
+        return cannotWrite(path, QStringLiteral("内存不足"));
+    }
+    const QString refused = writeRows(workbook, workbook_add_worksheet(workbook, nullptr), table);
+    const lxw_error error = workbook_close(workbook);
+    if (!refused.isEmpty()) {
+        return cannotWrite(path, QStringLiteral("单元格%1过长").arg(refused));
+    }
+    if (error != LXW_NO_ERROR) {
+        return cannotWrite(path, QString::fromLatin1(lxw_strerror(error)));
+    }
+    QFile written(draft);
+    return written.open(QIODevice::ReadOnly) ? save(path, written.readAll())
+                                             : cannotWrite(path, written.errorString());
+}
+
+} // namespace
+
+QString writeRejects(const QString& path, const QStringList& header, const QList<RefusedRow>& rows)
+{
+    const QList<QStringList> table = tableOf(header, rows);
+    const bool isXlsx = QFileInfo(path).suffix().compare(QLatin1String("xlsx"), Qt::CaseInsensitive) == 0;
+    return isXlsx ? writeXlsx(path, table) : save(path, csvOf(table));
+}
+
+} // namespace table_writer

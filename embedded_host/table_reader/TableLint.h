@@ -1,0 +1,49 @@
+#pragma once
+
+#include "embedded_host/table_reader/TableReader.h"
+
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// Looks for what may go wrong when a table is imported. Never changes a value; the reader's options must
+/// have asked for inspection, or merged areas, hidden rows and lines are not told.
+namespace table_lint {
+
+enum class Severity {
+    Warning, ///< imported, but look at it
+    Error,   ///< refused, or imported as something else than was meant
+};
+
+/// What the import knows, for comparison.
+struct Expectation {
+    QStringList titles;             ///< the table's columns
+    QMap<QString, QString> aliases; ///< title that a file may use -> column title
+    QString codeTitle;              ///< the column of security codes, such as 证券代码; empty: none
+    /// The securities with exactly this code, as the user should see them ("000001.SZ 平安银行"); may be
+    /// null.
+    std::function<QStringList(const QString& code)> securities;
+};
+
+struct Finding {
+    QString code; ///< stable, for programs: title.unknown, title.near, title.repeated, code.zeros,
+                  ///< number.exponent, number.digits, blank.invisible, digit.fullwidth, merged.hidden,
+                  ///< row.hidden, text.replaced
+    Severity severity = Severity::Warning;
+    QString chinese; ///< sentence for the user
+    QString english;
+    QString sheet;           ///< empty for csv
+    QString address;         ///< A1; of a whole row its number; empty where the finding is of the file
+    int line = 0;            ///< of a csv file, from 1; 0: not known
+    QString raw;             ///< the text in question, as stored
+    QStringList suggestions; ///< titles or securities that could be meant
+};
+
+/// All findings, titles first, then cells row by row, at most this many.
+constexpr int MaxFindings = 1000;
+QList<Finding> lint(const table_reader::Table& table, const Expectation& expectation);
+
+} // namespace table_lint

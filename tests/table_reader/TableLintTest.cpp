@@ -1,0 +1,128 @@
+#include "embedded_host/table_reader/TableLint.h"
+
+#include "embedded_host/table_reader/TitleLint.h"
+#include "tests/table_reader/Reading.h"
+#include "tests/table_reader/Samples.h"
+
+using namespace table_lint;
+using samples::Xlsx;
+
+namespace {
+
+Expectation expectation()
+{
+    Expectation expected;
+    expected.titles =
+        QStringList{QStringLiteral("证券代码"), QStringLiteral("市场"), QStringLiteral("委托数量")};
+    expected.aliases = {{QStringLiteral("代码"), QStringLiteral("证券代码")}};
+    expected.codeTitle = QStringLiteral("证券代码");
+    expected.securities = [](const QString& code) {
+        return code == QLatin1String("000001")
+                   ? QStringList{QStringLiteral("000001.SZ"), QStringLiteral("000001.SH")}
+               : code == QLatin1String("00001") ? QStringList{QStringLiteral("00001.HK")}
+               : code == QLatin1String("700")   ? QStringList{QStringLiteral("700.X")}
+                                                : QStringList();
+    };
+    return expected;
+}
+
+/// "code address raw" of each finding, a line each.
+std::string found(const table_reader::Table& table)
+{
+    std::string text;
+    for (const Finding& finding : lint(table, expectation())) {
+        text += finding.code.toStdString() + " " + finding.address.toStdString() + " " +
+                finding.raw.toStdString() + "\n";
+    }
+    return text;
+}
+
+std::string found(const QByteArray& bytes)
+{
+    return found(inspect(bytes));
+}
+
+} // namespace
+
+TEST(TableLint, FindsNothingInACleanTable)
+{
+    EXPECT_EQ("", found("证券代码,市场,委托数量\n600000,上海,100\n000001,深圳,-0.5\n"));
+    EXPECT_EQ("", found("代码,市场\n600000,\n"));
+    EXPECT_EQ("", found(""));
+}
+
+TEST(TableLint, FindsTitlesUnknownNearlyRightAndRepeated)
+{
+    EXPECT_EQ("title.near A1 证券代號\ntitle.unknown B1 备注\ntitle.repeated D1 市场\n",
+              found("证券代號,备注,市场,市场,\n"));
+    const Finding near = lint(inspect("证券 代码\n"), expectation()).first();
+    EXPECT_EQ(QStringList{QStringLiteral("证券代码")}, near.suggestions);
+    EXPECT_EQ("表头“证券 代码”不是该策略的列，是否应为“证券代码”", near.chinese.toStdString());
+    EXPECT_EQ(Severity::Error, near.severity);
+}
+
+TEST(TableLint, FindsCodesThatLostTheirZeros)
+{
+    EXPECT_EQ("code.zeros A2 1\n", found("代码\n1\n000001\n700\n2\n1x\n600000\n"));
+    const Finding lost = lint(inspect("代码\n1\n"), expectation()).first();
+    EXPECT_EQ(
+        (QStringList{QStringLiteral("00001.HK"), QStringLiteral("000001.SZ"), QStringLiteral("000001.SH")}),
+        lost.suggestions);
+    EXPECT_EQ("证券代码“1”可能丢失了前面的零，可能是：00001.HK，000001.SZ，000001.SH",
+              lost.chinese.toStdString());
+    EXPECT_EQ(2, lost.line);
+}
+
+TEST(TableLint, FindsNumbersInExponentFormOrWithTooManyDigits)
+{
+    EXPECT_EQ(
+        "number.exponent B2 6E+05\nnumber.digits C2 1234567890123456\n",
+        found("证券代码,市场,委托数量\nx,6E+05,1234567890123456\nx,0000000000000000012,123456789012345\n"));
+}
+
+TEST(TableLint, FindsBlanksThatCannotBeSeenAndFullWidthDigits)
+{
+    EXPECT_EQ(
+        "blank.invisible A2 a\xC2\xA0\nblank.invisible A3 \xE3\x80\x80 b\nblank.invisible A4 c\xE2\x80\x8B\n"
+        "digit.fullwidth A5 １００\n",
+        found("证券代码\na\xC2\xA0\n\xE3\x80\x80 b\nc\xE2\x80\x8B\n１００\nplain x\n"));
+}
+
+TEST(TableLint, FindsValuesUnderMergedCellsAndInHiddenRows)
+{
+    Xlsx sample;
+    sample.sheetData =
+        "<row><c t=\"str\"><v>市场</v></c></row><row hidden=\"1\"><c><v>1</v></c><c><v>2</v></c></row>"
+        "<row hidden=\"1\"/>";
+    sample.behindData = "<mergeCells><mergeCell ref=\"A2:B2\"/></mergeCells>";
+    const table_reader::Table table = inspect(sample.file());
+    EXPECT_EQ("row.hidden 2 \nmerged.hidden B2 2\n", found(table));
+    EXPECT_EQ("委托", lint(table, expectation()).first().sheet.toStdString());
+}
+
+TEST(TableLint, TellsTheLineOfTheFileAndWhatCouldNotBeDecoded)
+{
+    EXPECT_EQ(4, lint(inspect("市场\n\"a\nb\"\n１\n"), expectation()).first().line);
+    EXPECT_EQ("text.replaced  1\n", found("市场\n甲,乙,\xFF,丙\n"));
+}
+
+TEST(TableLint, StopsAtAThousandFindings)
+{
+    EXPECT_EQ(MaxFindings,
+              lint(inspect("市场\n" + QByteArray("１,１,\n").repeated(900)), expectation()).size());
+}
+
+TEST(NearestTitle, ToleratesAThirdOfTheCharacters)
+{
+    const QStringList known = {QStringLiteral("委托数量"), QStringLiteral("委托金额"),
+                               QStringLiteral("市场")};
+    const auto nearest = [&](const char* title) {
+        return nearestTitle(QString::fromUtf8(title), known).toStdString();
+    };
+    EXPECT_EQ("委托数量", nearest("委托数"));
+    EXPECT_EQ("委托金额", nearest("委托　金额*"));
+    EXPECT_EQ("市场", nearest("市場"));
+    EXPECT_EQ("", nearest("交易账号"));
+    EXPECT_EQ("", nearest("备注"));
+    EXPECT_EQ("", nearest("x"));
+}

@@ -45,7 +45,7 @@ struct Convention {
 /// What the trade writes into a column that is no choice and no time.
 const QHash<QString, Convention>& conventions()
 {
-    static const Convention quantity{CellKind::Whole, "数量（股票为股，债券为张，期货为手）", "1000"};
+    static const Convention quantity{CellKind::Whole, "数量（股票为股、债券为张、期货为手）", "1000"};
     static const Convention price{CellKind::Decimal, "价格（元，港股为港元），空为不限价", "10.50"};
     static const Convention money{CellKind::Decimal, "金额（元）", "100000"};
     static const Convention percent{CellKind::Decimal, "百分数，如15表示15%", "15"};

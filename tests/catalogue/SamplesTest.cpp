@@ -1,0 +1,113 @@
+#include "tests/catalogue/SampleTable.h"
+#include "tests/catalogue/ShippedDialog.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSignalSpy>
+
+namespace {
+
+using sample_table::Sample;
+
+std::string testName(const testing::TestParamInfo<Sample>& info)
+{
+    return QString(info.param.file)
+        .replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]")), "_"_s)
+        .toStdString();
+}
+
+class SampleDialog : public ShippedDialog, public testing::WithParamInterface<Sample> {
+protected:
+    void importSample()
+    {
+        open(GetParam().strategy, GetParam().account);
+        ASSERT_EQ(accounts().GetCurTradingAccount(), GetParam().account);
+        importFile(shipped::path("samples/"_s + GetParam().file));
+    }
+};
+
+class GoodSample : public SampleDialog {};
+
+TEST_P(GoodSample, ImportsEveryRowAndConfirmsWithoutAMessage)
+{
+    importSample();
+    EXPECT_EQ(lastBoxText(), QString());
+    EXPECT_EQ(dialog->getWidgetData().size(), GetParam().effect.toInt());
+    EXPECT_EQ(table().getViewData().size(), GetParam().effect.toInt());
+
+    const QSignalSpy confirmed(dialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked);
+    button("btn_ok").click();
+    EXPECT_EQ(lastBoxText(), QString());
+    EXPECT_EQ(confirmed.count(), 1);
+}
+
+TEST_P(GoodSample, LeavesNoParameterEmptyThatTheServerNeeds)
+{
+    importSample();
+    const QList<QMap<QString, QVariant>> instances = dialog->getWidgetData();
+    ASSERT_FALSE(instances.isEmpty());
+    for (const QMap<QString, QVariant>& instance : instances) {
+        const QVariantMap leg = instance.value("证券代码和委托数量"_s).toList().value(0).toMap();
+        const QString direction = leg.value("交易方向"_s, instance.value("交易方向"_s)).toString();
+        EXPECT_FALSE(direction.isEmpty());
+        EXPECT_FALSE(leg.value("证券代码"_s).toString().isEmpty());
+        EXPECT_FALSE(leg.value("证券账号"_s).toString().isEmpty());
+        EXPECT_GT(leg.value("委托数量"_s, leg.value("委托金额"_s)).toDouble(), 0.0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, GoodSample, testing::ValuesIn(sample_table::goodSamples()), testName);
+
+class FaultySample : public SampleDialog {};
+
+TEST_P(FaultySample, SaysWhatTheTableSays)
+{
+    importSample();
+    if (GetParam().atConfirmation) {
+        EXPECT_EQ(lastBoxText(), QString());
+        button("btn_ok").click();
+    }
+    EXPECT_EQ(lastBoxText().trimmed().replace("\r\n"_s, "<br>"_s), GetParam().effect);
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, FaultySample, testing::ValuesIn(sample_table::faultySamples()), testName);
+
+QSet<QString> listed(const QList<Sample>& samples)
+{
+    QSet<QString> files;
+    for (const Sample& sample : samples) {
+        files.insert(sample.file);
+    }
+    return files;
+}
+
+QSet<QString> present(const QString& folder, const QString& prefix)
+{
+    const QStringList names =
+        QDir(shipped::path(folder)).entryList({"*.csv"_s, "*.xlsx"_s, "*.xls"_s}, QDir::Files);
+    QSet<QString> files;
+    for (const QString& name : names) {
+        files.insert(prefix + name);
+    }
+    return files;
+}
+
+TEST(SampleTable, ListsEverySampleFile)
+{
+    EXPECT_EQ(listed(sample_table::goodSamples()), present("samples"_s, QString()));
+    EXPECT_EQ(listed(sample_table::faultySamples()), present("samples/faulty"_s, "faulty/"_s));
+}
+
+TEST(SampleTable, HasASampleForEveryStrategyUnderItsCode)
+{
+    const QList<AesStrategy> strategies = shipped::tables().strategies;
+    ASSERT_FALSE(strategies.isEmpty());
+    const QSet<QString> files = listed(sample_table::goodSamples());
+    for (const AesStrategy& strategy : strategies) {
+        EXPECT_TRUE(files.contains(strategy.name() + ".csv"_s) || files.contains(strategy.name() + ".xlsx"_s))
+            << qPrintable(strategy.name());
+    }
+}
+
+} // namespace

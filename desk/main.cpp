@@ -1,4 +1,9 @@
+#include "desk/runner/CommandLine.h"
 #include "desk/runner/Runner.h"
+#include "desk/runner/Session.h"
+#include "desk/window/DeskApplication.h"
+#include "desk/window/DeskBooks.h"
+#include "desk/window/DeskWindow.h"
 
 #include <QApplication>
 #include <QFile>
@@ -17,8 +22,8 @@ QStringList argumentsOf(int argc, char** argv)
     return arguments;
 }
 
-/// Needs no display: everything is drawn off screen, and the categories keep silent unless QT_LOGGING_RULES
-/// asks for them.
+/// Needs no display: everything is drawn off screen, and logs keep silent unless QT_LOGGING_RULES asks for
+/// them.
 int runHeadless(int& argc, char** argv, const QStringList& arguments)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -32,14 +37,51 @@ int runHeadless(int& argc, char** argv, const QStringList& arguments)
     return runner::run(arguments, out, err);
 }
 
+int complain(const QString& error)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(error));
+    return runner::Refused;
+}
+
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+int runDesk(int& argc, char** argv, const QStringList& arguments)
+{
+    QString error;
+    const auto line =
+        runner::parseCommandLine(arguments, {QStringLiteral("data"), QStringLiteral("home")}, 0, error);
+    if (!line) {
+        return complain(error);
+    }
+    if (!hasDisplay()) {
+        return complain(
+            QStringLiteral("没有可用的显示环境，无法打开窗口；不需要窗口的命令见 algodesk --help"));
+    }
+    QLoggingCategory::setFilterRules(QStringLiteral("algo.*.debug=false"));
+    QApplication application(argc, argv);
+    desk_application::prepare(application);
+    const std::unique_ptr<EmbeddedHost> host = runner::openDeskHost(*line, error);
+    if (!host) {
+        return complain(error);
+    }
+    const auto books = openDeskBooks(runner::homeFolder(*line), runner::referenceDataFolder(*line), error);
+    if (!books) {
+        return complain(error);
+    }
+    DeskWindow window(*host, *books);
+    window.show();
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("algodesk"));
     const QStringList arguments = argumentsOf(argc, argv);
-    if (runner::isAsked(arguments)) {
-        return runHeadless(argc, argv, arguments);
-    }
-    return 0;
+    return runner::isAsked(arguments) ? runHeadless(argc, argv, arguments) : runDesk(argc, argv, arguments);
 }

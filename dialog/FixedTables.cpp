@@ -2,6 +2,7 @@
 
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "dialog/ColumnNames.h"
+#include "dialog/HeadAliases.h"
 #include "host/AlgoConstants.h"
 #include "host/NorvikConstants.h"
 #include "host/SolveyConstants.h"
@@ -22,18 +23,6 @@ QMap<QString, QString> directionValues()
     return {{Side::buy, QStringLiteral("买入")},         {Side::sell, QStringLiteral("卖出")},
             {FuturesSide::openBuy, Shown::BuyOpenChi},   {FuturesSide::openSell, Shown::SellOpenChi},
             {FuturesSide::closeBuy, Shown::BuyCloseChi}, {FuturesSide::closeSell, Shown::SellCloseChi}};
-}
-
-QMap<QString, QString> headAliases()
-{
-    namespace Info = Algo_Fields::AlgoInstContentInfo;
-    return {{QStringLiteral("方向"), Algo_Values::AlgoParamId::traderOrder},
-            {QStringLiteral("数量"), Info::Quantity},
-            {columns::Limit, Info::PriceLimits},
-            {columns::Code, Info::Symbol},
-            {QStringLiteral("扫盘比例(%)"), QStringLiteral("扫盘比例（%）")},
-            {QStringLiteral("备注"), QStringLiteral("实例备注")},
-            {QStringLiteral("名称"), columns::SecurityName}};
 }
 
 QStringList wholeNumberColumns()

@@ -23,6 +23,10 @@ constexpr OptionText Options[] = {
     {"confirm", "", "press 确定 at the end"},
     {"encoding", "NAME", "encoding of a csv file, such as Big5, instead of the one that its bytes tell"},
     {"rejects", "OUT", "write the refused rows with their reasons to OUT (xlsx or csv)"},
+    {"create", "", "create the confirmed batch in the ledger, past the guard"},
+    {"yes", "", "create in spite of the guard's warnings (never of its refusals)"},
+    {"amount", "AMOUNT", "the gross amount, where the guard wants it typed once more"},
+    {"batch", "N", "only this batch"},
     {"all", "", "the templates of all strategies"},
 };
 
@@ -56,7 +60,11 @@ CommandLine collected(const QCommandLineParser& parser)
     line.home = value("home");
     line.encoding = value("encoding");
     line.rejects = value("rejects");
+    line.batch = value("batch");
+    line.amount = value("amount");
     line.confirm = isSet("confirm");
+    line.create = isSet("create");
+    line.yes = isSet("yes");
     line.allTemplates = isSet("all");
     line.help = isSet("help");
     return line;
@@ -97,10 +105,17 @@ QString usage()
     QString text = QStringLiteral(
         "Usage: algodesk                     open the desk window\n"
         "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
-        "                            [--switch-account ACCOUNT] [--confirm] [--rejects OUT]\n"
+        "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--amount "
+        "AMOUNT]]]\n"
+        "                            [--rejects OUT]\n"
         "       algodesk rows FILE [--encoding NAME]\n"
+        "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"
         "       algodesk strategies | accounts | securities [--data DIR]\n"
         "       algodesk template --strategy CODE OUT | --all OUT [--data DIR]\n"
+        "       algodesk batches\n"
+        "       algodesk instances [--batch N]\n"
+        "       algodesk undo N\n"
+        "       algodesk diff N FILE [--data DIR]\n"
         "       algodesk --help | --version\n"
         "\n"
         "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "

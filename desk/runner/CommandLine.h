@@ -17,8 +17,12 @@ struct CommandLine {
     QString home;
     QString encoding;
     QString rejects;
+    QString batch;
+    QString amount; ///< the gross amount, typed once more
     bool answerYes = true;
     bool confirm = false;
+    bool create = false;
+    bool yes = false;
     bool allTemplates = false;
     bool help = false;
 };

@@ -1,16 +1,13 @@
+#include "desk/ledger/LedgerJson.h"
+#include "desk/ledger/Limits.h"
 #include "desk/runner/Commands.h"
+#include "desk/runner/DialogDriver.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
-#include "desk/runner/WidgetJson.h"
-#include "dialog/AlgoBatchImportParamSetting.h"
-#include "embedded_host/RecordingPrompts.h"
-#include "host/AlgoConstants.h"
-#include "host/AlgoTradeLogicNew.h"
-#include "host/SolveyAccountComboBox.h"
-
-#include <QDir>
-#include <QFileInfo>
-#include <QPushButton>
+#include "desk/window/ImportProblems.h"
+#include "desk/window/RejectFile.h"
+#include "embedded_host/table_reader/RejectFile.h"
+#include "embedded_host/table_reader/TableReader.h"
 
 #include <optional>
 
@@ -18,52 +15,46 @@ namespace runner {
 
 namespace {
 
-/// As a file dialog gives it: absolute, without "." and ".." steps.
-QString chosenPath(const QString& file)
+using ledger::Batch;
+using ledger::Ledger;
+using ledger::LimitScope;
+using ledger::Review;
+
+/// The guard's look at the batch, and the batch where guard and consent let it pass. `created` tells which.
+QJsonObject createBatch(const ledger::DialogContent& content, const CommandLine& line,
+                        const QList<LimitScope>& limits, bool& created)
 {
-    return QDir::cleanPath(QFileInfo(file).absoluteFilePath());
+    const auto opened = Ledger::open(homeFolder(line));
+    if (!opened.ok()) {
+        return {{QStringLiteral("error"), opened.error}};
+    }
+    const ledger::BatchDraft draft = ledger::makeDraft(content);
+    const ledger::Outcome<Review> review =
+        ledger::reviewBatch(*opened.value, draft, limits, ledger::hostPrices(draft));
+    if (!review.ok()) {
+        return {{QStringLiteral("error"), review.error}};
+    }
+    const ledger::Outcome<Batch> batch =
+        ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount});
+    created = batch.ok();
+    return ledger::creationToJson(review.value.verdict, batch);
 }
 
-/// The first thing in the arguments that the reference data does not know; empty when all is known.
-QString unknownName(const CommandLine& line, const ReferenceData& data)
+/// The refused rows of the file with their reasons, as a file to mend and import again.
+QJsonObject writeRejects(const DialogDriver& driver, const QString& out)
 {
-    const AesStrategy* strategy = data.strategy(line.strategy);
-    if (strategy == nullptr || strategy->globalType() != Algo_Values::AlgoGlobalType::algo) {
-        return QStringLiteral("unknown strategy '%1'").arg(line.strategy);
+    QList<Problem> problems;
+    for (const ShownBox& box : driver.shownBoxes()) {
+        problems += import_problems::fromBoxText(box.text);
     }
-    if (data.account(line.account) == nullptr) {
-        return QStringLiteral("unknown account '%1'").arg(line.account);
-    }
-    if (!line.switchAccount.isEmpty() && data.account(line.switchAccount) == nullptr) {
-        return QStringLiteral("unknown account '%1'").arg(line.switchAccount);
-    }
-    return QString();
-}
-
-void press(const AlgoBatchImportParamSetting& dialog, const char* button)
-{
-    dialog.findChild<QPushButton*>(QString::fromLatin1(button))->click();
-}
-
-/// What a person would do at the desk, in the same order.
-QJsonValue driveImport(AlgoBatchImportParamSetting& dialog, const CommandLine& line)
-{
-    QJsonValue signal = QJsonValue::Null;
-    QObject::connect(&dialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, &dialog,
-                     [&signal](bool createdClose) {
-                         signal = QJsonObject{{QStringLiteral("name"), QStringLiteral("signalBtnOkClicked")},
-                                              {QStringLiteral("createdClose"), createdClose}};
-                     });
-    auto* accounts = dialog.findChild<SolveyAccountComboBox*>(QStringLiteral("combx_account"));
-    accounts->SetCurTradingAccount(line.account);
-    press(dialog, "btn_import");
-    if (!line.switchAccount.isEmpty()) {
-        accounts->SetCurTradingAccount(line.switchAccount);
-    }
-    if (line.confirm) {
-        press(dialog, "btn_ok");
-    }
-    return signal;
+    const table_reader::Table table = table_reader::readTable(driver.path());
+    const bool spreadsheetToCsv =
+        table.format != QLatin1String("csv") && !out.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
+    const QList<table_writer::RefusedRow> rows =
+        reject_file::refusedRows(problems, table.rows, spreadsheetToCsv);
+    return {{QStringLiteral("file"), out},
+            {QStringLiteral("rows"), rows.size()},
+            {QStringLiteral("error"), table_writer::writeRejects(out, table.rows.value(0), rows)}};
 }
 
 } // namespace
@@ -73,30 +64,35 @@ Outcome importFile(const CommandLine& line)
     if (line.strategy.isEmpty() || line.account.isEmpty()) {
         return refuse(QStringLiteral("import needs --strategy CODE and --account ACCOUNT"));
     }
+    if (line.create && !line.confirm) {
+        return refuse(QStringLiteral("--create needs --confirm"));
+    }
     QString error;
     const std::unique_ptr<EmbeddedHost> host = openHost(line, error);
     if (!host) {
         return refuse(error);
     }
-    const QString unknown = unknownName(line, host->referenceData());
-    if (!unknown.isEmpty()) {
-        return refuse(unknown);
+    const std::optional<QList<LimitScope>> limits = ledger::readLimits(referenceDataFolder(line), error);
+    if (!limits) {
+        return refuse(error);
     }
-    RecordingPrompts prompts;
-    prompts.setFileToOpen(chosenPath(line.files.first()));
-    prompts.setAnswerYes(line.answerYes);
-    host->setPrompts(&prompts);
+    DialogDriver driver(*host, line);
+    if (!driver.unknownName().isEmpty()) {
+        return refuse(driver.unknownName());
+    }
+    driver.importFile();
+    driver.switchAccountAndConfirm();
 
-    AlgoBatchImportParamSetting dialog(nullptr, SelectableStrategy);
-    dialog.CreateStrategyInitWidget(AlgoTradeLogicNew::GetInstance()->GetStrategy(line.strategy));
-    const QJsonValue signal = driveImport(dialog, line);
-
-    QJsonObject json = dialogToJson(dialog);
-    json[QStringLiteral("strategy")] = line.strategy;
-    json[QStringLiteral("account")] = line.account;
-    json[QStringLiteral("messageBoxes")] = boxesToJson(prompts.boxes());
-    json[QStringLiteral("signal")] = signal;
-    return {prompts.boxes().isEmpty() ? Done : Complained, QJsonDocument(json), QString()};
+    QJsonObject json = driver.toJson();
+    bool created = false;
+    if (line.create && driver.isConfirmed()) {
+        json[QStringLiteral("creation")] = createBatch(driver.content(), line, *limits, created);
+    }
+    if (!line.rejects.isEmpty()) {
+        json[QStringLiteral("rejects")] = writeRejects(driver, line.rejects);
+    }
+    const bool complained = !driver.shownBoxes().isEmpty() || created != line.create;
+    return {complained ? Complained : Done, QJsonDocument(json), QString()};
 }
 
 } // namespace runner

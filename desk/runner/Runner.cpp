@@ -28,13 +28,26 @@ const QList<Command>& commands()
     static const QList<Command> table = {
         {QStringLiteral("import"),
          {data, home, QStringLiteral("strategy"), QStringLiteral("account"), QStringLiteral("answer"),
-          QStringLiteral("switch-account"), QStringLiteral("confirm")},
+          QStringLiteral("switch-account"), QStringLiteral("confirm"), QStringLiteral("create"),
+          QStringLiteral("yes"), QStringLiteral("amount"), QStringLiteral("rejects")},
          1,
          importFile},
         {QStringLiteral("rows"), {home, QStringLiteral("encoding")}, 1, readRows},
+        {QStringLiteral("check"),
+         {data, home, QStringLiteral("strategy"), QStringLiteral("account"), QStringLiteral("encoding")},
+         1,
+         checkFile},
         {QStringLiteral("strategies"), {data, home}, 0, listStrategies},
         {QStringLiteral("accounts"), {data, home}, 0, listAccounts},
         {QStringLiteral("securities"), {data, home}, 0, listSecurities},
+        {QStringLiteral("template"),
+         {data, home, QStringLiteral("strategy"), QStringLiteral("all")},
+         1,
+         writeTemplate},
+        {QStringLiteral("batches"), {home}, 0, listBatches},
+        {QStringLiteral("instances"), {home, QStringLiteral("batch")}, 0, listInstances},
+        {QStringLiteral("undo"), {home}, 1, undoBatch},
+        {QStringLiteral("diff"), {data, home}, 2, diffBatch},
     };
     return table;
 }

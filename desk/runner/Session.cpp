@@ -1,5 +1,6 @@
 #include "desk/runner/Session.h"
 
+#include "embedded_host/reference_data/ReferenceDatabase.h"
 #include "embedded_host/reference_data/ReferenceFolder.h"
 
 #include <QCoreApplication>
@@ -11,6 +12,8 @@
 
 namespace runner {
 
+namespace {
+
 QString shippedReferenceData()
 {
     const QString installed = QDir::cleanPath(QCoreApplication::applicationDirPath() +
@@ -18,22 +21,48 @@ QString shippedReferenceData()
     return QDir(installed).exists() ? installed : QStringLiteral(ALGODESK_SOURCE_REFERENCE_DATA);
 }
 
-QString defaultHome()
+std::unique_ptr<EmbeddedHost> hostOf(std::optional<ReferenceTables> tables, const CommandLine& line,
+                                     EmbeddedHost::QuoteMode quotes)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           QStringLiteral("/algodesk");
-}
-
-std::unique_ptr<EmbeddedHost> openHost(const CommandLine& line, QString& error)
-{
-    const QString folder = line.dataFolder.isEmpty() ? shippedReferenceData() : line.dataFolder;
-    std::optional<ReferenceTables> tables = readReferenceFolder(folder, error);
     if (!tables) {
         return nullptr;
     }
     EmbeddedHost::Options options;
-    options.home = line.home.isEmpty() ? defaultHome() : line.home;
+    options.home = homeFolder(line);
+    options.quotes = quotes;
     return std::make_unique<EmbeddedHost>(ReferenceData(std::move(*tables)), options);
+}
+
+} // namespace
+
+QString referenceDataFolder(const CommandLine& line)
+{
+    return line.dataFolder.isEmpty() ? shippedReferenceData() : line.dataFolder;
+}
+
+QString homeFolder(const CommandLine& line)
+{
+    return line.home.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                                     QStringLiteral("/algodesk")
+                               : line.home;
+}
+
+std::unique_ptr<EmbeddedHost> openHost(const CommandLine& line, QString& error)
+{
+    return hostOf(readReferenceFolder(referenceDataFolder(line), error), line,
+                  EmbeddedHost::QuoteMode::Still);
+}
+
+std::unique_ptr<EmbeddedHost> openDeskHost(const CommandLine& line, QString& error)
+{
+    if (!line.dataFolder.isEmpty()) {
+        return openHost(line, error);
+    }
+    const QString home = homeFolder(line);
+    QDir().mkpath(home);
+    return hostOf(ReferenceDatabase::refresh(referenceDataFolder(line),
+                                             home + QStringLiteral("/reference.sqlite"), error),
+                  line, EmbeddedHost::QuoteMode::Moving);
 }
 
 } // namespace runner

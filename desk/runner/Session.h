@@ -9,14 +9,18 @@
 
 namespace runner {
 
-/// Folder of the reference data that ships with the program: beside the installed program, else in the source
-/// tree.
-QString shippedReferenceData();
-/// Folder of settings and ledger where none was named.
-QString defaultHome();
+/// The reference data folder that the arguments name, else the one that ships: beside the installed program
+/// or in the source tree.
+QString referenceDataFolder(const CommandLine& line);
+/// The folder of settings and ledger that the arguments name, else the user's own.
+QString homeFolder(const CommandLine& line);
 
-/// A host on the named (or the shipped) reference data whose quotes stand still; null and a line in `error`
-/// where the data is bad.
+/// A host without a display: its quotes stand still. Null and a line in `error` where the reference data is
+/// bad.
 std::unique_ptr<EmbeddedHost> openHost(const CommandLine& line, QString& error);
+
+/// The desk's host: reference data kept in SQLite in the home and quotes that move, unless a data folder was
+/// named.
+std::unique_ptr<EmbeddedHost> openDeskHost(const CommandLine& line, QString& error);
 
 } // namespace runner

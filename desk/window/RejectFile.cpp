@@ -11,8 +11,6 @@ namespace reject_file {
 
 namespace {
 
-const QString ReasonTitle = QStringLiteral("问题说明");
-
 // 2024-03-05T09:30:00.000 -> 2024-03-05 09:30:00
 QString withoutT(const QString& cell)
 {
@@ -20,14 +18,6 @@ QString withoutT(const QString& cell)
         QStringLiteral("^(\\d{4}-\\d{2}-\\d{2})T(\\d{2}:\\d{2}:\\d{2})\\.\\d{3}$"));
     const QRegularExpressionMatch match = stamp.match(cell);
     return match.hasMatch() ? match.captured(1) + QLatin1Char(' ') + match.captured(2) : cell;
-}
-
-QStringList padded(QStringList row, int size)
-{
-    while (row.size() < size) {
-        row.append(QString());
-    }
-    return row;
 }
 
 QMap<int, QStringList> reasonsByLine(const QList<Problem>& problems)
@@ -43,39 +33,31 @@ QMap<int, QStringList> reasonsByLine(const QList<Problem>& problems)
 
 } // namespace
 
-QList<QStringList> rowsOf(const QList<Problem>& problems, const QList<QStringList>& fileRows,
-                          bool spreadsheet)
+QList<table_writer::RefusedRow> refusedRows(const QList<Problem>& problems,
+                                            const QList<QStringList>& fileRows, bool datesForCsv)
 {
-    if (fileRows.isEmpty()) {
-        return {};
-    }
-    QStringList header = fileRows.first();
-    header.removeAll(ReasonTitle); // the reject file of a reject file has one such column, not two
-    const int reasonColumn = fileRows.first().indexOf(ReasonTitle);
-    QList<QStringList> rows{header + QStringList{ReasonTitle}};
+    QList<table_writer::RefusedRow> refused;
     const QMap<int, QStringList> reasons = reasonsByLine(problems);
     for (auto it = reasons.cbegin(); it != reasons.cend(); ++it) {
         if (it.key() < 2 || it.key() > fileRows.size()) {
             continue;
         }
-        QStringList row = padded(fileRows.at(it.key() - 1), fileRows.first().size());
-        if (reasonColumn >= 0) {
-            row.removeAt(reasonColumn);
-        }
-        if (spreadsheet) {
+        QStringList row = fileRows.at(it.key() - 1);
+        if (datesForCsv) {
             std::transform(row.begin(), row.end(), row.begin(), withoutT);
         }
-        rows.append(row + QStringList{it.value().join(QStringLiteral("；"))});
+        refused.append({row, it.value().join(QStringLiteral("；"))});
     }
-    return rows;
+    return refused;
 }
 
-QString suggestedPath(const QString& originalPath)
+QString suggestedPath(const QString& originalPath, bool spreadsheet)
 {
     const QFileInfo original(originalPath);
     QString stem = original.completeBaseName();
     stem.replace(QLatin1Char('.'), QLatin1Char('_'));
-    return original.dir().filePath(stem + QStringLiteral("_问题行.csv"));
+    return original.dir().filePath(stem + QStringLiteral("_问题行.") +
+                                   (spreadsheet ? QStringLiteral("xlsx") : QStringLiteral("csv")));
 }
 
 } // namespace reject_file

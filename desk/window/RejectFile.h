@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/window/ImportProblems.h"
+#include "embedded_host/table_reader/RejectFile.h"
 
 #include <QList>
 #include <QString>
@@ -11,13 +12,14 @@
 /// its title.
 namespace reject_file {
 
-/// The rows to write; the header alone where no problem is one of a file row. `spreadsheet`: the rows come
-/// from a spreadsheet, whose dates the reader spells with a T that the csv import does not take.
-QList<QStringList> rowsOf(const QList<Problem>& problems, const QList<QStringList>& fileRows,
-                          bool spreadsheet);
+/// The file's rows that problems name, in file order, several problems of one row joined. `datesForCsv`:
+/// dates lose the T with which the reader spells those of a spreadsheet, since an import from csv does not
+/// take it.
+QList<table_writer::RefusedRow> refusedRows(const QList<Problem>& problems,
+                                            const QList<QStringList>& fileRows, bool datesForCsv);
 
-/// A csv file beside the original: list.xlsx -> list_问题行.csv. Dots of the name's stem are replaced, since
-/// the import takes what follows the first dot for the file's type.
-QString suggestedPath(const QString& originalPath);
+/// Beside the original and of its kind: list.xls -> list_问题行.xlsx. Dots of the name's stem are replaced,
+/// since the import takes what follows the first dot for the file's type.
+QString suggestedPath(const QString& originalPath, bool spreadsheet);
 
 } // namespace reject_file

@@ -1,0 +1,108 @@
+#include "desk/runner/DialogDriver.h"
+
+#include "desk/runner/WidgetJson.h"
+#include "host/AlgoConstants.h"
+#include "host/AlgoTradeLogicNew.h"
+#include "host/SolveyAccountComboBox.h"
+#include "host/SolveyDecimalLineEdit.h"
+#include "host/ZelTableView.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPushButton>
+
+namespace runner {
+
+namespace {
+
+template <typename Widget> Widget& child(const AlgoBatchImportParamSetting& dialog, const char* name)
+{
+    return *dialog.findChild<Widget*>(QString::fromLatin1(name));
+}
+
+} // namespace
+
+DialogDriver::DialogDriver(EmbeddedHost& host, const CommandLine& line)
+    : mHost(host), mLine(line), mPath(QDir::cleanPath(QFileInfo(line.files.first()).absoluteFilePath()))
+{
+    mPrompts.setFileToOpen(mPath);
+    mPrompts.setAnswerYes(line.answerYes);
+    mHost.setPrompts(&mPrompts);
+}
+
+DialogDriver::~DialogDriver()
+{
+    mHost.setPrompts(nullptr);
+}
+
+QString DialogDriver::unknownName() const
+{
+    const ReferenceData& data = mHost.referenceData();
+    const AesStrategy* strategy = data.strategy(mLine.strategy);
+    if (strategy == nullptr || strategy->globalType() != Algo_Values::AlgoGlobalType::algo) {
+        return QStringLiteral("unknown strategy '%1'").arg(mLine.strategy);
+    }
+    for (const QString& account : {mLine.account, mLine.switchAccount}) {
+        const bool needed = !account.isEmpty() || account == mLine.account;
+        if (needed && data.account(account) == nullptr) {
+            return QStringLiteral("unknown account '%1'").arg(account);
+        }
+    }
+    return QString();
+}
+
+void DialogDriver::importFile()
+{
+    mDialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
+    QObject::connect(mDialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked,
+                     [this](bool createdClose) {
+                         mSignal = QJsonObject{{QStringLiteral("name"), QStringLiteral("signalBtnOkClicked")},
+                                               {QStringLiteral("createdClose"), createdClose}};
+                     });
+    mDialog->CreateStrategyInitWidget(AlgoTradeLogicNew::GetInstance()->GetStrategy(mLine.strategy));
+    child<SolveyAccountComboBox>(*mDialog, "combx_account").SetCurTradingAccount(mLine.account);
+    child<QPushButton>(*mDialog, "btn_import").click();
+}
+
+void DialogDriver::switchAccountAndConfirm()
+{
+    if (!mLine.switchAccount.isEmpty()) {
+        child<SolveyAccountComboBox>(*mDialog, "combx_account").SetCurTradingAccount(mLine.switchAccount);
+    }
+    if (mLine.confirm) {
+        child<QPushButton>(*mDialog, "btn_ok").click();
+    }
+}
+
+QJsonObject DialogDriver::toJson()
+{
+    QJsonObject json = dialogToJson(*mDialog);
+    json[QStringLiteral("strategy")] = mLine.strategy;
+    json[QStringLiteral("account")] = mLine.account;
+    json[QStringLiteral("messageBoxes")] = boxes();
+    json[QStringLiteral("signal")] = mSignal;
+    return json;
+}
+
+QJsonArray DialogDriver::boxes() const
+{
+    return boxesToJson(mPrompts.boxes());
+}
+
+ledger::DialogContent DialogDriver::content()
+{
+    const auto& table = child<ZelTableView>(*mDialog, "table_paramSettings");
+    ledger::DialogContent content;
+    content.strategy = mDialog->getStrategy().name();
+    content.account = child<SolveyAccountComboBox>(*mDialog, "combx_account").GetCurTradingAccount();
+    content.filePath = mPath;
+    content.createdBy = mHost.options().loginAccount;
+    content.expectedBuy = child<SolveyDecimalLineEdit>(*mDialog, "expectBuyLine").value();
+    content.expectedSell = child<SolveyDecimalLineEdit>(*mDialog, "expectSellLine").value();
+    content.columns = table.headNames();
+    content.records = table.getViewData();
+    content.parameterMaps = mDialog->getWidgetData();
+    return content;
+}
+
+} // namespace runner

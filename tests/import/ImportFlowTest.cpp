@@ -185,6 +185,21 @@ TEST_F(ImportFlow, NoToTheQuestionEndsTheImportInSilence)
     EXPECT_TRUE(button("btn_ok").isEnabled());
 }
 
+/// The instances go when a header is matched, not before.
+TEST_F(ImportFlow, AnImportThatEndsBeforeItsHeaderKeepsTheFormerInstances)
+{
+    open();
+    importRows(Sheet::ordinary().add().rows());
+    prompts.setAnswerYes(false);
+    importRows(numberedRows(1001));
+    EXPECT_EQ(0, rowCount());
+    EXPECT_EQ(1, instanceCount());
+    importFile(folder.filePath("nowhere.csv"_s));
+    EXPECT_EQ(1, instanceCount());
+    importRows(Sheet::ordinary().rows());
+    EXPECT_EQ(0, instanceCount());
+}
+
 TEST_F(ImportFlow, BlankAndNoteRowsCountForTheLimit)
 {
     open();

@@ -89,7 +89,7 @@ void BatchesPage::reload()
             rows.append(rowOf(batch));
         }
         mModel->setRows(rows);
-        mTable->fitColumns();
+        mTable->fitColumnsOnce();
     }
     enableButtons();
 }

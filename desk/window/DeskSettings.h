@@ -14,6 +14,9 @@ public:
     void setGeometry(const QByteArray& geometry) { save("geometry", geometry); }
     QByteArray importSplitter() const { return bytes("importSplitter"); }
     void setImportSplitter(const QByteArray& state) { save("importSplitter", state); }
+    /// Columns of the list of a page.
+    QByteArray columns(int page) const { return bytes(columnsKey(page).constData()); }
+    void setColumns(int page, const QByteArray& state) { save(columnsKey(page).constData(), state); }
     QString skin() const { return text("skin"); }
     void setSkin(const QString& skin) { save("skin", skin); }
     QString lastStrategy() const { return text("strategy"); }
@@ -24,6 +27,7 @@ public:
     void setPage(int page) { save("page", QString::number(page)); }
 
 private:
+    static QByteArray columnsKey(int page) { return "columns" + QByteArray::number(page); }
     QByteArray bytes(const char* key) const;
     QString text(const char* key) const;
     void save(const char* key, const QByteArray& value);

@@ -213,6 +213,13 @@ FilteredTable* DeskWindow::currentTable() const
     return nullptr;
 }
 
+QList<QPair<DeskWindow::Page, FilteredTable*>> DeskWindow::pageLists() const
+{
+    return {{InstancesPageIndex, mInstances->table()},
+            {BatchesPageIndex, mBatches->table()},
+            {QuotesPageIndex, mQuotes->table()}};
+}
+
 void DeskWindow::loadSkin(const QVariant& style)
 {
     if (style.isValid()) {
@@ -294,6 +301,9 @@ void DeskWindow::restoreLayout()
     resize(FirstSize);
     restoreGeometry(settings.geometry());
     showPage(settings.page());
+    for (const auto& list : pageLists()) {
+        list.second->restoreColumns(settings.columns(list.first));
+    }
     setSkin(settings.skin().isEmpty() ? LightSkin : settings.skin());
     if (auto* action = findChild<QAction*>(QStringLiteral("action_skin_") + mHost.skins().skin())) {
         action->setChecked(true);
@@ -305,6 +315,9 @@ void DeskWindow::saveLayout()
     DeskSettings settings(mHost);
     settings.setGeometry(saveGeometry());
     settings.setPage(mPages->currentIndex());
+    for (const auto& list : pageLists()) {
+        settings.setColumns(list.first, list.second->columnState());
+    }
     mImport->saveLayout();
 }
 

@@ -58,6 +58,7 @@ private:
     void makeStatusBar();
     QAction* addAction(QMenu* menu, const QString& text, const QKeySequence& key);
     FilteredTable* currentTable() const;
+    QList<QPair<Page, FilteredTable*>> pageLists() const;
     void takeBatch(const HandOver& batch);
     void compareWithEarlier();
     void compareWith(qint64 batch);

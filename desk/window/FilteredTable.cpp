@@ -1,6 +1,8 @@
 #include "desk/window/FilteredTable.h"
 
-#include "desk/window/CsvText.h"
+#include "desk/ledger/LedgerExport.h"
+
+
 #include "embedded_host/UserPrompts.h"
 #include "embedded_host/widgets/NaturalOrderProxy.h"
 #include "embedded_host/widgets/TableBehaviour.h"
@@ -10,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSaveFile>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -19,6 +22,16 @@ constexpr int NarrowestColumn = 64;
 constexpr int WidestColumn = 320;
 constexpr int FilterWidth = 220;
 constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the buttons
+
+// Replaces the file only once the new one is whole. Empty, or a sentence for the user.
+QString saved(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        return QStringLiteral("无法写入文件“%1”：%2").arg(path, file.errorString());
+    }
+    return {};
+}
 
 } // namespace
 
@@ -129,8 +142,29 @@ QList<QStringList> FilteredTable::shownRows() const
     return rows;
 }
 
+void FilteredTable::fitColumnsOnce()
+{
+    if (!mFitted && mSource->rowCount() > 0) {
+        fitColumns();
+    }
+}
+
+QByteArray FilteredTable::columnState() const
+{
+    return mFitted ? mView->horizontalHeader()->saveState() : QByteArray();
+}
+
+void FilteredTable::restoreColumns(const QByteArray& state)
+{
+    if (mView->horizontalHeader()->restoreState(state)) {
+        mFitted = true;
+        mBehaviour->resetOrder(); // the state holds an arrow, but the rows are in their first order
+    }
+}
+
 void FilteredTable::fitColumns()
 {
+    mFitted = true;
     mView->resizeColumnsToContents();
     for (int column = 0; column < mSource->columns().size(); ++column) {
         mView->setColumnWidth(column, qBound(NarrowestColumn, mView->columnWidth(column) + 8, WidestColumn));
@@ -154,7 +188,8 @@ void FilteredTable::exportRows()
     if (path.isEmpty()) {
         return;
     }
-    const QString error = csv_text::save(path, shownRows());
+    const QList<QStringList> rows = shownRows();
+    const QString error = saved(path, ledger::toCsv(rows.first(), rows.mid(1)));
     emit said(error.isEmpty() ? QStringLiteral("已导出到 %1").arg(path) : error);
 }
 

@@ -41,6 +41,11 @@ public:
     QList<QStringList> shownRows() const;
     /// Columns as wide as their contents, within reason.
     void fitColumns();
+    /// The same when the first rows come, so that what the user made of the columns stays.
+    void fitColumnsOnce();
+    /// Widths and order of the columns, for another session; empty while there is nothing to remember.
+    QByteArray columnState() const;
+    void restoreColumns(const QByteArray& state);
 
 public slots:
     void copy();
@@ -67,4 +72,5 @@ private:
     QHBoxLayout* mToolRow;
     TableBehaviour* mBehaviour;
     int mAddedButtons = 0;
+    bool mFitted = false;
 };

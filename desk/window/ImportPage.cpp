@@ -291,8 +291,8 @@ void ImportPage::close()
     mAmounts->setDialog(nullptr);
     mUpper->setCurrentIndex(0);
     mUpper->removeWidget(mDialog);
-    mDialog->hide();
-    mDialog->deleteLater(); // it is in the midst of a signal of its own
+    mDialog->setParent(nullptr); // hidden, and no longer found in the window
+    mDialog->deleteLater();      // it is in the midst of a signal of its own
     mDialog.clear();
     mProblems->clear();
     mFile.clear();

@@ -104,7 +104,7 @@ void InstancesPage::reload()
         rows.append(rowOf(instance));
     }
     mModel->setRows(rows);
-    mTable->fitColumns();
+    mTable->fitColumnsOnce();
 }
 
 QStringList InstancesPage::rowOf(const ledger::Instance& instance) const

@@ -1,6 +1,5 @@
 #include "desk/window/ProblemsPanel.h"
 
-#include "desk/window/CsvText.h"
 #include "desk/window/FilteredTable.h"
 #include "desk/window/RejectFile.h"
 #include "embedded_host/table_reader/TableReader.h"
@@ -107,15 +106,20 @@ void ProblemsPanel::clear()
 
 void ProblemsPanel::saveRejects()
 {
-    const QString path =
-        mPrompts.chooseSaveFile(this, QStringLiteral("保存问题行"), reject_file::suggestedPath(mPath),
-                                QStringLiteral("csv 文件 (*.csv)"));
+    if (mFileRows.isEmpty()) {
+        emit said(QStringLiteral("没有问题行"));
+        return;
+    }
+    const QString path = mPrompts.chooseSaveFile(this, QStringLiteral("保存问题行"),
+                                                 reject_file::suggestedPath(mPath, mIsSpreadsheet),
+                                                 QStringLiteral("表格文件 (*.csv *.xlsx)"));
     if (path.isEmpty()) {
         return;
     }
-    const QList<QStringList> rows = reject_file::rowsOf(mProblems, mFileRows, mIsSpreadsheet);
-    const QString error = csv_text::save(path, rows);
-    emit said(error.isEmpty() ? QStringLiteral("已把 %1 行问题保存到 %2").arg(rows.size() - 1).arg(path)
+    const bool datesForCsv = mIsSpreadsheet && !path.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
+    const auto refused = reject_file::refusedRows(mProblems, mFileRows, datesForCsv);
+    const QString error = table_writer::writeRejects(path, mFileRows.first(), refused);
+    emit said(error.isEmpty() ? QStringLiteral("已把 %1 行问题保存到 %2").arg(refused.size()).arg(path)
                               : error);
 }
 

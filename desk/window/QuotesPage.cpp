@@ -65,11 +65,8 @@ void QuotesPage::showQuotes()
     for (const QString& symbol : mHost.quotes().subscribedSymbols()) {
         rows.append(rowOf(symbol));
     }
-    const bool first = mModel->rowCount() == 0;
     mModel->setRows(rows);
-    if (first && !rows.isEmpty()) {
-        mTable->fitColumns();
-    }
+    mTable->fitColumnsOnce();
 }
 
 QStringList QuotesPage::rowOf(const QString& symbol) const

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int Width = 520;
-constexpr int FindingsHeight = 110;
+constexpr int MostLines = 6; // of findings without a scroll bar
 
 QLabel* makeLabel(const QString& text, const QString& role, QWidget* parent)
 {
@@ -90,7 +90,7 @@ void VerdictDialog::addFindings(QVBoxLayout* column, const QString& title,
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setPlainText(lines.join(QLatin1Char('\n')));
-    text->setMaximumHeight(FindingsHeight);
+    text->setFixedHeight((qMin(lines.size(), MostLines) + 1) * text->fontMetrics().lineSpacing());
     column->addWidget(text);
 }
 

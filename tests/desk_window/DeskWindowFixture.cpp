@@ -1,0 +1,128 @@
+#include "tests/desk_window/DeskWindowFixture.h"
+
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QMimeData>
+
+namespace {
+
+constexpr int PollMs = 20;
+constexpr int PatienceMs = 5000;
+
+} // namespace
+
+DeskWindowFixture::~DeskWindowFixture()
+{
+    EXPECT_EQ(mAwaited, 0) << "a window that was waited for never came up";
+}
+
+void DeskWindowFixture::open()
+{
+    if (!books.ledger && books.ledgerError.isEmpty()) {
+        const auto opened = ledger::Ledger::open(home.path());
+        ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
+        books.ledger = opened.value;
+    }
+    show();
+}
+
+void DeskWindowFixture::openWithoutLedger()
+{
+    show();
+}
+
+void DeskWindowFixture::show()
+{
+    EmbeddedHost::Options options;
+    options.home = home.path();
+    host = std::make_unique<EmbeddedHost>(ReferenceData(tables), options);
+    window = std::make_unique<DeskWindow>(*host, books);
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+}
+
+void DeskWindowFixture::closeWindow()
+{
+    window->close();
+    window.reset();
+    host.reset();
+}
+
+QString DeskWindowFixture::writeFile(const QList<QStringList>& rows, const QString& name)
+{
+    return writeTable(QList<QStringList>{small_market::ordinaryHeader()} + rows, name);
+}
+
+QString DeskWindowFixture::writeTable(const QList<QStringList>& rows, const QString& name)
+{
+    QFile file(folder.filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    for (const QStringList& cells : rows) {
+        file.write(cells.join(QLatin1Char(',')).toUtf8() + "\r\n");
+    }
+    return file.fileName();
+}
+
+QStringList DeskWindowFixture::row(const QString& code, const QString& quantity)
+{
+    return small_market::ordinaryRow(code, "SH"_s, quantity);
+}
+
+void DeskWindowFixture::drop(const QString& path)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    const QPoint middle = window->rect().center();
+    QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    ASSERT_TRUE(enter.isAccepted());
+    QDropEvent event(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &event);
+    window->activateWindow(); // off screen, a closed message box does not hand the activity back
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+}
+
+void DeskWindowFixture::whenModal(const std::function<void(QWidget&)>& act)
+{
+    ++mAwaited;
+    auto* timer = new QTimer(window.get());
+    auto waited = std::make_shared<int>(0);
+    QObject::connect(timer, &QTimer::timeout, timer, [this, timer, waited, act] {
+        QWidget* modal = QApplication::activeModalWidget();
+        *waited += PollMs;
+        if (modal && modal->isVisible()) {
+            timer->stop();
+            timer->deleteLater();
+            --mAwaited;
+            act(*modal);
+        } else if (*waited > PatienceMs) {
+            timer->stop();
+        }
+    });
+    timer->start(PollMs);
+}
+
+void DeskWindowFixture::answer(const QString& button)
+{
+    whenModal([button](QWidget& modal) {
+        auto* found = modal.findChild<QAbstractButton*>(button);
+        ASSERT_NE(found, nullptr) << button.toStdString();
+        QTest::mouseClick(found, Qt::LeftButton);
+    });
+}
+
+void DeskWindowFixture::pressConfirm()
+{
+    auto* button = child<QAbstractButton>("btn_ok");
+    ASSERT_NE(button, nullptr);
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+QStringList DeskWindowFixture::shown(const FilteredTable& table, int column)
+{
+    QStringList cells;
+    for (const QStringList& cellsOfRow : table.shownRows().mid(1)) {
+        cells.append(cellsOfRow.value(column));
+    }
+    return cells;
+}

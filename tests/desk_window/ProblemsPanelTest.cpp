@@ -1,0 +1,147 @@
+#include "desk/window/ProblemsPanel.h"
+
+#include "dialog/AlgoBatchImportParamSetting.h"
+#include "embedded_host/table_reader/TableReader.h"
+#include "host/SolveyAccountComboBox.h"
+#include "tests/desk_window/DeskWindowFixture.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTextEdit>
+
+class ProblemsPanelTest : public DeskWindowFixture {
+protected:
+    /// Two faulty rows between two good ones, and the box that says so answered.
+    QString importFaultyFile()
+    {
+        QStringList badDirection = row("688001"_s);
+        badDirection[small_market::ordinaryHeader().indexOf("交易方向"_s)] = "买"_s;
+        const QString path = writeFile({row(), row("999999"_s), badDirection, row()});
+        answer("button_ok"_s);
+        drop(path);
+        return path;
+    }
+
+    FilteredTable& table() { return *window->importPage()->problems()->table(); }
+    QString currentPlace() { return table().shownRows().value(table().currentRow() + 1).value(0); }
+
+    /// Types a path into the file dialog that is about to open.
+    void saveAs(const QString& path)
+    {
+        whenModal([path](QWidget& modal) {
+            auto* dialog = qobject_cast<QFileDialog*>(&modal);
+            ASSERT_NE(dialog, nullptr);
+            dialog->findChild<QLineEdit*>("fileNameEdit"_s)->setText(path);
+            QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"_s), Qt::Key_Return);
+        });
+    }
+};
+
+TEST_F(ProblemsPanelTest, ListsEachRowErrorWithItsLineColumnRawCellAndReason)
+{
+    open();
+    importFaultyFile();
+    EXPECT_EQ(shown(table(), 0), QStringList({"文件第 3 行"_s, "文件第 4 行"_s}));
+    EXPECT_EQ(shown(table(), 1), QStringList({"证券代码"_s, "交易方向"_s}));
+    EXPECT_EQ(shown(table(), 2), QStringList({"999999"_s, "买"_s}));
+    EXPECT_EQ(shown(table(), 3).first(), "证券代码999999不合法，未获取到市场"_s);
+    EXPECT_EQ(parameterTable()->getViewData().size(), 2) << "the good rows are there all the same";
+}
+
+TEST_F(ProblemsPanelTest, GoesThroughTheProblemsByF8RoundTheEnd)
+{
+    open();
+    importFaultyFile();
+    QStringList places;
+    for (int press = 0; press < 3; ++press) {
+        QTest::keyClick(window.get(), Qt::Key_F8);
+        places.append(currentPlace());
+    }
+    EXPECT_EQ(places, QStringList({"文件第 3 行"_s, "文件第 4 行"_s, "文件第 3 行"_s}));
+    QTest::keyClick(window.get(), Qt::Key_F8, Qt::ShiftModifier);
+    EXPECT_EQ(currentPlace(), "文件第 4 行"_s);
+}
+
+TEST_F(ProblemsPanelTest, WritesOutTheRowInWhichTheCurrentProblemStands)
+{
+    open();
+    importFaultyFile();
+    QTest::keyClick(window.get(), Qt::Key_F8);
+    bool found = false;
+    for (const QLabel* label : window->importPage()->problems()->findChildren<QLabel*>()) {
+        found = found || label->text().startsWith("证券代码=999999  ·  "_s);
+    }
+    EXPECT_TRUE(found);
+}
+
+TEST_F(ProblemsPanelTest, SavesARejectFileThatImportsOnceItIsMended)
+{
+    open();
+    importFaultyFile();
+    const QString rejects = folder.filePath("rejects.csv"_s);
+    saveAs(rejects);
+    QTest::mouseClick(child<QAbstractButton>("button_saveRejects"), Qt::LeftButton);
+    QList<QStringList> rows = table_reader::readTable(rejects).rows;
+    ASSERT_EQ(rows.size(), 3);
+    EXPECT_EQ(rows.at(1).last(), "证券代码999999不合法，未获取到市场"_s);
+
+    rows[1][0] = "600000"_s;
+    rows[2][rows.first().indexOf("交易方向"_s)] = "1"_s;
+    for (QStringList& cells : rows) {
+        cells.last().remove(QLatin1Char(','));
+    }
+    drop(writeTable(rows, "mended.csv"_s)); // with the column of reasons, as a trader leaves it
+    EXPECT_EQ(parameterTable()->getViewData().size(), 2);
+    EXPECT_TRUE(window->importPage()->problems()->problems().isEmpty());
+}
+
+TEST_F(ProblemsPanelTest, ShowsWhatAFileAsAWholeSuffersFrom)
+{
+    open();
+    const QString path = folder.filePath("foreign.csv"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("a,b\r\n1,2\r\n");
+    file.close();
+    answer("button_ok"_s);
+    drop(path);
+    EXPECT_EQ(shown(table(), 0), QStringList({"整体"_s}));
+    EXPECT_FALSE(child<QAbstractButton>("button_saveRejects")->isEnabled());
+}
+
+TEST_F(ProblemsPanelTest, ShowsTheRowsOfTheTableThatAConfirmationComplainsAbout)
+{
+    open();
+    child<SolveyAccountComboBox>("combx_account")->SetCurTradingAccount("CREDIT1"_s);
+    drop(writeFile({row(), row("688001"_s)}));
+    for (int press = 0; press < 2; ++press) { // a second complaint replaces the first one
+        answer("button_ok"_s);
+        pressConfirm();
+    }
+    EXPECT_EQ(shown(table(), 0), QStringList({"表格第 1 行"_s, "表格第 2 行"_s}));
+    table().setCurrentRow(1);
+    EXPECT_EQ(parameterTable()->currentIndex().row(), 1);
+}
+
+TEST_F(ProblemsPanelTest, StartsAfreshWithEveryFile)
+{
+    open();
+    importFaultyFile();
+    drop(writeFile({row()}, "good.csv"_s));
+    EXPECT_EQ(window->importPage()->problems()->problems().size(), 0);
+}
+
+TEST_F(ProblemsPanelTest, ShowsTextsThatLookLikeMarkupAsTheyStand)
+{
+    open();
+    const QString path = writeFile({row("<b>1</b>"_s)});
+    whenModal([](QWidget& modal) {
+        EXPECT_TRUE(modal.findChild<QTextEdit*>("textEdit_message"_s)->toPlainText().contains("<b>1</b>"_s));
+        QTest::keyClick(&modal, Qt::Key_Escape);
+    });
+    drop(path);
+    EXPECT_EQ(shown(table(), 2), QStringList({"<b>1</b>"_s}));
+    EXPECT_TRUE(
+        table().view()->model()->index(0, 2).data(Qt::ToolTipRole).toString().contains("&lt;b&gt;"_s));
+}

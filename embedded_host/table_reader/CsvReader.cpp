@@ -51,7 +51,10 @@ public:
         mTable.encoding = encoding;
     }
 
-    QString read();
+    /// `stopAtFault`: give up, with whatever was read, at the first piece that the encoding cannot read
+    /// whole.
+    QString read(bool stopAtFault);
+    bool isStopped() const { return mStopped; }
     int faults() const { return mDecoder.faults() + (mCutOff ? 1 : 0); }
     Table& table() { return mTable; }
 
@@ -69,6 +72,7 @@ private:
     std::optional<CsvTokenizer> mTokenizer; ///< from the first piece on, which tells the separator
     qint64 mCells = 0;
     qint64 mCharacters = 0;
+    bool mStopped = false;
     bool mCutOff = false; ///< the file ends within a character
 };
 
@@ -88,11 +92,15 @@ bool CsvAttempt::readPiece(QString& text, QString& error)
     return true;
 }
 
-QString CsvAttempt::read()
+QString CsvAttempt::read(bool stopAtFault)
 {
     QString text;
     QString error;
     while (!isFull() && error.isEmpty() && readPiece(text, error)) {
+        mStopped = stopAtFault && mDecoder.faults() > 0;
+        if (mStopped) {
+            return QString();
+        }
         error = takePiece(text);
     }
     if (!error.isEmpty() || isFull() || !mTokenizer) {
@@ -169,36 +177,44 @@ QString CsvAttempt::take(const QStringList& cells)
     return mCharacters > limits::TableCharacters ? message::tooMuchText() : QString();
 }
 
-QString attempt(QIODevice& file, const ReadOptions& options, const QString& encoding, Table& table,
-                int& faults)
+/// What an attempt gave; `faults` are those met before it stopped, if it did.
+struct Outcome {
+    Table table;
+    QString error;
+    int faults = 0;
+    bool stopped = false;
+};
+
+Outcome attempt(QIODevice& file, const ReadOptions& options, const QString& encoding,
+                bool stopAtFault = false)
 {
+    Outcome outcome;
     if (!file.seek(0)) {
-        return message::unreadable(file.errorString());
+        outcome.error = message::unreadable(file.errorString());
+        return outcome;
     }
     CsvAttempt reading(file, options, encoding);
-    const QString error = reading.read();
-    faults = reading.faults();
-    reading.table().inspection.replacedCharacters = faults;
-    table = std::move(reading.table());
-    return error;
+    outcome.error = reading.read(stopAtFault);
+    outcome.faults = reading.faults();
+    outcome.stopped = reading.isStopped();
+    outcome.table = std::move(reading.table());
+    outcome.table.inspection.replacedCharacters = outcome.faults;
+    return outcome;
 }
 
-/// UTF-8 where all of it is valid; else GB18030, unless UTF-8 has fewer faults.
-QString readByTrial(QIODevice& file, const ReadOptions& options, Table& table)
+/// UTF-8 where all of it is valid; else GB18030, unless UTF-8 has fewer faults. UTF-8 is read to the end only
+/// where the faults met so far leave the question open.
+Outcome readByTrial(QIODevice& file, const ReadOptions& options)
 {
-    int faults = 0;
-    const QString error = attempt(file, options, QStringLiteral("UTF-8"), table, faults);
-    if (faults == 0) {
-        return error;
+    Outcome utf8 = attempt(file, options, QStringLiteral("UTF-8"), true);
+    if (utf8.faults == 0) {
+        return utf8;
     }
-    Table other;
-    int otherFaults = 0;
-    const QString otherError = attempt(file, options, QStringLiteral("GB18030"), other, otherFaults);
-    if (otherFaults > faults) {
-        return error;
+    Outcome chinese = attempt(file, options, QStringLiteral("GB18030"));
+    if (utf8.stopped && chinese.faults > utf8.faults) {
+        utf8 = attempt(file, options, QStringLiteral("UTF-8"));
     }
-    table = std::move(other);
-    return otherError;
+    return chinese.faults > utf8.faults ? utf8 : chinese;
 }
 
 } // namespace
@@ -210,15 +226,14 @@ QString readCsv(QIODevice& file, const ReadOptions& options, Table& table)
     }
     const QString known =
         options.encoding.isEmpty() ? encodingByFirstBytes(file.peek(PieceBytes)) : options.encoding;
-    int faults = 0;
-    const QString error =
-        known.isEmpty() ? readByTrial(file, options, table) : attempt(file, options, known, table, faults);
+    Outcome outcome = known.isEmpty() ? readByTrial(file, options) : attempt(file, options, known);
+    table = std::move(outcome.table);
     table.format = QStringLiteral("csv");
     restoreCells(table.rows);
     if (!options.inspect) {
         table.inspection = {};
     }
-    return error;
+    return outcome.error;
 }
 
 } // namespace table_reader

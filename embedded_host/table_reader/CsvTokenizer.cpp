@@ -1,5 +1,7 @@
 #include "embedded_host/table_reader/CsvTokenizer.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr QLatin1Char Quote('"');
@@ -32,30 +34,31 @@ bool CsvTokenizer::next(QStringList& cells)
     return mFinished && finishRecord(cells);
 }
 
-/// Appends the characters up to the next one that means something. Most of a file goes this way.
+/// Takes the characters up to the next one that means something. Most of a file goes this way.
 void CsvTokenizer::takeRun()
 {
     const bool quoted = mState == State::Quoted;
-    if (!quoted && mState != State::Plain) {
+    if (mState == State::QuoteSeen) {
         return;
     }
+    const bool opens = mState == State::CellStart; // a quote means something only here and within quotes
     const QChar* const begin = mText.constData() + mPosition;
     const QChar* const end = mText.constData() + mText.size();
-    const QChar* at = begin;
     const auto means = [&](QChar c) {
         return c == LineFeed || c == CarriageReturn || (quoted ? c == Quote : c == mSeparator);
     };
-    while (at != end && !means(*at)) {
-        ++at;
+    const QChar* at = begin;
+    if (!opens || *begin != Quote) {
+        at = std::find_if(begin, end, means);
     }
-    if (at == begin) {
-        return;
+    if (at != begin) {
+        const int length = static_cast<int>(at - begin);
+        startRecord(length);
+        mCell = mCell.isEmpty() ? QString(begin, length) : mCell.append(begin, length);
+        mState = quoted ? State::Quoted : State::Plain;
+        mPosition += length;
+        mAfterCarriageReturn = false;
     }
-    const int length = static_cast<int>(at - begin);
-    mCell.append(begin, length);
-    mRecordCharacters += length;
-    mPosition += length;
-    mAfterCarriageReturn = false;
 }
 
 /// Takes one character; true when it ended the record.
@@ -65,7 +68,7 @@ bool CsvTokenizer::step(QChar character)
         mEndedByCarriageReturn = false; // the second half of the line end before this record
         return false;
     }
-    startRecord();
+    startRecord(1);
     countLine(character);
     if (mState == State::Quoted) {
         if (character == Quote) {
@@ -108,10 +111,11 @@ void CsvTokenizer::endCell()
     mState = State::CellStart;
 }
 
-void CsvTokenizer::startRecord()
+/// Characters of a record were met; they may be its first.
+void CsvTokenizer::startRecord(int characters)
 {
     mEndedByCarriageReturn = false;
-    ++mRecordCharacters;
+    mRecordCharacters += characters;
     if (!mInRecord) {
         mInRecord = true;
         mStartLine = mLine;

@@ -45,7 +45,7 @@ private:
     void takeRun();
     void openQuote();
     void endCell();
-    void startRecord();
+    void startRecord(int characters);
     bool takeRecord(QStringList& cells);
     bool finishRecord(QStringList& cells);
     void countLine(QChar character);

@@ -21,7 +21,7 @@ void prepareLibrary()
     std::call_once(once, [] {
         gsf_init();
         constexpr auto All = static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK);
-        for (const char* domain : {"libgsf", "libgsf:msole", "libgsf:msoleimpl"}) {
+        for (const char* domain : {static_cast<const char*>(nullptr), "libgsf", "libgsf:msole"}) {
             g_log_set_handler(domain, All, ignoreLog, nullptr);
         }
     });

@@ -74,6 +74,15 @@ TEST(CsvEncoding, KeepsUtf8WithOneWrongByteIfThatHasFewerFaults)
     EXPECT_EQ(1, table.inspection.replacedCharacters);
 }
 
+TEST(CsvEncoding, WeighsFaultsThatComeLateAgainstTheWholeText)
+{
+    const QByteArray plain = QByteArray("a,b,c,d,e,f,g,h,i,j\n").repeated(900);
+    const QByteArray chinese = QStringLiteral("甲,乙,丙,丁\n").toUtf8();
+    EXPECT_EQ("UTF-8", tableOf(plain.repeated(4).left(70000) + "\n\xFF\n" + chinese).encoding.toStdString());
+    EXPECT_EQ("UTF-8", tableOf(chinese + plain + "\xFF\n").encoding.toStdString());
+    EXPECT_EQ("GB18030", tableOf(plain + "\xC2\xF2\xC8\xEB\n").encoding.toStdString());
+}
+
 TEST(CsvEncoding, TakesTheEncodingThatTheOptionsName)
 {
     ReadOptions options;

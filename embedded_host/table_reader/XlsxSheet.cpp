@@ -83,22 +83,45 @@ void XlsxSheet::readCells(XmlPart& part)
 
 void XlsxSheet::readCell(XmlPart& part)
 {
-    const QXmlStreamAttributes attributes = part.attributes();
-    const CellPosition at = positionOf(attributes);
-    mColumn = at.column;
+    // The attributes are let go before the content is read: the parser would have to copy them otherwise.
+    const Head head = headOf(part.attributes());
+    mColumn = head.at.column;
     const Content content = readContent(part);
-    if (at.column >= limits::Columns) {
+    if (head.at.column >= limits::Columns) {
         part.fail(message::tooManyColumns());
-    } else if (!store(attributes, at, content)) {
+    } else if (!store(head, content)) {
         part.fail(mRows.error());
     }
 }
 
-/// A cell without an address follows the one before.
-CellPosition XlsxSheet::positionOf(const QXmlStreamAttributes& attributes) const
+XlsxSheet::CellType XlsxSheet::typeOf(const QStringRef& text)
 {
-    const CellPosition at = parseCellAddress(value(attributes, "r"));
-    return at.isValid() ? at : CellPosition{std::max(mRow, 0), mColumn + 1};
+    static const struct {
+        QLatin1String name;
+        CellType type;
+    } types[] = {{latin1("s"), CellType::SharedText},
+                 {latin1("str"), CellType::Text},
+                 {latin1("inlineStr"), CellType::InlineText},
+                 {latin1("b"), CellType::Bool},
+                 {latin1("e"), CellType::Error},
+                 {latin1("d"), CellType::Date}};
+    for (const auto& entry : types) {
+        if (text == entry.name) {
+            return entry.type;
+        }
+    }
+    return CellType::Number;
+}
+
+/// A cell without an address follows the one before.
+XlsxSheet::Head XlsxSheet::headOf(const QXmlStreamAttributes& attributes) const
+{
+    Head head;
+    head.at = parseCellAddress(value(attributes, "r"));
+    head.at = head.at.isValid() ? head.at : CellPosition{std::max(mRow, 0), mColumn + 1};
+    head.type = typeOf(value(attributes, "t"));
+    head.style = intValue(value(attributes, "s"), 0);
+    return head;
 }
 
 XlsxSheet::Content XlsxSheet::readContent(XmlPart& part)
@@ -117,47 +140,51 @@ XlsxSheet::Content XlsxSheet::readContent(XmlPart& part)
     return content;
 }
 
-bool XlsxSheet::store(const QXmlStreamAttributes& attributes, CellPosition at, const Content& content)
+bool XlsxSheet::store(const Head& head, const Content& content)
 {
-    const QStringRef type = value(attributes, "t");
-    if (content.isInline && (content.value.isEmpty() || type == QLatin1String("inlineStr"))) {
-        return mRows.put(at.row, at.column, content.text);
+    const auto put = [&](const QString& text) { return mRows.put(head.at.row, head.at.column, text); };
+    if (content.isInline && (content.value.isEmpty() || head.type == CellType::InlineText)) {
+        return put(content.text);
     }
     if (content.value.isEmpty()) {
         return true;
     }
-    if (type == QLatin1String("s")) {
-        const std::optional<double> index = parseNumber(QStringRef(&content.value));
-        if (at.row < mRows.maxRows()) {
-            mTexts.want(index ? static_cast<qint64>(std::clamp(*index, -1.0, 1e12)) : -1, at.row, at.column);
-        }
+    switch (head.type) {
+    case CellType::SharedText:
+        wantText(head.at, content.value);
         return true;
+    case CellType::Text:
+    case CellType::InlineText:
+        return put(decodeEscapes(content.value));
+    case CellType::Bool:
+        return put(boolText(content.value));
+    case CellType::Error:
+        return put(content.value);
+    case CellType::Date:
+        return put(isoDateText(content.value));
+    case CellType::Number:
+        break;
     }
-    if (type == QLatin1String("str") || type == QLatin1String("inlineStr")) {
-        return mRows.put(at.row, at.column, decodeEscapes(content.value));
+    return put(numberCell(head, content.value));
+}
+
+void XlsxSheet::wantText(CellPosition at, const QString& index)
+{
+    if (at.row < mRows.maxRows()) {
+        mTexts.want(intValue(QStringRef(&index), -1), at.row, at.column);
     }
-    if (type == QLatin1String("b")) {
-        return mRows.put(at.row, at.column, boolText(content.value));
-    }
-    if (type == QLatin1String("e")) {
-        return mRows.put(at.row, at.column, content.value);
-    }
-    if (type == QLatin1String("d")) {
-        return mRows.put(at.row, at.column, isoDateText(content.value));
-    }
-    return mRows.put(at.row, at.column, numberCell(value(attributes, "s"), at, content.value));
 }
 
 /// A number as its style shows it. What is no number in a cell of numbers is passed on as it stands.
-QString XlsxSheet::numberCell(const QStringRef& style, CellPosition at, const QString& stored)
+QString XlsxSheet::numberCell(const Head& head, const QString& stored)
 {
     const std::optional<double> number = parseNumber(QStringRef(&stored));
     if (!number) {
         return stored;
     }
-    const NumberFormat format = mStyles.value(intValue(style, 0), NumberFormat::Plain);
+    const NumberFormat format = mStyles.value(head.style, NumberFormat::Plain);
     if (format == NumberFormat::Plain) {
-        mRows.noteNumber(at.row, at.column, stored);
+        mRows.noteNumber(head.at.row, head.at.column, stored);
     }
     return shownNumber(*number, format, mDates);
 }

@@ -24,6 +24,12 @@ public:
     QString read(ZipArchive& archive, const QString& part);
 
 private:
+    enum class CellType { Number, SharedText, Text, InlineText, Bool, Error, Date };
+    struct Head {
+        CellPosition at;
+        CellType type = CellType::Number;
+        int style = 0;
+    };
     struct Content {
         QString value; ///< text of `v`
         QString text;  ///< of an inline string
@@ -35,9 +41,11 @@ private:
     void readCells(XmlPart& part);
     void readCell(XmlPart& part);
     Content readContent(XmlPart& part);
-    CellPosition positionOf(const QXmlStreamAttributes& attributes) const;
-    bool store(const QXmlStreamAttributes& attributes, CellPosition at, const Content& content);
-    QString numberCell(const QStringRef& style, CellPosition at, const QString& value);
+    static CellType typeOf(const QStringRef& text);
+    Head headOf(const QXmlStreamAttributes& attributes) const;
+    bool store(const Head& head, const Content& content);
+    void wantText(CellPosition at, const QString& index);
+    QString numberCell(const Head& head, const QString& stored);
     void readMergedAreas(XmlPart& part);
 
     const QVector<NumberFormat>& mStyles;

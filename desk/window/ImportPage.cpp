@@ -29,7 +29,8 @@ namespace {
 enum LowerTab { ProblemsTab, DiffTab, HandedOverTab };
 
 const QList<int> FirstSizes{520, 230};
-constexpr int ErrorBox = 1; // message box type
+constexpr int WidestAccountBox = 240; // pixels; name and number together are longer than the form allows for
+constexpr int ErrorBox = 1;           // message box type
 
 const QString AccountBox = QStringLiteral("combx_account");
 const QString StrategyBox = QStringLiteral("cbx_algoType");
@@ -117,6 +118,7 @@ void ImportPage::open()
     mDialog->CreateStrategyInitWidget(strategy);
     if (auto* accounts = mDialog->findChild<SolveyAccountComboBox*>(AccountBox)) {
         accounts->SetCurTradingAccount(DeskSettings(mHost).lastAccount());
+        accounts->setMinimumWidth(qMin(accounts->sizeHint().width(), WidestAccountBox));
     }
     if (ZelTableView* table = parameterTable()) {
         table->setEmptyText(QStringLiteral("尚未导入\n按“导入算法”选择文件，或把文件拖到窗口上"));

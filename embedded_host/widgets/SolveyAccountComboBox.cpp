@@ -24,6 +24,7 @@ QString shownText(const tagUserAccountInfo& account, DisplayMode mode)
 SolveyAccountComboBox::SolveyAccountComboBox(QWidget* parent, DisplayMode mode)
     : QComboBox(parent), mMode(mode)
 {
+    setSizeAdjustPolicy(QComboBox::AdjustToContents); // the accounts come after the first show
 }
 
 SolveyAccountComboBox::~SolveyAccountComboBox() = default;

@@ -263,6 +263,21 @@ void checkUnpriced(const BatchDraft& draft, const Limits& limits, Verdict& verdi
 
 } // namespace
 
+namespace {
+
+/// After an import that ended early the dialog may still hold instances that its table does not show. Nobody has looked
+/// at them.
+void checkEverythingIsShown(const BatchDraft& draft, Verdict& verdict)
+{
+    const int shown = draft.table.rows.size();
+    const int instances = draft.instances.size();
+    if (shown != instances) {
+        report(verdict.refusals, "notShown", instances, texts::notShown(shown, instances));
+    }
+}
+
+} // namespace
+
 Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& prices,
                    const QList<EarlierBatch>& earlier)
 {
@@ -272,6 +287,7 @@ Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& 
         verdict.grossBuy += security.bought;
         verdict.grossSell += security.sold;
     }
+    checkEverythingIsShown(draft, verdict);
     checkRows(draft, limits, verdict);
     checkSecurities(amounts, limits, verdict);
     checkGross(limits, verdict);

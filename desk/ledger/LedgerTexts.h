@@ -191,4 +191,11 @@ inline QString amountNotTyped(const QString& amount)
     return QStringLiteral("总金额达到复核标准，请再次输入总金额 %1 元。").arg(amount);
 }
 
+inline QString notShown(int shown, int instances)
+{
+    return QStringLiteral("表格中有 %1 行，待创建的实例却有 %2 个：最近一次导入没有成功；请重新导入。")
+        .arg(shown)
+        .arg(instances);
+}
+
 } // namespace ledger::texts

@@ -300,3 +300,13 @@ TEST(Creation, OfTheSameFileIsWarnedOfUntilTheFirstBatchIsUndone)
     ledger->undo(1);
     EXPECT_TRUE(reviewBatch(*ledger, again, {}, prices).value.verdict.warnings.isEmpty());
 }
+
+TEST(Guard, RefusesInstancesThatTheTableDoesNotShow)
+{
+    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Sell"_s, 500)});
+    draft.table.rows.clear(); // the next file could not be read, and the dialog emptied its table
+    const Verdict verdict = verdictOn(draft);
+    EXPECT_EQ(rulesOf(verdict.refusals), QStringList{u"notShown"_s});
+    EXPECT_EQ(verdict.refusals.value(0).text,
+              u"表格中有 0 行，待创建的实例却有 2 个：最近一次导入没有成功；请重新导入。"_s);
+}

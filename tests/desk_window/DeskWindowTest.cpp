@@ -129,7 +129,8 @@ TEST_F(DeskWindowTest, RemembersSkinPageStrategyAccountAndSize)
     child<SolveyAccountComboBox>("combx_account")->SetCurTradingAccount("CREDIT1"_s);
     child<QAction>("action_skin_dark")->trigger();
     window->showPage(DeskWindow::BatchesPageIndex);
-    window->resize(1250, 777);
+    const QSize size = window->minimumSizeHint() + QSize(40, 70);
+    window->resize(size);
     closeWindow();
     books = {};
     open();
@@ -137,7 +138,7 @@ TEST_F(DeskWindowTest, RemembersSkinPageStrategyAccountAndSize)
     EXPECT_EQ(child<SolveyAccountComboBox>("combx_account")->GetCurTradingAccount(), "CREDIT1"_s);
     EXPECT_EQ(host->skins().skin(), "dark"_s);
     EXPECT_EQ(window->findChild<QTabWidget*>()->currentIndex(), int(DeskWindow::BatchesPageIndex));
-    EXPECT_EQ(window->size(), QSize(1250, 777));
+    EXPECT_EQ(window->size(), size);
 }
 
 TEST_F(DeskWindowTest, DressesTheDialogInTheChosenSkin)

@@ -1,5 +1,7 @@
 #include "desk/window/ImportProblems.h"
 
+#include "dialog/HeadAliases.h"
+
 #include <QRegularExpression>
 
 namespace import_problems {
@@ -40,12 +42,6 @@ QString columnNamedBy(const QString& reason)
         }
     }
     return {};
-}
-
-// Full-width and half-width forms of a title are one title.
-QString folded(const QString& title)
-{
-    return title.normalized(QString::NormalizationForm_KC).trimmed();
 }
 
 QString withoutLineEnd(QString text)
@@ -89,20 +85,13 @@ QList<Problem> fromBoxText(const QString& text)
 
 int columnOf(const QString& title, const QStringList& header)
 {
-    if (title.isEmpty()) {
-        return -1;
-    }
-    const int exact = header.indexOf(title);
+    const int exact = title.isEmpty() ? -1 : header.indexOf(title);
     if (exact >= 0) {
         return exact;
     }
-    for (int column = 0; column < header.size(); ++column) {
-        const QString candidate = folded(header.at(column));
-        if (!candidate.isEmpty() && folded(title).endsWith(candidate)) {
-            return column;
-        }
-    }
-    return -1;
+    const QMap<QString, QString> aliases = headAliases();
+    const int byName = title.isEmpty() ? -1 : header.indexOf(aliases.value(title, title));
+    return byName >= 0 || aliases.key(title).isEmpty() ? byName : header.indexOf(aliases.key(title));
 }
 
 void locate(QList<Problem>& problems, const QList<QStringList>& rows)

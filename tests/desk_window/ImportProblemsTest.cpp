@@ -81,7 +81,7 @@ TEST(ImportProblemsTest, KnowsTheColumnOfEveryKindOfRowError)
     EXPECT_EQ(columnOfReason("不知道的原因"_s), QString());
 }
 
-TEST(ImportProblemsTest, FindsAColumnByItsTitleOrAShorterOneInEitherWidth)
+TEST(ImportProblemsTest, FindsAColumnByItsTitleOrAnAliasOfIt)
 {
     EXPECT_EQ(import_problems::columnOf("证券代码"_s, Header), 0);
     EXPECT_EQ(import_problems::columnOf("扫盘比例（%）"_s, Header), 3);

@@ -6,6 +6,7 @@
 #include "host/ZelMessageBox.h"
 #include "host/ZelTableView.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QStandardItemModel>
 #include <QTextEdit>
@@ -67,7 +68,8 @@ ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int, QWi
     (new QVBoxLayout(this))->addWidget(message);
 }
 ZelMessageBox::~ZelMessageBox() = default;
-int ZelMessageBox::exec() { return QDialog::exec(); }
+int ZelMessageBox::exec() { return showModally(); }
+int ZelMessageBox::showModally() { return QDialog::exec(); }
 void ZelMessageBox::keyPressEvent(QKeyEvent* event) { QDialog::keyPressEvent(event); }
 
 SolveyAccountComboBox::SolveyAccountComboBox(QWidget* parent, DisplayMode mode) : QComboBox(parent), mMode(mode) {}

@@ -95,7 +95,7 @@ void rowsToRecords(benchmark::State& state)
     }
 }
 BENCHMARK(rowsToRecords)
-    ->ArgsProduct({{10, 100, 1000}, {1000}})
+    ->ArgsProduct({{10, 100, 200, 400, 600, 800, 1000}, {1000}})
     ->ArgsProduct({{1000}, {100, 10000, 20000}})
     ->Iterations(10)
     ->Unit(benchmark::kMillisecond);

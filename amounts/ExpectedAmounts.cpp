@@ -4,6 +4,7 @@
 #include "dialog/CellRoles.h"
 #include "dialog/ColumnNames.h"
 #include "dialog/Logging.h"
+#include "dialog/QuoteSubscription.h"
 #include "dialog/StrategyLists.h"
 #include "host/AlgoConstants.h"
 #include "host/AlgoTradeLogicNew.h"
@@ -16,14 +17,12 @@
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QStyle>
-#include <QThread>
 
 namespace {
 
 namespace Info = Algo_Fields::AlgoInstContentInfo;
 namespace Side = Algo_Values::AlgoOrderSide;
 
-constexpr unsigned long QuoteWaitMs = 300;
 constexpr double Zero = 1e-10;
 constexpr double BondRepoPrice = 100.0;
 
@@ -191,15 +190,13 @@ ExpectedAmounts sumOfAmounts(const RecordDataList& rows, const AmountColumns& at
     return amounts;
 }
 
-/// Blocks for 300 ms, so that the first quotes arrive from the host's threads.
 ExpectedAmounts pricedAmounts(const RecordDataList& rows, const AmountColumns& at, bool futures)
 {
     QStringList symbols;
     for (const RecordData& row : rows) {
         symbols.append(valueOf(row, at.symbol).toString());
     }
-    CommonQuotaHandler::instance()->SubscribeQuota(symbols, true, 0);
-    QThread::msleep(QuoteWaitMs);
+    subscribeAndAwaitQuotes(symbols);
 
     ExpectedAmounts amounts;
     for (const RecordData& row : rows) {

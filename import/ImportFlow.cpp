@@ -13,6 +13,7 @@
 #include "import/ImportTexts.h"
 #include "import/RowErrors.h"
 #include "import/RowParser.h"
+#include "schema/DateTimeFormat.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QDateTime>
@@ -23,7 +24,6 @@ namespace {
 
 constexpr int MaxDataRows = 1000;
 
-const QString CsvDateTimeFormat = QStringLiteral("yyyy-M-d H:m:s");
 const QString SpreadsheetDateTimeFormat = QStringLiteral("yyyy-M-dTH:m:s.z");
 
 /// The second dot-separated part of the whole path decides, not the extension: below a folder with a dot in
@@ -61,7 +61,7 @@ void AlgoBatchImportParamSetting::slotBtnImportClicked()
     ui->table_paramSettings->clear();
     ui->btn_ok->setEnabled(true);
     mIsCsvFile = looksLikeCsv(path);
-    mDateTimeFormat = mIsCsvFile ? CsvDateTimeFormat : SpreadsheetDateTimeFormat;
+    mDateTimeFormat = mIsCsvFile ? schema::TypedDateTimeFormat : SpreadsheetDateTimeFormat;
 
     RecordDataList records;
     QMap<int, QString> errors;

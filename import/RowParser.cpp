@@ -4,6 +4,7 @@
 #include "dialog/CellRoles.h"
 #include "dialog/ColumnNames.h"
 #include "dialog/Logging.h"
+#include "dialog/QuoteSubscription.h"
 #include "dialog/StrategyLists.h"
 #include "host/AlgoConstants.h"
 #include "host/CBusinessDataBase.h"
@@ -13,29 +14,13 @@
 #include "host/QuotaFields.h"
 #include "host/SolveyBusinessDataInterface.h"
 #include "host/SolveyBusiUtils.h"
-#include "host/SolveyConstants.h"
 #include "import/ImportTexts.h"
-#include "schema/TranslationError.h"
 #include "ui_AlgoBatchImportParamSetting.h"
-
-#include <QDateTime>
-#include <QThread>
 
 namespace Field = Algo_Fields::AlgoParamFields;
 namespace Info = Algo_Fields::AlgoInstContentInfo;
 
 namespace {
-
-constexpr unsigned long QuoteWaitMs = 300;
-constexpr double TenThousand = 10000.0;
-
-const QString CreditMinAmount = QStringLiteral("10000");
-const QString SentDateTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
-
-QString cellAt(const QStringList& cells, int column)
-{
-    return column >= 0 && column < cells.size() ? cells.at(column) : QString();
-}
 
 bool isBlankOrNote(const QStringList& cells)
 {
@@ -43,21 +28,6 @@ bool isBlankOrNote(const QStringList& cells)
         return true;
     }
     return cells.size() > 2 && cells.at(0).trimmed().isEmpty() && cells.at(1).trimmed().isEmpty();
-}
-
-QString money(double amount, int decimals)
-{
-    return QString::number(amount, 'f', decimals);
-}
-
-/// Today at the default's time; an unreadable default is midnight.
-QString defaultDateTime(const QString& defaultValue)
-{
-    QDateTime dateTime = QDateTime::currentDateTime();
-    if (defaultValue != Algo_Values::AlgoParamOptions::currentTime) {
-        dateTime.setTime(QTime::fromString(defaultValue, Qt::TextDate));
-    }
-    return dateTime.toString(SentDateTimeFormat);
 }
 
 } // namespace
@@ -120,8 +90,7 @@ void RowParser::subscribeToQuotes(const QList<QStringList>& rows)
     for (const QStringList& cells : rows) {
         symbols.append(identified(cells).symbol);
     }
-    CommonQuotaHandler::instance()->SubscribeQuota(symbols, true, 0);
-    QThread::msleep(QuoteWaitMs);
+    subscribeAndAwaitQuotes(symbols);
     mTradingAccount = mDialog.ui->combx_account->GetCurTradingAccount();
     mAssetProp = mDialog.ui->combx_account->GetCurAccountAssetProp();
 }
@@ -166,7 +135,7 @@ RowParser::Row RowParser::identified(const QStringList& cells) const
     Row row;
     row.cells = completed(cells);
     const auto cellOf = [&](const QString& title) {
-        return cellAt(row.cells, mHeader.columnIndexMap.value(title, -1));
+        return row.cell(mHeader.columnIndexMap.value(title, -1));
     };
     const QString codeTitle = mHeader.columnIndexMap.contains(Info::Symbol) ? Info::Symbol : columns::Code;
     row.code = cellOf(codeTitle);
@@ -207,159 +176,6 @@ void RowParser::fillPriceLimits(Row& row) const
     qCDebug(lcImport) << " quote: " << quote;
     row.securityEntry[Info::maxPrice] = quote.value(QuotaFields::MaxPx).toString();
     row.securityEntry[Info::preClosePrice] = quote.value(QuotaFields::PreClosePx).toString();
-}
-
-/// Stops at the first column that drops the row.
-void RowParser::fillColumns(Row& row)
-{
-    for (const Column& column : mColumns) {
-        qCDebug(lcImport) << " index: " << column.index << " csvRowContentLst: " << row.cells
-                          << " csvColumnIndexMap: " << mHeader.columnIndexMap
-                          << " strColName: " << column.title;
-        fillColumn(row, column);
-        if (row.error) {
-            row.record.clear();
-            return;
-        }
-    }
-}
-
-void RowParser::fillColumn(Row& row, const Column& column)
-{
-    if (column.compulsory && cellAt(row.cells, column.fileColumn).isEmpty()) {
-        row.emptyTitles += column.title + import::TitleSeparator;
-        return;
-    }
-    switch (column.kind) {
-    case Kind::Code:
-        return writeWithParameter(row, column, row.code, row.symbol);
-    case Kind::Market:
-        return writeWithParameter(row, column, row.marketName, row.exchange);
-    case Kind::SecurityName: {
-        const QString name = CBusinessDataBase::GetInstance()->GetSecurityChineseName(row.symbol);
-        return write(row, column, name, name);
-    }
-    case Kind::CreateAndStart:
-        return fillCreateStatus(row, column);
-    case Kind::SealingAmount:
-        return fillSealingAmount(row, column);
-    case Kind::OrderAmount:
-        return fillOrderAmount(row, column);
-    case Kind::Ordinary:
-        return fillOrdinary(row, column);
-    }
-}
-
-void RowParser::fillCreateStatus(Row& row, const Column& column) const
-{
-    const QString value = cellAt(row.cells, column.fileColumn);
-    const QString shown = mDialog.getCreateIfStartName(value);
-    if (shown == QLatin1String("-1")) {
-        row.error = import::BadCreateStatus.arg(column.title);
-        return;
-    }
-    writeWithParameter(row, column, shown, value);
-}
-
-void RowParser::fillSealingAmount(Row& row, const Column& column) const
-{
-    const double amount = cellAt(row.cells, column.fileColumn).toDouble();
-    const QString shown = money(amount, 0);
-    write(row, column, shown, shown);
-    const qint64 quantity = mDialog.transBalance2Qty(row.symbol, row.direction, amount);
-    if (quantity == 0) {
-        row.error = import::NoSealingQuantity;
-        return;
-    }
-    mDialog.transColData2ParamMap(column.title, QString::number(quantity), row.securityEntry, row.paramMap);
-    row.paramMap[instance_keys::SealingAmountInTenThousands] = amount / TenThousand;
-}
-
-void RowParser::fillOrderAmount(Row& row, const Column& column) const
-{
-    const double amount = cellAt(row.cells, column.fileColumn).toDouble();
-    if (CollateralOnlyStrategyList.contains(mStrategy)) {
-        const QString exact = money(amount, 2);
-        return writeWithParameter(row, column, exact, exact);
-    }
-    const QString shown = money(amount, 0);
-    write(row, column, shown, shown);
-    const qint64 quantity = mDialog.transBalance2Qty(row.symbol, row.direction, amount);
-    if (quantity == 0) {
-        row.error = import::NoOrderQuantity;
-        return;
-    }
-    mDialog.transColData2ParamMap(column.title, QString::number(quantity), row.securityEntry, row.paramMap);
-    // Deliberately crosswise: the order amount carries the quantity, the instance's quantity the money.
-    row.paramMap[Info::Quantity] = shown;
-}
-
-void RowParser::fillOrdinary(Row& row, const Column& column)
-{
-    if (column.optionalMissing) {
-        return fillDefault(row, column);
-    }
-    QString value = cellAt(row.cells, column.fileColumn);
-    if (value.isEmpty()) {
-        if (column.required) {
-            row.emptyTitles += column.title + import::TitleSeparator;
-            return;
-        }
-        return fillDefault(row, column);
-    }
-    QString shown;
-    QString error;
-    if (!translate(row, column, shown, value, error)) {
-        row.error = error;
-        return;
-    }
-    writeWithParameter(row, column, shown, value);
-}
-
-/// `value` comes in as the cell text. False and `error` when the cell cannot be translated.
-bool RowParser::translate(const Row& row, const Column& column, QString& shown, QString& value,
-                          QString& error)
-{
-    const QPair<int, QString> cell(column.index, value);
-    const auto known = column.repeating ? mTranslations.constFind(cell) : mTranslations.constEnd();
-    if (known != mTranslations.constEnd()) {
-        shown = known->first;
-        value = known->second;
-        return true;
-    }
-    shown = mDialog.transColData2ColDataName(row.symbol, column.title, value, error);
-    if (shown == schema::TranslationError) {
-        return false;
-    }
-    if (column.repeating) {
-        mTranslations.insert(cell, {shown, value});
-    }
-    return true;
-}
-
-void RowParser::fillDefault(Row& row, const Column& column) const
-{
-    QString value = column.defaultValue;
-    QString shown = column.defaultShown;
-    if (column.title == Info::minAmout && mAssetProp == Solvey_Values::FundAccountType::Credit) {
-        value = CreditMinAmount;
-    }
-    if (column.dateTime) {
-        value = shown = defaultDateTime(value);
-    }
-    writeWithParameter(row, column, shown, value);
-}
-
-void RowParser::write(Row& row, const Column& column, QString shown, QString value) const
-{
-    mDialog.transRecordMap(row.record, column.index, shown, value);
-}
-
-void RowParser::writeWithParameter(Row& row, const Column& column, const QString& shown,
-                                   const QString& value) const
-{
-    write(row, column, shown, value);
-    mDialog.transColData2ParamMap(column.title, value, row.securityEntry, row.paramMap);
 }
 
 /// Entrust property 6 finances a purchase and repays by a sale; its one option text tells neither.

@@ -65,6 +65,9 @@ private:
         QMap<QString, QVariant> paramMap;
         QString emptyTitles;          ///< each followed by a separator
         std::optional<QString> error; ///< set: the row is dropped (the text itself may be empty)
+
+        /// Empty where the row is shorter, or the file has no such column.
+        QString cell(int fileColumn) const { return cells.value(fileColumn); }
     };
 
     static Kind kindOf(const QString& title);
@@ -79,6 +82,7 @@ private:
     void fillColumns(Row& row);
     void fillColumn(Row& row, const Column& column);
     void fillCreateStatus(Row& row, const Column& column) const;
+    bool fillQuantityOf(double amount, Row& row, const Column& column, const QString& noQuantity) const;
     void fillSealingAmount(Row& row, const Column& column) const;
     void fillOrderAmount(Row& row, const Column& column) const;
     void fillOrdinary(Row& row, const Column& column);

@@ -10,6 +10,7 @@
 #include "host/FuturesLogicInterface.h"
 #include "host/NorvikConstants.h"
 #include "host/SolveyBusinessDataInterface.h"
+#include "schema/DateTimeFormat.h"
 #include "schema/TolerantTruncation.h"
 #include "schema/TranslationError.h"
 
@@ -17,12 +18,12 @@
 
 namespace UiType = Algo_Values::AlgoParamUiType;
 using schema::NotSupported;
+using schema::SentDateTimeFormat;
 using schema::TranslationError;
+using schema::TypedDateTimeFormat;
 
 namespace {
 
-const QString SentDateTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
-const QString TypedDateTimeFormat = QStringLiteral("yyyy-M-d H:m:s");
 const QString BadDateTime = QStringLiteral("%1格式不正确，时间格式为%2");
 const QChar LegSeparator = QLatin1Char('/');
 

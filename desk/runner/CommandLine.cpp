@@ -120,7 +120,9 @@ QString usage()
         "\n"
         "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "
         "came up,\n"
-        "2 wrong usage, unknown strategy or account, bad reference data.\n"
+        "2 wrong usage, unknown strategy or account, bad reference data. check: 0 clean, 1 warnings, 3 "
+        "errors,\n"
+        "4 unreadable.\n"
         "\n"
         "Options:\n");
     for (const OptionText& option : Options) {

@@ -3,14 +3,17 @@
 #include "import/RowErrors.h"
 #include "tests/support/DialogFixture.h"
 
+using import::WantedColumns;
+
 namespace {
 
-import::WantedColumns wanted(const QStringList& titles, const QStringList& compulsory = {},
-                             const QStringList& required = {}){
+WantedColumns wanted(const QStringList& titles, const QStringList& compulsory = {},
+                     const QStringList& required = {})
+{
     const QMap<QString, QString> aliases = {
         {"方向"_s, "交易方向"_s}, {"扫盘比例(%)"_s, "扫盘比例（%）"_s}, {"代码"_s, "证券代码"_s}};
-return {titles, aliases, compulsory, required};
-} // namespace
+    return {titles, aliases, compulsory, required};
+}
 
 } // namespace
 

@@ -1,17 +1,12 @@
+#include "desk/check/FileReport.h"
 #include "desk/ledger/DraftBuilder.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
-#include "dialog/HeadAliases.h"
-#include "embedded_host/table_reader/TableLint.h"
-#include "host/AlgoConstants.h"
 
-#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
-
-#include <algorithm>
 
 namespace runner {
 
@@ -19,23 +14,6 @@ namespace {
 
 /// Exit statuses of a report; 2 is the runner's own Refused.
 enum CheckStatus { Clean = 0, Warnings = 1, Errors = 3, Unreadable = 4 };
-
-/// Code -> the securities that it may mean, as a person should see them.
-QMultiHash<QString, QString> securitiesByCode(const ReferenceData& data)
-{
-    QMultiHash<QString, QString> byCode;
-    for (const Security& security : data.tables().securities) {
-        byCode.insert(security.code, security.symbol + QLatin1Char(' ') + security.name);
-    }
-    return byCode;
-}
-
-table_lint::Expectation expectationOf(const QStringList& titles, const ReferenceData& data)
-{
-    return {
-        titles, headAliases(), Algo_Fields::AlgoInstContentInfo::Symbol,
-        [byCode = securitiesByCode(data)](const QString& code) { return QStringList(byCode.values(code)); }};
-}
 
 QJsonObject toJson(const table_lint::Finding& finding)
 {
@@ -51,20 +29,27 @@ QJsonObject toJson(const table_lint::Finding& finding)
             {QStringLiteral("suggestions"), QJsonArray::fromStringList(finding.suggestions)}};
 }
 
-int statusOf(const table_reader::Table& table, const QList<table_lint::Finding>& findings,
-             bool dialogComplained)
+int statusOf(const FileReport& report, bool dialogComplained)
 {
-    if (!table.error.isEmpty()) {
+    if (!report.error.isEmpty()) {
         return Unreadable;
     }
-    const bool anyError =
-        std::any_of(findings.begin(), findings.end(), [](const table_lint::Finding& finding) {
-            return finding.severity == table_lint::Severity::Error;
-        });
-    if (anyError || dialogComplained) {
+    if (report.hasErrors() || dialogComplained) {
         return Errors;
     }
-    return findings.isEmpty() ? Clean : Warnings;
+    return report.findings.isEmpty() ? Clean : Warnings;
+}
+
+QJsonObject toJson(const FileReport& report)
+{
+    QJsonArray findings;
+    for (const table_lint::Finding& finding : report.findings) {
+        findings.append(toJson(finding));
+    }
+    return {{QStringLiteral("format"), report.format},       {QStringLiteral("encoding"), report.encoding},
+            {QStringLiteral("separator"), report.separator}, {QStringLiteral("sheet"), report.sheet},
+            {QStringLiteral("sha256"), report.sha256},       {QStringLiteral("rows"), report.rowCount},
+            {QStringLiteral("error"), report.error},         {QStringLiteral("findings"), findings}};
 }
 
 } // namespace
@@ -82,11 +67,6 @@ Outcome checkFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
-    table_reader::ReadOptions options;
-    options.encoding = line.encoding;
-    options.inspect = true;
-    const table_reader::Table table = table_reader::readTable(line.files.first(), options);
-
     QStringList titles;
     QJsonArray boxes;
     if (!line.strategy.isEmpty()) {
@@ -98,24 +78,13 @@ Outcome checkFile(const CommandLine& line)
         titles = driver.content().columns;
         boxes = driver.boxes();
     }
-    const QList<table_lint::Finding> findings =
-        table.error.isEmpty() ? table_lint::lint(table, expectationOf(titles, host->referenceData()))
-                              : QList<table_lint::Finding>();
-    QJsonArray findingArray;
-    for (const table_lint::Finding& finding : findings) {
-        findingArray.append(toJson(finding));
-    }
-    const QJsonObject json = {{QStringLiteral("file"), line.files.first()},
-                              {QStringLiteral("format"), table.format},
-                              {QStringLiteral("encoding"), table.encoding},
-                              {QStringLiteral("separator"), table.separator},
-                              {QStringLiteral("sheet"), table.sheet},
-                              {QStringLiteral("sha256"), ledger::sha256OfFile(line.files.first())},
-                              {QStringLiteral("rows"), table.rows.size()},
-                              {QStringLiteral("error"), table.error},
-                              {QStringLiteral("findings"), findingArray},
-                              {QStringLiteral("messageBoxes"), boxes}};
-    return {statusOf(table, findings, !boxes.isEmpty()), QJsonDocument(json), QString()};
+    const QString& path = line.files.first();
+    FileReport report = fileReport(path, line.encoding, titles, host->referenceData());
+    report.sha256 = ledger::sha256OfFile(path);
+    QJsonObject json = toJson(report);
+    json[QStringLiteral("file")] = path;
+    json[QStringLiteral("messageBoxes")] = boxes;
+    return {statusOf(report, !boxes.isEmpty()), QJsonDocument(json), QString()};
 }
 
 } // namespace runner

@@ -22,6 +22,12 @@ struct FileDigest::Work {
     QString digest; // to be read once `done`
 };
 
+FileDigest::FileDigest(QObject* parent) : QObject(parent)
+{
+    mPoll.setInterval(PollMs);
+    connect(&mPoll, &QTimer::timeout, this, &FileDigest::announce);
+}
+
 void FileDigest::start(const QString& path)
 {
     auto work = std::make_shared<Work>();
@@ -31,6 +37,15 @@ void FileDigest::start(const QString& path)
         work->digest = ledger::sha256OfFile(path);
         work->done = true;
     }).detach();
+    mPoll.start(); // the thread may outlive this object, so it is asked and does not call
+}
+
+void FileDigest::announce()
+{
+    if (mWork->done) {
+        mPoll.stop();
+        emit taken(mWork->digest);
+    }
 }
 
 QString FileDigest::wait(QWidget* parent, bool& cancelled) const

@@ -1,9 +1,11 @@
 #include "desk/window/ImportPage.h"
 
+#include "desk/check/FileReport.h"
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/DiffPanel.h"
+#include "desk/window/FileCheckPanel.h"
 #include "desk/window/FilteredTable.h"
 #include "desk/window/ParameterTable.h"
 #include "desk/window/ProblemsPanel.h"
@@ -26,7 +28,7 @@
 
 namespace {
 
-enum LowerTab { ProblemsTab, DiffTab, HandedOverTab };
+enum LowerTab { ProblemsTab, FileCheckTab, DiffTab, HandedOverTab };
 
 const QList<int> FirstSizes{520, 230};
 constexpr int WidestAccountBox = 240; // pixels; name and number together are longer than the form allows for
@@ -44,8 +46,8 @@ ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent
       mHandedOver(new FilteredTable(
           mHandedOverModel, {QStringLiteral("已提交参数"), QStringLiteral("确定后，提交的参数显示在这里")},
           prompts)),
-      mDiff(new DiffPanel(host, prompts)), mLower(new QTabWidget), mUpper(new QStackedWidget),
-      mSplitter(new QSplitter(Qt::Vertical, this))
+      mDiff(new DiffPanel(host, prompts)), mFileCheck(new FileCheckPanel(host, prompts)),
+      mLower(new QTabWidget), mUpper(new QStackedWidget), mSplitter(new QSplitter(Qt::Vertical, this))
 {
     mHandedOverModel->setParent(mHandedOver);
     mUpper->addWidget(makeClosedPage());
@@ -62,6 +64,9 @@ ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent
     connect(&prompts, &DeskPrompts::messageComing, this, &ImportPage::takeMessage);
     connect(mProblems, &ProblemsPanel::countChanged, this, &ImportPage::showProblemCount);
     connect(mProblems, &ProblemsPanel::said, this, &ImportPage::said);
+    connect(mFileCheck, &FileCheckPanel::countChanged, this, &ImportPage::showFindingCount);
+    connect(mFileCheck->table(), &FilteredTable::said, this, &ImportPage::said);
+    connect(&mDigest, &FileDigest::taken, mFileCheck, &FileCheckPanel::showDigest);
     connect(mHandedOver, &FilteredTable::said, this, &ImportPage::said);
     connect(mProblems, &ProblemsPanel::currentChanged, this, [this](const Problem& problem) {
         ZelTableView* table = parameterTable();
@@ -94,13 +99,15 @@ QWidget* ImportPage::makeClosedPage()
 QWidget* ImportPage::makeLowerPart()
 {
     mLower->setDocumentMode(true);
-    for (QWidget* page : QList<QWidget*>{mProblems, mDiff, mHandedOver}) {
+    for (QWidget* page : QList<QWidget*>{mProblems, mFileCheck, mDiff, mHandedOver}) {
         page->layout()->setContentsMargins(9, 6, 9, 6);
     }
     mLower->addTab(mProblems, QString());
+    mLower->addTab(mFileCheck, QString());
     mLower->addTab(mDiff, QStringLiteral("变更"));
     mLower->addTab(mHandedOver, QStringLiteral("已提交参数"));
     showProblemCount(0);
+    showFindingCount(0);
     return mLower;
 }
 
@@ -140,7 +147,7 @@ void ImportPage::listenToDialog()
     }
     if (auto* strategies = mDialog->findChild<QComboBox*>(StrategyBox)) {
         strategies->setAccessibleName(QStringLiteral("算法类型"));
-        connect(strategies, QOverload<int>::of(&QComboBox::activated), mProblems, &ProblemsPanel::clear);
+        connect(strategies, QOverload<int>::of(&QComboBox::activated), this, &ImportPage::clearFindings);
     }
     if (auto* accounts = mDialog->findChild<SolveyAccountComboBox*>(AccountBox)) {
         accounts->setAccessibleName(QStringLiteral("账户名称"));
@@ -180,6 +187,14 @@ void ImportPage::takeFile(const QString& path)
     mLower->setTabText(DiffTab, QStringLiteral("变更"));
     mDigest.start(path);
     QApplication::setOverrideCursor(Qt::WaitCursor); // until it is imported or has something to say
+    checkFile();
+}
+
+void ImportPage::checkFile()
+{
+    const ZelTableView* table = parameterTable();
+    const QStringList titles = table ? table->headNames() : QStringList();
+    mFileCheck->show(fileReport(mFile, QString(), titles, mHost.referenceData()));
 }
 
 void ImportPage::takeMessage(const QString& text, int type)
@@ -201,6 +216,9 @@ void ImportPage::showImported()
                   .arg(mDialog->getWidgetData().size())
                   .arg(mProblems->problems().size())
                   .arg(mFile));
+    if (mProblems->problems().isEmpty() && mFileCheck->report().hasErrors()) {
+        mLower->setCurrentIndex(FileCheckTab); // the import did not see it, the user should
+    }
     emit imported();
 }
 
@@ -284,6 +302,18 @@ void ImportPage::showProblemCount(int count)
                        count == 0 ? QStringLiteral("问题") : QStringLiteral("问题 %1").arg(count));
 }
 
+void ImportPage::showFindingCount(int count)
+{
+    const QString name = QStringLiteral("文件检查");
+    mLower->setTabText(FileCheckTab, count == 0 ? name : QStringLiteral("%1 %2").arg(name).arg(count));
+}
+
+void ImportPage::clearFindings()
+{
+    mProblems->clear();
+    mFileCheck->clear();
+}
+
 void ImportPage::close()
 {
     if (!mDialog) {
@@ -296,7 +326,7 @@ void ImportPage::close()
     mDialog->setParent(nullptr); // hidden, and no longer found in the window
     mDialog->deleteLater();      // it is in the midst of a signal of its own
     mDialog.clear();
-    mProblems->clear();
+    clearFindings();
     mFile.clear();
 }
 

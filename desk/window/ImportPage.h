@@ -13,6 +13,7 @@ class AmountRefresher;
 class DeskPrompts;
 class DiffPanel;
 class EmbeddedHost;
+class FileCheckPanel;
 class FilteredTable;
 class ProblemsPanel;
 class QPushButton;
@@ -22,8 +23,9 @@ class QTabWidget;
 class TextTable;
 class ZelTableView;
 
-/// The dialog in a frame, and below it the problems of its last file and what it handed over last. It does
-/// for the dialog what a host must: opens it with a strategy, listens to it, closes it when it asks.
+/// The dialog in a frame, and below it the problems of its last file, the report on it and what was handed
+/// over last. It does for the dialog what a host must: opens it with a strategy, listens to it, closes it
+/// when it asks.
 class ImportPage : public QWidget {
     Q_OBJECT
 
@@ -34,6 +36,7 @@ public:
     /// Null while the dialog is closed.
     AlgoBatchImportParamSetting* dialog() const { return mDialog; }
     ProblemsPanel* problems() const { return mProblems; }
+    FileCheckPanel* fileCheck() const { return mFileCheck; }
     AmountRefresher* amounts() const { return mAmounts; }
     FilteredTable* handedOver() const { return mHandedOver; }
 
@@ -70,10 +73,13 @@ private:
     void restoreLayout();
     void listenToDialog();
     void takeFile(const QString& path);
+    void checkFile();
     void takeMessage(const QString& text, int type);
     void showImported();
     void showHandedOver(const HandOver& batch);
     void showProblemCount(int count);
+    void showFindingCount(int count);
+    void clearFindings();
     void takeConfirmation(bool closeAfterwards);
     HandOver gatherBatch(bool closeAfterwards) const;
     void close();
@@ -90,6 +96,7 @@ private:
     TextTable* mHandedOverModel;
     FilteredTable* mHandedOver;
     DiffPanel* mDiff;
+    FileCheckPanel* mFileCheck;
     QTabWidget* mLower;
     QStackedWidget* mUpper;
     QSplitter* mSplitter;

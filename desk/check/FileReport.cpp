@@ -1,0 +1,57 @@
+#include "desk/check/FileReport.h"
+
+#include "dialog/HeadAliases.h"
+#include "embedded_host/reference_data/ReferenceData.h"
+#include "host/AlgoConstants.h"
+
+#include <QMultiHash>
+
+#include <algorithm>
+
+namespace {
+
+/// Code -> the securities that it may mean, as a person should see them.
+QMultiHash<QString, QString> securitiesByCode(const ReferenceData& data)
+{
+    QMultiHash<QString, QString> byCode;
+    for (const Security& security : data.tables().securities) {
+        byCode.insert(security.code, security.symbol + QLatin1Char(' ') + security.name);
+    }
+    return byCode;
+}
+
+table_lint::Expectation expectationOf(const QStringList& titles, const ReferenceData& data)
+{
+    return {
+        titles, headAliases(), Algo_Fields::AlgoInstContentInfo::Symbol,
+        [byCode = securitiesByCode(data)](const QString& code) { return QStringList(byCode.values(code)); }};
+}
+
+} // namespace
+
+bool FileReport::hasErrors() const
+{
+    return std::any_of(findings.begin(), findings.end(), [](const table_lint::Finding& finding) {
+        return finding.severity == table_lint::Severity::Error;
+    });
+}
+
+FileReport fileReport(const QString& path, const QString& encoding, const QStringList& titles,
+                      const ReferenceData& referenceData)
+{
+    table_reader::ReadOptions options;
+    options.encoding = encoding;
+    options.inspect = true;
+    const table_reader::Table table = table_reader::readTable(path, options);
+    FileReport report;
+    report.format = table.format;
+    report.encoding = table.encoding;
+    report.separator = table.separator;
+    report.sheet = table.sheet;
+    report.rowCount = table.rows.size();
+    report.error = table.error;
+    if (table.error.isEmpty()) {
+        report.findings = table_lint::lint(table, expectationOf(titles, referenceData));
+    }
+    return report;
+}

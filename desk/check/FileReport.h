@@ -1,0 +1,35 @@
+#pragma once
+
+#include "embedded_host/table_reader/TableLint.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class ReferenceData;
+
+/// What a trader should know of a table file before he trusts its import: how it was read, and what looks
+/// wrong in it. Nothing is imported and no value changed.
+///
+///     FileReport report = fileReport(path, {}, titlesOfTheStrategy, host.referenceData());
+///     report.sha256 = ledger::sha256OfFile(path);
+struct FileReport {
+    QString format;    ///< csv, xlsx, xls, ods; empty when the file is none of them
+    QString encoding;  ///< of csv
+    QString separator; ///< of csv: ",", ";" or a tab
+    QString sheet;     ///< name of the sheet that was read; empty for csv
+    /// Hexadecimal digits; left to the caller, since it takes a whole large file where the report takes only
+    /// its first rows.
+    QString sha256;
+    int rowCount = 0; ///< rows read, the header among them; never above table_reader::MaxRows
+    QString error;    ///< a Chinese sentence where the file cannot be read; then there are no findings
+    QList<table_lint::Finding> findings;
+
+    /// A finding that spoils the import; an unreadable file has none.
+    bool hasErrors() const;
+};
+
+/// Reads the file's first rows. `encoding`: of csv, empty to tell it from the bytes; `titles`: the strategy's
+/// columns, with which those of the file are compared.
+FileReport fileReport(const QString& path, const QString& encoding, const QStringList& titles,
+                      const ReferenceData& referenceData);

@@ -1,0 +1,105 @@
+#include "tests/runner/RunnerTest.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QJsonArray>
+
+/// algodesk check FILE: the report and its exit status.
+class CheckCommand : public RunnerTest {
+protected:
+    Run check(const QString& file, const QStringList& more = aitwap())
+    {
+        return run(QStringList{"check"_s, file, "--data"_s, dataFolder(), "--home"_s, folder() + "/home"_s} +
+                   more);
+    }
+
+    static QStringList codes(const Run& run)
+    {
+        QStringList codes;
+        for (const QJsonValue& finding : run.object().value("findings"_s).toArray()) {
+            codes.append(finding.toObject().value("code"_s).toString());
+        }
+        return codes;
+    }
+};
+
+TEST_F(CheckCommand, AnswersZeroForACleanFile)
+{
+    const Run run = check(table(goodRow()));
+    EXPECT_EQ(0, run.status) << run.out.constData();
+    EXPECT_EQ(QStringList(), codes(run));
+}
+
+TEST_F(CheckCommand, AnswersOneForWarnings)
+{
+    const Run run =
+        check(write("list.csv"_s, "证券代码,市场,委托数量,交易方向,委托属性,创建后是否立即启动,abcdef\n"
+                                  "600000,SH,1000,1,0,7,x\n"));
+    EXPECT_EQ(1, run.status) << run.out.constData();
+    EXPECT_EQ(QStringList{"title.unknown"_s}, codes(run));
+}
+
+TEST_F(CheckCommand, AnswersThreeForErrors)
+{
+    const Run run = check(table("1,SZ,1000,1,0,7\n"));
+    EXPECT_EQ(3, run.status) << run.out.constData();
+    EXPECT_EQ(QStringList{"code.zeros"_s}, codes(run));
+}
+
+TEST_F(CheckCommand, AnswersThreeWhereOnlyTheImportComplains)
+{
+    const Run run = check(table(badRow()));
+    EXPECT_EQ(3, run.status) << run.out.constData();
+    EXPECT_EQ(QStringList(), codes(run));
+    EXPECT_EQ(1, run.object().value("messageBoxes"_s).toArray().size());
+}
+
+TEST_F(CheckCommand, AnswersFourForAFileThatCannotBeRead)
+{
+    for (const QStringList& more : {QStringList(), aitwap()}) {
+        const Run run = check(write("page.csv"_s, "<html><body><table></table></body></html>"), more);
+        EXPECT_EQ(4, run.status) << run.out.constData();
+        EXPECT_NE(QString(), run.object().value("error"_s).toString());
+    }
+    EXPECT_EQ(4, check(folder() + "/nowhere.csv"_s, {}).status);
+}
+
+TEST_F(CheckCommand, PrintsHowTheFileWasReadAndEachFinding)
+{
+    const QString path = table("1,SZ,1000,1,0,7\n");
+    const QJsonObject report = check(path).object();
+    EXPECT_EQ(QStringList({"encoding"_s, "error"_s, "file"_s, "findings"_s, "format"_s, "messageBoxes"_s,
+                           "rows"_s, "separator"_s, "sha256"_s, "sheet"_s}),
+              report.keys());
+    EXPECT_EQ(path, report.value("file"_s).toString());
+    EXPECT_EQ("csv"_s, report.value("format"_s).toString());
+    EXPECT_EQ("UTF-8"_s, report.value("encoding"_s).toString());
+    EXPECT_EQ(","_s, report.value("separator"_s).toString());
+    EXPECT_EQ(2, report.value("rows"_s).toInt());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(
+        QString::fromLatin1(QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex()),
+        report.value("sha256"_s).toString());
+
+    const QJsonObject finding = report.value("findings"_s).toArray().first().toObject();
+    EXPECT_EQ(QStringList({"address"_s, "chinese"_s, "code"_s, "english"_s, "line"_s, "raw"_s, "severity"_s,
+                           "sheet"_s, "suggestions"_s}),
+              finding.keys());
+    EXPECT_EQ("error"_s, finding.value("severity"_s).toString());
+    EXPECT_EQ("A2"_s, finding.value("address"_s).toString());
+    EXPECT_EQ(2, finding.value("line"_s).toInt());
+    EXPECT_EQ("1"_s, finding.value("raw"_s).toString());
+    EXPECT_EQ(QJsonArray{"000001.SZ 样本乙"_s}, finding.value("suggestions"_s).toArray());
+}
+
+TEST_F(CheckCommand, ReadsACsvInTheEncodingThatIsNamed)
+{
+    const QString path = write("list.csv"_s, QByteArray("\xa5\x4e\xbd\x58\n1\n", 7)); // 代碼 in Big5
+    EXPECT_EQ("Big5"_s, check(path, {"--encoding"_s, "Big5"_s}).object().value("encoding"_s).toString());
+}
+
+TEST_F(CheckCommand, TakesStrategyAndAccountTogetherOrNeither)
+{
+    expectRefused(check(table(goodRow()), {"--strategy"_s, "AITWAP"_s}), "--account"_s);
+}

@@ -72,6 +72,26 @@ std::optional<double> parseNumber(const QStringRef& text)
     return value;
 }
 
+bool isShortestNumber(const QStringRef& text)
+{
+    constexpr int SafeDigits = 15; // different decimals of so few digits are different doubles
+    const int begin = text.startsWith(QLatin1Char('-')) ? 1 : 0;
+    int point = -1;
+    for (int i = begin; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c == QLatin1Char('.') && point < 0) {
+            point = i;
+        } else if (c < QLatin1Char('0') || c > QLatin1Char('9')) {
+            return false;
+        }
+    }
+    const int whole = (point < 0 ? text.size() : point) - begin;
+    const bool leadingZero = whole > 1 && text.at(begin) == QLatin1Char('0');
+    const bool digitsBehind = point >= 0 && point + 1 < text.size() && !text.endsWith(QLatin1Char('0'));
+    const bool digitsOnly = point < 0 && text.size() > begin && text.at(begin) != QLatin1Char('0');
+    return text.size() <= SafeDigits && whole > 0 && !leadingZero && (digitsBehind || digitsOnly);
+}
+
 QString numberText(double value)
 {
     if (value == 0) {

@@ -17,6 +17,10 @@ enum class DateSystem {
 /// A decimal number of a file, blanks around it ignored; nothing where the text is none.
 std::optional<double> parseNumber(const QStringRef& text);
 
+/// Whether numberText() of this number is certain to be this very text, as of 600000 or -0.25: then nobody
+/// need read and write it. False where it is not certain.
+bool isShortestNumber(const QStringRef& text);
+
 /// The shortest decimal that reads back as the same number, never with an exponent: 600000, 0.1, -2.5.
 QString numberText(double value);
 

@@ -106,7 +106,7 @@ XlsxSheet::CellType XlsxSheet::typeOf(const QStringRef& text)
                  {latin1("e"), CellType::Error},
                  {latin1("d"), CellType::Date}};
     for (const auto& entry : types) {
-        if (text == entry.name) {
+        if (same(text, entry.name)) {
             return entry.type;
         }
     }
@@ -117,10 +117,17 @@ XlsxSheet::CellType XlsxSheet::typeOf(const QStringRef& text)
 XlsxSheet::Head XlsxSheet::headOf(const QXmlStreamAttributes& attributes) const
 {
     Head head;
-    head.at = parseCellAddress(value(attributes, "r"));
+    for (const QXmlStreamAttribute& attribute : attributes) { // once, not for each name
+        const QStringRef name = attribute.qualifiedName();
+        if (same(name, QLatin1String("r"))) {
+            head.at = parseCellAddress(attribute.value());
+        } else if (same(name, QLatin1String("t"))) {
+            head.type = typeOf(attribute.value());
+        } else if (same(name, QLatin1String("s"))) {
+            head.style = intValue(attribute.value(), 0);
+        }
+    }
     head.at = head.at.isValid() ? head.at : CellPosition{std::max(mRow, 0), mColumn + 1};
-    head.type = typeOf(value(attributes, "t"));
-    head.style = intValue(value(attributes, "s"), 0);
     return head;
 }
 
@@ -178,15 +185,13 @@ void XlsxSheet::wantText(CellPosition at, const QString& index)
 /// A number as its style shows it. What is no number in a cell of numbers is passed on as it stands.
 QString XlsxSheet::numberCell(const Head& head, const QString& stored)
 {
-    const std::optional<double> number = parseNumber(QStringRef(&stored));
-    if (!number) {
-        return stored;
-    }
     const NumberFormat format = mStyles.value(head.style, NumberFormat::Plain);
-    if (format == NumberFormat::Plain) {
+    const bool staysAsItIs = format == NumberFormat::Plain && isShortestNumber(QStringRef(&stored));
+    const std::optional<double> number = staysAsItIs ? std::nullopt : parseNumber(QStringRef(&stored));
+    if (format == NumberFormat::Plain && (staysAsItIs || number)) {
         mRows.noteNumber(head.at.row, head.at.column, stored);
     }
-    return shownNumber(*number, format, mDates);
+    return number ? shownNumber(*number, format, mDates) : stored;
 }
 
 void XlsxSheet::readMergedAreas(XmlPart& part)

@@ -3,6 +3,8 @@
 #include "embedded_host/table_reader/Limits.h"
 #include "embedded_host/table_reader/Messages.h"
 
+#include <algorithm>
+
 namespace table_reader {
 
 XmlPart::XmlPart(ZipArchive& archive, const QString& name) : mStream(archive, name) {}
@@ -104,7 +106,8 @@ QString XmlPart::readText()
         if (!isText()) {
             skip();
         } else if (text.isEmpty()) {
-            text = mXml.text().toString();
+            // toString() might share the parser's buffer, which it would then have to allocate anew.
+            text = QString(mXml.text().data(), mXml.text().size());
         } else if (text.size() + mXml.text().size() <= limits::TokenBytes) {
             text += mXml.text();
         } else {
@@ -129,6 +132,15 @@ QString XmlPart::finish()
 
 int intValue(const QStringRef& text, int fallback)
 {
+    constexpr int SafeDigits = 9;
+    int plain = 0; // the usual case, which every cell of a sheet has twice
+    const auto isDigit = [&](QChar c) {
+        plain = plain * 10 + (c.unicode() - u'0');
+        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+    };
+    if (text.size() > 0 && text.size() <= SafeDigits && std::all_of(text.begin(), text.end(), isDigit)) {
+        return plain;
+    }
     bool isNumber = false;
     const int value = text.trimmed().toInt(&isNumber);
     return isNumber && value >= 0 ? value : fallback;

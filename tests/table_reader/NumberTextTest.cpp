@@ -51,6 +51,21 @@ TEST(NumberText, HasNoMinusZero)
     EXPECT_EQ("0", numberText(-0.0).toStdString());
 }
 
+TEST(NumberText, IsTheTextItselfWhereThatIsCertain)
+{
+    for (const char* text : {"1", "600000", "-7", "0.5", "-0.25", "100.07", "999999999999999",
+                             "0.0000000000001", "9007199254740.1", "-12345678901234"}) {
+        const QString stored = QString::fromLatin1(text);
+        EXPECT_TRUE(isShortestNumber(QStringRef(&stored))) << text;
+        EXPECT_EQ(text, numberText(parseNumber(QStringRef(&stored)).value()).toStdString());
+    }
+    for (const char* text : {"", "-", "0", "-0", "-0.0", "007", "00.5", "1.", ".5", "-.5", "1.50", "+1", " 1",
+                             "1e5", "1.2.3", "0x1", "1234567890123456", "0.30000000000000004"}) {
+        const QString stored = QString::fromLatin1(text);
+        EXPECT_FALSE(isShortestNumber(QStringRef(&stored))) << text;
+    }
+}
+
 TEST(NumberText, IsReadBackFromWhatFilesHold)
 {
     const auto parsed = [](const char* text) {

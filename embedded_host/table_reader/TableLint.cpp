@@ -1,6 +1,7 @@
 #include "embedded_host/table_reader/TableLint.h"
 
 #include "embedded_host/table_reader/CellAddress.h"
+#include "embedded_host/table_reader/HarmlessCell.h"
 #include "embedded_host/table_reader/TitleLint.h"
 
 #include <QRegularExpression>
@@ -70,9 +71,23 @@ int significantDigits(const QString& text)
     return static_cast<int>(digits.end() - first);
 }
 
+/// Every title that the import would find: the columns', what may stand for each, and the reasons of a reject
+/// file.
+QStringList knownTitles(const Expectation& expectation)
+{
+    QStringList known = {table_reader::reasonTitle()};
+    for (const QString& title : expectation.titles) {
+        known << title << expectation.aliases.value(title, title) << expectation.aliases.key(title, title);
+    }
+    return known;
+}
+
 class Linter {
 public:
-    Linter(const Table& table, const Expectation& expectation) : mTable(table), mExpectation(expectation) {}
+    Linter(const Table& table, const Expectation& expectation)
+        : mTable(table), mExpectation(expectation), mKnownTitles(knownTitles(expectation))
+    {
+    }
 
     QList<Finding> run();
 
@@ -88,6 +103,7 @@ private:
 
     const Table& mTable;
     const Expectation& mExpectation;
+    const QStringList mKnownTitles;
     int mCodeColumn = -1;
     QList<Finding> mFindings;
 };
@@ -130,11 +146,10 @@ void Linter::lintTitle(int column, const QStringList& header)
         add(Repeated, 0, column, title);
         return;
     }
-    QStringList known = mExpectation.titles + mExpectation.aliases.keys();
-    if (known.contains(title)) {
+    if (mExpectation.titles.isEmpty() || mKnownTitles.contains(title)) {
         return;
     }
-    const QString nearest = nearestTitle(title, known);
+    const QString nearest = nearestTitle(title, mKnownTitles);
     if (nearest.isEmpty()) {
         add(Unknown, 0, column, title);
     } else {

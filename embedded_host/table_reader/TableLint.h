@@ -20,9 +20,10 @@ enum class Severity {
 
 /// What the import knows, for comparison.
 struct Expectation {
-    QStringList titles;             ///< the table's columns
-    QMap<QString, QString> aliases; ///< title that a file may use -> column title
-    QString codeTitle;              ///< the column of security codes, such as 证券代码; empty: none
+    QStringList titles; ///< the table's columns; empty: titles are not compared
+    /// Title that a file may use -> column title; read in both directions, as the import does.
+    QMap<QString, QString> aliases;
+    QString codeTitle; ///< the column of security codes, such as 证券代码; empty: none
     /// The securities with exactly this code, as the user should see them ("000001.SZ 平安银行"); may be
     /// null.
     std::function<QStringList(const QString& code)> securities;

@@ -30,6 +30,13 @@ TEST_F(CheckCommand, AnswersZeroForACleanFile)
     EXPECT_EQ(QStringList(), codes(run));
 }
 
+TEST_F(CheckCommand, ComparesNoTitlesWithoutAStrategy)
+{
+    const Run run = check(table(goodRow()), {});
+    EXPECT_EQ(0, run.status) << run.out.constData();
+    EXPECT_EQ(QStringList(), codes(run));
+}
+
 TEST_F(CheckCommand, AnswersOneForWarnings)
 {
     const Run run =

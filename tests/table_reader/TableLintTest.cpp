@@ -126,3 +126,12 @@ TEST(NearestTitle, ToleratesAThirdOfTheCharacters)
     EXPECT_EQ("", nearest("备注"));
     EXPECT_EQ("", nearest("x"));
 }
+
+TEST(TableLint, KnowsAnAliasInBothDirectionsAndTheColumnOfReasons)
+{
+    Expectation expected = expectation();
+    expected.titles = QStringList{QStringLiteral("代码"), QStringLiteral("限价")};
+    expected.aliases.insert(QStringLiteral("限价"), QStringLiteral("委托限价"));
+    EXPECT_TRUE(lint(inspect("证券代码,委托限价,错误原因\n"), expected).isEmpty());
+    EXPECT_EQ(lint(inspect("方向盘\n"), expected).size(), 1);
+}

@@ -33,7 +33,7 @@ std::optional<bool> choice(const QVariant& stored)
 
 QVariant save(bool createdClose)
 {
-    const QVariant value(createdClose);
+    QVariant value(createdClose);
     ZelCore::instance()->saveSetting(Key, value, QString(), QString(), QSettings::UserScope);
     qCDebug(lcDialog) << Q_FUNC_INFO << "save IS_CREATED_CLOSE" << Key << "varIsCreatedClose: " << value;
     return value;

@@ -3,13 +3,13 @@
 #include "embedded_host/table_reader/CellAddress.h"
 #include "embedded_host/table_reader/HarmlessCell.h"
 #include "embedded_host/table_reader/SpreadsheetText.h"
+#include "embedded_host/table_reader/XlsxDraft.h"
 
 #include <xlsxwriter.h>
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -94,23 +94,17 @@ QString writeRows(lxw_workbook* workbook, lxw_worksheet* sheet, const QList<QStr
 
 QString writeXlsx(const QString& path, const QList<QStringList>& table)
 {
-    const QTemporaryDir folder;
-    const QString draft = folder.filePath(QStringLiteral("rejects.xlsx"));
-    lxw_workbook* const workbook = workbook_new(QFile::encodeName(draft).constData());
-    if (!workbook) {
-        return cannotWrite(path, QStringLiteral("内存不足"));
+    XlsxDraft draft;
+    QString refused;
+    if (draft.workbook() != nullptr) {
+        refused = writeRows(draft.workbook(), workbook_add_worksheet(draft.workbook(), nullptr), table);
     }
-    const QString refused = writeRows(workbook, workbook_add_worksheet(workbook, nullptr), table);
-    const lxw_error error = workbook_close(workbook);
+    QString error;
+    const QByteArray bytes = draft.close(error);
     if (!refused.isEmpty()) {
         return cannotWrite(path, QStringLiteral("单元格%1过长").arg(refused));
     }
-    if (error != LXW_NO_ERROR) {
-        return cannotWrite(path, QString::fromLatin1(lxw_strerror(error)));
-    }
-    QFile written(draft);
-    return written.open(QIODevice::ReadOnly) ? save(path, written.readAll())
-                                             : cannotWrite(path, written.errorString());
+    return error.isEmpty() ? save(path, bytes) : cannotWrite(path, error);
 }
 
 } // namespace

@@ -1,12 +1,11 @@
+#include "embedded_host/table_reader/XlsxDraft.h"
 #include "embedded_host/templates/TemplateFormats.h"
 #include "embedded_host/templates/TemplateTexts.h"
 
 #include <xlsxwriter.h>
 
 #include <QDateTime>
-#include <QFile>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <memory>
 #include <vector>
@@ -203,27 +202,17 @@ private:
 
 QByteArray xlsxBytes(const QList<TemplateSheet>& sheets, QString& error)
 {
-    // The library writes to a named file only.
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("template.xlsx"));
-    lxw_workbook* workbook = workbook_new(QFile::encodeName(path).constData());
-    if (workbook == nullptr) {
-        error = QString::fromUtf8(lxw_strerror(LXW_ERROR_MEMORY_MALLOC_FAILED));
-        return QByteArray();
+    table_writer::XlsxDraft draft;
+    lxw_workbook* const workbook = draft.workbook();
+    if (workbook != nullptr) {
+        const Formats formats = addFormats(workbook);
+        QSet<QString> names;
+        for (const TemplateSheet& sheet : sheets) {
+            const QByteArray name = sheetName(sheet.name, names).toUtf8();
+            SheetWriter(workbook_add_worksheet(workbook, name.constData()), formats).write(sheet);
+        }
     }
-    const Formats formats = addFormats(workbook);
-    QSet<QString> names;
-    for (const TemplateSheet& sheet : sheets) {
-        const QByteArray name = sheetName(sheet.name, names).toUtf8();
-        SheetWriter(workbook_add_worksheet(workbook, name.constData()), formats).write(sheet);
-    }
-    const lxw_error status = workbook_close(workbook);
-    QFile file(path);
-    if (status != LXW_NO_ERROR || !file.open(QIODevice::ReadOnly)) {
-        error = status != LXW_NO_ERROR ? QString::fromUtf8(lxw_strerror(status)) : file.errorString();
-        return QByteArray();
-    }
-    return file.readAll();
+    return draft.close(error);
 }
 
 } // namespace template_files

@@ -6,8 +6,8 @@
 #include "desk/window/ImportPage.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "host/ZelTableView.h"
-#include "tests/desk_window/Text.h"
 #include "tests/support/SmallMarket.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "desk/window/ParameterTable.h"
 
 #include "host/AlgoConstants.h"
-#include "tests/desk_window/Text.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 

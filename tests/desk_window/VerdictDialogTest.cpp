@@ -1,6 +1,6 @@
 #include "desk/window/VerdictDialog.h"
 
-#include "tests/desk_window/Text.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/embedded_host/DataFolder.h"
 
-#include "tests/embedded_host/Support.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 
 DataFolder::DataFolder()
 {
-    write(u"strategies.json"_s, R"([{"name": "AITWAP", "alias": "智能TWAP", "paramFormats": []}])");
-    write(u"markets.csv"_s, "exchange,name,post,codeLength,aliases\nSH,上海,SH,6,沪市|SSE\n");
-    write(u"securities.csv"_s, "symbol,code,name,post,exchanges\n600000.SH,600000,样本,SH,SH\n");
-    write(u"accounts.csv"_s, "tradingAccount,name,fundAccountType,sysNodeId\n1001,现金户,Cash,node1\n");
+    write("strategies.json"_s, R"([{"name": "AITWAP", "alias": "智能TWAP", "paramFormats": []}])");
+    write("markets.csv"_s, "exchange,name,post,codeLength,aliases\nSH,上海,SH,6,沪市|SSE\n");
+    write("securities.csv"_s, "symbol,code,name,post,exchanges\n600000.SH,600000,样本,SH,SH\n");
+    write("accounts.csv"_s, "tradingAccount,name,fundAccountType,sysNodeId\n1001,现金户,Cash,node1\n");
 }
 
 void DataFolder::write(const QString& name, const QByteArray& content) const

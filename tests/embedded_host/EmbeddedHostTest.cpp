@@ -3,7 +3,7 @@
 #include "host/CBusinessDataBase.h"
 #include "host/ZelCore.h"
 #include "tests/embedded_host/SampleTables.h"
-#include "tests/embedded_host/Support.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -25,33 +25,33 @@ QString currentLogin()
 
 TEST(EmbeddedHostTest, NewestHostAnswersUntilItGoes)
 {
-    const auto outer = hostOf(u"outer"_s);
+    const auto outer = hostOf("outer"_s);
     EXPECT_EQ(&EmbeddedHost::current(), outer.get());
     {
-        const auto inner = hostOf(u"inner"_s);
-        EXPECT_EQ(currentLogin(), u"inner"_s);
+        const auto inner = hostOf("inner"_s);
+        EXPECT_EQ(currentLogin(), "inner"_s);
     }
-    EXPECT_EQ(currentLogin(), u"outer"_s);
+    EXPECT_EQ(currentLogin(), "outer"_s);
 }
 
 TEST(EmbeddedHostTest, HostThatGoesBeforeANewerOneLeavesTheChainWhole)
 {
-    auto first = hostOf(u"first"_s);
-    auto second = hostOf(u"second"_s);
-    auto third = hostOf(u"third"_s);
+    auto first = hostOf("first"_s);
+    auto second = hostOf("second"_s);
+    auto third = hostOf("third"_s);
     second.reset();
-    EXPECT_EQ(currentLogin(), u"third"_s);
+    EXPECT_EQ(currentLogin(), "third"_s);
     third.reset();
-    EXPECT_EQ(currentLogin(), u"first"_s);
+    EXPECT_EQ(currentLogin(), "first"_s);
 }
 
 TEST(EmbeddedHostTest, NestedHostsShareNothing)
 {
-    const auto outer = hostOf(u"outer"_s);
-    ZelCore::instance()->saveSetting(u"K"_s, 1, QString(), QString(), QSettings::UserScope);
+    const auto outer = hostOf("outer"_s);
+    ZelCore::instance()->saveSetting("K"_s, 1, QString(), QString(), QSettings::UserScope);
     outer->journal().setRecording(true);
-    const auto inner = hostOf(u"inner"_s);
-    EXPECT_FALSE(ZelCore::instance()->settings(u"K"_s, QString(), QString(), QSettings::UserScope).isValid());
+    const auto inner = hostOf("inner"_s);
+    EXPECT_FALSE(ZelCore::instance()->settings("K"_s, QString(), QString(), QSettings::UserScope).isValid());
     EXPECT_TRUE(outer->journal().calls().isEmpty());
 }
 

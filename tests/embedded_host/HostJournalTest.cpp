@@ -9,7 +9,7 @@
 #include "host/SolveyUtils.h"
 #include "host/ZelCore.h"
 #include "tests/embedded_host/SampleTables.h"
-#include "tests/embedded_host/Support.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -43,64 +43,64 @@ TEST_F(HostJournalTest, CallsStandInTheirOrderUntilCleared)
     FuturesLogicInterface::InitData();
     CBusinessDataBase::GetInstance()->GetLoginAccount();
     ASSERT_EQ(host.journal().calls().size(), 2);
-    EXPECT_EQ(host.journal().calls()[0].operation, u"FuturesLogicInterface::InitData"_s);
-    EXPECT_EQ(host.journal().calls()[1].operation, u"CBusinessDataBase::GetLoginAccount"_s);
+    EXPECT_EQ(host.journal().calls()[0].operation, "FuturesLogicInterface::InitData"_s);
+    EXPECT_EQ(host.journal().calls()[1].operation, "CBusinessDataBase::GetLoginAccount"_s);
     host.journal().clear();
     EXPECT_TRUE(host.journal().calls().isEmpty());
 }
 
 TEST_F(HostJournalTest, SubscriptionIsNotedWithItsSymbolsFlagAndType)
 {
-    const QStringList symbols{u"600000.SH"_s, QString(), u"600000.SH"_s};
+    const QStringList symbols{"600000.SH"_s, QString(), "600000.SH"_s};
     CommonQuotaHandler::instance()->SubscribeQuota(symbols, true, 0);
-    EXPECT_EQ(onlyArgumentsOf(u"CommonQuotaHandler::SubscribeQuota"_s), (QVariantList{symbols, true, 0}));
+    EXPECT_EQ(onlyArgumentsOf("CommonQuotaHandler::SubscribeQuota"_s), (QVariantList{symbols, true, 0}));
 }
 
 TEST_F(HostJournalTest, FundAccountQueryIsNotedWithItsFiveArguments)
 {
     SolveyBusinessDataInterface::GetFundAccountListByFundProp(11, 16, true, {}, true);
-    EXPECT_EQ(onlyArgumentsOf(u"SolveyBusinessDataInterface::GetFundAccountListByFundProp"_s),
+    EXPECT_EQ(onlyArgumentsOf("SolveyBusinessDataInterface::GetFundAccountListByFundProp"_s),
               (QVariantList{11, 16, true, QStringList(), true}));
 }
 
 TEST_F(HostJournalTest, MapsAndListsAreNotedAsTheyCame)
 {
-    const QMap<QString, QVariant> account{{u"tradingAccount"_s, u"1001"_s}};
+    const QMap<QString, QVariant> account{{"tradingAccount"_s, "1001"_s}};
     CBusinessDataBase::GetInstance()->GetSysNodeIDByAccount(account);
-    EXPECT_EQ(onlyArgumentsOf(u"CBusinessDataBase::GetSysNodeIDByAccount"_s), QVariantList{account});
-    SolveyBusinessDataInterface::CheckSymbolRiskInfo({u"600000.SH"_s}, u"算法交易New"_s);
-    EXPECT_EQ(onlyArgumentsOf(u"SolveyBusinessDataInterface::CheckSymbolRiskInfo"_s),
-              (QVariantList{QStringList{u"600000.SH"_s}, u"算法交易New"_s}));
+    EXPECT_EQ(onlyArgumentsOf("CBusinessDataBase::GetSysNodeIDByAccount"_s), QVariantList{account});
+    SolveyBusinessDataInterface::CheckSymbolRiskInfo({"600000.SH"_s}, "算法交易New"_s);
+    EXPECT_EQ(onlyArgumentsOf("SolveyBusinessDataInterface::CheckSymbolRiskInfo"_s),
+              (QVariantList{QStringList{"600000.SH"_s}, "算法交易New"_s}));
 }
 
 TEST_F(HostJournalTest, SettingsAreNotedWithTheScopeAsANumber)
 {
-    ZelCore::instance()->saveSetting(u"K"_s, true, u"G"_s, u"F"_s, QSettings::SystemScope);
-    EXPECT_EQ(onlyArgumentsOf(u"ZelCore::saveSetting"_s), (QVariantList{u"K"_s, true, u"G"_s, u"F"_s, 1}));
-    ZelCore::instance()->settings(u"K"_s, QString(), QString(), QSettings::UserScope);
-    EXPECT_EQ(onlyArgumentsOf(u"ZelCore::settings"_s), (QVariantList{u"K"_s, QString(), QString(), 0}));
+    ZelCore::instance()->saveSetting("K"_s, true, "G"_s, "F"_s, QSettings::SystemScope);
+    EXPECT_EQ(onlyArgumentsOf("ZelCore::saveSetting"_s), (QVariantList{"K"_s, true, "G"_s, "F"_s, 1}));
+    ZelCore::instance()->settings("K"_s, QString(), QString(), QSettings::UserScope);
+    EXPECT_EQ(onlyArgumentsOf("ZelCore::settings"_s), (QVariantList{"K"_s, QString(), QString(), 0}));
 }
 
 TEST_F(HostJournalTest, WidgetIsNotedByItsNameOrItsClass)
 {
     QWidget named;
-    named.setObjectName(u"box"_s);
+    named.setObjectName("box"_s);
     QWidget nameless;
     SolveyUtils::GetWidgetPos(&named, WidgetShowPosType::ActiveWindowCenter);
     SolveyUtils::GetWidgetPos(&nameless, WidgetShowPosType::CursorPos);
     SolveyUtils::GetWidgetPos(nullptr, WidgetShowPosType::ParentTopLeft);
-    const QList<HostJournal::Call> calls = host.journal().callsOf(u"SolveyUtils::GetWidgetPos"_s);
+    const QList<HostJournal::Call> calls = host.journal().callsOf("SolveyUtils::GetWidgetPos"_s);
     ASSERT_EQ(calls.size(), 3);
-    EXPECT_EQ(calls[0].arguments, (QVariantList{u"box"_s, 2}));
-    EXPECT_EQ(calls[1].arguments, (QVariantList{u"QWidget"_s, 0}));
+    EXPECT_EQ(calls[0].arguments, (QVariantList{"box"_s, 2}));
+    EXPECT_EQ(calls[1].arguments, (QVariantList{"QWidget"_s, 0}));
     EXPECT_EQ(calls[2].arguments, (QVariantList{QString(), 1}));
 }
 
 TEST_F(HostJournalTest, AuthorityQuestionIsNotedWithAccountStrategyAndType)
 {
-    AlgoTradeLogicNew::GetInstance()->hasCorrespAuthority(u"1001"_s, u"AITWAP"_s, u"algo"_s);
-    EXPECT_EQ(onlyArgumentsOf(u"AlgoTradeLogicNew::hasCorrespAuthority"_s),
-              (QVariantList{u"1001"_s, u"AITWAP"_s, u"algo"_s}));
+    AlgoTradeLogicNew::GetInstance()->hasCorrespAuthority("1001"_s, "AITWAP"_s, "algo"_s);
+    EXPECT_EQ(onlyArgumentsOf("AlgoTradeLogicNew::hasCorrespAuthority"_s),
+              (QVariantList{"1001"_s, "AITWAP"_s, "algo"_s}));
 }
 
 } // namespace

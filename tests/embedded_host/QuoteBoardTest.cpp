@@ -2,7 +2,7 @@
 
 #include "embedded_host/quotes/PriceWalk.h"
 #include "tests/embedded_host/SampleTables.h"
-#include "tests/embedded_host/Support.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -31,42 +31,42 @@ protected:
 TEST_F(QuoteBoardTest, StillQuotesNeverChange)
 {
     QuoteBoard board(data, {});
-    board.subscribe({u"600000.SH"_s});
-    const Snapshot first = board.snapshot(u"600000.SH"_s);
-    EXPECT_EQ(first.value(u"LastPx"_s), QVariant(u"10.00"_s)) << "the text as it stands";
+    board.subscribe({"600000.SH"_s});
+    const Snapshot first = board.snapshot("600000.SH"_s);
+    EXPECT_EQ(first.value("LastPx"_s), QVariant("10.00"_s)) << "the text as it stands";
     QTest::qWait(50);
-    EXPECT_EQ(board.snapshot(u"600000.SH"_s), first);
+    EXPECT_EQ(board.snapshot("600000.SH"_s), first);
 }
 
 TEST_F(QuoteBoardTest, StillQuotesAreAnnouncedOnceWithTheSubscription)
 {
     QuoteBoard board(data, {});
     QSignalSpy changed(&board, &QuoteBoard::quotesChanged);
-    board.subscribe({u"600000.SH"_s, u"00700.HK"_s, u"600000.SH"_s, QString()});
-    board.subscribe({u"600000.SH"_s});
+    board.subscribe({"600000.SH"_s, "00700.HK"_s, "600000.SH"_s, QString()});
+    board.subscribe({"600000.SH"_s});
     ASSERT_EQ(changed.count(), 1);
-    EXPECT_EQ(changed[0][0].toStringList(), QStringList{u"600000.SH"_s}) << "only what has a quote";
-    EXPECT_EQ(board.subscribedSymbols(), (QStringList{u"600000.SH"_s, u"00700.HK"_s}));
+    EXPECT_EQ(changed[0][0].toStringList(), QStringList{"600000.SH"_s}) << "only what has a quote";
+    EXPECT_EQ(board.subscribedSymbols(), (QStringList{"600000.SH"_s, "00700.HK"_s}));
 }
 
 TEST_F(QuoteBoardTest, FirstMovingQuotesArriveWhileTheSubscribersThreadSleeps)
 {
     QuoteBoard board(data, moving(std::chrono::milliseconds(500)));
-    board.subscribe({u"600000.SH"_s, u"00700.HK"_s, u"000001.SZ"_s});
+    board.subscribe({"600000.SH"_s, "00700.HK"_s, "000001.SZ"_s});
     QThread::msleep(300);
-    EXPECT_FALSE(board.snapshot(u"600000.SH"_s).isEmpty());
-    EXPECT_EQ(board.snapshot(u"000001.SZ"_s), (Snapshot{{u"PreClosePx"_s, u"12.5"_s}}));
-    EXPECT_TRUE(board.snapshot(u"00700.HK"_s).isEmpty()) << "no quote row";
+    EXPECT_FALSE(board.snapshot("600000.SH"_s).isEmpty());
+    EXPECT_EQ(board.snapshot("000001.SZ"_s), (Snapshot{{"PreClosePx"_s, "12.5"_s}}));
+    EXPECT_TRUE(board.snapshot("00700.HK"_s).isEmpty()) << "no quote row";
 }
 
 TEST_F(QuoteBoardTest, LaterSubscriptionIsServedInItsTurn)
 {
     QuoteBoard board(data, moving(std::chrono::milliseconds(60000)));
-    board.subscribe({u"600000.SH"_s});
+    board.subscribe({"600000.SH"_s});
     QThread::msleep(300);
-    board.subscribe({u"600000.SH"_s, u"IF2512.CFE"_s});
+    board.subscribe({"600000.SH"_s, "IF2512.CFE"_s});
     QThread::msleep(300);
-    EXPECT_EQ(board.snapshot(u"IF2512.CFE"_s).value(u"LastPx"_s), QVariant(u"3900.2"_s));
+    EXPECT_EQ(board.snapshot("IF2512.CFE"_s).value("LastPx"_s), QVariant("3900.2"_s));
 }
 
 TEST_F(QuoteBoardTest, MovingQuotesAreAnnouncedToTheReceiversThread)
@@ -76,7 +76,7 @@ TEST_F(QuoteBoardTest, MovingQuotesAreAnnouncedToTheReceiversThread)
     QObject receiver;
     QObject::connect(&board, &QuoteBoard::quotesChanged, &receiver,
                      [&](const QStringList&) { receiverThread = QThread::currentThread(); });
-    board.subscribe({u"600000.SH"_s});
+    board.subscribe({"600000.SH"_s});
     EXPECT_TRUE(QTest::qWaitFor([&] { return receiverThread != nullptr; }));
     EXPECT_EQ(receiverThread, QThread::currentThread());
 }
@@ -84,25 +84,25 @@ TEST_F(QuoteBoardTest, MovingQuotesAreAnnouncedToTheReceiversThread)
 TEST_F(QuoteBoardTest, MovingQuotesMoveTheLastPriceAlone)
 {
     QuoteBoard board(data, moving());
-    board.subscribe({u"600000.SH"_s});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return board.snapshot(u"600000.SH"_s).contains(u"LastPx"_s); }));
+    board.subscribe({"600000.SH"_s});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return board.snapshot("600000.SH"_s).contains("LastPx"_s); }));
     ASSERT_TRUE(
-        QTest::qWaitFor([&] { return board.snapshot(u"600000.SH"_s).value(u"LastPx"_s) != u"10.00"_s; }));
-    Snapshot moved = board.snapshot(u"600000.SH"_s);
-    moved.remove(u"LastPx"_s);
-    Snapshot start = data.quote(u"600000.SH"_s)->fields;
-    start.remove(u"LastPx"_s);
+        QTest::qWaitFor([&] { return board.snapshot("600000.SH"_s).value("LastPx"_s) != "10.00"_s; }));
+    Snapshot moved = board.snapshot("600000.SH"_s);
+    moved.remove("LastPx"_s);
+    Snapshot start = data.quote("600000.SH"_s)->fields;
+    start.remove("LastPx"_s);
     EXPECT_EQ(moved, start);
 }
 
 TEST_F(QuoteBoardTest, StoppedSubscriptionStaysSilent)
 {
     QuoteBoard board(data, moving());
-    board.subscribe({u"600000.SH"_s});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !board.snapshot(u"600000.SH"_s).isEmpty(); }));
-    board.unsubscribe({u"600000.SH"_s});
+    board.subscribe({"600000.SH"_s});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !board.snapshot("600000.SH"_s).isEmpty(); }));
+    board.unsubscribe({"600000.SH"_s});
     QTest::qWait(50);
-    EXPECT_TRUE(board.snapshot(u"600000.SH"_s).isEmpty());
+    EXPECT_TRUE(board.snapshot("600000.SH"_s).isEmpty());
     EXPECT_TRUE(board.subscribedSymbols().isEmpty());
 }
 
@@ -110,7 +110,7 @@ TEST_F(QuoteBoardTest, BoardGoesWhileQuotesMove)
 {
     for (int i = 0; i < 50; ++i) {
         QuoteBoard board(data, moving(std::chrono::milliseconds(0)));
-        board.subscribe({u"600000.SH"_s, u"IF2512.CFE"_s});
+        board.subscribe({"600000.SH"_s, "IF2512.CFE"_s});
     }
     SUCCEED() << "every thread ended";
 }
@@ -127,23 +127,23 @@ QStringList pricesOf(PriceWalk walk, quint32 seed, int count)
 
 TEST(PriceWalkTest, SeedGivesTheSamePricesEveryTime)
 {
-    const PriceWalk walk({{u"LastPx"_s, u"10.00"_s}}, 2);
+    const PriceWalk walk({{"LastPx"_s, "10.00"_s}}, 2);
     EXPECT_EQ(pricesOf(walk, 7, 100), pricesOf(walk, 7, 100));
     EXPECT_NE(pricesOf(walk, 7, 100), pricesOf(walk, 8, 100));
 }
 
 TEST(PriceWalkTest, PricesStayWithinTheLimitsOfTheDay)
 {
-    const PriceWalk walk({{u"LastPx"_s, u"10.99"_s}, {u"MaxPx"_s, u"11.00"_s}, {u"MinPx"_s, u"10.98"_s}}, 2);
+    const PriceWalk walk({{"LastPx"_s, "10.99"_s}, {"MaxPx"_s, "11.00"_s}, {"MinPx"_s, "10.98"_s}}, 2);
     for (const QString& price : pricesOf(walk, 7, 1000)) {
-        EXPECT_TRUE(price == u"10.98"_s || price == u"10.99"_s || price == u"11.00"_s) << price.toStdString();
+        EXPECT_TRUE(price == "10.98"_s || price == "10.99"_s || price == "11.00"_s) << price.toStdString();
     }
 }
 
 TEST(PriceWalkTest, PricesStayAroundTheStartByOneOrTwoTicksAtATime)
 {
     double before = 3900.2;
-    for (const QString& price : pricesOf(PriceWalk({{u"LastPx"_s, u"3900.2"_s}}, 1), 7, 10000)) {
+    for (const QString& price : pricesOf(PriceWalk({{"LastPx"_s, "3900.2"_s}}, 1), 7, 10000)) {
         EXPECT_EQ(price.section(QLatin1Char('.'), 1).size(), 1) << price.toStdString();
         EXPECT_LE(qAbs(price.toDouble() - before), 0.2 + 1e-9);
         EXPECT_LE(qAbs(price.toDouble() - 3900.2), 3900.2 * 0.02 + 0.1);
@@ -153,21 +153,20 @@ TEST(PriceWalkTest, PricesStayAroundTheStartByOneOrTwoTicksAtATime)
 
 TEST(PriceWalkTest, PriceNeverFallsToZero)
 {
-    for (const QString& price : pricesOf(PriceWalk({{u"LastPx"_s, u"0.01"_s}}, 2), 7, 1000)) {
+    for (const QString& price : pricesOf(PriceWalk({{"LastPx"_s, "0.01"_s}}, 2), 7, 1000)) {
         EXPECT_GT(price.toDouble(), 0);
     }
 }
 
 TEST(PriceWalkTest, NothingMovesWithoutALastPriceOrWithoutRoom)
 {
-    EXPECT_FALSE(PriceWalk({{u"PreClosePx"_s, u"12.5"_s}}, 2).canMove());
-    EXPECT_FALSE(PriceWalk({{u"LastPx"_s, u"0"_s}}, 2).canMove());
-    EXPECT_FALSE(
-        PriceWalk({{u"LastPx"_s, u"11"_s}, {u"MaxPx"_s, u"11"_s}, {u"MinPx"_s, u"11"_s}}, 2).canMove());
-    EXPECT_FALSE(PriceWalk({{u"LastPx"_s, u"20"_s}, {u"MaxPx"_s, u"11"_s}}, 2).canMove());
-    EXPECT_FALSE(PriceWalk({{u"LastPx"_s, u"1e300"_s}}, 2).canMove()) << "more ticks than can be told apart";
-    EXPECT_TRUE(PriceWalk({{u"LastPx"_s, u"10"_s}, {u"MaxPx"_s, u"1e300"_s}}, 2).canMove());
-    EXPECT_TRUE(PriceWalk({{u"LastPx"_s, u"10"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{"PreClosePx"_s, "12.5"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{"LastPx"_s, "0"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{"LastPx"_s, "11"_s}, {"MaxPx"_s, "11"_s}, {"MinPx"_s, "11"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{"LastPx"_s, "20"_s}, {"MaxPx"_s, "11"_s}}, 2).canMove());
+    EXPECT_FALSE(PriceWalk({{"LastPx"_s, "1e300"_s}}, 2).canMove()) << "more ticks than can be told apart";
+    EXPECT_TRUE(PriceWalk({{"LastPx"_s, "10"_s}, {"MaxPx"_s, "1e300"_s}}, 2).canMove());
+    EXPECT_TRUE(PriceWalk({{"LastPx"_s, "10"_s}}, 2).canMove());
 }
 
 } // namespace

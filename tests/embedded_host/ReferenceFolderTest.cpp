@@ -1,7 +1,7 @@
 #include "embedded_host/reference_data/ReferenceFolder.h"
 
 #include "tests/embedded_host/DataFolder.h"
-#include "tests/embedded_host/Support.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -19,9 +19,9 @@ TEST_F(ReferenceFolderTest, FourFilesAreEnough)
 {
     const ReferenceTables tables = folder.tables();
     ASSERT_EQ(tables.markets.size(), 1);
-    EXPECT_EQ(tables.markets[0].name, u"上海"_s);
+    EXPECT_EQ(tables.markets[0].name, "上海"_s);
     EXPECT_EQ(tables.markets[0].codeLength, 6);
-    EXPECT_EQ(tables.markets[0].aliases, (QStringList{u"沪市"_s, u"SSE"_s}));
+    EXPECT_EQ(tables.markets[0].aliases, (QStringList{"沪市"_s, "SSE"_s}));
     EXPECT_EQ(tables.securities.size(), 1);
     EXPECT_EQ(tables.accounts.size(), 1);
     EXPECT_EQ(tables.strategies.size(), 1);
@@ -32,7 +32,7 @@ TEST_F(ReferenceFolderTest, FourFilesAreEnough)
 TEST_F(ReferenceFolderTest, AbsentCellsTakeTheirDefaults)
 {
     const Security security = folder.tables().securities.value(0);
-    EXPECT_EQ(security.securityType, u"STOCK"_s);
+    EXPECT_EQ(security.securityType, "STOCK"_s);
     EXPECT_EQ(security.subType, QString());
     EXPECT_EQ(security.dispFactor, 1);
     EXPECT_EQ(security.minQtyPerOrder, 100);
@@ -43,11 +43,11 @@ TEST_F(ReferenceFolderTest, AbsentCellsTakeTheirDefaults)
 
 TEST_F(ReferenceFolderTest, EmptyCellsTakeTheirDefaults)
 {
-    folder.write(u"securities.csv"_s,
+    folder.write("securities.csv"_s,
                  "symbol,securityType,dispFactor,minQtyPerOrder,bondRepo\nA,,,,\nB,,10,,1\n");
     const QList<Security> securities = folder.tables().securities;
     ASSERT_EQ(securities.size(), 2);
-    EXPECT_EQ(securities[0].securityType, u"STOCK"_s);
+    EXPECT_EQ(securities[0].securityType, "STOCK"_s);
     EXPECT_EQ(securities[0].dispFactor, 1);
     EXPECT_EQ(securities[1].dispFactor, 10);
     EXPECT_TRUE(securities[1].bondRepo);
@@ -55,65 +55,65 @@ TEST_F(ReferenceFolderTest, EmptyCellsTakeTheirDefaults)
 
 TEST_F(ReferenceFolderTest, AssetPropertyDefaultsToTheFundAccountType)
 {
-    folder.write(u"accounts.csv"_s, "tradingAccount,fundAccountType,assetProp\n1,Credit,\n2,Cash,Special\n");
+    folder.write("accounts.csv"_s, "tradingAccount,fundAccountType,assetProp\n1,Credit,\n2,Cash,Special\n");
     const QList<tagUserAccountInfo> accounts = folder.tables().accounts;
     ASSERT_EQ(accounts.size(), 2);
-    EXPECT_EQ(accounts[0].assetProp, u"Credit"_s);
-    EXPECT_EQ(accounts[1].assetProp, u"Special"_s);
+    EXPECT_EQ(accounts[0].assetProp, "Credit"_s);
+    EXPECT_EQ(accounts[1].assetProp, "Special"_s);
 }
 
 TEST_F(ReferenceFolderTest, ZeroIsANumberWhereADivisorBelongs)
 {
-    folder.write(u"securities.csv"_s, "symbol,dispFactor,qtyStep\nA,0,0\n");
+    folder.write("securities.csv"_s, "symbol,dispFactor,qtyStep\nA,0,0\n");
     EXPECT_EQ(folder.tables().securities.value(0).dispFactor, 0);
     EXPECT_EQ(folder.tables().securities.value(0).qtyStep, 0);
 }
 
 TEST_F(ReferenceFolderTest, ColumnsMayStandInAnyOrderAmongUnknownOnes)
 {
-    folder.write(u"securities.csv"_s, "note,name,symbol,note,\nx,甲,A,y,z\n");
-    EXPECT_EQ(folder.tables().securities.value(0).symbol, u"A"_s);
-    EXPECT_EQ(folder.tables().securities.value(0).name, u"甲"_s);
+    folder.write("securities.csv"_s, "note,name,symbol,note,\nx,甲,A,y,z\n");
+    EXPECT_EQ(folder.tables().securities.value(0).symbol, "A"_s);
+    EXPECT_EQ(folder.tables().securities.value(0).name, "甲"_s);
 }
 
 TEST_F(ReferenceFolderTest, ListsDropBlanksAndEmptyParts)
 {
-    folder.write(u"securities.csv"_s, "symbol,exchanges\nA, HKSC | HKSZ |\nB,\n");
-    EXPECT_EQ(folder.tables().securities.value(0).exchanges, (QStringList{u"HKSC"_s, u"HKSZ"_s}));
+    folder.write("securities.csv"_s, "symbol,exchanges\nA, HKSC | HKSZ |\nB,\n");
+    EXPECT_EQ(folder.tables().securities.value(0).exchanges, (QStringList{"HKSC"_s, "HKSZ"_s}));
     EXPECT_EQ(folder.tables().securities.value(1).exchanges, QStringList());
 }
 
 TEST_F(ReferenceFolderTest, ByteOrderMarkQuotesAndCarriageReturnsAreRead)
 {
-    folder.write(u"securities.csv"_s, "\xEF\xBB\xBFsymbol,name\r\nA,\"甲,\"\"乙\"\"\n丙\"\r\n\r\nB,丁");
+    folder.write("securities.csv"_s, "\xEF\xBB\xBFsymbol,name\r\nA,\"甲,\"\"乙\"\"\n丙\"\r\n\r\nB,丁");
     const QList<Security> securities = folder.tables().securities;
     ASSERT_EQ(securities.size(), 2);
-    EXPECT_EQ(securities[0].name, u"甲,\"乙\"\n丙"_s);
-    EXPECT_EQ(securities[1].name, u"丁"_s);
+    EXPECT_EQ(securities[0].name, "甲,\"乙\"\n丙"_s);
+    EXPECT_EQ(securities[1].name, "丁"_s);
 }
 
 TEST_F(ReferenceFolderTest, EmptyCellsBehindTheHeadersLastOneAreNoFault)
 {
-    folder.write(u"securities.csv"_s, "symbol,name\nA,甲,,\n");
-    EXPECT_EQ(folder.tables().securities.value(0).name, u"甲"_s);
+    folder.write("securities.csv"_s, "symbol,name\nA,甲,,\n");
+    EXPECT_EQ(folder.tables().securities.value(0).name, "甲"_s);
 }
 
 TEST_F(ReferenceFolderTest, QuotesKeepTheirTextsAndLeaveEmptyFieldsOut)
 {
-    folder.write(u"quotes.csv"_s, "symbol,LastPx,MaxPx,MinPx,PreClosePx\nA,10.00,,,9.50\nB,,,,\n");
+    folder.write("quotes.csv"_s, "symbol,LastPx,MaxPx,MinPx,PreClosePx\nA,10.00,,,9.50\nB,,,,\n");
     const QList<Quote> quotes = folder.tables().quotes;
     ASSERT_EQ(quotes.size(), 2);
     EXPECT_EQ(quotes[0].fields,
-              (QMap<QString, QVariant>{{u"LastPx"_s, u"10.00"_s}, {u"PreClosePx"_s, u"9.50"_s}}));
+              (QMap<QString, QVariant>{{"LastPx"_s, "10.00"_s}, {"PreClosePx"_s, "9.50"_s}}));
     EXPECT_TRUE(quotes[1].fields.isEmpty());
 }
 
 TEST_F(ReferenceFolderTest, RatesLeaveEmptyKeysOut)
 {
-    folder.write(u"hk_rates.csv"_s, "exchange,HKSExchgRateBuy,HKSExchgRateSell\nHKSC,0.90,\nHKSZ,,\n");
+    folder.write("hk_rates.csv"_s, "exchange,HKSExchgRateBuy,HKSExchgRateSell\nHKSC,0.90,\nHKSZ,,\n");
     const QList<HkRate> rates = folder.tables().hkRates;
     ASSERT_EQ(rates.size(), 2);
-    EXPECT_EQ(rates[0].rates, (QMap<QString, QVariant>{{u"HKSExchgRateBuy"_s, u"0.90"_s}}));
+    EXPECT_EQ(rates[0].rates, (QMap<QString, QVariant>{{"HKSExchgRateBuy"_s, "0.90"_s}}));
     EXPECT_TRUE(rates[1].rates.isEmpty());
 }
 
@@ -121,71 +121,71 @@ TEST_F(ReferenceFolderTest, NumbersReadTheSameWhereTheDecimalSignIsAComma)
 {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German));
-    folder.write(u"quotes.csv"_s, "symbol,LastPx\nA,1234.5\n");
+    folder.write("quotes.csv"_s, "symbol,LastPx\nA,1234.5\n");
     EXPECT_EQ(folder.fault(), QString());
-    folder.write(u"quotes.csv"_s, "symbol,LastPx\nA,\"1.234,5\"\n");
-    EXPECT_EQ(folder.fault(), folder.filePath(u"quotes.csv"_s) + u":2: LastPx 应为数字：1.234,5"_s);
+    folder.write("quotes.csv"_s, "symbol,LastPx\nA,\"1.234,5\"\n");
+    EXPECT_EQ(folder.fault(), folder.filePath("quotes.csv"_s) + ":2: LastPx 应为数字：1.234,5"_s);
     QLocale::setDefault(before);
 }
 
 TEST_F(ReferenceFolderTest, AuthoritiesWithoutRowsAllowNothing)
 {
-    folder.write(u"authorities.csv"_s, "tradingAccount,strategy\n");
+    folder.write("authorities.csv"_s, "tradingAccount,strategy\n");
     EXPECT_FALSE(folder.tables().everythingAllowed);
     EXPECT_TRUE(folder.tables().authorities.isEmpty());
 }
 
 TEST_F(ReferenceFolderTest, FuturesAndSecurityAccountsAreRead)
 {
-    folder.write(u"futures.csv"_s, "symbol,multiplier,pricePrecision\nIF2512.CFE,300,1\n");
-    folder.write(u"security_accounts.csv"_s,
+    folder.write("futures.csv"_s, "symbol,multiplier,pricePrecision\nIF2512.CFE,300,1\n");
+    folder.write("security_accounts.csv"_s,
                  "tradingAccount,exchange,securityAccount\n1,SH,A1\n1,SZ,01\n2,SH,A2\n");
     const ReferenceTables tables = folder.tables();
     EXPECT_EQ(tables.futures.value(0).multiplier, 300);
     ASSERT_EQ(tables.securityAccounts.size(), 3);
-    EXPECT_EQ(tables.securityAccounts[1].securityAccount, u"01"_s);
+    EXPECT_EQ(tables.securityAccounts[1].securityAccount, "01"_s);
 }
 
 TEST_F(ReferenceFolderTest, ParameterFormatsAreHandedOnAsJsonOrAsTheyStand)
 {
-    folder.write(u"strategies.json"_s, R"([
+    folder.write("strategies.json"_s, R"([
         {"name": "A", "paramFormats": [ {"ui": "Table"} ]},
         {"name": "B", "paramFormats": { "ui" : 1 }},
         {"name": "C", "paramFormats": "not { json "},
         {"name": "D"}])");
     const QList<AesStrategy> strategies = folder.tables().strategies;
     ASSERT_EQ(strategies.size(), 4);
-    EXPECT_EQ(strategies[0].paramFormats(), u"[{\"ui\":\"Table\"}]"_s);
-    EXPECT_EQ(strategies[1].paramFormats(), u"{\"ui\":1}"_s);
-    EXPECT_EQ(strategies[2].paramFormats(), u"not { json "_s);
+    EXPECT_EQ(strategies[0].paramFormats(), "[{\"ui\":\"Table\"}]"_s);
+    EXPECT_EQ(strategies[1].paramFormats(), "{\"ui\":1}"_s);
+    EXPECT_EQ(strategies[2].paramFormats(), "not { json "_s);
     EXPECT_EQ(strategies[3].paramFormats(), QString());
 }
 
 TEST_F(ReferenceFolderTest, StrategyDefaultsToItsNameAndTheAlgoType)
 {
-    folder.write(u"strategies.json"_s,
+    folder.write("strategies.json"_s,
                  R"([{"name": "A"}, {"name": "B", "alias": "乙", "globalType": "condition"}])");
     const QList<AesStrategy> strategies = folder.tables().strategies;
     ASSERT_EQ(strategies.size(), 2);
-    EXPECT_EQ(strategies[0].alias(), u"A"_s);
-    EXPECT_EQ(strategies[0].globalType(), u"algo"_s);
-    EXPECT_EQ(strategies[1].alias(), u"乙"_s);
-    EXPECT_EQ(strategies[1].globalType(), u"condition"_s);
+    EXPECT_EQ(strategies[0].alias(), "A"_s);
+    EXPECT_EQ(strategies[0].globalType(), "algo"_s);
+    EXPECT_EQ(strategies[1].alias(), "乙"_s);
+    EXPECT_EQ(strategies[1].globalType(), "condition"_s);
 }
 
 TEST_F(ReferenceFolderTest, UnknownFilesAreIgnored)
 {
-    folder.write(u"limits.csv"_s, "\xFF\xFF");
+    folder.write("limits.csv"_s, "\xFF\xFF");
     EXPECT_EQ(folder.fault(), QString());
 }
 
 TEST_F(ReferenceFolderTest, FaultNamesTheFileUnderTheFolderAsItWasGiven)
 {
     QString error;
-    EXPECT_FALSE(readReferenceFolder(u"no/such//folder"_s, error));
-    EXPECT_EQ(error, u"no/such//folder/strategies.json:1: 文件不存在"_s);
-    EXPECT_FALSE(readReferenceFolder(u"./none/"_s, error));
-    EXPECT_EQ(error, u"./none/strategies.json:1: 文件不存在"_s);
+    EXPECT_FALSE(readReferenceFolder("no/such//folder"_s, error));
+    EXPECT_EQ(error, "no/such//folder/strategies.json:1: 文件不存在"_s);
+    EXPECT_FALSE(readReferenceFolder("./none/"_s, error));
+    EXPECT_EQ(error, "./none/strategies.json:1: 文件不存在"_s);
 }
 
 struct Fault {
@@ -207,7 +207,7 @@ TEST_P(FaultyFolderTest, IsNamedByFileAndLine)
     const DataFolder folder;
     const QString file = QString::fromUtf16(GetParam().file);
     folder.write(file, GetParam().content);
-    EXPECT_EQ(folder.fault(), folder.filePath(file) + u":"_s + QString::fromUtf16(GetParam().expected));
+    EXPECT_EQ(folder.fault(), folder.filePath(file) + ":"_s + QString::fromUtf16(GetParam().expected));
 }
 
 const Fault Faults[] = {
@@ -280,7 +280,7 @@ TEST_P(MissingFileTest, StopsTheFolder)
     const DataFolder folder;
     const QString file = QString::fromUtf16(GetParam());
     folder.remove(file);
-    EXPECT_EQ(folder.fault(), folder.filePath(file) + u":1: 文件不存在"_s);
+    EXPECT_EQ(folder.fault(), folder.filePath(file) + ":1: 文件不存在"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(Folder, MissingFileTest,
@@ -290,9 +290,9 @@ INSTANTIATE_TEST_SUITE_P(Folder, MissingFileTest,
 TEST(UnreadableFileTest, FolderInPlaceOfAFileStopsTheFolder)
 {
     const DataFolder folder;
-    folder.remove(u"markets.csv"_s);
-    ASSERT_TRUE(QDir(folder.path()).mkdir(u"markets.csv"_s));
-    EXPECT_TRUE(folder.fault().startsWith(folder.filePath(u"markets.csv"_s) + u":1: 无法读取文件："_s))
+    folder.remove("markets.csv"_s);
+    ASSERT_TRUE(QDir(folder.path()).mkdir("markets.csv"_s));
+    EXPECT_TRUE(folder.fault().startsWith(folder.filePath("markets.csv"_s) + ":1: 无法读取文件："_s))
         << folder.fault().toStdString();
 }
 

@@ -3,7 +3,7 @@
 #include "embedded_host/EmbeddedHost.h"
 #include "host/ZelCore.h"
 #include "tests/embedded_host/SampleTables.h"
-#include "tests/embedded_host/Support.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -32,44 +32,44 @@ protected:
 
 TEST_F(SettingsStoreTest, ValueThatWasNeverSavedIsInvalid)
 {
-    EXPECT_FALSE(afterRestart(u"IS_CREATED_CLOSE"_s).isValid());
-    EXPECT_FALSE(SettingsStore(QString()).value(u"IS_CREATED_CLOSE"_s).isValid());
+    EXPECT_FALSE(afterRestart("IS_CREATED_CLOSE"_s).isValid());
+    EXPECT_FALSE(SettingsStore(QString()).value("IS_CREATED_CLOSE"_s).isValid());
 }
 
 TEST_F(SettingsStoreTest, TruthValueSurvivesARestartAsATruthValue)
 {
-    save(u"yes"_s, true);
-    save(u"no"_s, false);
-    EXPECT_EQ(afterRestart(u"yes"_s).type(), QVariant::Bool);
-    EXPECT_EQ(afterRestart(u"yes"_s), QVariant(true));
-    EXPECT_EQ(afterRestart(u"no"_s).type(), QVariant::Bool);
-    EXPECT_EQ(afterRestart(u"no"_s), QVariant(false));
+    save("yes"_s, true);
+    save("no"_s, false);
+    EXPECT_EQ(afterRestart("yes"_s).type(), QVariant::Bool);
+    EXPECT_EQ(afterRestart("yes"_s), QVariant(true));
+    EXPECT_EQ(afterRestart("no"_s).type(), QVariant::Bool);
+    EXPECT_EQ(afterRestart("no"_s), QVariant(false));
 }
 
 TEST_F(SettingsStoreTest, TextSurvivesARestartAsAText)
 {
-    for (const QString& text : {u"maybe"_s, u"true"_s, u"智能,\"TWAP\"; 100%"_s, u" 空 "_s, u"@x"_s}) {
-        save(u"text"_s, text);
-        EXPECT_EQ(afterRestart(u"text"_s).type(), QVariant::String);
-        EXPECT_EQ(afterRestart(u"text"_s), QVariant(text));
+    for (const QString& text : {"maybe"_s, "true"_s, "智能,\"TWAP\"; 100%"_s, " 空 "_s, "@x"_s}) {
+        save("text"_s, text);
+        EXPECT_EQ(afterRestart("text"_s).type(), QVariant::String);
+        EXPECT_EQ(afterRestart("text"_s), QVariant(text));
     }
 }
 
 TEST_F(SettingsStoreTest, NumbersAndListsSurviveARestart)
 {
-    save(u"number"_s, 0.1);
-    save(u"list"_s, QStringList{u"a,b"_s, u"c"_s});
-    EXPECT_EQ(afterRestart(u"number"_s).type(), QVariant::Double);
-    EXPECT_EQ(afterRestart(u"number"_s), QVariant(0.1));
-    EXPECT_EQ(afterRestart(u"list"_s), QVariant(QStringList{u"a,b"_s, u"c"_s}));
+    save("number"_s, 0.1);
+    save("list"_s, QStringList{"a,b"_s, "c"_s});
+    EXPECT_EQ(afterRestart("number"_s).type(), QVariant::Double);
+    EXPECT_EQ(afterRestart("number"_s), QVariant(0.1));
+    EXPECT_EQ(afterRestart("list"_s), QVariant(QStringList{"a,b"_s, "c"_s}));
 }
 
 TEST_F(SettingsStoreTest, ValueThatChangesItsTypeComesBackWithTheNewOne)
 {
-    save(u"K"_s, true);
-    save(u"K"_s, u"maybe"_s);
-    EXPECT_EQ(afterRestart(u"K"_s).type(), QVariant::String);
-    EXPECT_EQ(afterRestart(u"K"_s), QVariant(u"maybe"_s));
+    save("K"_s, true);
+    save("K"_s, "maybe"_s);
+    EXPECT_EQ(afterRestart("K"_s).type(), QVariant::String);
+    EXPECT_EQ(afterRestart("K"_s), QVariant("maybe"_s));
 }
 
 TEST_F(SettingsStoreTest, TextWrittenByHandIsAText)
@@ -78,57 +78,57 @@ TEST_F(SettingsStoreTest, TextWrittenByHandIsAText)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[General]\nIS_CREATED_CLOSE=maybe\n");
     file.close();
-    EXPECT_EQ(afterRestart(u"IS_CREATED_CLOSE"_s), QVariant(u"maybe"_s));
+    EXPECT_EQ(afterRestart("IS_CREATED_CLOSE"_s), QVariant("maybe"_s));
 }
 
 TEST_F(SettingsStoreTest, GroupsAndFilesAreStoresOfTheirOwn)
 {
     {
         SettingsStore store(folder.path());
-        store.setValue(u"K"_s, 1);
-        store.setValue(u"K"_s, 2, u"Group"_s);
-        store.setValue(u"K"_s, 3, QString(), u"Other"_s);
+        store.setValue("K"_s, 1);
+        store.setValue("K"_s, 2, "Group"_s);
+        store.setValue("K"_s, 3, QString(), "Other"_s);
     }
-    EXPECT_EQ(afterRestart(u"K"_s), QVariant(1));
-    EXPECT_EQ(afterRestart(u"K"_s, u"Group"_s), QVariant(2));
-    EXPECT_EQ(afterRestart(u"K"_s, QString(), u"Other"_s), QVariant(3));
-    EXPECT_FALSE(afterRestart(u"K"_s, u"Group"_s, u"Other"_s).isValid());
-    EXPECT_EQ(QDir(folder.path()).entryList({u"*.ini"_s}), (QStringList{u"Other.ini"_s, u"settings.ini"_s}));
+    EXPECT_EQ(afterRestart("K"_s), QVariant(1));
+    EXPECT_EQ(afterRestart("K"_s, "Group"_s), QVariant(2));
+    EXPECT_EQ(afterRestart("K"_s, QString(), "Other"_s), QVariant(3));
+    EXPECT_FALSE(afterRestart("K"_s, "Group"_s, "Other"_s).isValid());
+    EXPECT_EQ(QDir(folder.path()).entryList({"*.ini"_s}), (QStringList{"Other.ini"_s, "settings.ini"_s}));
 }
 
 TEST_F(SettingsStoreTest, GroupsAndFilesAreStoresOfTheirOwnInMemory)
 {
     SettingsStore store{QString()};
-    store.setValue(u"K"_s, true);
-    store.setValue(u"K"_s, 2, u"Group"_s);
-    store.setValue(u"K"_s, 3, QString(), u"Other"_s);
-    EXPECT_EQ(store.value(u"K"_s), QVariant(true));
-    EXPECT_EQ(store.value(u"K"_s, u"Group"_s), QVariant(2));
-    EXPECT_EQ(store.value(u"K"_s, QString(), u"Other"_s), QVariant(3));
+    store.setValue("K"_s, true);
+    store.setValue("K"_s, 2, "Group"_s);
+    store.setValue("K"_s, 3, QString(), "Other"_s);
+    EXPECT_EQ(store.value("K"_s), QVariant(true));
+    EXPECT_EQ(store.value("K"_s, "Group"_s), QVariant(2));
+    EXPECT_EQ(store.value("K"_s, QString(), "Other"_s), QVariant(3));
 }
 
 TEST_F(SettingsStoreTest, FileNeverLeavesTheHome)
 {
     const SettingsStore store(folder.path());
-    EXPECT_EQ(store.pathOf(u"../../Other.ini"_s), folder.filePath(u"Other.ini"_s));
-    EXPECT_EQ(store.pathOf(u"/etc/Other"_s), folder.filePath(u"Other.ini"_s));
-    EXPECT_EQ(store.pathOf(QString()), folder.filePath(u"settings.ini"_s));
+    EXPECT_EQ(store.pathOf("../../Other.ini"_s), folder.filePath("Other.ini"_s));
+    EXPECT_EQ(store.pathOf("/etc/Other"_s), folder.filePath("Other.ini"_s));
+    EXPECT_EQ(store.pathOf(QString()), folder.filePath("settings.ini"_s));
 }
 
 TEST_F(SettingsStoreTest, HomeIsMadeWhenItIsMissing)
 {
-    const QString home = folder.filePath(u"new/home"_s);
-    SettingsStore(home).setValue(u"K"_s, true);
-    EXPECT_EQ(SettingsStore(home).value(u"K"_s), QVariant(true));
+    const QString home = folder.filePath("new/home"_s);
+    SettingsStore(home).setValue("K"_s, true);
+    EXPECT_EQ(SettingsStore(home).value("K"_s), QVariant(true));
 }
 
 TEST_F(SettingsStoreTest, HomeThatCannotBeWrittenIsNotFatal)
 {
-    QFile file(folder.filePath(u"file"_s));
+    QFile file(folder.filePath("file"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    SettingsStore store(file.fileName() + u"/home"_s); // a folder inside a file
-    store.setValue(u"K"_s, false);
-    EXPECT_EQ(store.value(u"K"_s), QVariant(false));
+    SettingsStore store(file.fileName() + "/home"_s); // a folder inside a file
+    store.setValue("K"_s, false);
+    EXPECT_EQ(store.value("K"_s), QVariant(false));
 }
 
 TEST_F(SettingsStoreTest, EmptyKeyIsIgnored)
@@ -144,13 +144,12 @@ TEST_F(SettingsStoreTest, ServiceKeepsTheUsersChoiceUntilTheNextRun)
     options.home = folder.path();
     {
         const EmbeddedHost host(ReferenceData(sampleTables()), options);
-        ZelCore::instance()->saveSetting(u"IS_CREATED_CLOSE"_s, false, QString(), QString(),
+        ZelCore::instance()->saveSetting("IS_CREATED_CLOSE"_s, false, QString(), QString(),
                                          QSettings::UserScope);
     }
     const EmbeddedHost host(ReferenceData(sampleTables()), options);
-    EXPECT_EQ(
-        ZelCore::instance()->settings(u"IS_CREATED_CLOSE"_s, QString(), QString(), QSettings::UserScope),
-        QVariant(false));
+    EXPECT_EQ(ZelCore::instance()->settings("IS_CREATED_CLOSE"_s, QString(), QString(), QSettings::UserScope),
+              QVariant(false));
 }
 
 } // namespace

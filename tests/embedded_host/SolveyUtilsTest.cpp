@@ -2,7 +2,7 @@
 
 #include "embedded_host/EmbeddedHost.h"
 #include "tests/embedded_host/SampleTables.h"
-#include "tests/embedded_host/Support.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -46,17 +46,17 @@ protected:
 
 TEST_F(SolveyUtilsTest, OpenFileQuestionGoesToTheHostsPrompts)
 {
-    FixedPrompts prompts(u"/data/表.csv"_s);
+    FixedPrompts prompts("/data/表.csv"_s);
     host.setPrompts(&prompts);
     QWidget parent;
     const QString path =
-        SolveyUtils::GetOpenTableFileName(&parent, u"导入"_s, u"/data"_s, ExportFileFormat::AllTables);
-    EXPECT_EQ(path, u"/data/表.csv"_s);
+        SolveyUtils::GetOpenTableFileName(&parent, "导入"_s, "/data"_s, ExportFileFormat::AllTables);
+    EXPECT_EQ(path, "/data/表.csv"_s);
     EXPECT_EQ(prompts.askedBy, &parent);
     ASSERT_EQ(prompts.asked.size(), 3);
-    EXPECT_EQ(prompts.asked[0], u"导入"_s);
-    EXPECT_EQ(prompts.asked[1], u"/data"_s);
-    EXPECT_TRUE(prompts.asked[2].contains(u"*.csv"_s) && prompts.asked[2].contains(u"*.xlsx"_s));
+    EXPECT_EQ(prompts.asked[0], "导入"_s);
+    EXPECT_EQ(prompts.asked[1], "/data"_s);
+    EXPECT_TRUE(prompts.asked[2].contains("*.csv"_s) && prompts.asked[2].contains("*.xlsx"_s));
 }
 
 TEST_F(SolveyUtilsTest, FilterFollowsTheFormat)
@@ -64,29 +64,29 @@ TEST_F(SolveyUtilsTest, FilterFollowsTheFormat)
     FixedPrompts prompts{QString()};
     host.setPrompts(&prompts);
     SolveyUtils::GetOpenTableFileName(nullptr, QString(), QString(), ExportFileFormat::Csv);
-    EXPECT_FALSE(prompts.asked[2].contains(u"xlsx"_s));
+    EXPECT_FALSE(prompts.asked[2].contains("xlsx"_s));
     SolveyUtils::GetOpenTableFileName(nullptr, QString(), QString(), ExportFileFormat::Spreadsheet);
-    EXPECT_FALSE(prompts.asked[2].contains(u"csv"_s));
+    EXPECT_FALSE(prompts.asked[2].contains("csv"_s));
 }
 
 TEST_F(SolveyUtilsTest, TableIsReadIntoRows)
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(u"a.csv"_s));
+    QFile file(folder.filePath("a.csv"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("证券代码,市场\n600000,SH\n");
     file.close();
-    QString error = u"left from before"_s;
+    QString error = "left from before"_s;
     const QList<QStringList> rows =
         SolveyUtils::ReadTableData(file.fileName(), ReadTableCfg::FirstSheet, error);
-    EXPECT_EQ(rows, (QList<QStringList>{{u"证券代码"_s, u"市场"_s}, {u"600000"_s, u"SH"_s}}));
+    EXPECT_EQ(rows, (QList<QStringList>{{"证券代码"_s, "市场"_s}, {"600000"_s, "SH"_s}}));
     EXPECT_EQ(error, QString());
 }
 
 TEST_F(SolveyUtilsTest, TableThatIsMissingGivesAnErrorAndNoRows)
 {
     QString error;
-    EXPECT_TRUE(SolveyUtils::ReadTableData(u"/no/such.csv"_s, ReadTableCfg::FirstSheet, error).isEmpty());
+    EXPECT_TRUE(SolveyUtils::ReadTableData("/no/such.csv"_s, ReadTableCfg::FirstSheet, error).isEmpty());
     EXPECT_FALSE(error.isEmpty());
 }
 

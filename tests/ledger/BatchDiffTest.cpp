@@ -8,7 +8,7 @@ using namespace ledger;
 
 namespace {
 
-const QStringList Columns{u"证券代码"_s, u"交易方向"_s, u"委托数量"_s};
+const QStringList Columns{"证券代码"_s, "交易方向"_s, "委托数量"_s};
 
 BatchTable table(const QList<QStringList>& rows, const QStringList& columns = Columns)
 {
@@ -19,31 +19,31 @@ BatchTable table(const QList<QStringList>& rows, const QStringList& columns = Co
 
 TEST(BatchDiff, OfTheSameTableIsEmpty)
 {
-    const BatchTable same = table({{u"A"_s, u"买入"_s, u"100"_s}, {u"A"_s, u"买入"_s, u"100"_s}});
+    const BatchTable same = table({{"A"_s, "买入"_s, "100"_s}, {"A"_s, "买入"_s, "100"_s}});
     EXPECT_TRUE(compareTables(same, same).isEmpty());
 }
 
 TEST(BatchDiff, NamesTheColumnAndBothTextsOfAChangedCell)
 {
-    const BatchDiff diff = compareTables(table({{u"A"_s, u"买入"_s, u"100"_s}, {u"B"_s, u"买入"_s, u"5"_s}}),
-                                         table({{u"B"_s, u"买入"_s, u"5"_s}, {u"A"_s, u"买入"_s, u"200"_s}}));
+    const BatchDiff diff = compareTables(table({{"A"_s, "买入"_s, "100"_s}, {"B"_s, "买入"_s, "5"_s}}),
+                                         table({{"B"_s, "买入"_s, "5"_s}, {"A"_s, "买入"_s, "200"_s}}));
     ASSERT_EQ(diff.cellsChanged.size(), 1);
     const ChangedCell cell = diff.cellsChanged.first();
     EXPECT_EQ(cell.oldRow, 1);
     EXPECT_EQ(cell.newRow, 2);
-    EXPECT_EQ(cell.column, u"委托数量"_s);
-    EXPECT_EQ(cell.before, u"100"_s);
-    EXPECT_EQ(cell.after, u"200"_s);
+    EXPECT_EQ(cell.column, "委托数量"_s);
+    EXPECT_EQ(cell.before, "100"_s);
+    EXPECT_EQ(cell.after, "200"_s);
     EXPECT_TRUE(diff.rowsAdded.isEmpty() && diff.rowsRemoved.isEmpty());
 }
 
 TEST(BatchDiff, ListsRowsAddedAndRemoved)
 {
-    const BatchDiff diff = compareTables(table({{u"A"_s, u"买入"_s, u"1"_s}, {u"B"_s, u"买入"_s, u"2"_s}}),
-                                         table({{u"B"_s, u"买入"_s, u"2"_s}, {u"C"_s, u"买入"_s, u"3"_s}}));
+    const BatchDiff diff = compareTables(table({{"A"_s, "买入"_s, "1"_s}, {"B"_s, "买入"_s, "2"_s}}),
+                                         table({{"B"_s, "买入"_s, "2"_s}, {"C"_s, "买入"_s, "3"_s}}));
     ASSERT_EQ(diff.rowsAdded.size(), 1);
     EXPECT_EQ(diff.rowsAdded.first().row, 2);
-    EXPECT_EQ(diff.rowsAdded.first().cells.first(), u"C"_s);
+    EXPECT_EQ(diff.rowsAdded.first().cells.first(), "C"_s);
     ASSERT_EQ(diff.rowsRemoved.size(), 1);
     EXPECT_EQ(diff.rowsRemoved.first().row, 1);
     EXPECT_TRUE(diff.cellsChanged.isEmpty());
@@ -52,16 +52,16 @@ TEST(BatchDiff, ListsRowsAddedAndRemoved)
 TEST(BatchDiff, TakesATurnedDirectionForAnotherOrder)
 {
     const BatchDiff diff =
-        compareTables(table({{u"A"_s, u"买入"_s, u"1"_s}}), table({{u"A"_s, u"卖出"_s, u"1"_s}}));
+        compareTables(table({{"A"_s, "买入"_s, "1"_s}}), table({{"A"_s, "卖出"_s, "1"_s}}));
     EXPECT_EQ(diff.rowsAdded.size(), 1);
     EXPECT_EQ(diff.rowsRemoved.size(), 1);
 }
 
 TEST(BatchDiff, OfOneRowTakenOutAmongSeveralOfASecurityChangesNoOther)
 {
-    const BatchDiff diff = compareTables(
-        table({{u"A"_s, u"买入"_s, u"1"_s}, {u"A"_s, u"买入"_s, u"2"_s}, {u"A"_s, u"买入"_s, u"3"_s}}),
-        table({{u"A"_s, u"买入"_s, u"2"_s}, {u"A"_s, u"买入"_s, u"3"_s}}));
+    const BatchDiff diff =
+        compareTables(table({{"A"_s, "买入"_s, "1"_s}, {"A"_s, "买入"_s, "2"_s}, {"A"_s, "买入"_s, "3"_s}}),
+                      table({{"A"_s, "买入"_s, "2"_s}, {"A"_s, "买入"_s, "3"_s}}));
     EXPECT_TRUE(diff.cellsChanged.isEmpty());
     ASSERT_EQ(diff.rowsRemoved.size(), 1);
     EXPECT_EQ(diff.rowsRemoved.first().row, 1);
@@ -70,20 +70,20 @@ TEST(BatchDiff, OfOneRowTakenOutAmongSeveralOfASecurityChangesNoOther)
 TEST(BatchDiff, FollowsColumnsByNameAndListsThoseThatCameOrWent)
 {
     const BatchDiff diff =
-        compareTables(table({{u"A"_s, u"买入"_s, u"1"_s}}),
-                      table({{u"说明"_s, u"A"_s, u"买入"_s}}, {u"备注"_s, u"证券代码"_s, u"交易方向"_s}));
-    EXPECT_EQ(diff.columnsAdded, QStringList{u"备注"_s});
-    EXPECT_EQ(diff.columnsRemoved, QStringList{u"委托数量"_s});
+        compareTables(table({{"A"_s, "买入"_s, "1"_s}}),
+                      table({{"说明"_s, "A"_s, "买入"_s}}, {"备注"_s, "证券代码"_s, "交易方向"_s}));
+    EXPECT_EQ(diff.columnsAdded, QStringList{"备注"_s});
+    EXPECT_EQ(diff.columnsRemoved, QStringList{"委托数量"_s});
     EXPECT_TRUE(diff.cellsChanged.isEmpty() && diff.rowsAdded.isEmpty() && diff.rowsRemoved.isEmpty());
     EXPECT_FALSE(diff.isEmpty());
 }
 
 TEST(BatchDiff, BearsRowsShorterThanTheirColumns)
 {
-    const BatchDiff diff = compareTables(table({{u"A"_s}}), table({{u"A"_s, QString(), u"7"_s}}));
+    const BatchDiff diff = compareTables(table({{"A"_s}}), table({{"A"_s, QString(), "7"_s}}));
     ASSERT_EQ(diff.cellsChanged.size(), 1);
     EXPECT_EQ(diff.cellsChanged.first().before, QString());
-    EXPECT_EQ(diff.cellsChanged.first().after, u"7"_s);
+    EXPECT_EQ(diff.cellsChanged.first().after, "7"_s);
 }
 
 TEST(BatchDiff, ComparesWithTheTableThatTheLedgerKept)
@@ -92,7 +92,7 @@ TEST(BatchDiff, ComparesWithTheTableThatTheLedgerKept)
     ledger->createBatch(sampleDraft(3));
     ledger.reopen();
     BatchTable edited = sampleDraft(3).table;
-    edited.rows[1][2] = u"1200"_s;
+    edited.rows[1][2] = "1200"_s;
     const BatchDiff diff = compareTables(ledger->tableOf(1).value, edited);
     ASSERT_EQ(diff.cellsChanged.size(), 1);
     EXPECT_EQ(diff.cellsChanged.first().newRow, 2);

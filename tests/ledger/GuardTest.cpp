@@ -50,14 +50,14 @@ EarlierBatch asEarlier(const BatchDraft& draft, qint64 number)
     return earlier;
 }
 
-const QString A = u"600000.SH"_s;
-const QString B = u"600001.SH"_s;
+const QString A = "600000.SH"_s;
+const QString B = "600001.SH"_s;
 
 } // namespace
 
 TEST(Guard, LetsAnOrdinaryBatchPassWithoutAWord)
 {
-    const Verdict verdict = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Sell"_s, 500)}));
+    const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(B, "Sell"_s, 500)}));
     EXPECT_TRUE(verdict.refusals.isEmpty());
     EXPECT_TRUE(verdict.warnings.isEmpty());
     EXPECT_EQ(verdict.grossBuy, 10000.0);
@@ -70,11 +70,11 @@ TEST(Guard, RefusesARowAboveItsCeilingsAndNamesIt)
     Limits limits;
     limits.rowQuantity = 900.0;
     limits.rowAmount = 6000.0;
-    const Verdict verdict = verdictOn(sampleDraft({row(A, u"Buy"_s, 600), row(B, u"Buy"_s, 1000)}), limits);
-    ASSERT_EQ(rulesOf(verdict.refusals), (QStringList{u"rowQuantity"_s, u"rowAmount"_s}));
+    const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 600), row(B, "Buy"_s, 1000)}), limits);
+    ASSERT_EQ(rulesOf(verdict.refusals), (QStringList{"rowQuantity"_s, "rowAmount"_s}));
     EXPECT_EQ(verdict.refusals.at(0).rows, QList<int>{2});
     EXPECT_EQ(verdict.refusals.at(1).rows, QList<int>{2});
-    EXPECT_EQ(verdict.refusals.at(1).text, u"1 行金额超过单行上限 6,000 元"_s);
+    EXPECT_EQ(verdict.refusals.at(1).text, "1 行金额超过单行上限 6,000 元"_s);
 }
 
 TEST(Guard, LetsARowThatMeetsItsCeilingExactlyPass)
@@ -84,17 +84,17 @@ TEST(Guard, LetsARowThatMeetsItsCeilingExactlyPass)
     limits.rowAmount = 10000.0;
     limits.securityAmount = 10000.0;
     limits.grossBuy = 10000.0;
-    EXPECT_FALSE(verdictOn(sampleDraft({row(A, u"Buy"_s, 1000)}), limits).refuses());
+    EXPECT_FALSE(verdictOn(sampleDraft({row(A, "Buy"_s, 1000)}), limits).refuses());
 }
 
 TEST(Guard, AddsUpTheRowsOfOneSecurityOnEachSide)
 {
     Limits limits;
     limits.securityAmount = 15000.0;
-    const Verdict within = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Buy"_s, 1000)}), limits);
+    const Verdict within = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(B, "Buy"_s, 1000)}), limits);
     EXPECT_FALSE(within.refuses());
-    const Verdict above = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(A, u"Buy"_s, 1000)}), limits);
-    ASSERT_EQ(rulesOf(above.refusals), QStringList{u"securityAmount"_s});
+    const Verdict above = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(A, "Buy"_s, 1000)}), limits);
+    ASSERT_EQ(rulesOf(above.refusals), QStringList{"securityAmount"_s});
     EXPECT_TRUE(above.refusals.first().text.contains(A));
 }
 
@@ -103,15 +103,15 @@ TEST(Guard, RefusesABatchWhoseGrossBuyOrSellIsAboveItsCeiling)
     Limits limits;
     limits.grossBuy = 15000.0;
     limits.grossSell = 15000.0;
-    const BatchDraft buys = sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"BuyOpen"_s, 1000)});
-    EXPECT_EQ(rulesOf(verdictOn(buys, limits).refusals), QStringList{u"grossBuy"_s});
-    const BatchDraft sells = sampleDraft({row(A, u"Sell"_s, 1000), row(B, u"SellClose"_s, 1000)});
-    EXPECT_EQ(rulesOf(verdictOn(sells, limits).refusals), QStringList{u"grossSell"_s});
+    const BatchDraft buys = sampleDraft({row(A, "Buy"_s, 1000), row(B, "BuyOpen"_s, 1000)});
+    EXPECT_EQ(rulesOf(verdictOn(buys, limits).refusals), QStringList{"grossBuy"_s});
+    const BatchDraft sells = sampleDraft({row(A, "Sell"_s, 1000), row(B, "SellClose"_s, 1000)});
+    EXPECT_EQ(rulesOf(verdictOn(sells, limits).refusals), QStringList{"grossSell"_s});
 }
 
 TEST(Guard, CountsADirectionThatNobodyKnowsOnBothSides)
 {
-    const Verdict verdict = verdictOn(sampleDraft({row(A, u"?"_s, 1000)}));
+    const Verdict verdict = verdictOn(sampleDraft({row(A, "?"_s, 1000)}));
     EXPECT_EQ(verdict.grossBuy, 10000.0);
     EXPECT_EQ(verdict.grossSell, 10000.0);
 }
@@ -120,10 +120,10 @@ TEST(Guard, RefusesALimitPriceTooFarFromTheLastPriceOnEitherSide)
 {
     Limits limits;
     limits.priceDistance = 10.0;
-    const Verdict verdict = verdictOn(sampleDraft({row(A, u"Buy"_s, 100, 11.0), row(A, u"Buy"_s, 100, 11.01),
-                                                   row(A, u"Buy"_s, 100, 8.99), row(A, u"Buy"_s, 100, 0.0)}),
+    const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 100, 11.0), row(A, "Buy"_s, 100, 11.01),
+                                                   row(A, "Buy"_s, 100, 8.99), row(A, "Buy"_s, 100, 0.0)}),
                                       limits);
-    ASSERT_EQ(rulesOf(verdict.refusals), QStringList{u"priceDistance"_s});
+    ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"priceDistance"_s});
     EXPECT_EQ(verdict.refusals.first().rows, (QList<int>{2, 3}));
 }
 
@@ -131,9 +131,9 @@ TEST(Guard, ComparesNoInterestRateWithAFaceValue)
 {
     Limits limits;
     limits.priceDistance = 10.0;
-    BatchDraft draft = sampleDraft({row(A, u"Sell"_s, 100, 1.85)});
+    BatchDraft draft = sampleDraft({row(A, "Sell"_s, 100, 1.85)});
     Prices prices = pricesOf(draft, 100.0);
-    prices[{A, u"SH"_s}].isNominal = true;
+    prices[{A, "SH"_s}].isNominal = true;
     valueLegs(draft, prices);
     EXPECT_FALSE(checkBatch(draft, limits, prices, {}).refuses());
 }
@@ -142,19 +142,18 @@ TEST(Guard, WarnsThatThisVeryFileWasCreatedToday)
 {
     const BatchDraft draft = sampleDraft(3);
     const Verdict verdict = verdictOn(draft, {}, {asEarlier(draft, 4), asEarlier(draft, 6)});
-    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{u"sameFile"_s});
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"sameFile"_s});
     EXPECT_EQ(verdict.warnings.first().count, 2);
-    EXPECT_EQ(verdict.warnings.first().text, u"该文件今天在此账号已创建过 2 次（批次 4、6）"_s);
+    EXPECT_EQ(verdict.warnings.first().text, "该文件今天在此账号已创建过 2 次（批次 4、6）"_s);
 }
 
 TEST(Guard, WarnsOfRowsThatAnotherFileCreatedToday)
 {
-    BatchDraft before = sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Buy"_s, 500)});
+    BatchDraft before = sampleDraft({row(A, "Buy"_s, 1000), row(B, "Buy"_s, 500)});
     before.fileSha256 = QString(64, QLatin1Char('b'));
-    const BatchDraft draft =
-        sampleDraft({row(A, u"Buy"_s, 900), row(B, u"Sell"_s, 500), row(B, u"Buy"_s, 500)});
+    const BatchDraft draft = sampleDraft({row(A, "Buy"_s, 900), row(B, "Sell"_s, 500), row(B, "Buy"_s, 500)});
     const Verdict verdict = verdictOn(draft, {}, {asEarlier(before, 1)});
-    ASSERT_EQ(verdict.warnings.first().rule, u"sameRows"_s);
+    ASSERT_EQ(verdict.warnings.first().rule, "sameRows"_s);
     EXPECT_EQ(verdict.warnings.first().count, 1);
     EXPECT_EQ(verdict.warnings.first().rows, QList<int>{3});
 }
@@ -162,20 +161,20 @@ TEST(Guard, WarnsOfRowsThatAnotherFileCreatedToday)
 TEST(Guard, WarnsOfASecurityThatIsBoughtAndSold)
 {
     const Verdict verdict =
-        verdictOn(sampleDraft({row(A, u"Buy"_s, 100), row(B, u"Buy"_s, 100), row(A, u"Sell"_s, 100)}));
-    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{u"bothSides"_s});
+        verdictOn(sampleDraft({row(A, "Buy"_s, 100), row(B, "Buy"_s, 100), row(A, "Sell"_s, 100)}));
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"bothSides"_s});
     EXPECT_EQ(verdict.warnings.first().count, 1);
     EXPECT_TRUE(verdict.warnings.first().text.contains(A));
 }
 
 TEST(Guard, TakesThePairOfOneRowAsMeant)
 {
-    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100)});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100)});
     draft.instances[0].legs.append(draft.instances[0].legs.first());
-    draft.instances[0].legs[1].direction = u"Sell"_s;
+    draft.instances[0].legs[1].direction = "Sell"_s;
     EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
     draft.instances.append(draft.instances.first());
-    EXPECT_EQ(rulesOf(verdictOn(draft).warnings), QStringList{u"bothSides"_s})
+    EXPECT_EQ(rulesOf(verdictOn(draft).warnings), QStringList{"bothSides"_s})
         << "two such rows are another matter";
 }
 
@@ -183,18 +182,18 @@ TEST(Guard, WarnsOfAQuantityThatLooksLikeMoney)
 {
     Limits limits;
     limits.moneyLikeAmount = 5e7;
-    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 1000), row(A, u"Buy"_s, 123456),
-                                    row(A, u"Buy"_s, 1000000), row(A, u"Buy"_s, 5000100)});
-    draft.instances[1].quantityText = u"123456.78"_s;
+    BatchDraft draft = sampleDraft(
+        {row(A, "Buy"_s, 1000), row(A, "Buy"_s, 123456), row(A, "Buy"_s, 1000000), row(A, "Buy"_s, 5000100)});
+    draft.instances[1].quantityText = "123456.78"_s;
     const Verdict verdict = verdictOn(draft, limits);
-    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{u"moneyLikeQuantity"_s});
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"moneyLikeQuantity"_s});
     EXPECT_EQ(verdict.warnings.first().rows, (QList<int>{2, 3, 4}))
         << "a fraction; round and large; beyond reason";
 }
 
 TEST(Guard, TakesAnAmountThatWasTypedAsMoneyForWhatItIs)
 {
-    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 1000000)});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 1000000)});
     draft.instances[0].legs[0].typedAmount = 2e7;
     draft.instances[0].quantityText.clear();
     const Verdict verdict = verdictOn(draft);
@@ -204,25 +203,25 @@ TEST(Guard, TakesAnAmountThatWasTypedAsMoneyForWhatItIs)
 
 TEST(Guard, WarnsOfRowsWithoutAnyPriceOrRefusesThem)
 {
-    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100, 0.0)});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100, 0.0)});
     valueLegs(draft, {});
-    EXPECT_EQ(rulesOf(checkBatch(draft, {}, {}, {}).warnings), QStringList{u"unpriced"_s});
+    EXPECT_EQ(rulesOf(checkBatch(draft, {}, {}, {}).warnings), QStringList{"unpriced"_s});
     Limits strict;
     strict.refusesUnpriced = true;
-    EXPECT_EQ(rulesOf(checkBatch(draft, strict, {}, {}).refusals), QStringList{u"unpriced"_s});
+    EXPECT_EQ(rulesOf(checkBatch(draft, strict, {}, {}).refusals), QStringList{"unpriced"_s});
 }
 
 TEST(Guard, ValuesARowWithoutAQuoteAtItsLimitPrice)
 {
-    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100, 12.0)});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100, 12.0)});
     valueLegs(draft, {});
     EXPECT_EQ(checkBatch(draft, {}, {}, {}).grossBuy, 1200.0);
 }
 
 TEST(Guard, ValuesEachSideWithItsOwnFactor)
 {
-    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100), row(A, u"Sell"_s, 100)});
-    valueLegs(draft, {{{A, u"SH"_s}, {10.0, 0.95, 0.90, false}}});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100), row(A, "Sell"_s, 100)});
+    valueLegs(draft, {{{A, "SH"_s}, {10.0, 0.95, 0.90, false}}});
     const Verdict verdict = checkBatch(draft, {}, {}, {});
     EXPECT_DOUBLE_EQ(verdict.grossBuy, 950.0);
     EXPECT_DOUBLE_EQ(verdict.grossSell, 900.0);
@@ -230,25 +229,25 @@ TEST(Guard, ValuesEachSideWithItsOwnFactor)
 
 TEST(Guard, PutsTheWorstWarningFirst)
 {
-    BatchDraft other = sampleDraft({row(A, u"Buy"_s, 2000000)});
+    BatchDraft other = sampleDraft({row(A, "Buy"_s, 2000000)});
     other.fileSha256 = QString(64, QLatin1Char('b'));
-    const BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 2000000), row(A, u"Sell"_s, 100)});
+    const BatchDraft draft = sampleDraft({row(A, "Buy"_s, 2000000), row(A, "Sell"_s, 100)});
     const Verdict verdict = verdictOn(draft, {}, {asEarlier(draft, 1), asEarlier(other, 2)});
     EXPECT_EQ(rulesOf(verdict.warnings),
-              (QStringList{u"sameFile"_s, u"sameRows"_s, u"bothSides"_s, u"moneyLikeQuantity"_s}));
+              (QStringList{"sameFile"_s, "sameRows"_s, "bothSides"_s, "moneyLikeQuantity"_s}));
 }
 
 TEST(Guard, AsksForTheGrossAmountFromItsThresholdOn)
 {
     Limits limits;
     limits.confirmAmount = 15000.0;
-    const BatchDraft below = sampleDraft({row(A, u"Buy"_s, 1000)});
+    const BatchDraft below = sampleDraft({row(A, "Buy"_s, 1000)});
     EXPECT_EQ(verdictOn(below, limits).confirmationAmount, 0);
-    const Verdict at = verdictOn(sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Sell"_s, 500)}), limits);
+    const Verdict at = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(B, "Sell"_s, 500)}), limits);
     EXPECT_EQ(at.confirmationAmount, 15000);
-    EXPECT_TRUE(isConfirmedBy(at, u" 15,000.00 "_s));
-    EXPECT_TRUE(isConfirmedBy(at, u"15，000"_s));
-    for (const QString& wrong : {u""_s, u"1500"_s, u"150000"_s, u"是"_s, u"nan"_s}) {
+    EXPECT_TRUE(isConfirmedBy(at, " 15,000.00 "_s));
+    EXPECT_TRUE(isConfirmedBy(at, "15，000"_s));
+    for (const QString& wrong : {""_s, "1500"_s, "150000"_s, "是"_s, "nan"_s}) {
         EXPECT_FALSE(isConfirmedBy(at, wrong)) << wrong.toStdString();
     }
 }
@@ -256,10 +255,10 @@ TEST(Guard, AsksForTheGrossAmountFromItsThresholdOn)
 TEST(Creation, NeedsConsentToWarnings)
 {
     SampleLedger ledger;
-    const BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 100), row(A, u"Sell"_s, 100)});
+    const BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100), row(A, "Sell"_s, 100)});
     const Review review = reviewBatch(*ledger, draft, {}, pricesOf(draft)).value;
     const Outcome<Batch> without = createReviewed(*ledger, review, {});
-    EXPECT_TRUE(without.error.contains(u"同时买入和卖出"_s)) << without.error.toStdString();
+    EXPECT_TRUE(without.error.contains("同时买入和卖出"_s)) << without.error.toStdString();
     EXPECT_TRUE(ledger->batches().value.isEmpty());
     EXPECT_EQ(createReviewed(*ledger, review, {true, QString()}).error, QString());
     EXPECT_EQ(ledger->instances().value.first().legs.first().amount, 1000.0);
@@ -272,7 +271,7 @@ TEST(Creation, IsRefusedAboveACeilingWhateverTheConsent)
     scope.limits.grossBuy = 10.0;
     const BatchDraft draft = sampleDraft(1);
     const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
-    EXPECT_TRUE(createReviewed(*ledger, review, {true, u"10000"_s}).error.contains(u"超过上限"_s));
+    EXPECT_TRUE(createReviewed(*ledger, review, {true, "10000"_s}).error.contains("超过上限"_s));
     EXPECT_TRUE(ledger->batches().value.isEmpty());
 }
 
@@ -283,8 +282,8 @@ TEST(Creation, NeedsTheGrossAmountTypedWhereTheGuardAsksForIt)
     scope.limits.confirmAmount = 1.0;
     const BatchDraft draft = sampleDraft(1);
     const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
-    EXPECT_TRUE(createReviewed(*ledger, review, {true, u"9999"_s}).error.contains(u"10,000"_s));
-    EXPECT_EQ(createReviewed(*ledger, review, {false, u"10000"_s}).error, QString());
+    EXPECT_TRUE(createReviewed(*ledger, review, {true, "9999"_s}).error.contains("10,000"_s));
+    EXPECT_EQ(createReviewed(*ledger, review, {false, "10000"_s}).error, QString());
 }
 
 TEST(Creation, OfTheSameFileIsWarnedOfUntilTheFirstBatchIsUndone)
@@ -296,17 +295,17 @@ TEST(Creation, OfTheSameFileIsWarnedOfUntilTheFirstBatchIsUndone)
     BatchDraft again = draft;
     again.id = QUuid::createUuid();
     EXPECT_EQ(rulesOf(reviewBatch(*ledger, again, {}, prices).value.verdict.warnings),
-              QStringList{u"sameFile"_s});
+              QStringList{"sameFile"_s});
     ledger->undo(1);
     EXPECT_TRUE(reviewBatch(*ledger, again, {}, prices).value.verdict.warnings.isEmpty());
 }
 
 TEST(Guard, RefusesInstancesThatTheTableDoesNotShow)
 {
-    BatchDraft draft = sampleDraft({row(A, u"Buy"_s, 1000), row(B, u"Sell"_s, 500)});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 1000), row(B, "Sell"_s, 500)});
     draft.table.rows.clear(); // the next file could not be read, and the dialog emptied its table
     const Verdict verdict = verdictOn(draft);
-    EXPECT_EQ(rulesOf(verdict.refusals), QStringList{u"notShown"_s});
+    EXPECT_EQ(rulesOf(verdict.refusals), QStringList{"notShown"_s});
     EXPECT_EQ(verdict.refusals.value(0).text,
-              u"表格中有 0 行，待创建的实例却有 2 个：最近一次导入没有成功；请重新导入。"_s);
+              "表格中有 0 行，待创建的实例却有 2 个：最近一次导入没有成功；请重新导入。"_s);
 }

@@ -27,7 +27,7 @@ QString killOneRun(const QString& home, int firstDraft, int milliseconds, bool w
     victim.start(QStringLiteral(LEDGER_VICTIM),
                  {home, QString::number(firstDraft), QString::number(InstancesPerBatch)});
     if (!victim.waitForStarted() || (waitUntilOpen && !victim.waitForReadyRead())) {
-        return u"did not get ready: "_s + QString::fromUtf8(victim.readAllStandardError());
+        return "did not get ready: "_s + QString::fromUtf8(victim.readAllStandardError());
     }
     QThread::msleep(static_cast<unsigned long>(milliseconds));
     victim.kill();

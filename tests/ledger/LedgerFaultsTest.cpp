@@ -82,41 +82,41 @@ private:
 TEST(LedgerFile, IsMadeWithItsFolderWhereThereIsNone)
 {
     QTemporaryDir folder;
-    const QString home = folder.filePath(u"新/家"_s);
+    const QString home = folder.filePath("新/家"_s);
     EXPECT_EQ(Ledger::open(home).error, QString());
     EXPECT_TRUE(QFile::exists(Ledger::pathIn(home)));
 }
 
 TEST(LedgerFile, ThatIsNoDatabaseIsLeftAlone)
 {
-    expectRefused(QByteArray("证券代码,市场\r\n600000,SH\r\n").repeated(100), u"不是算法台账"_s);
+    expectRefused(QByteArray("证券代码,市场\r\n600000,SH\r\n").repeated(100), "不是算法台账"_s);
 }
 
 TEST(LedgerFile, OfAnotherProgramIsLeftAlone)
 {
     QTemporaryDir folder;
-    const QString path = folder.filePath(u"foreign.sqlite"_s);
+    const QString path = folder.filePath("foreign.sqlite"_s);
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"foreign"_s);
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE"_s, "foreign"_s);
         database.setDatabaseName(path);
         ASSERT_TRUE(database.open());
-        QSqlQuery(database).exec(u"CREATE TABLE batch (number INTEGER)"_s);
+        QSqlQuery(database).exec("CREATE TABLE batch (number INTEGER)"_s);
     }
-    QSqlDatabase::removeDatabase(u"foreign"_s);
-    expectRefused(bytesOf(path), u"不是算法台账"_s);
+    QSqlDatabase::removeDatabase("foreign"_s);
+    expectRefused(bytesOf(path), "不是算法台账"_s);
 }
 
 TEST(LedgerFile, ThatWasCutOffIsLeftAlone)
 {
     const QByteArray sound = soundLedger();
-    expectRefused(sound.left(sound.size() / 2), u"已损坏"_s);
+    expectRefused(sound.left(sound.size() / 2), "已损坏"_s);
 }
 
 TEST(LedgerFile, WithOverwrittenPagesIsLeftAlone)
 {
     QByteArray bytes = soundLedger();
     bytes.replace(bytes.size() / 2, 8192, QByteArray(8192, '\x5a'));
-    expectRefused(bytes, u"已损坏"_s);
+    expectRefused(bytes, "已损坏"_s);
 }
 
 TEST(LedgerFile, ThatIsEmptyAsAfterAKillBecomesALedger)
@@ -135,7 +135,7 @@ TEST(LedgerFile, OnAFullDiskKeepsWhatItHoldsAndGoesOnWhenThereIsRoom)
     ASSERT_EQ(ledger.reopen(60), QString());
     const BatchDraft large = sampleDraft(1000);
     const Outcome<Batch> created = ledger->createBatch(large);
-    EXPECT_TRUE(created.error.contains(u"磁盘空间不足"_s)) << created.error.toStdString();
+    EXPECT_TRUE(created.error.contains("磁盘空间不足"_s)) << created.error.toStdString();
     EXPECT_TRUE(created.error.contains(ledger.path()));
     EXPECT_EQ(ledger->batches().value.size(), 1);
     EXPECT_EQ(ledger->instances().value.size(), 10);
@@ -154,7 +154,7 @@ TEST(LedgerFile, InAReadOnlyFolderCanBeReadButNotWritten)
     ledger.close();
     const ReadOnlyFolder folder(ledger.home());
     const QString error = ledger.reopen();
-    EXPECT_TRUE(error.contains(u"只读"_s)) << error.toStdString();
+    EXPECT_TRUE(error.contains("只读"_s)) << error.toStdString();
     EXPECT_TRUE(error.contains(ledger.path()));
     const auto opened = openToRead(ledger.home());
     ASSERT_EQ(opened.error, QString());
@@ -168,7 +168,7 @@ TEST(LedgerFile, CannotBeMadeInAReadOnlyFolder)
     QTemporaryDir home;
     const ReadOnlyFolder folder(home.path());
     const QString error = Ledger::open(home.path()).error;
-    EXPECT_TRUE(error.contains(u"只读"_s)) << error.toStdString();
+    EXPECT_TRUE(error.contains("只读"_s)) << error.toStdString();
 }
 
 TEST(LedgerFile, InAFolderThatCannotBeEnteredIsNotTakenForNone)
@@ -178,7 +178,7 @@ TEST(LedgerFile, InAFolderThatCannotBeEnteredIsNotTakenForNone)
     ledger.close();
     const ReadOnlyFolder folder(ledger.home(), QFile::ReadOwner);
     const QString error = openToRead(ledger.home()).error;
-    EXPECT_TRUE(error.contains(u"无法打开"_s)) << error.toStdString();
+    EXPECT_TRUE(error.contains("无法打开"_s)) << error.toStdString();
 }
 
 TEST(SecondProcess, MayReadWhileTheFirstWrites)
@@ -197,7 +197,7 @@ TEST(SecondProcess, MayNotWriteWhileTheFirstHasTheLedger)
     SampleLedger ledger;
     const QString error = Ledger::open(ledger.home()).error;
     EXPECT_TRUE(error.contains(ledger.path())) << error.toStdString();
-    EXPECT_TRUE(error.contains(u"正被另一个程序使用"_s)) << error.toStdString();
+    EXPECT_TRUE(error.contains("正被另一个程序使用"_s)) << error.toStdString();
     EXPECT_TRUE(error.contains(QString::number(QCoreApplication::applicationPid()))) << error.toStdString();
     ledger.close();
     EXPECT_EQ(Ledger::open(ledger.home()).error, QString());

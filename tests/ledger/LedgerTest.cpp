@@ -15,23 +15,23 @@ TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
     const Batch batch = ledger->batch(created.value.number).value;
     EXPECT_EQ(batch.number, 1);
     EXPECT_EQ(batch.draftId, draft.id);
-    EXPECT_EQ(batch.fileName, u"早盘.csv"_s);
+    EXPECT_EQ(batch.fileName, "早盘.csv"_s);
     EXPECT_EQ(batch.fileSha256, draft.fileSha256);
-    EXPECT_EQ(batch.account, u"1001"_s);
-    EXPECT_EQ(batch.strategy, u"AITWAP"_s);
+    EXPECT_EQ(batch.account, "1001"_s);
+    EXPECT_EQ(batch.strategy, "AITWAP"_s);
     EXPECT_EQ(batch.rowCount, 2);
     EXPECT_EQ(batch.expectedBuy, 10000.0);
     EXPECT_EQ(batch.createdAt, sampleMorning());
-    EXPECT_EQ(batch.createdBy, u"trader"_s);
+    EXPECT_EQ(batch.createdBy, "trader"_s);
     EXPECT_EQ(batch.state, BatchState::Created);
 
     const QList<Instance> instances = ledger->instances(1).value;
     ASSERT_EQ(instances.size(), 2);
-    EXPECT_EQ(instances.at(1).id.text(), u"1-2"_s);
+    EXPECT_EQ(instances.at(1).id.text(), "1-2"_s);
     EXPECT_EQ(instances.at(1).parameters, draft.instances.at(1).parameters);
     ASSERT_EQ(instances.at(1).legs.size(), 1);
-    EXPECT_EQ(instances.at(1).legs.first().symbol, u"600001.SH"_s);
-    EXPECT_EQ(instances.at(1).legs.first().direction, u"Buy"_s);
+    EXPECT_EQ(instances.at(1).legs.first().symbol, "600001.SH"_s);
+    EXPECT_EQ(instances.at(1).legs.first().direction, "Buy"_s);
     EXPECT_EQ(instances.at(1).legs.first().quantity, 1000.0);
     EXPECT_EQ(ledger->tableOf(1).value.columns, draft.table.columns);
     EXPECT_EQ(ledger->tableOf(1).value.rows, draft.table.rows);
@@ -42,12 +42,12 @@ TEST(Ledger, KeepsBothLegsOfAPairInTheirOrder)
     SampleLedger ledger;
     BatchDraft draft = sampleDraft(1);
     draft.instances[0].legs.append(draft.instances[0].legs.first());
-    draft.instances[0].legs[1].direction = u"Sell"_s;
+    draft.instances[0].legs[1].direction = "Sell"_s;
     ASSERT_EQ(ledger->createBatch(draft).error, QString());
     const QList<Leg> legs = ledger->instances().value.first().legs;
     ASSERT_EQ(legs.size(), 2);
-    EXPECT_EQ(legs.at(0).direction, u"Buy"_s);
-    EXPECT_EQ(legs.at(1).direction, u"Sell"_s);
+    EXPECT_EQ(legs.at(0).direction, "Buy"_s);
+    EXPECT_EQ(legs.at(1).direction, "Sell"_s);
 }
 
 TEST(Ledger, GivesTheSameBatchWhenADraftIsTriedAgain)
@@ -119,7 +119,7 @@ TEST(Ledger, TakesTextsOfAFileAsTextsAndNeverAsSql)
 {
     SampleLedger ledger;
     BatchDraft draft = sampleDraft(1);
-    const QString hostile = u"x'); DROP TABLE batch; --"_s;
+    const QString hostile = "x'); DROP TABLE batch; --"_s;
     draft.fileName = hostile;
     draft.account = hostile;
     draft.instances[0].legs[0].symbol = hostile;
@@ -138,7 +138,7 @@ TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
     SampleLedger ledger;
     for (const QString& error : {ledger->batch(7).error, ledger->tableOf(7).error, ledger->undo(7).error}) {
         EXPECT_TRUE(error.contains(ledger.path())) << error.toStdString();
-        EXPECT_TRUE(error.contains(u"批次 7"_s)) << error.toStdString();
+        EXPECT_TRUE(error.contains("批次 7"_s)) << error.toStdString();
     }
 }
 
@@ -150,11 +150,11 @@ TEST(CreatedToday, HoldsTheBatchesOfTheAccountSinceMidnightInShanghai)
     ledger.now = QDateTime(QDate(2025, 11, 2), QTime(16, 0), Qt::UTC); // midnight
     ledger->createBatch(sampleDraft(2));
     ledger.now = sampleMorning();
-    const QList<EarlierBatch> earlier = ledger->createdToday(u"1001"_s).value;
+    const QList<EarlierBatch> earlier = ledger->createdToday("1001"_s).value;
     ASSERT_EQ(earlier.size(), 1);
     EXPECT_EQ(earlier.first().number, 2);
     EXPECT_EQ(earlier.first().rowKeys.size(), 2);
-    EXPECT_TRUE(ledger->createdToday(u"2001"_s).value.isEmpty());
+    EXPECT_TRUE(ledger->createdToday("2001"_s).value.isEmpty());
 }
 
 TEST(CreatedToday, StillHoldsABatchFromBeforeTheClockWasSetBack)
@@ -162,5 +162,5 @@ TEST(CreatedToday, StillHoldsABatchFromBeforeTheClockWasSetBack)
     SampleLedger ledger;
     ledger->createBatch(sampleDraft(1));
     ledger.now = sampleMorning().addDays(-1);
-    EXPECT_EQ(ledger->createdToday(u"1001"_s).value.size(), 1);
+    EXPECT_EQ(ledger->createdToday("1001"_s).value.size(), 1);
 }

@@ -20,7 +20,7 @@ int main(int argc, char** argv)
     }
     puts("ready");
     fflush(stdout);
-    const QUuid family(u"{6f2c2f0e-2a55-4a1c-9a5e-0d5f1f0c7b11}"_s);
+    const QUuid family("{6f2c2f0e-2a55-4a1c-9a5e-0d5f1f0c7b11}"_s);
     for (int number = arguments.at(2).toInt();; ++number) {
         ledger::BatchDraft draft = sampleDraft(arguments.at(3).toInt());
         draft.id = QUuid::createUuidV5(family, QString::number(number));

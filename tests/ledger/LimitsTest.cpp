@@ -21,7 +21,7 @@ public:
         file.write(csv);
     }
 
-    QString path() const { return mFolder.filePath(u"limits.csv"_s); }
+    QString path() const { return mFolder.filePath("limits.csv"_s); }
     std::optional<QList<LimitScope>> read(QString& error) const { return readLimits(mFolder.path(), error); }
 
 private:
@@ -45,7 +45,7 @@ TEST(Limits, AreNoneWhereThereIsNoFile)
     const auto scopes = readLimits(folder.path(), error);
     ASSERT_TRUE(scopes.has_value());
     EXPECT_TRUE(scopes->isEmpty());
-    EXPECT_FALSE(limitsFor(*scopes, u"1001"_s, u"AITWAP"_s).grossBuy.has_value());
+    EXPECT_FALSE(limitsFor(*scopes, "1001"_s, "AITWAP"_s).grossBuy.has_value());
 }
 
 TEST(Limits, AreReadByColumnNameAndAnEmptyCellIsNoCeiling)
@@ -60,8 +60,8 @@ TEST(Limits, AreReadByColumnNameAndAnEmptyCellIsNoCeiling)
     ASSERT_TRUE(scopes.has_value()) << error.toStdString();
     ASSERT_EQ(scopes->size(), 2);
     const LimitScope& first = scopes->first();
-    EXPECT_EQ(first.account, u"1001"_s);
-    EXPECT_EQ(first.strategy, u"*"_s);
+    EXPECT_EQ(first.account, "1001"_s);
+    EXPECT_EQ(first.strategy, "*"_s);
     EXPECT_EQ(first.limits.rowAmount, 1.0);
     EXPECT_EQ(first.limits.rowQuantity, 2.0);
     EXPECT_EQ(first.limits.securityAmount, 3.0);
@@ -80,28 +80,28 @@ TEST(Limits, OfAllScopesThatMatchTheStrictestHolds)
     LimitScope all;
     all.limits.grossBuy = 100.0;
     LimitScope account;
-    account.account = u"1001"_s;
+    account.account = "1001"_s;
     account.limits.grossBuy = 500.0;
     account.limits.grossSell = 50.0;
     LimitScope other;
-    other.strategy = u"AIVWAP"_s;
+    other.strategy = "AIVWAP"_s;
     other.limits.grossBuy = 1.0;
-    const Limits limits = limitsFor({all, account, other}, u"1001"_s, u"AITWAP"_s);
+    const Limits limits = limitsFor({all, account, other}, "1001"_s, "AITWAP"_s);
     EXPECT_EQ(limits.grossBuy, 100.0);
     EXPECT_EQ(limits.grossSell, 50.0);
 }
 
 TEST(Limits, OfAMalformedFileNameTheFileAndTheLine)
 {
-    EXPECT_TRUE(faultOf("strategy,maxGrossBuy\n*,1\n").startsWith(u":1: "_s));
+    EXPECT_TRUE(faultOf("strategy,maxGrossBuy\n*,1\n").startsWith(":1: "_s));
     EXPECT_TRUE(
-        faultOf("account,strategy,maxGrossBuy\n*,*,1\n1001,*,much\n").startsWith(u":3: maxGrossBuy"_s));
-    EXPECT_TRUE(faultOf("account,strategy,maxGrossBuy\n*,*,-1\n").startsWith(u":2: maxGrossBuy"_s));
-    EXPECT_TRUE(faultOf("account,strategy,maxGrossBuy\n*,*,nan\n").startsWith(u":2: maxGrossBuy"_s));
-    EXPECT_TRUE(faultOf("account,strategy,refuseUnpriced\n*,*,maybe\n").startsWith(u":2: refuseUnpriced"_s));
-    EXPECT_TRUE(faultOf("account,strategy\n*,*\n*,*\n").startsWith(u":3: "_s));
-    EXPECT_TRUE(faultOf("").startsWith(u":1: "_s));
-    EXPECT_TRUE(faultOf("account,strategy\n\"*,*\n").startsWith(u":2: "_s));
+        faultOf("account,strategy,maxGrossBuy\n*,*,1\n1001,*,much\n").startsWith(":3: maxGrossBuy"_s));
+    EXPECT_TRUE(faultOf("account,strategy,maxGrossBuy\n*,*,-1\n").startsWith(":2: maxGrossBuy"_s));
+    EXPECT_TRUE(faultOf("account,strategy,maxGrossBuy\n*,*,nan\n").startsWith(":2: maxGrossBuy"_s));
+    EXPECT_TRUE(faultOf("account,strategy,refuseUnpriced\n*,*,maybe\n").startsWith(":2: refuseUnpriced"_s));
+    EXPECT_TRUE(faultOf("account,strategy\n*,*\n*,*\n").startsWith(":3: "_s));
+    EXPECT_TRUE(faultOf("").startsWith(":1: "_s));
+    EXPECT_TRUE(faultOf("account,strategy\n\"*,*\n").startsWith(":2: "_s));
 }
 
 TEST(Limits, ThatShipAreReadable)
@@ -109,7 +109,7 @@ TEST(Limits, ThatShipAreReadable)
     QString error;
     const auto scopes = readLimits(QStringLiteral(REFERENCE_FOLDER), error);
     ASSERT_TRUE(scopes.has_value()) << error.toStdString();
-    const Limits limits = limitsFor(*scopes, u"any"_s, u"AITWAP"_s);
+    const Limits limits = limitsFor(*scopes, "any"_s, "AITWAP"_s);
     EXPECT_TRUE(limits.rowAmount && limits.securityAmount && limits.grossBuy && limits.grossSell &&
                 limits.priceDistance && limits.confirmAmount);
 }

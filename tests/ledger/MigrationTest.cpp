@@ -22,12 +22,12 @@ public:
         file.prepareForWriting(0);
         EXPECT_FALSE(migrate(file.database(), 1).isValid());
         run(file,
-            u"INSERT INTO batch VALUES (1, '6f2c2f0e-2a55-4a1c-9a5e-0d5f1f0c7b11', '旧.csv', '', '1001', "
-            u"'AITWAP', 1, 5, 0, 1762135200000, 'trader', 'created')"_s);
+            "INSERT INTO batch VALUES (1, '6f2c2f0e-2a55-4a1c-9a5e-0d5f1f0c7b11', '旧.csv', '', '1001', "
+            "'AITWAP', 1, 5, 0, 1762135200000, 'trader', 'created')"_s);
         run(file,
-            u"INSERT INTO instance VALUES (1, 1, '1001', 'AITWAP', 'created', 1762135200000, '{\"a\":\"b\"}')"_s);
-        run(file, u"INSERT INTO instance_leg VALUES (1, 1, 1, '600000.SH', 'Buy', 100, 0, 0)"_s);
-        run(file, u"UPDATE ledger_number SET value = 1 WHERE name = 'last_batch'"_s);
+            "INSERT INTO instance VALUES (1, 1, '1001', 'AITWAP', 'created', 1762135200000, '{\"a\":\"b\"}')"_s);
+        run(file, "INSERT INTO instance_leg VALUES (1, 1, 1, '600000.SH', 'Buy', 100, 0, 0)"_s);
+        run(file, "UPDATE ledger_number SET value = 1 WHERE name = 'last_batch'"_s);
     }
 
     QString home() const { return mFolder.path(); }
@@ -50,11 +50,11 @@ TEST(Migration, KeepsTheBatchesOfAnOlderLedger)
     const auto opened = Ledger::open(old.home());
     ASSERT_EQ(opened.error, QString());
     const Batch batch = opened.value->batch(1).value;
-    EXPECT_EQ(batch.fileName, u"旧.csv"_s);
+    EXPECT_EQ(batch.fileName, "旧.csv"_s);
     EXPECT_EQ(batch.createdAt.toMSecsSinceEpoch(), 1762135200000);
     const QList<Instance> instances = opened.value->instances(1).value;
     ASSERT_EQ(instances.size(), 1);
-    EXPECT_EQ(instances.first().parameters.value(u"a"_s).toString(), u"b"_s);
+    EXPECT_EQ(instances.first().parameters.value("a"_s).toString(), "b"_s);
     EXPECT_EQ(instances.first().legs.size(), 1);
 }
 
@@ -72,14 +72,14 @@ TEST(Migration, SaysThatAnOldBatchHasNoTableToCompareWith)
 {
     const VersionOneLedger old;
     const auto opened = Ledger::open(old.home());
-    EXPECT_TRUE(opened.value->tableOf(1).error.contains(u"没有保存导入表"_s));
+    EXPECT_TRUE(opened.value->tableOf(1).error.contains("没有保存导入表"_s));
 }
 
 TEST(Migration, IsNotDoneByAReader)
 {
     const VersionOneLedger old;
     const auto opened = openToRead(old.home());
-    EXPECT_TRUE(opened.error.contains(u"旧版本"_s)) << opened.error.toStdString();
+    EXPECT_TRUE(opened.error.contains("旧版本"_s)) << opened.error.toStdString();
     EXPECT_EQ(Ledger::open(old.home()).error, QString());
     EXPECT_EQ(openToRead(old.home()).error, QString());
 }
@@ -91,7 +91,7 @@ TEST(Migration, LeavesEverythingAsItWasWhereItFails)
     {
         SqliteFile file(path);
         file.open(SqliteFile::Mode::Write);
-        QSqlQuery(file.database()).exec(u"CREATE TABLE batch_table (in_the_way INTEGER)"_s);
+        QSqlQuery(file.database()).exec("CREATE TABLE batch_table (in_the_way INTEGER)"_s);
     }
     const auto opened = Ledger::open(old.home());
     EXPECT_TRUE(opened.error.contains(path));
@@ -99,7 +99,7 @@ TEST(Migration, LeavesEverythingAsItWasWhereItFails)
     file.open(SqliteFile::Mode::Read);
     EXPECT_EQ(versionOf(file.database()), 1);
     QSqlQuery columns(file.database());
-    EXPECT_FALSE(columns.exec(u"SELECT row_key FROM instance"_s)) << "half of the migration stayed";
+    EXPECT_FALSE(columns.exec("SELECT row_key FROM instance"_s)) << "half of the migration stayed";
 }
 
 TEST(Migration, OfALedgerOfANewerProgramIsRefused)
@@ -111,11 +111,11 @@ TEST(Migration, OfALedgerOfANewerProgramIsRefused)
         SqliteFile file(ledger.path());
         file.open(SqliteFile::Mode::Write);
         QSqlQuery(file.database())
-            .exec(u"UPDATE ledger_number SET value = 99 WHERE name = 'schema_version'"_s);
+            .exec("UPDATE ledger_number SET value = 99 WHERE name = 'schema_version'"_s);
     }
     for (const QString& error : {ledger.reopen(), openToRead(ledger.home()).error}) {
         EXPECT_TRUE(error.contains(ledger.path())) << error.toStdString();
-        EXPECT_TRUE(error.contains(u"版本 99"_s)) << error.toStdString();
+        EXPECT_TRUE(error.contains("版本 99"_s)) << error.toStdString();
     }
     SqliteFile file(ledger.path());
     file.open(SqliteFile::Mode::Read);

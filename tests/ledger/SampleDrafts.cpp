@@ -36,8 +36,8 @@ InstanceDraft sampleInstance(const SampleRow& row)
                                            {Info::PriceLimits, digits(row.limitPrice)}};
     instance.parameters = {{Algo_Values::AlgoParamId::AlgoSecurityList, QVariantList{security}},
                            {Algo_Values::AlgoParamId::traderOrder, row.direction},
-                           {Info::TradingAccount, u"1001"_s},
-                           {u"BatchCreate"_s, u""_s}};
+                           {Info::TradingAccount, "1001"_s},
+                           {"BatchCreate"_s, ""_s}};
     return instance;
 }
 
@@ -45,11 +45,11 @@ BatchDraft sampleDraft(const QList<SampleRow>& rows)
 {
     BatchDraft draft;
     draft.id = QUuid::createUuid();
-    draft.fileName = u"早盘.csv"_s;
+    draft.fileName = "早盘.csv"_s;
     draft.fileSha256 = QString(64, QLatin1Char('a'));
-    draft.account = u"1001"_s;
-    draft.strategy = u"AITWAP"_s;
-    draft.createdBy = u"trader"_s;
+    draft.account = "1001"_s;
+    draft.strategy = "AITWAP"_s;
+    draft.createdBy = "trader"_s;
     draft.expectedBuy = 10000.0;
     draft.table.columns = QStringList{Info::Symbol, Algo_Values::AlgoParamId::traderOrder, Info::Quantity};
     for (const SampleRow& row : rows) {
@@ -64,7 +64,7 @@ BatchDraft sampleDraft(int count)
     QList<SampleRow> rows;
     for (int i = 0; i < count; ++i) {
         SampleRow row;
-        row.symbol = QString::number(600000 + i) + u".SH"_s;
+        row.symbol = QString::number(600000 + i) + ".SH"_s;
         rows.append(row);
     }
     return sampleDraft(rows);
@@ -91,9 +91,4 @@ Outcome<std::shared_ptr<Ledger>> openToRead(const QString& home)
     Ledger::Options options;
     options.access = Ledger::Access::Read;
     return Ledger::open(home, options);
-}
-
-void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
 }

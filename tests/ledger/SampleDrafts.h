@@ -1,19 +1,14 @@
 #pragma once
 
 #include "desk/ledger/Ledger.h"
+#include "tests/support/Text.h"
 
 #include <QTemporaryDir>
 
-/// u"text"_s is a QString.
-inline QString operator""_s(const char16_t* text, std::size_t length)
-{
-    return QString::fromUtf16(text, static_cast<int>(length));
-}
-
 /// One row: a leg with its parameter map and its line of the table.
 struct SampleRow {
-    QString symbol = u"600000.SH"_s;
-    QString direction = u"Buy"_s;
+    QString symbol = "600000.SH"_s;
+    QString direction = "Buy"_s;
     double quantity = 1000.0;
     double limitPrice = 10.0;
     bool startsNow = false;
@@ -50,5 +45,3 @@ private:
 
 /// Opens for reading.
 ledger::Outcome<std::shared_ptr<ledger::Ledger>> openToRead(const QString& home);
-/// How gtest prints a text.
-void PrintTo(const QString& text, std::ostream* out);

@@ -49,7 +49,7 @@ TEST(Undo, ListsWhatCouldNotBeReversed)
     const UndoReport report = ledger->undo(1).value;
     ASSERT_EQ(report.notReversed.size(), 1);
     EXPECT_EQ(report.notReversed.first().id.row, 3);
-    EXPECT_EQ(report.notReversed.first().symbols, QStringList{u"600000.SH"_s});
+    EXPECT_EQ(report.notReversed.first().symbols, QStringList{"600000.SH"_s});
     EXPECT_EQ(report.notReversed.first().after, InstanceState::Finished);
     EXPECT_EQ(report.state, BatchState::PartlyReversed);
     EXPECT_EQ(ledger->batch(1).value.state, BatchState::PartlyReversed);
@@ -84,9 +84,9 @@ TEST(Undo, MakesABatchNoDuplicateAnyMore)
 {
     SampleLedger ledger;
     ledger->createBatch(sampleDraft(1));
-    ASSERT_EQ(ledger->createdToday(u"1001"_s).value.size(), 1);
+    ASSERT_EQ(ledger->createdToday("1001"_s).value.size(), 1);
     ledger->undo(1);
-    EXPECT_TRUE(ledger->createdToday(u"1001"_s).value.isEmpty());
+    EXPECT_TRUE(ledger->createdToday("1001"_s).value.isEmpty());
 }
 
 TEST(Undo, LeavesOnlyTheFinishedRowsAsDuplicates)
@@ -94,7 +94,7 @@ TEST(Undo, LeavesOnlyTheFinishedRowsAsDuplicates)
     SampleLedger ledger;
     createMixedBatch(ledger);
     ledger->undo(1);
-    const QList<EarlierBatch> earlier = ledger->createdToday(u"1001"_s).value;
+    const QList<EarlierBatch> earlier = ledger->createdToday("1001"_s).value;
     ASSERT_EQ(earlier.size(), 1);
     ASSERT_EQ(earlier.first().rowKeys.size(), 1);
     EXPECT_EQ(earlier.first().rowKeys.begin().value(), 1);

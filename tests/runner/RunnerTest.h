@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/Text.h"
+
 #include <gtest/gtest.h>
 
 #include <QByteArray>
@@ -50,15 +52,3 @@ protected:
 private:
     QTemporaryDir mFolder;
 };
-
-/// "…" as QString in tests.
-inline QString operator""_s(const char* text, std::size_t length)
-{
-    return QString::fromUtf8(text, int(length));
-}
-
-/// Makes gtest print texts instead of bytes.
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}

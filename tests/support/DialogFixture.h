@@ -8,6 +8,7 @@
 #include "host/ZelTableView.h"
 #include "tests/support/DialogInspector.h"
 #include "tests/support/SmallMarket.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -66,15 +67,3 @@ protected:
     std::unique_ptr<AlgoBatchImportParamSetting> dialog;
     QTemporaryDir folder;
 };
-
-/// "…" as QString in tests.
-inline QString operator""_s(const char* text, std::size_t length)
-{
-    return QString::fromUtf8(text, int(length));
-}
-
-/// Makes gtest print texts instead of bytes.
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}

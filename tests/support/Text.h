@@ -1,17 +1,15 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 
 #include <ostream>
 
-/// u"text"_s is a QString.
-inline QString operator""_s(const char16_t* text, std::size_t length)
+/// "…"_s is a QString.
+inline QString operator""_s(const char* text, std::size_t length)
 {
-    return QString::fromUtf16(text, static_cast<int>(length));
+    return QString::fromUtf8(text, static_cast<int>(length));
 }
 
 // How gtest prints Qt's values when an expectation fails.

@@ -39,9 +39,11 @@ qint64 AlgoBatchImportParamSetting::transBalance2Qty(QString& symbol, QString si
     using Data = SolveyBusinessDataInterface;
     int minimum = Data::GetMinQtyPerOrderBySymbol(symbol);
     int step = Data::GetQtyStepBySymbol(symbol);
-    qCDebug(lcAmounts) << " exchange: " << Data::GetASecurityExchangeBySymbol(symbol)
-                       << " type: " << CBusinessDataBase::GetInstance()->GetSecurityTypeBySymbol(symbol)
-                       << " minimum: " << minimum << " step: " << step;
+    // For the log alone, yet asked for always: what the host is asked does not hang on a log being on.
+    const QString exchange = Data::GetASecurityExchangeBySymbol(symbol);
+    const QString type = CBusinessDataBase::GetInstance()->GetSecurityTypeBySymbol(symbol);
+    qCDebug(lcAmounts) << " exchange: " << exchange << " type: " << type << " minimum: " << minimum
+                       << " step: " << step;
     if (side == Algo_Values::AlgoOrderSide::SellValue) {
         minimum = step = Data::GetDispFactorBySymbol(symbol);
     }

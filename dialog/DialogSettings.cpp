@@ -14,10 +14,6 @@
 
 namespace created_close_setting {
 
-namespace {
-const QString Key = QStringLiteral("IS_CREATED_CLOSE");
-} // namespace
-
 QVariant read()
 {
     return ZelCore::instance()->settings(Key, QString(), QString(), QSettings::UserScope);
@@ -33,9 +29,8 @@ std::optional<bool> choice(const QVariant& stored)
 
 QVariant save(bool createdClose)
 {
-    QVariant value(createdClose);
+    const QVariant value(createdClose);
     ZelCore::instance()->saveSetting(Key, value, QString(), QString(), QSettings::UserScope);
-    qCDebug(lcDialog) << Q_FUNC_INFO << "save IS_CREATED_CLOSE" << Key << "varIsCreatedClose: " << value;
     return value;
 }
 
@@ -72,5 +67,7 @@ void AlgoBatchImportParamSetting::initSettings()
 void AlgoBatchImportParamSetting::slotIsCreatedClose()
 {
     mIsCreatedClose = ui->checkbx_createdClose->isChecked();
-    created_close_setting::save(mIsCreatedClose);
+    const QVariant saved = created_close_setting::save(mIsCreatedClose);
+    qCDebug(lcDialog) << Q_FUNC_INFO << "save IS_CREATED_CLOSE" << created_close_setting::Key
+                      << "varIsCreatedClose: " << saved;
 }

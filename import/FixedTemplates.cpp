@@ -15,17 +15,34 @@ const QString VwapTitles = QStringLiteral("证券代码|证券名称|市场|委�
                                           "算法过期时间|委托属性|最大市场占比|风格参数|"
                                           "涨停不卖跌停不买|备注|创建后是否立即启动");
 
-const QString GeneralStrategy = QStringLiteral("52");
-const QStringList VwapStrategies = {QStringLiteral("AIVWAP3"), QStringLiteral("AIVWAPZJC"),
-                                    QStringLiteral("AIVWAPBASIC"), QStringLiteral("AIVWAPPLUS"),
-                                    QStringLiteral("VWAP")};
+const QString SecondVwapTitles = QStringLiteral("证券代码|证券名称|市场|委托数量|交易方向|限价|算法开始时间|"
+                                                "算法过期时间|委托属性|最大市场占比|风格参数|"
+                                                "涨停不卖跌停不买|实例备注|创建后是否立即启动");
+
+struct FixedTemplate {
+    QString titles;
+    QStringList strategies; ///< whose columns the messages name by it
+};
+
+const QList<FixedTemplate>& fixedTemplates()
+{
+    static const QList<FixedTemplate> templates = {
+        {GeneralTitles, {QStringLiteral("52")}},
+        {VwapTitles,
+         {QStringLiteral("AIVWAP3"), QStringLiteral("AIVWAPZJC"), QStringLiteral("AIVWAPBASIC"),
+          QStringLiteral("AIVWAPPLUS"), QStringLiteral("VWAP")}},
+        {SecondVwapTitles, {}}};
+    return templates;
+}
 
 QStringList templateTitles(const QString& strategy)
 {
-    if (strategy == GeneralStrategy) {
-        return GeneralTitles.split(TitleSeparator);
+    for (const FixedTemplate& fixed : fixedTemplates()) {
+        if (fixed.strategies.contains(strategy)) {
+            return fixed.titles.split(TitleSeparator);
+        }
     }
-    return VwapStrategies.contains(strategy) ? VwapTitles.split(TitleSeparator) : QStringList();
+    return {};
 }
 
 /// Empty where the strategy has no fixed template or the template no such column.

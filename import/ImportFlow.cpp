@@ -74,7 +74,9 @@ void AlgoBatchImportParamSetting::slotBtnImportClicked()
         showImported(records);
     } else if (result == import::RowErrors) {
         showImported(records);
-        error_box::show(import::rowErrorText(errors));
+        if (!errors.isEmpty()) { // a reader's own error may read like the code
+            error_box::show(import::rowErrorText(errors));
+        }
     } else if (result != import::Declined) {
         error_box::showAsIs(result);
     }

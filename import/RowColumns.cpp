@@ -22,9 +22,9 @@ constexpr double TenThousand = 10000.0;
 
 const QString CreditMinAmount = QStringLiteral("10000");
 
-QString money(double amount, int decimals)
+QString printed(double number, int decimals)
 {
-    return QString::number(amount, 'f', decimals);
+    return QString::number(number, 'f', decimals);
 }
 
 /// Today at the default's time; an unreadable default is midnight.
@@ -94,14 +94,15 @@ void RowParser::fillCreateStatus(Row& row, const Column& column) const
 /// Shows the amount and sends the quantity that it pays for. A quantity of 0 drops the row; false then.
 bool RowParser::fillQuantityOf(double amount, Row& row, const Column& column, const QString& noQuantity) const
 {
-    const QString shown = money(amount, 0);
+    const QString shown = printed(amount, 0);
     write(row, column, shown, shown);
     const qint64 quantity = mDialog.transBalance2Qty(row.symbol, row.direction, amount);
     if (quantity == 0) {
         row.error = noQuantity;
         return false;
     }
-    mDialog.transColData2ParamMap(column.title, QString::number(quantity), row.securityEntry, row.paramMap);
+    mDialog.transColData2ParamMap(column.title, printed(double(quantity), 0), row.securityEntry,
+                                  row.paramMap);
     return true;
 }
 
@@ -117,12 +118,12 @@ void RowParser::fillOrderAmount(Row& row, const Column& column) const
 {
     const double amount = row.cell(column.fileColumn).toDouble();
     if (CollateralOnlyStrategyList.contains(mStrategy)) {
-        const QString exact = money(amount, 2);
+        const QString exact = printed(amount, 2);
         return writeWithParameter(row, column, exact, exact);
     }
     if (fillQuantityOf(amount, row, column, import::NoOrderQuantity)) {
         // Deliberately crosswise: the order amount carries the quantity, the instance's quantity the money.
-        row.paramMap[Info::Quantity] = money(amount, 0);
+        row.paramMap[Info::Quantity] = printed(amount, 0);
     }
 }
 

@@ -102,6 +102,7 @@ QString RowParser::parse(const QList<QStringList>& rows, RecordDataList& records
             continue;
         }
         Row row = identified(rows.at(i));
+        resolveMarket(row);
         if (CBusinessDataBase::GetInstance()->GetSecurityExchangeBySymbol(row.symbol).isEmpty()) {
             errors[i] = import::UnknownCode.arg(row.code);
             continue;
@@ -152,10 +153,14 @@ bool RowParser::isHongKongRefused(const Row& row) const
                Norvik_Values::SymbolPost::hk;
 }
 
-void RowParser::resolveAccount(Row& row) const
+void RowParser::resolveMarket(Row& row) const
 {
     row.exchange = SolveyBusiUtils::NormalizeSecurityExchange(row.market);
     row.marketName = CDataBase::GetInstance()->GetStaticCfgValue(MarketNameSection, row.exchange);
+}
+
+void RowParser::resolveAccount(Row& row) const
+{
     const QString securityAccount =
         SolveyBusinessDataInterface::GetCurrentSecurityAccountByTradingAndExchange(mTradingAccount,
                                                                                    row.exchange);

@@ -76,6 +76,7 @@ private:
     Row identified(const QStringList& cells) const;
     bool translate(const Row& row, const Column& column, QString& shown, QString& value, QString& error);
     bool isHongKongRefused(const Row& row) const;
+    void resolveMarket(Row& row) const;
     void resolveAccount(Row& row) const;
     void fillPriceLimits(Row& row) const;
 

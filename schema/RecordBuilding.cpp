@@ -16,9 +16,10 @@ namespace {
 /// The file counts units; the host counts in the security's displayed quantity.
 QString displayedQuantity(const QString& units, const QString& symbol)
 {
-    const qint64 factor =
+    const int factor =
         amounts::guardedDivisor(SolveyBusinessDataInterface::GetDispFactorBySymbol(symbol), symbol);
-    return QString::number(schema::tolerantTruncation(units.toDouble()) / factor);
+    const qint32 quantity = schema::tolerantTruncation(units.toDouble());
+    return QString::number(amounts::quotient(quantity, factor));
 }
 
 } // namespace
@@ -37,9 +38,10 @@ void AlgoBatchImportParamSetting::transColData2ParamMap(const QString& colName, 
 {
     if (mSymbolParamLst.contains(colName)) {
         const QString id = mColParamIdMap[colName].toString();
-        securityEntry[id] = colName == Info::Quantity
-                                ? displayedQuantity(value, securityEntry.value(Info::Symbol).toString())
-                                : value;
+        securityEntry[id] = value;
+        if (colName == Info::Quantity) {
+            securityEntry[id] = displayedQuantity(value, securityEntry.value(Info::Symbol).toString());
+        }
     } else {
         qCDebug(lcSchema) << " colName: " << colName << " userRole: " << value
                           << " mSymbolParamLst: " << mSymbolParamLst;

@@ -50,12 +50,14 @@ const QMap<QString, QStringList>& propertiesOfDirection()
     return table;
 }
 
-QString legDirectionFault(int row, const QString& direction, const QString& entrustProp)
+QString legDirectionFault(int row, const QVariantMap& leg)
 {
-    const auto suitable = propertiesOfDirection().constFind(direction);
+    const auto suitable = propertiesOfDirection().constFind(leg.value(ParamId::traderOrder).toString());
     if (suitable == propertiesOfDirection().constEnd()) {
+        qCDebug(lcValidation) << Q_FUNC_INFO << leg;
         return validation::BadDirection.arg(row);
     }
+    const QString entrustProp = leg.value(ParamId::entrustProp).toString();
     return suitable->contains(entrustProp) ? QString() : validation::LegDirectionFault.arg(row);
 }
 
@@ -119,11 +121,6 @@ QString AlgoBatchImportParamSetting::checkAILOCK()
 QString AlgoBatchImportParamSetting::checkLeg(int row, const QVariantMap& leg,
                                               const QString& tradingAccount) const
 {
-    const QString direction = leg.value(ParamId::traderOrder).toString();
     const QString entrustProp = leg.value(ParamId::entrustProp).toString();
-    const QString directionFault = legDirectionFault(row, direction, entrustProp);
-    if (!directionFault.isEmpty()) {
-        qCDebug(lcValidation) << Q_FUNC_INFO << leg;
-    }
-    return checkEntrustProp(row, entrustProp, tradingAccount) + directionFault;
+    return checkEntrustProp(row, entrustProp, tradingAccount) + legDirectionFault(row, leg);
 }

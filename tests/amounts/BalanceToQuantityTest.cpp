@@ -149,3 +149,13 @@ TEST_F(BalanceToQuantity, RoundingAQuantityIsAnOperationOfItsOwn)
     EXPECT_EQ(300, inspect().roundQty(300, 100, 100));
     EXPECT_EQ(7, inspect().roundQty(7, 0, 1));
 }
+
+TEST_F(BalanceToQuantity, AsksForTypeAndExchangeThoughOnlyItsLogTellsThem)
+{
+    openWithQuotes();
+    host->journal().clear();
+    buy("600000.SH"_s, 100000.0);
+    EXPECT_EQ(1,
+              host->journal().callsOf("SolveyBusinessDataInterface::GetASecurityExchangeBySymbol"_s).size());
+    EXPECT_EQ(1, host->journal().callsOf("CBusinessDataBase::GetSecurityTypeBySymbol"_s).size());
+}

@@ -8,6 +8,7 @@
 
 using amounts::atLeastMinimum;
 using amounts::guardedDivisor;
+using amounts::quotient;
 using amounts::roundedToLot;
 
 TEST(LotRounding, RoundsDownToTheStep)
@@ -29,6 +30,15 @@ TEST(LotRounding, TakesTheRemainderByItsSign)
     EXPECT_EQ(-200, roundedToLot(-250, 100, -300));
     EXPECT_EQ(200, roundedToLot(250, -100, 100));
     EXPECT_EQ(5, roundedToLot(5, -1, 0));
+}
+
+TEST(LotRounding, DividesTowardZeroWithinThirtyTwoBits)
+{
+    constexpr qint32 least = std::numeric_limits<qint32>::min();
+    EXPECT_EQ(10, quotient(1099, 100));
+    EXPECT_EQ(-10, quotient(-1099, 100));
+    EXPECT_EQ(-1099, quotient(1099, -1));
+    EXPECT_EQ(least, quotient(least, -1)) << "no quantity must not become one";
 }
 
 TEST(LotRounding, CoversTheWholeRange)

@@ -131,6 +131,17 @@ TEST_F(HostCalls, ResolvesASecurityByItsTypedCodeAndMarket)
     EXPECT_EQ((QVariantList{"TransExchangeToMarketName"_s, "SH"_s}), names.first().arguments);
 }
 
+TEST_F(HostCalls, LooksTheMarketUpBeforeItKnowsWhetherTheSecurityExists)
+{
+    open();
+    host->journal().clear();
+    importRows(Sheet::ordinary().add({{"证券代码"_s, "999999"_s}}).rows());
+    EXPECT_EQ(1, callsOf("SolveyBusiUtils::NormalizeSecurityExchange").size());
+    EXPECT_EQ(1, callsOf("CDataBase::GetStaticCfgValue").size());
+    EXPECT_LT(lastOf("CDataBase::GetStaticCfgValue"),
+              firstOf("CBusinessDataBase::GetSecurityExchangeBySymbol"));
+}
+
 TEST_F(HostCalls, AsksForTheNodeWithNothingButTheAccount)
 {
     open();

@@ -61,6 +61,18 @@ TEST_F(RecordBuilding, AQuantityWithoutASymbolAsksTheHostForTheEmptyOne)
     EXPECT_EQ(asked.first().arguments, QVariantList{QString()});
 }
 
+TEST_F(RecordBuilding, AQuantityUnderTheSymbolsIdentifierIsItselfTakenForTheSymbol)
+{
+    inspect().paramIds()[Quantity] = Symbol;
+    security[Symbol] = "131810.SZ"_s; // display factor 100
+    host->journal().clear();
+    file(Quantity, "1000"_s);
+    const auto asked = host->journal().callsOf("SolveyBusinessDataInterface::GetDispFactorBySymbol"_s);
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_EQ(asked.first().arguments, QVariantList{"1000"_s});
+    EXPECT_EQ(security, (QVariantMap{{Symbol, "1000"_s}}));
+}
+
 TEST_F(RecordBuilding, ADisplayFactorOfZeroCountsAsOne)
 {
     tables.securities.first().dispFactor = 0; // 600000.SH

@@ -103,10 +103,12 @@ TEST(SampleTable, HasASampleForEveryStrategyUnderItsCode)
 {
     const QList<AesStrategy> strategies = shipped::tables().strategies;
     ASSERT_FALSE(strategies.isEmpty());
-    const QSet<QString> files = listed(sample_table::goodSamples());
+    QSet<QString> codes;
+    for (const QString& file : listed(sample_table::goodSamples())) {
+        codes.insert(file.section("."_s, 0, 0));
+    }
     for (const AesStrategy& strategy : strategies) {
-        EXPECT_TRUE(files.contains(strategy.name() + ".csv"_s) || files.contains(strategy.name() + ".xlsx"_s))
-            << qPrintable(strategy.name());
+        EXPECT_TRUE(codes.contains(strategy.name())) << qPrintable(strategy.name());
     }
 }
 

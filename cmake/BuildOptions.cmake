@@ -23,6 +23,9 @@ if(ALGO_CCACHE)
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+  add_compile_options(-Wno-gnu-zero-variadic-macro-arguments) # qCDebug(category) << …
+endif()
 if(ALGO_WARNINGS_AS_ERRORS)
   add_compile_options(-Werror)
 endif()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/SolveyConstants.h"
+
 #include <QString>
 
 /// Columns of the parameter table that are the dialog's own: the host defines no constant for them. (Those
@@ -26,5 +28,4 @@ inline const QString SealingAmountInTenThousands = QStringLiteral("封单金额1
 
 } // namespace instance_keys
 
-/// Section of the static configuration that gives an exchange code its shown name.
-inline const QString MarketNameSection = QStringLiteral("TransExchangeToMarketName");
+using SolveyConstants::MarketNameSection;

@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QFileDialog>
 #include <QScreen>
 #include <QWidget>
 
@@ -65,11 +64,7 @@ QString SolveyUtils::GetOpenTableFileName(QWidget* parent, const QString& title,
                                           const ExportFileFormat& format)
 {
     record("SolveyUtils::GetOpenTableFileName", nameOf(parent), title, directory, format);
-    const QString filter = nameFilter(format);
-    if (UserPrompts* prompts = EmbeddedHost::current().prompts()) {
-        return prompts->chooseOpenFile(parent, title, directory, filter);
-    }
-    return QFileDialog::getOpenFileName(parent, title, directory, filter);
+    return EmbeddedHost::current().prompts()->chooseOpenFile(parent, title, directory, nameFilter(format));
 }
 
 QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg cfg, QString& error)

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Fields of a quote snapshot; the dialog itself reads the first two, and the last price through
-/// CommonQuotaHandler::getLastPriceFromTick.
+/// Fields of a quote snapshot. The dialog itself reads the first two; the others are for
+/// CommonQuotaHandler::getLastPriceFromTick and whoever shows quotes.
 namespace QuotaFields {
 inline const QString MaxPx = QStringLiteral("MaxPx");           ///< upper price limit of the day
 inline const QString PreClosePx = QStringLiteral("PreClosePx"); ///< previous close

@@ -12,16 +12,6 @@ using services::record;
 
 namespace {
 
-/// How a widget stands in the journal.
-QString nameOf(const QWidget* widget)
-{
-    if (!widget) {
-        return QString();
-    }
-    return widget->objectName().isEmpty() ? QString::fromLatin1(widget->metaObject()->className())
-                                          : widget->objectName();
-}
-
 QString nameFilter(ExportFileFormat format)
 {
     switch (format) {
@@ -63,13 +53,14 @@ QPoint centredPos(const QWidget* popUp)
 QString SolveyUtils::GetOpenTableFileName(QWidget* parent, const QString& title, const QString& directory,
                                           const ExportFileFormat& format)
 {
-    record("SolveyUtils::GetOpenTableFileName", nameOf(parent), title, directory, format);
+    record("SolveyUtils::GetOpenTableFileName", parent, title, directory, format);
     return EmbeddedHost::current().prompts()->chooseOpenFile(parent, title, directory, nameFilter(format));
 }
 
 QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg cfg, QString& error)
 {
     record("SolveyUtils::ReadTableData", path, cfg);
+    // Whatever `cfg` says: this host reads one sheet.
     table_reader::Table table = table_reader::readTable(path);
     error = table.error;
     return table.rows;
@@ -77,7 +68,7 @@ QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg 
 
 QPoint SolveyUtils::GetWidgetPos(QWidget* widget, WidgetShowPosType type)
 {
-    record("SolveyUtils::GetWidgetPos", nameOf(widget), type);
+    record("SolveyUtils::GetWidgetPos", widget, type);
     switch (type) {
     case WidgetShowPosType::CursorPos:
         return QCursor::pos();

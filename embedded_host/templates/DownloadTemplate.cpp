@@ -80,8 +80,7 @@ QString askForPath(QWidget* parent, const QStringList& names, const QList<AesStr
 
 bool SolveyUtils::DownloadTemplateFile(const QString& fileType, QWidget* parent, const QStringList& names)
 {
-    services::record("SolveyUtils::DownloadTemplateFile", fileType, parent ? parent->objectName() : QString(),
-                     names);
+    services::record("SolveyUtils::DownloadTemplateFile", fileType, parent, names);
     const QList<AesStrategy> strategies = strategiesNamed(names);
     if (fileType != SolveyConstants::TemplateFileType::AlgoBatchSingle || strategies.isEmpty()) {
         return refuse(parent, template_texts::NoStrategy.arg(names.join(template_texts::NameSeparator)));

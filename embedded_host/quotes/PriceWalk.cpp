@@ -16,14 +16,19 @@ double ticksPerUnit(int precision)
     return std::pow(10.0, precision);
 }
 
+bool isWhole(double number)
+{
+    return std::fabs(number - std::round(number)) < 1e-6;
+}
+
 } // namespace
 
 PriceWalk::PriceWalk(const QMap<QString, QVariant>& fields, int precision) : mPrecision(precision)
 {
     const double start = fields.value(QuotaFields::LastPx).toDouble();
     const double scale = ticksPerUnit(precision);
-    if (!(start > 0 && start * scale < MostTicks)) {
-        return;
+    if (!(start > 0 && start * scale < MostTicks) || !isWhole(start * scale)) {
+        return; // a price between two ticks could only jump
     }
     const qint64 room = std::max(LeastRoom, qRound64(start * scale * WidestMove));
     mStart = mLast = qRound64(start * scale);

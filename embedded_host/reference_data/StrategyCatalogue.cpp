@@ -11,6 +11,12 @@
 
 namespace {
 
+/// The same bytes, where lines end with carriage returns alone with line feeds instead.
+QByteArray withLineFeeds(QByteArray json)
+{
+    return json.contains('\n') ? json : json.replace('\r', '\n');
+}
+
 int lineAt(const QByteArray& json, int offset)
 {
     return 1 + json.left(offset).count('\n');
@@ -134,7 +140,7 @@ bool readStrategyCatalogue(const QByteArray& json, const QString& path, QList<Ae
     QJsonParseError syntax;
     const QJsonDocument document = QJsonDocument::fromJson(json, &syntax);
     if (syntax.error != QJsonParseError::NoError) {
-        error = reference_faults::at(path, lineAt(json, syntax.offset),
+        error = reference_faults::at(path, lineAt(withLineFeeds(json), syntax.offset),
                                      reference_faults::jsonSyntax(syntax.errorString()));
         return false;
     }
@@ -142,7 +148,7 @@ bool readStrategyCatalogue(const QByteArray& json, const QString& path, QList<Ae
         error = reference_faults::at(path, 1, reference_faults::notArray());
         return false;
     }
-    const QVector<int> lines = elementLines(json);
+    const QVector<int> lines = elementLines(withLineFeeds(json));
     int position = 0;
     const QString fault = readEntries(document.array(), lines, strategies, position);
     if (!fault.isEmpty()) {

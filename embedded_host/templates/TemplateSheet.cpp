@@ -2,8 +2,7 @@
 
 #include "embedded_host/templates/TemplateTexts.h"
 #include "host/AlgoConstants.h"
-#include "host/NorvikConstants.h"
-#include "host/SolveyConstants.h"
+#include "host/ImportTable.h"
 
 #include <QDate>
 #include <QHash>
@@ -21,21 +20,8 @@ namespace template_files {
 
 namespace {
 
-const QString SecurityName = QStringLiteral("证券名称");
-const QString CreateAndStart = QStringLiteral("创建后是否立即启动");
-const QString SealingAmount = QStringLiteral("封单金额");
 const QChar LegSeparator = QLatin1Char('/');
 const QString OneContract = QStringLiteral("1");
-
-/// Carry two legs in one row.
-const QStringList LockStrategies = {QStringLiteral("AILOCK"), QStringLiteral("AILOCKPLUS"),
-                                    QStringLiteral("AILOCK3")};
-/// Always start on creation: their files have no column for it.
-const QStringList StartsAtOnce = {QStringLiteral("KF_TWAPPLUS"), QStringLiteral("KF_VWAPPLUS")};
-/// Must have a value wherever they are a column.
-const QStringList AlwaysRequired = {ParamId::traderOrder, ParamId::entrustProp,  CreateAndStart,
-                                    SealingAmount,        Info::Quantity_Amount, ParamId::SellBalance,
-                                    ParamId::InvestType};
 
 /// Texts in UTF-8.
 struct Convention {
@@ -66,7 +52,7 @@ const QHash<QString, Convention>& conventions()
         {Info::PriceLimits, price},
         {QStringLiteral("限价"), price},
         {Info::Quantity_Amount, money},
-        {SealingAmount, money},
+        {columns::SealingAmount, money},
         {ParamId::SellBalance, money},
         {Info::minAmout, money},
         {Info::participationrate, percent},
@@ -89,19 +75,6 @@ const QHash<QString, Convention>& conventions()
 using Choice = QPair<QString, QString>;
 
 /// Directions are typed as the market numbers them, not as the strategy sends them.
-QString typedDirection(const QString& display)
-{
-    static const QHash<QString, QString> typed = {
-        {QStringLiteral("买入"), Norvik_Values::OrderSide::buy},
-        {QStringLiteral("卖出"), Norvik_Values::OrderSide::sell},
-        {Algo_Values::FutureSide::BuyOpenChi, Solvey_Values::SideUnion::openBuy},
-        {Algo_Values::FutureSide::SellOpenChi, Solvey_Values::SideUnion::openSell},
-        {Algo_Values::FutureSide::BuyCloseChi, Solvey_Values::SideUnion::closeBuy},
-        {Algo_Values::FutureSide::SellCloseChi, Solvey_Values::SideUnion::closeSell},
-    };
-    return typed.value(display);
-}
-
 QList<Choice> choicesOf(const QVariantMap& entry)
 {
     const bool direction = entry.value(Field::paramName).toString() == ParamId::traderOrder;
@@ -110,7 +83,7 @@ QList<Choice> choicesOf(const QVariantMap& entry)
     for (const QVariant& option : options) {
         const QString display = option.toMap().value(Field::display).toString();
         const QString value = option.toMap().value(Field::value).toString();
-        const QString typed = direction ? typedDirection(display) : value;
+        const QString typed = direction ? TypedDirections.key(display) : value;
         if (!typed.isEmpty()) {
             choices.append({typed, display});
         }
@@ -186,7 +159,7 @@ public:
     {
         mColumn.title = mEntry.value(Field::paramName).toString();
         mColumn.required =
-            ofTable || AlwaysRequired.contains(mColumn.title) ||
+            ofTable || CompulsoryColumns.contains(mColumn.title) ||
             mEntry.value(Field::required, QStringLiteral("false")).toString() != QLatin1String("false");
     }
 
@@ -293,7 +266,7 @@ QList<TemplateColumn> documentColumns(const AesStrategy& strategy)
 {
     const QVariantList document =
         QJsonDocument::fromJson(strategy.paramFormats().toUtf8()).toVariant().toList();
-    const Kind kind{LockStrategies.contains(strategy.name()), tradesFutures(document)};
+    const Kind kind{AilockStrategyList.contains(strategy.name()), tradesFutures(document)};
     QList<TemplateColumn> columns;
     const auto add = [&](const QVariantMap& entry, bool ofTable) {
         if (!entry.isEmpty() && isVisible(entry)) {
@@ -338,7 +311,7 @@ TemplateColumn marketColumn(const QList<Market>& markets)
 
 TemplateColumn startColumn()
 {
-    return choiceColumn(CreateAndStart,
+    return choiceColumn(columns::CreateAndStart,
                         {{Algo_Values::AlgoInstruction::Create, template_texts::CreateOnly},
                          {Algo_Values::AlgoInstruction::StartOnCreate, template_texts::StartOnCreate}});
 }
@@ -346,7 +319,7 @@ TemplateColumn startColumn()
 TemplateColumn nameColumn()
 {
     TemplateColumn column;
-    column.title = SecurityName;
+    column.title = columns::SecurityName;
     column.note = template_texts::NameNote;
     return column;
 }
@@ -416,7 +389,7 @@ TemplateSheet describeTemplate(const AesStrategy& strategy, const QList<Market>&
         return sheet;
     }
     removeFundAccount(sheet.columns);
-    if (!StartsAtOnce.contains(strategy.name())) {
+    if (!StartOnCreateStrategyList.contains(strategy.name())) {
         sheet.columns.append(startColumn());
     }
     sheet.columns.insert(std::min(1, sheet.columns.size()), nameColumn());

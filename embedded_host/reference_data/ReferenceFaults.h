@@ -43,6 +43,11 @@ inline QString missingColumn(const QString& column, const QString& misspelt)
     return misspelt.isEmpty() ? missing : missing + QStringLiteral("，疑似误写为“%1”").arg(misspelt);
 }
 
+inline QString misspeltKey(const QString& key, const QString& misspelt)
+{
+    return QStringLiteral("缺少 %1，疑似误写为“%2”").arg(key, misspelt);
+}
+
 inline QString duplicateColumn(const QString& column)
 {
     return QStringLiteral("表头中 %1 列重复").arg(column);

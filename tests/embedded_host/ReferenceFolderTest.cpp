@@ -288,6 +288,9 @@ const Fault Faults[] = {
     {"CatalogueNameIsANumber", u"strategies.json", "[{\"name\": 1}]", u"1: name 应为字符串"},
     {"CatalogueNameTwice", u"strategies.json",
      "[\n{\"name\": \"A\"},\n{\"name\": \"B\"},\n{\"name\": \"A\"}]", u"4: name 重复：A，首次出现在第 2 行"},
+    {"CatalogueKeyMisspelt", u"strategies.json",
+     "[{\"name\": \"A\",\n\"remark\": \"x\", \"paramFormat\": []}]",
+     u"1: 缺少 paramFormats，疑似误写为“paramFormat”"},
     {"CatalogueFormatsAreANumber", u"strategies.json", "[\n{\"name\": \"A\",\n\"paramFormats\": 1}]",
      u"2: paramFormats 应为数组、对象或字符串"},
 };

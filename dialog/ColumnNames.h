@@ -1,17 +1,17 @@
 #pragma once
 
+#include "host/ImportTable.h"
+#include "host/SolveyConstants.h"
+
 #include <QString>
 
 /// Columns of the parameter table that are the dialog's own: the host defines no constant for them. (Those
-/// that it does define stand in host/AlgoConstants.h.)
+/// that it does define stand in host/AlgoConstants.h and host/ImportTable.h.)
 namespace columns {
 
-inline const QString SecurityName = QStringLiteral("证券名称");
-inline const QString CreateAndStart = QStringLiteral("创建后是否立即启动");
 inline const QString Style = QStringLiteral("风格参数");
 inline const QString Code = QStringLiteral("代码");
 inline const QString Limit = QStringLiteral("限价");
-inline const QString SealingAmount = QStringLiteral("封单金额");
 inline const QString OrderDirection = QStringLiteral("委托方向");
 
 } // namespace columns
@@ -26,5 +26,4 @@ inline const QString SealingAmountInTenThousands = QStringLiteral("封单金额1
 
 } // namespace instance_keys
 
-/// Section of the static configuration that gives an exchange code its shown name.
-inline const QString MarketNameSection = QStringLiteral("TransExchangeToMarketName");
+using SolveyConstants::MarketNameSection;

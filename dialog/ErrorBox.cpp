@@ -10,8 +10,6 @@ namespace error_box {
 namespace {
 
 const QString Title = QStringLiteral("错误");
-constexpr int ErrorType = 1;
-constexpr int QuestionType = 3;
 constexpr int LineHeight = 20;
 constexpr int MaxHeight = 350;
 
@@ -32,7 +30,7 @@ void widenMessage(ZelMessageBox& box, int pixels)
 
 void show(const QString& text, const Growth& growth)
 {
-    ZelMessageBox box(Title, text, ErrorType, nullptr, 0);
+    ZelMessageBox box(Title, text, ZelMessageBox::Error, nullptr, 0);
     const int lineFeeds = text.count(QLatin1Char('\n'));
     const int height = box.height();
     widenMessage(box, growth.messageWidth);
@@ -43,14 +41,14 @@ void show(const QString& text, const Growth& growth)
 
 void showAsIs(const QString& text)
 {
-    ZelMessageBox box(Title, text, ErrorType, nullptr, 0);
+    ZelMessageBox box(Title, text, ZelMessageBox::Error, nullptr, 0);
     place(box);
     box.exec();
 }
 
 bool ask(const QString& question, QWidget* parent)
 {
-    ZelMessageBox box(Title, question, QuestionType, parent, 1);
+    ZelMessageBox box(Title, question, ZelMessageBox::Question, parent, 1);
     return box.exec() == QDialog::Accepted;
 }
 

@@ -4,8 +4,7 @@
 #include "dialog/ColumnNames.h"
 #include "dialog/HeadAliases.h"
 #include "host/AlgoConstants.h"
-#include "host/NorvikConstants.h"
-#include "host/SolveyConstants.h"
+#include "host/ImportTable.h"
 
 namespace {
 
@@ -13,16 +12,6 @@ QMap<QString, QString> styleValues()
 {
     return {{QStringLiteral("neutral"), QStringLiteral("平稳")},
             {QStringLiteral("aggressive"), QStringLiteral("激进")}};
-}
-
-QMap<QString, QString> directionValues()
-{
-    namespace Side = Norvik_Values::OrderSide;
-    namespace FuturesSide = Solvey_Values::SideUnion;
-    namespace Shown = Algo_Values::FutureSide;
-    return {{Side::buy, QStringLiteral("买入")},         {Side::sell, QStringLiteral("卖出")},
-            {FuturesSide::openBuy, Shown::BuyOpenChi},   {FuturesSide::openSell, Shown::SellOpenChi},
-            {FuturesSide::closeBuy, Shown::BuyCloseChi}, {FuturesSide::closeSell, Shown::SellCloseChi}};
 }
 
 QStringList wholeNumberColumns()
@@ -39,7 +28,7 @@ QStringList wholeNumberColumns()
 void AlgoBatchImportParamSetting::fillFixedTables()
 {
     mColValueNameMap = {{columns::Style, styleValues()},
-                        {Algo_Values::AlgoParamId::traderOrder, directionValues()}};
+                        {Algo_Values::AlgoParamId::traderOrder, TypedDirections}};
     mHeadAliasMap = headAliases();
     mNumericColNameLst = wholeNumberColumns();
 }

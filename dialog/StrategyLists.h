@@ -1,13 +1,12 @@
 #pragma once
 
+#include "host/ImportTable.h"
+
 #include <QString>
 #include <QStringList>
 
-/// Strategies that rules name by their codes (compared case-sensitively).
-
-/// Trade one security on two legs at once; their cells may hold two values separated by "/".
-inline const QStringList AilockStrategyList = {QStringLiteral("AILOCK"), QStringLiteral("AILOCKPLUS"),
-                                               QStringLiteral("AILOCK3")};
+/// Strategies that rules name by their codes (compared case-sensitively). Those that the host's templates
+/// know too stand in host/ImportTable.h.
 
 /// Trade two securities against each other; each leg carries its own direction.
 inline const QStringList AipairStrategyList = {QStringLiteral("AIPAIR"), QStringLiteral("AIPAIRBASIC"),
@@ -26,10 +25,6 @@ inline const QStringList PriceLimitStrategyList = {
     QStringLiteral("PursueHighLimit"), QStringLiteral("PursueHighLimitB"),
     QStringLiteral("DoubleConditionOrder"), QStringLiteral("PursueHighLimitPLUS"),
     QStringLiteral("DoubleConditionOrderPLUS")};
-
-/// Always start on creation: their files have no column for it.
-inline const QStringList StartOnCreateStrategyList = {QStringLiteral("KF_TWAPPLUS"),
-                                                      QStringLiteral("KF_VWAPPLUS")};
 
 /// Choose their style from a vocabulary of their own.
 inline const QStringList QndStrategyList = {QStringLiteral("QND_TWAP"), QStringLiteral("QND_VWAP")};

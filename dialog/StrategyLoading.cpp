@@ -115,9 +115,7 @@ QStringList AlgoBatchImportParamSetting::completeTableHead(QStringList columnNam
     mInsParamLst.append(columns::CreateAndStart);
     mColParamIdMap[columns::CreateAndStart] = columns::CreateAndStart;
 
-    mExtraColNameLst << Algo_Values::AlgoParamId::traderOrder << Algo_Values::AlgoParamId::entrustProp
-                     << columns::CreateAndStart << columns::SealingAmount << Info::Quantity_Amount
-                     << Algo_Values::AlgoParamId::SellBalance << Algo_Values::AlgoParamId::InvestType;
+    mExtraColNameLst << CompulsoryColumns;
     return columnNames;
 }
 

@@ -11,7 +11,6 @@
 
 namespace {
 
-const QString AllTemplates = QStringLiteral("全部");
 const QPoint UnderTheButton(0, 24);
 
 void download(QWidget* parent, const QString& name)
@@ -25,7 +24,7 @@ void AlgoBatchImportParamSetting::slotBtnExportClicked()
 {
     QMenu menu;
     QAction all(QStringLiteral("全部算法模板"), this);
-    connect(&all, &QAction::triggered, this, [this] { download(this, AllTemplates); });
+    connect(&all, &QAction::triggered, this, [this] { download(this, SolveyConstants::AllTemplates); });
     menu.addAction(&all);
 
     QAction current(QStringLiteral("当前算法模板"), this);

@@ -2,7 +2,7 @@
 
 #include "embedded_host/HostJournal.h"
 #include "embedded_host/reference_data/ReferenceData.h"
-#include "embedded_host/UserPrompts.h"
+#include "embedded_host/ScreenPrompts.h"
 
 #include <QString>
 
@@ -47,8 +47,9 @@ public:
     SkinService& skins() { return *mSkins; }
     HostJournal& journal() { return mJournal; }
 
-    /// Who answers questions; not owned. Null (at first): real dialogs on the screen.
-    void setPrompts(UserPrompts* prompts) { mPrompts = prompts; }
+    /// Who answers questions; not owned. Null (and at first): dialogs on the screen.
+    void setPrompts(UserPrompts* prompts) { mPrompts = prompts ? prompts : &mScreen; }
+    /// Never null.
     UserPrompts* prompts() const { return mPrompts; }
 
 private:
@@ -59,5 +60,6 @@ private:
     std::unique_ptr<SettingsStore> mSettings;
     std::unique_ptr<SkinService> mSkins;
     HostJournal mJournal;
-    UserPrompts* mPrompts = nullptr;
+    ScreenPrompts mScreen;
+    UserPrompts* mPrompts = &mScreen;
 };

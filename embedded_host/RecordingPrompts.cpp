@@ -2,10 +2,6 @@
 
 #include "host/ZelMessageBox.h"
 
-namespace {
-constexpr int QuestionType = 3;
-} // namespace
-
 QString RecordingPrompts::chooseOpenFile(QWidget*, const QString&, const QString&, const QString&)
 {
     return mFileToOpen;
@@ -24,6 +20,6 @@ int RecordingPrompts::answerMessageBox(ZelMessageBox& box)
     if (mWhileOpen) {
         mWhileOpen(box);
     }
-    const bool accepted = box.type() != QuestionType || mAnswerYes;
+    const bool accepted = box.type() != ZelMessageBox::Question || mAnswerYes;
     return accepted ? QDialog::Accepted : QDialog::Rejected;
 }

@@ -8,6 +8,8 @@ struct tagUserAccountInfo {
     QString name;           ///< shown name
     /// Solvey_Values::FundAccountType::Cash or Credit, or another text such as Futures.
     QString fundAccountType;
-    QString assetProp; ///< asset property; a default of the import depends on it
+    /// Asset property, usually the fund account type. Under Credit an empty 单笔最小委托金额 is imported as
+    /// 10000.
+    QString assetProp;
     QString sysNodeId; ///< system node that runs the account's instances
 };

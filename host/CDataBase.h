@@ -10,7 +10,7 @@ public:
     /// Never null, never owned by the caller.
     static CDataBase* GetInstance();
 
-    /// Section "TransExchangeToMarketName" with an exchange code as key gives the market's shown name.
+    /// SolveyConstants::MarketNameSection with an exchange code as key gives the market's shown name.
     /// An unknown section or key gives the empty text.
     QString GetStaticCfgValue(const QString& section, const QString& key);
 };

@@ -48,4 +48,10 @@ namespace TemplateFileType {
 inline const QString AlgoBatchSingle = QStringLiteral("AlgoBatchSingle");
 } // namespace TemplateFileType
 
+/// Stands for every strategy where SolveyUtils::DownloadTemplateFile wants names.
+inline const QString AllTemplates = QStringLiteral("全部");
+
+/// Section of CDataBase::GetStaticCfgValue that gives an exchange code its shown name.
+inline const QString MarketNameSection = QStringLiteral("TransExchangeToMarketName");
+
 } // namespace SolveyConstants

@@ -23,7 +23,8 @@ public:
     explicit ZelTableView(QWidget* parent = nullptr);
     ~ZelTableView() override;
 
-    /// One map per column; its name stands under Head_DisplayRole.
+    /// One map per column; its name stands under Head_DisplayRole. Records are dropped: they belonged to the
+    /// columns before.
     void setHeadList(const QList<QMap<QString, QVariant>>& headList);
     /// Column names in column order.
     QStringList headNames() const;
@@ -33,7 +34,8 @@ public:
     RecordDataList getViewData() const;
     /// Removes the records; the columns stay.
     void clear();
-    /// Selects a record by its position in getViewData() and scrolls to it; one that is not there changes nothing.
+    /// Selects a record by its position in getViewData() and scrolls to it; one that is not there changes
+    /// nothing.
     void selectRecord(int position);
     /// Shown in the middle while there are no records.
     void setEmptyText(const QString& text);

@@ -39,6 +39,6 @@ bool BatchCreator::askUser(const ledger::Review& review, ledger::Consent& consen
 
 void BatchCreator::tell(const QString& error) const
 {
-    ZelMessageBox box(QStringLiteral("未创建"), error, 1, mParent);
+    ZelMessageBox box(QStringLiteral("未创建"), error, ZelMessageBox::Error, mParent);
     box.showModally();
 }

@@ -141,7 +141,7 @@ void BatchesPage::undo()
     if (report.ok()) {
         tellUndone(report.value);
     } else {
-        ZelMessageBox(QStringLiteral("未撤销"), report.error, 1, this).showModally();
+        ZelMessageBox(QStringLiteral("未撤销"), report.error, ZelMessageBox::Error, this).showModally();
     }
     reload();
     emit changed();
@@ -151,7 +151,8 @@ bool BatchesPage::isUndoWanted(qint64 batch)
 {
     const QString question =
         QStringLiteral("撤销批次 %1？未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。").arg(batch);
-    return ZelMessageBox(QStringLiteral("撤销批次"), question, 3, this).showModally() == 1;
+    ZelMessageBox box(QStringLiteral("撤销批次"), question, ZelMessageBox::Question, this);
+    return box.showModally() == QDialog::Accepted;
 }
 
 void BatchesPage::tellUndone(const ledger::UndoReport& report)
@@ -166,6 +167,6 @@ void BatchesPage::tellUndone(const ledger::UndoReport& report)
         const QString text =
             summary + QStringLiteral("\n\n") +
             undoneLines(QStringLiteral("以下 %1 个实例已完成，其成交不能撤销："), report.notReversed);
-        ZelMessageBox(QStringLiteral("撤销批次"), text, 1, this).showModally();
+        ZelMessageBox(QStringLiteral("撤销批次"), text, ZelMessageBox::Error, this).showModally();
     }
 }

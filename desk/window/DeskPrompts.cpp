@@ -3,7 +3,6 @@
 #include "host/ZelMessageBox.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 
 QString DeskPrompts::chooseOpenFile(QWidget* parent, const QString& title, const QString& directory,
@@ -12,7 +11,7 @@ QString DeskPrompts::chooseOpenFile(QWidget* parent, const QString& title, const
     QString path;
     path.swap(mDroppedFile);
     if (path.isEmpty()) {
-        path = QFileDialog::getOpenFileName(parent, title, startFolder(directory), filter);
+        path = ScreenPrompts::chooseOpenFile(parent, title, startFolder(directory), filter);
     }
     if (!path.isEmpty()) {
         mLastFolder = QFileInfo(path).absolutePath();
@@ -25,7 +24,7 @@ QString DeskPrompts::chooseSaveFile(QWidget* parent, const QString& title, const
                                     const QString& filter)
 {
     const QString suggested = QDir(startFolder(QString())).filePath(suggestedName);
-    const QString path = QFileDialog::getSaveFileName(parent, title, suggested, filter);
+    const QString path = ScreenPrompts::chooseSaveFile(parent, title, suggested, filter);
     if (!path.isEmpty()) {
         mLastFolder = QFileInfo(path).absolutePath();
     }

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "embedded_host/UserPrompts.h"
+#include "embedded_host/ScreenPrompts.h"
 
 #include <QObject>
 #include <QString>
 
-/// The host's questions at the desk: real dialogs, with the desk looking over the user's shoulder. A file
-/// that was dropped on the window answers the next question for a file.
-class DeskPrompts : public QObject, public UserPrompts {
+/// The host's questions at the desk: dialogs on the screen, with the desk looking over the user's shoulder. A
+/// file that was dropped on the window answers the next question for a file.
+class DeskPrompts : public QObject, public ScreenPrompts {
     Q_OBJECT
 
 public:

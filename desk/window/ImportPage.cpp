@@ -13,6 +13,7 @@
 #include "host/AlgoConstants.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
+#include "host/ZelMessageBox.h"
 #include "host/ZelTableView.h"
 
 #include <QAbstractButton>
@@ -32,7 +33,6 @@ enum LowerTab { ProblemsTab, FileCheckTab, DiffTab, HandedOverTab };
 
 const QList<int> FirstSizes{520, 230};
 constexpr int WidestAccountBox = 240; // pixels; name and number together are longer than the form allows for
-constexpr int ErrorBox = 1;           // message box type
 
 const QString AccountBox = QStringLiteral("combx_account");
 const QString StrategyBox = QStringLiteral("cbx_algoType");
@@ -200,7 +200,7 @@ void ImportPage::checkFile()
 void ImportPage::takeMessage(const QString& text, int type)
 {
     QApplication::restoreOverrideCursor();
-    if (type == ErrorBox) {
+    if (type == ZelMessageBox::Error) {
         mProblems->add(text);
         mLower->setCurrentIndex(ProblemsTab);
     }

@@ -3,8 +3,8 @@
 #include "desk/window/FilteredTable.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/quotes/QuoteBoard.h"
-#include "embedded_host/reference_data/QuoteFields.h"
 #include "embedded_host/skin/SkinService.h"
+#include "host/QuotaFields.h"
 
 #include <QColor>
 #include <QVBoxLayout>
@@ -80,10 +80,10 @@ QStringList QuotesPage::rowOf(const QString& symbol) const
     row[Symbol] = symbol;
     row[Name] = security ? security->name : QString();
     const int decimals = decimalsOf(symbol);
-    row[Last] = priceText(quote, QuoteFields::LastPx, decimals);
-    row[PreClose] = priceText(quote, QuoteFields::PreClosePx, decimals);
-    row[Max] = priceText(quote, QuoteFields::MaxPx, decimals);
-    row[Min] = priceText(quote, QuoteFields::MinPx, decimals);
+    row[Last] = priceText(quote, QuotaFields::LastPx, decimals);
+    row[PreClose] = priceText(quote, QuotaFields::PreClosePx, decimals);
+    row[Max] = priceText(quote, QuotaFields::MaxPx, decimals);
+    row[Min] = priceText(quote, QuotaFields::MinPx, decimals);
     const double last = row[Last].toDouble();
     const double before = row[PreClose].toDouble();
     if (last > 0 && before > 0) {

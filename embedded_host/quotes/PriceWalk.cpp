@@ -1,6 +1,6 @@
 #include "embedded_host/quotes/PriceWalk.h"
 
-#include "embedded_host/reference_data/QuoteFields.h"
+#include "host/QuotaFields.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,21 +16,26 @@ double ticksPerUnit(int precision)
     return std::pow(10.0, precision);
 }
 
+bool isWhole(double number)
+{
+    return std::fabs(number - std::round(number)) < 1e-6;
+}
+
 } // namespace
 
 PriceWalk::PriceWalk(const QMap<QString, QVariant>& fields, int precision) : mPrecision(precision)
 {
-    const double start = fields.value(QuoteFields::LastPx).toDouble();
+    const double start = fields.value(QuotaFields::LastPx).toDouble();
     const double scale = ticksPerUnit(precision);
-    if (!(start > 0 && start * scale < MostTicks)) {
-        return;
+    if (!(start > 0 && start * scale < MostTicks) || !isWhole(start * scale)) {
+        return; // a price between two ticks could only jump
     }
     const qint64 room = std::max(LeastRoom, qRound64(start * scale * WidestMove));
     mStart = mLast = qRound64(start * scale);
     mLowest = std::max<qint64>(1, mStart - room);
     mHighest = mStart + room;
-    const double lowerLimit = fields.value(QuoteFields::MinPx).toDouble();
-    const double upperLimit = fields.value(QuoteFields::MaxPx).toDouble();
+    const double lowerLimit = fields.value(QuotaFields::MinPx).toDouble();
+    const double upperLimit = fields.value(QuotaFields::MaxPx).toDouble();
     if (lowerLimit > 0 && lowerLimit * scale < MostTicks) {
         mLowest = std::max(mLowest, qRound64(std::ceil(lowerLimit * scale - 1e-6)));
     }

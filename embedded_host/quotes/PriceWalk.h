@@ -17,7 +17,8 @@ public:
     /// `fields` as in a snapshot; a price tick is 10 to the power of -`precision`.
     PriceWalk(const QMap<QString, QVariant>& fields, int precision);
 
-    /// False where there is no last price to start from, or no room between the limits.
+    /// False where there is no last price to start from, where it is no whole number of ticks, or where there
+    /// is no room between the limits.
     bool canMove() const { return mLowest < mHighest; }
     /// The next price as a text with `precision` decimals.
     QString next(std::mt19937& random);

@@ -1,6 +1,6 @@
 #include "embedded_host/quotes/QuoteBoard.h"
 
-#include "embedded_host/reference_data/QuoteFields.h"
+#include "host/QuotaFields.h"
 
 #include <algorithm>
 
@@ -122,7 +122,7 @@ QStringList QuoteBoard::moveAll()
     for (const QString& symbol : qAsConst(mSubscribed)) {
         const auto walk = mWalks.find(symbol);
         if (walk != mWalks.end()) {
-            mSnapshots[symbol].insert(QuoteFields::LastPx, walk->next(mRandom));
+            mSnapshots[symbol].insert(QuotaFields::LastPx, walk->next(mRandom));
             moved.append(symbol);
         }
     }

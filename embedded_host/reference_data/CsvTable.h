@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded_host/reference_data/CsvRecords.h"
+#include "embedded_host/reference_data/Misspelling.h"
 #include "embedded_host/reference_data/ReferenceColumns.h"
 #include "embedded_host/reference_data/ReferenceFaults.h"
 
@@ -38,14 +39,17 @@ private:
         return false;
     }
 
-    /// Finds where each column stands; columns that the table does not know are ignored.
+    /// Finds where each column stands; columns that the table does not know are ignored. An ordinary column
+    /// may be absent, but not under a slip of the pen: its default in every row would be wrong in silence.
     bool takeHeader(const CsvRecord& header)
     {
         mWidth = header.cells.size();
+        const QStringList unknown = unknownAmong(header.cells);
         for (const auto& column : mTable.columns) {
             const int place = header.cells.indexOf(column.name);
-            if (place < 0 && column.kind == ReferenceColumn<Row>::Key) {
-                return fail(header, reference_faults::missingColumn(column.name));
+            const QString misspelt = place < 0 ? misspellingOf(column.name, unknown) : QString();
+            if (place < 0 && (column.kind == ReferenceColumn<Row>::Key || !misspelt.isEmpty())) {
+                return fail(header, reference_faults::missingColumn(column.name, misspelt));
             }
             if (place >= 0 && header.cells.indexOf(column.name, place + 1) >= 0) {
                 return fail(header, reference_faults::duplicateColumn(column.name));
@@ -53,6 +57,14 @@ private:
             mPlaces.append(place);
         }
         return true;
+    }
+
+    QStringList unknownAmong(QStringList titles) const
+    {
+        for (const auto& column : mTable.columns) {
+            titles.removeAll(column.name);
+        }
+        return titles;
     }
 
     bool takeRow(const CsvRecord& record, QList<Row>& rows)

@@ -1,7 +1,7 @@
 #include "embedded_host/reference_data/ReferenceColumns.h"
 
-#include "embedded_host/reference_data/QuoteFields.h"
 #include "embedded_host/reference_data/ReferenceFaults.h"
+#include "host/QuotaFields.h"
 #include "host/SolveyConstants.h"
 
 #include <QtNumeric>
@@ -208,9 +208,9 @@ const ReferenceTable<Quote>& quoteTable()
     static const ReferenceTable<Quote> table{
         QStringLiteral("quotes"),
         &ReferenceTables::quotes,
-        {key("symbol", &Quote::symbol), number(QuoteFields::LastPx, &Quote::fields),
-         number(QuoteFields::MaxPx, &Quote::fields), number(QuoteFields::MinPx, &Quote::fields),
-         number(QuoteFields::PreClosePx, &Quote::fields)}};
+        {key("symbol", &Quote::symbol), number(QuotaFields::LastPx, &Quote::fields),
+         number(QuotaFields::MaxPx, &Quote::fields), number(QuotaFields::MinPx, &Quote::fields),
+         number(QuotaFields::PreClosePx, &Quote::fields)}};
     return table;
 }
 

@@ -21,18 +21,20 @@ Q_LOGGING_CATEGORY(lcReference, "algo.host.reference")
 /// Marks the file as ours in its header ("ABRD").
 constexpr int ApplicationId = 0x41425244;
 
-/// One line per file of the folder: name, size, SHA-256.
+/// One line per file that is there: name, size, SHA-256. One that cannot be read has a line too, so that it
+/// never counts as absent.
 QString fingerprintOf(const QString& folder)
 {
     QStringList lines;
     for (const QString& name : referenceFileNames()) {
         QFile file(QDir(folder).filePath(name));
-        if (!file.open(QIODevice::ReadOnly)) {
+        if (!isReferenceFileThere(file.fileName())) {
             continue;
         }
         QCryptographicHash hash(QCryptographicHash::Sha256);
-        hash.addData(&file);
-        const QString digest = QString::fromLatin1(hash.result().toHex());
+        const bool isRead = file.open(QIODevice::ReadOnly) && hash.addData(&file);
+        const QString digest =
+            isRead ? QString::fromLatin1(hash.result().toHex()) : QStringLiteral("unreadable");
         lines.append(QStringLiteral("%1 %2 %3").arg(name).arg(file.size()).arg(digest));
     }
     return lines.join(QLatin1Char('\n'));
@@ -226,7 +228,7 @@ bool store(const QString& path, const ReferenceTables& tables, const QString& fi
     return false;
 }
 
-void replaceFile(const QString& path)
+void removeDatabase(const QString& path)
 {
     for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
         QFile::remove(path + QLatin1String(ending));
@@ -250,7 +252,7 @@ std::optional<ReferenceTables> ReferenceDatabase::refresh(const QString& folder,
     }
     QDir().mkpath(QFileInfo(databasePath).absolutePath());
     if (!store(databasePath, *tables, fingerprint)) {
-        replaceFile(databasePath);
+        removeDatabase(databasePath);
         if (!store(databasePath, *tables, fingerprint)) {
             qCInfo(lcReference) << "the reference database cannot be written:" << databasePath;
         }

@@ -11,12 +11,12 @@
 /// indexed by key (and securities by post and code), for other tools to query.
 ///
 ///     QString error;
-///     std::optional<ReferenceTables> tables = ReferenceDatabase::refresh(folder, home + "/reference.sqlite",
-///     error);
+///     auto tables = ReferenceDatabase::refresh(folder, home + "/reference.sqlite", error);
 class ReferenceDatabase {
 public:
-    /// Goes up whenever tables or columns change; a database of another version is written anew.
-    static constexpr int SchemaVersion = 1;
+    /// Goes up whenever tables, columns, or what counts as a fault change; a database of another version is
+    /// written anew.
+    static constexpr int SchemaVersion = 2;
 
     /// The folder's tables: from the database where names, sizes and SHA-256 of the folder's files are those
     /// that it was made of; else from the folder, which then goes into the database in one transaction. A

@@ -36,9 +36,16 @@ inline QString noHeader()
     return QStringLiteral("缺少表头");
 }
 
-inline QString missingColumn(const QString& column)
+/// `misspelt`: the column that seems to stand for it; empty when none does.
+inline QString missingColumn(const QString& column, const QString& misspelt)
 {
-    return QStringLiteral("表头缺少 %1 列").arg(column);
+    const QString missing = QStringLiteral("表头缺少 %1 列").arg(column);
+    return misspelt.isEmpty() ? missing : missing + QStringLiteral("，疑似误写为“%1”").arg(misspelt);
+}
+
+inline QString misspeltKey(const QString& key, const QString& misspelt)
+{
+    return QStringLiteral("缺少 %1，疑似误写为“%2”").arg(key, misspelt);
 }
 
 inline QString duplicateColumn(const QString& column)

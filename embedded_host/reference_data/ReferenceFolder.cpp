@@ -4,6 +4,7 @@
 #include "embedded_host/reference_data/StrategyCatalogue.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -17,15 +18,17 @@ QString pathIn(const QString& folder, const QString& fileName)
 bool readWholeFile(const QString& path, QByteArray& bytes, QString& error)
 {
     QFile file(path);
-    if (!file.exists()) {
+    if (!QFile::exists(path)) {
         error = reference_faults::at(path, 1, reference_faults::missingFile());
         return false;
     }
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (file.open(QIODevice::ReadOnly)) {
+        bytes = file.readAll();
+    }
+    if (file.error() != QFileDevice::NoError) {
         error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
         return false;
     }
-    bytes = file.readAll();
     return true;
 }
 
@@ -40,7 +43,7 @@ template <typename Row>
 bool readTable(const QString& folder, const ReferenceTable<Row>& table, QList<Row>& rows, QString& error)
 {
     const QString path = pathIn(folder, table.fileName());
-    if (table.presence == ReferenceTable<Row>::Optional && !QFile::exists(path)) {
+    if (table.presence == ReferenceTable<Row>::Optional && !isReferenceFileThere(path)) {
         return true;
     }
     QByteArray csv;
@@ -59,6 +62,12 @@ QStringList referenceFileNames()
     return names;
 }
 
+bool isReferenceFileThere(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
 std::optional<ReferenceTables> readReferenceFolder(const QString& folder, QString& error)
 {
     ReferenceTables tables;
@@ -70,6 +79,6 @@ std::optional<ReferenceTables> readReferenceFolder(const QString& folder, QStrin
     if (!isSound) {
         return std::nullopt;
     }
-    tables.everythingAllowed = !QFile::exists(pathIn(folder, authorityTable().fileName()));
+    tables.everythingAllowed = !isReferenceFileThere(pathIn(folder, authorityTable().fileName()));
     return tables;
 }

@@ -14,3 +14,7 @@ std::optional<ReferenceTables> readReferenceFolder(const QString& folder, QStrin
 
 /// The names of the files that readReferenceFolder() reads where they are there.
 QStringList referenceFileNames();
+
+/// Whether a file counts as there. A link whose target is gone does, and is a fault then: with
+/// authorities.csv taken for absent everything would be allowed.
+bool isReferenceFileThere(const QString& path);

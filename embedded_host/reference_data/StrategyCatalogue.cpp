@@ -1,5 +1,6 @@
 #include "embedded_host/reference_data/StrategyCatalogue.h"
 
+#include "embedded_host/reference_data/Misspelling.h"
 #include "embedded_host/reference_data/ReferenceFaults.h"
 #include "host/AlgoConstants.h"
 
@@ -10,6 +11,12 @@
 #include <QVector>
 
 namespace {
+
+/// The same bytes, where lines end with carriage returns alone with line feeds instead.
+QByteArray withLineFeeds(QByteArray json)
+{
+    return json.contains('\n') ? json : json.replace('\r', '\n');
+}
 
 int lineAt(const QByteArray& json, int offset)
 {
@@ -51,7 +58,12 @@ QVector<int> elementLines(const QByteArray& json)
 /// Reads one entry; returns what is wrong with it, empty when nothing is.
 class EntryReader {
 public:
-    explicit EntryReader(const QJsonObject& entry) : mEntry(entry) {}
+    explicit EntryReader(const QJsonObject& entry) : mEntry(entry), mUnknownKeys(entry.keys())
+    {
+        for (const char* key : {"name", "alias", "globalType", "paramFormats"}) {
+            mUnknownKeys.removeAll(QLatin1String(key));
+        }
+    }
 
     QString read(AesStrategy& strategy)
     {
@@ -74,9 +86,19 @@ private:
         }
     }
 
+    /// An absent key has its default, but not where another looks like a slip for it.
+    QJsonValue valueOf(const QString& key)
+    {
+        const QString misspelt = mEntry.contains(key) ? QString() : misspellingOf(key, mUnknownKeys);
+        if (!misspelt.isEmpty()) {
+            fail(reference_faults::misspeltKey(key, misspelt));
+        }
+        return mEntry.value(key);
+    }
+
     QString text(const char* key, const QString& byDefault = QString())
     {
-        const QJsonValue value = mEntry.value(QLatin1String(key));
+        const QJsonValue value = valueOf(QLatin1String(key));
         if (!value.isString() && !value.isUndefined() && !value.isNull()) {
             fail(reference_faults::notText(QString::fromLatin1(key)));
         }
@@ -85,7 +107,7 @@ private:
 
     QString document(const char* key)
     {
-        const QJsonValue value = mEntry.value(QLatin1String(key));
+        const QJsonValue value = valueOf(QLatin1String(key));
         if (value.isArray()) {
             return QString::fromUtf8(QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact));
         }
@@ -99,6 +121,7 @@ private:
     }
 
     const QJsonObject mEntry;
+    QStringList mUnknownKeys;
     QString mFault;
 };
 
@@ -134,7 +157,7 @@ bool readStrategyCatalogue(const QByteArray& json, const QString& path, QList<Ae
     QJsonParseError syntax;
     const QJsonDocument document = QJsonDocument::fromJson(json, &syntax);
     if (syntax.error != QJsonParseError::NoError) {
-        error = reference_faults::at(path, lineAt(json, syntax.offset),
+        error = reference_faults::at(path, lineAt(withLineFeeds(json), syntax.offset),
                                      reference_faults::jsonSyntax(syntax.errorString()));
         return false;
     }
@@ -142,7 +165,7 @@ bool readStrategyCatalogue(const QByteArray& json, const QString& path, QList<Ae
         error = reference_faults::at(path, 1, reference_faults::notArray());
         return false;
     }
-    const QVector<int> lines = elementLines(json);
+    const QVector<int> lines = elementLines(withLineFeeds(json));
     int position = 0;
     const QString fault = readEntries(document.array(), lines, strategies, position);
     if (!fault.isEmpty()) {

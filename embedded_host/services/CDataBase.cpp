@@ -1,6 +1,7 @@
 #include "host/CDataBase.h"
 
 #include "embedded_host/services/Record.h"
+#include "host/SolveyConstants.h"
 
 CDataBase* CDataBase::GetInstance()
 {
@@ -11,7 +12,7 @@ CDataBase* CDataBase::GetInstance()
 QString CDataBase::GetStaticCfgValue(const QString& section, const QString& key)
 {
     services::record("CDataBase::GetStaticCfgValue", section, key);
-    if (section != QLatin1String("TransExchangeToMarketName")) {
+    if (section != SolveyConstants::MarketNameSection) {
         return QString();
     }
     const Market* market = services::referenceData().market(key);

@@ -1,8 +1,8 @@
 #include "host/CommonQuotaHandler.h"
 
 #include "embedded_host/quotes/QuoteBoard.h"
-#include "embedded_host/reference_data/QuoteFields.h"
 #include "embedded_host/services/Record.h"
+#include "host/QuotaFields.h"
 
 using services::record;
 
@@ -40,7 +40,7 @@ CommonQuotaHandler* CommonQuotaHandler::instance()
 double CommonQuotaHandler::getLastPriceFromTick(const QMap<QString, QVariant>& tick)
 {
     record("CommonQuotaHandler::getLastPriceFromTick", tick);
-    for (const QString& field : {QuoteFields::LastPx, QuoteFields::PreClosePx}) {
+    for (const QString& field : {QuotaFields::LastPx, QuotaFields::PreClosePx}) {
         const double price = tick.value(field).toDouble();
         if (price > 0) {
             return price;

@@ -4,11 +4,22 @@
 
 #include <QVariant>
 #include <QVariantList>
+#include <QWidget>
 
 #include <type_traits>
 
 /// How the service classes note a call in the current host's journal.
 namespace services {
+
+/// A widget stands in the journal by its name, or where it has none by its class.
+inline QVariant variantOf(QWidget* widget)
+{
+    if (!widget) {
+        return QString();
+    }
+    return widget->objectName().isEmpty() ? QString::fromLatin1(widget->metaObject()->className())
+                                          : widget->objectName();
+}
 
 template <typename Argument> QVariant variantOf(const Argument& argument)
 {

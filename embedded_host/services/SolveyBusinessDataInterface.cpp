@@ -52,7 +52,13 @@ QList<tagUserAccountInfo> SolveyBusinessDataInterface::GetFundAccountListByFundP
 {
     record("SolveyBusinessDataInterface::GetFundAccountListByFundProp", firstProperty, secondProperty,
            onlyTradable, excluded, sorted);
-    return referenceData().tables().accounts;
+    QList<tagUserAccountInfo> offered;
+    for (const tagUserAccountInfo& account : referenceData().tables().accounts) {
+        if (!excluded.contains(account.tradingAccount)) {
+            offered.append(account);
+        }
+    }
+    return offered;
 }
 
 QMap<QString, QVariant> SolveyBusinessDataInterface::GetSecurityDetailsBySymbol(QString symbol)

@@ -5,23 +5,12 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QFileDialog>
 #include <QScreen>
 #include <QWidget>
 
 using services::record;
 
 namespace {
-
-/// How a widget stands in the journal.
-QString nameOf(const QWidget* widget)
-{
-    if (!widget) {
-        return QString();
-    }
-    return widget->objectName().isEmpty() ? QString::fromLatin1(widget->metaObject()->className())
-                                          : widget->objectName();
-}
 
 QString nameFilter(ExportFileFormat format)
 {
@@ -64,17 +53,14 @@ QPoint centredPos(const QWidget* popUp)
 QString SolveyUtils::GetOpenTableFileName(QWidget* parent, const QString& title, const QString& directory,
                                           const ExportFileFormat& format)
 {
-    record("SolveyUtils::GetOpenTableFileName", nameOf(parent), title, directory, format);
-    const QString filter = nameFilter(format);
-    if (UserPrompts* prompts = EmbeddedHost::current().prompts()) {
-        return prompts->chooseOpenFile(parent, title, directory, filter);
-    }
-    return QFileDialog::getOpenFileName(parent, title, directory, filter);
+    record("SolveyUtils::GetOpenTableFileName", parent, title, directory, format);
+    return EmbeddedHost::current().prompts()->chooseOpenFile(parent, title, directory, nameFilter(format));
 }
 
 QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg cfg, QString& error)
 {
     record("SolveyUtils::ReadTableData", path, cfg);
+    // Whatever `cfg` says: this host reads one sheet.
     table_reader::Table table = table_reader::readTable(path);
     error = table.error;
     return table.rows;
@@ -82,7 +68,7 @@ QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg 
 
 QPoint SolveyUtils::GetWidgetPos(QWidget* widget, WidgetShowPosType type)
 {
-    record("SolveyUtils::GetWidgetPos", nameOf(widget), type);
+    record("SolveyUtils::GetWidgetPos", widget, type);
     switch (type) {
     case WidgetShowPosType::CursorPos:
         return QCursor::pos();

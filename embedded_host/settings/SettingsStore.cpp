@@ -11,6 +11,17 @@ Q_LOGGING_CATEGORY(lcSettings, "algo.host.settings")
 /// An ini file knows texts only; the types of other values stand beside them in this group.
 const QString TypesGroup = QStringLiteral("value_types/");
 
+/// Folders are dropped, so that no name leads out of the home.
+QString iniName(const QString& file)
+{
+    const QString name = QFileInfo(file).fileName();
+    const QLatin1String ending(".ini");
+    if (name.isEmpty()) {
+        return QStringLiteral("settings.ini");
+    }
+    return name.endsWith(ending) ? name : name + ending;
+}
+
 QString pathInFile(const QString& group, const QString& key)
 {
     return group.isEmpty() ? key : group + QLatin1Char('/') + key;
@@ -26,6 +37,7 @@ bool losesType(const QVariant& value)
     case QMetaType::LongLong:
     case QMetaType::ULongLong:
     case QMetaType::Double:
+    case QMetaType::QStringList: // of one text, or none
         return true;
     default:
         return false;
@@ -35,6 +47,9 @@ bool losesType(const QVariant& value)
 QVariant withType(const QVariant& stored, const QByteArray& typeName)
 {
     const int type = QMetaType::type(typeName);
+    if (type == QMetaType::QStringList && !stored.isValid()) {
+        return QStringList(); // an ini file keeps an empty list as nothing
+    }
     QVariant typed = stored;
     return type != QMetaType::UnknownType && typed.convert(type) ? typed : stored;
 }
@@ -47,15 +62,7 @@ SettingsStore::~SettingsStore() = default;
 
 QString SettingsStore::pathOf(const QString& file) const
 {
-    if (mHome.isEmpty()) {
-        return QString();
-    }
-    QString name = QFileInfo(file).fileName();
-    if (name.isEmpty()) {
-        name = QStringLiteral("settings");
-    }
-    const QLatin1String ending(".ini");
-    return QDir(mHome).filePath(name.endsWith(ending) ? name : name + ending);
+    return mHome.isEmpty() ? QString() : QDir(mHome).filePath(iniName(file));
 }
 
 QSettings& SettingsStore::ini(const QString& file) const
@@ -75,7 +82,7 @@ QVariant SettingsStore::value(const QString& key, const QString& group, const QS
     }
     const QString path = pathInFile(group, key);
     if (mHome.isEmpty()) {
-        return mMemory.value(file).value(path);
+        return mMemory.value(iniName(file)).value(path);
     }
     const QSettings& settings = ini(file);
     return withType(settings.value(path), settings.value(TypesGroup + path).toString().toLatin1());
@@ -89,7 +96,7 @@ void SettingsStore::setValue(const QString& key, const QVariant& value, const QS
     }
     const QString path = pathInFile(group, key);
     if (mHome.isEmpty()) {
-        mMemory[file].insert(path, value);
+        mMemory[iniName(file)].insert(path, value);
         return;
     }
     QSettings& settings = ini(file);

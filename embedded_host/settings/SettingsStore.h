@@ -13,8 +13,8 @@
 /// in that folder: settings.ini, and NAME.ini beside it for every other file name (folders in a name are
 /// dropped).
 ///
-/// A value comes back with the type that it was saved with, after a restart too. A home that cannot be
-/// written is not an error: the values then last as long as the store.
+/// A text, truth value, number or list of texts comes back with the type that it was saved with, after a
+/// restart too. A home that cannot be written is not an error: the values then last as long as the store.
 class SettingsStore {
 public:
     explicit SettingsStore(const QString& home);
@@ -36,6 +36,6 @@ private:
     QSettings& ini(const QString& file) const;
 
     QString mHome;
-    QHash<QString, QHash<QString, QVariant>> mMemory; // file -> group/key -> value
+    QHash<QString, QHash<QString, QVariant>> mMemory; // ini name -> group/key -> value
     mutable std::map<QString, std::unique_ptr<QSettings>> mIniFiles;
 };

@@ -28,9 +28,11 @@ void SkinService::setSkin(const QString& name)
     if (qobject_cast<QApplication*>(QCoreApplication::instance())) {
         QApplication::setPalette(mColours.palette());
     }
-    const QList<View> views = mViews; // a view may register others while it dresses
+    const QList<View> views = mViews; // a view that dresses may bring others, or take them with it
     for (const View& view : views) {
-        view.view->loadSkin(styleSheet(view.cssPath));
+        if (isRegistered(view.view)) {
+            view.view->loadSkin(styleSheet(view.cssPath));
+        }
     }
 }
 
@@ -53,6 +55,12 @@ void SkinService::addView(IZelSkin* view, const QString& cssPath)
     if (!mSkin.isEmpty()) {
         view->loadSkin(styleSheet(cssPath));
     }
+}
+
+bool SkinService::isRegistered(const IZelSkin* view) const
+{
+    return std::any_of(mViews.begin(), mViews.end(),
+                       [view](const View& entry) { return entry.view == view; });
 }
 
 void SkinService::forget(const IZelSkin* view)

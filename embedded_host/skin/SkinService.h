@@ -42,6 +42,7 @@ private:
         QString cssPath;
     };
 
+    bool isRegistered(const IZelSkin* view) const;
     void forget(const IZelSkin* view);
     static QList<SkinService*>& living();
 

@@ -4,73 +4,88 @@
 #include "embedded_host/services/Record.h"
 #include "embedded_host/templates/TemplateFiles.h"
 #include "embedded_host/templates/TemplateTexts.h"
+#include "host/AlgoConstants.h"
 #include "host/SolveyConstants.h"
 #include "host/SolveyUtils.h"
 #include "host/ZelMessageBox.h"
 
-#include <QFileDialog>
+#include <QDir>
 #include <QFileInfo>
 #include <QWidget>
 
 namespace {
 
-const QString AllStrategies = QStringLiteral("全部");
-constexpr int ErrorBox = 1;
-
 bool refuse(QWidget* parent, const QString& reason)
 {
-    ZelMessageBox box(template_texts::ErrorTitle, reason, ErrorBox, parent, 0);
+    ZelMessageBox box(template_texts::ErrorTitle, reason, ZelMessageBox::Error, parent, 0);
     box.exec();
     return false;
 }
 
+/// Of the strategies that the dialog offers.
 QList<AesStrategy> strategiesNamed(const QStringList& aliases)
 {
-    const QList<AesStrategy>& catalogue = services::referenceData().tables().strategies;
-    if (aliases.contains(AllStrategies)) {
-        return catalogue;
-    }
+    const bool all = aliases.contains(SolveyConstants::AllTemplates);
     QList<AesStrategy> wanted;
-    for (const AesStrategy& strategy : catalogue) {
-        if (aliases.contains(strategy.alias())) {
+    for (const AesStrategy& strategy : services::referenceData().tables().strategies) {
+        const bool offered = strategy.globalType() == Algo_Values::AlgoGlobalType::algo;
+        if (offered && (all || aliases.contains(strategy.alias()))) {
             wanted.append(strategy);
         }
     }
     return wanted;
 }
 
-QString suggestedName(QString names)
+/// Without an ending: the filter that the user chooses gives one.
+QString suggestedName(const QStringList& aliases)
 {
+    QString names = aliases.join(template_texts::NameSeparator);
     for (const QChar forbidden : QStringLiteral("/\\:*?\"<>|.")) {
         names.replace(forbidden, QLatin1Char('_'));
     }
     return template_texts::SuggestedName.arg(names);
 }
 
-/// Empty when cancelled; a name without an ending becomes a workbook.
-QString askForPath(QWidget* parent, const QString& suggested)
+/// The chosen name was confirmed where it was chosen; every other file is asked about before it is replaced.
+bool mayReplace(QWidget* parent, const QStringList& files, const QString& confirmed)
 {
-    UserPrompts* prompts = EmbeddedHost::current().prompts();
-    const QString path = prompts ? prompts->chooseSaveFile(parent, template_texts::SaveTitle, suggested,
-                                                           template_texts::SaveFilter)
-                                 : QFileDialog::getSaveFileName(parent, template_texts::SaveTitle, suggested,
-                                                                template_texts::SaveFilter);
-    const bool bare = !path.isEmpty() && QFileInfo(path).suffix().isEmpty();
-    return bare ? path + QLatin1String(".xlsx") : path;
+    QStringList existing;
+    for (const QString& file : files) {
+        if (file != confirmed && QFileInfo::exists(file)) {
+            existing.append(QDir::toNativeSeparators(file));
+        }
+    }
+    if (existing.isEmpty()) {
+        return true;
+    }
+    const QString question =
+        template_texts::ReplaceQuestion.arg(existing.size()).arg(existing.join(QLatin1Char('\n')));
+    ZelMessageBox box(template_texts::SaveTitle, question, ZelMessageBox::Question, parent, 0);
+    return box.exec() == QDialog::Accepted;
+}
+
+/// Where the user wants the templates; empty when cancelled. A name without an ending becomes a workbook.
+QString askForPath(QWidget* parent, const QStringList& names, const QList<AesStrategy>& strategies)
+{
+    const QString chosen = EmbeddedHost::current().prompts()->chooseSaveFile(
+        parent, template_texts::SaveTitle, suggestedName(names), template_texts::SaveFilter);
+    if (chosen.isEmpty()) {
+        return QString();
+    }
+    const QString path = QFileInfo(chosen).suffix().isEmpty() ? chosen + QLatin1String(".xlsx") : chosen;
+    return mayReplace(parent, template_files::filesOf(path, strategies), chosen) ? path : QString();
 }
 
 } // namespace
 
 bool SolveyUtils::DownloadTemplateFile(const QString& fileType, QWidget* parent, const QStringList& names)
 {
-    services::record("SolveyUtils::DownloadTemplateFile", fileType, parent ? parent->objectName() : QString(),
-                     names);
-    const QString wanted = names.join(QStringLiteral("、"));
+    services::record("SolveyUtils::DownloadTemplateFile", fileType, parent, names);
     const QList<AesStrategy> strategies = strategiesNamed(names);
     if (fileType != SolveyConstants::TemplateFileType::AlgoBatchSingle || strategies.isEmpty()) {
-        return refuse(parent, template_texts::NoStrategy.arg(wanted));
+        return refuse(parent, template_texts::NoStrategy.arg(names.join(template_texts::NameSeparator)));
     }
-    const QString path = askForPath(parent, suggestedName(wanted));
+    const QString path = askForPath(parent, names, strategies);
     if (path.isEmpty()) {
         return false;
     }

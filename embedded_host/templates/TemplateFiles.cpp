@@ -52,9 +52,8 @@ QString save(const QString& path, const QByteArray& bytes)
 }
 
 /// "templates.csv" and AITWAP: "templates-AITWAP.csv". A path separator in a code stays out of the name.
-QString ownPath(const QString& path, QString code)
+QString ownPath(const QFileInfo& file, QString code)
 {
-    const QFileInfo file(path);
     code.replace(QLatin1Char('/'), QLatin1Char('_')).replace(QLatin1Char('\\'), QLatin1Char('_'));
     return file.dir().filePath(QStringLiteral("%1-%2.%3").arg(file.completeBaseName(), code, file.suffix()));
 }
@@ -70,27 +69,29 @@ Written writeXlsx(const QString& path, const QList<TemplateSheet>& sheets)
     return error.isEmpty() ? Written{{path}, QString()} : Written{{}, error};
 }
 
-Written writeCsv(const QString& path, const QList<TemplateSheet>& sheets)
+Written writeCsv(const QStringList& files, const QList<TemplateSheet>& sheets)
 {
     Written written;
-    for (const TemplateSheet& sheet : sheets) {
-        const QString file = sheets.size() == 1 ? path : ownPath(path, sheet.name);
-        written.error = save(file, csvBytes(sheet));
+    for (int i = 0; i < sheets.size(); ++i) {
+        written.error = save(files.at(i), csvBytes(sheets.at(i)));
         if (!written.error.isEmpty()) {
             return written;
         }
-        written.files.append(file);
+        written.files.append(files.at(i));
     }
     return written;
+}
+
+bool isWorkbook(const QString& path)
+{
+    return path.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
 }
 
 } // namespace
 
 Written write(const QString& path, const QList<AesStrategy>& strategies, const QList<Market>& markets)
 {
-    const QString ending = QFileInfo(path).suffix().toLower();
-    const bool xlsx = ending == QLatin1String("xlsx");
-    if (!xlsx && ending != QLatin1String("csv")) {
+    if (!isWorkbook(path) && !path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive)) {
         return {{}, template_texts::UnknownEnding.arg(QDir::toNativeSeparators(path))};
     }
     if (strategies.isEmpty()) {
@@ -98,9 +99,28 @@ Written write(const QString& path, const QList<AesStrategy>& strategies, const Q
     }
     QList<TemplateSheet> sheets;
     for (const AesStrategy& strategy : strategies) {
-        sheets.append(describeTemplate(strategy, markets));
+        TemplateSheet sheet = describeTemplate(strategy, markets);
+        if (sheet.columns.isEmpty()) {
+            return {{}, template_texts::NoColumns.arg(strategy.name())};
+        }
+        if (isWorkbook(path) && strategies.size() > 1) {
+            sheet.notes.insert(1, template_texts::FirstSheetOnly);
+        }
+        sheets.append(sheet);
     }
-    return xlsx ? writeXlsx(path, sheets) : writeCsv(path, sheets);
+    return isWorkbook(path) ? writeXlsx(path, sheets) : writeCsv(filesOf(path, strategies), sheets);
+}
+
+QStringList filesOf(const QString& path, const QList<AesStrategy>& strategies)
+{
+    if (isWorkbook(path) || strategies.size() == 1) {
+        return {path};
+    }
+    QStringList files;
+    for (const AesStrategy& strategy : strategies) {
+        files.append(ownPath(QFileInfo(path), strategy.name()));
+    }
+    return files;
 }
 
 } // namespace template_files

@@ -17,15 +17,20 @@ struct Written {
 };
 
 /// Writes the templates of `strategies` to `path`; its ending decides the type.
-/// - xlsx: one workbook, one sheet a strategy, named by its code. (An import reads a workbook's first visible
-/// sheet.)
-/// - csv, UTF-8 with a byte order mark: one strategy is written to `path`; of several, each to a file of its
-/// own,
-///   "templates.csv" giving "templates-AITWAP.csv" and so on.
+///
+/// As xlsx: one workbook, one sheet a strategy, named by its code. An import reads a workbook's first visible
+/// sheet alone, which every sheet of several says.
+///
+/// As csv, UTF-8 with a byte order mark: one strategy is written to `path`; of several, each to a file of its
+/// own, "templates.csv" giving "templates-AITWAP.csv" and so on.
+///
 /// A file that exists is replaced as a whole or, where that fails, left as it was.
 ///
 ///     const auto written = template_files::write(path, {*data.strategy(code)}, data.tables().markets);
 ///     if (!written.error.isEmpty()) …
 Written write(const QString& path, const QList<AesStrategy>& strategies, const QList<Market>& markets);
+
+/// The files that write() would write.
+QStringList filesOf(const QString& path, const QList<AesStrategy>& strategies);
 
 } // namespace template_files

@@ -2,8 +2,7 @@
 
 #include "embedded_host/templates/TemplateTexts.h"
 #include "host/AlgoConstants.h"
-#include "host/NorvikConstants.h"
-#include "host/SolveyConstants.h"
+#include "host/ImportTable.h"
 
 #include <QDate>
 #include <QHash>
@@ -21,35 +20,29 @@ namespace template_files {
 
 namespace {
 
-const QString SecurityName = QStringLiteral("证券名称");
-const QString CreateAndStart = QStringLiteral("创建后是否立即启动");
-const QString SealingAmount = QStringLiteral("封单金额");
 const QChar LegSeparator = QLatin1Char('/');
+const QString OneContract = QStringLiteral("1");
 
-/// Carry two legs in one row.
-const QStringList LockStrategies = {QStringLiteral("AILOCK"), QStringLiteral("AILOCKPLUS"),
-                                    QStringLiteral("AILOCK3")};
-/// Always start on creation: their files have no column for it.
-const QStringList StartsAtOnce = {QStringLiteral("KF_TWAPPLUS"), QStringLiteral("KF_VWAPPLUS")};
-/// Must have a value wherever they are a column.
-const QStringList AlwaysRequired = {ParamId::traderOrder, ParamId::entrustProp,  CreateAndStart,
-                                    SealingAmount,        Info::Quantity_Amount, ParamId::SellBalance,
-                                    ParamId::InvestType};
-
+/// Texts in UTF-8.
 struct Convention {
     CellKind kind;
-    const char* unit; ///< UTF-8
-    const char* example;
+    const char* unit;
+    const char* example = "";
+    const char* whenEmpty = ""; ///< what an empty cell means, beside a default of the document
 };
 
 /// What the trade writes into a column that is no choice and no time.
 const QHash<QString, Convention>& conventions()
 {
     static const Convention quantity{CellKind::Whole, "数量（股票为股、债券为张、期货为手）", "1000"};
-    static const Convention price{CellKind::Decimal, "价格（元，港股为港元），空为不限价", "10.50"};
+    static const Convention price{CellKind::Decimal, "价格（元，港股为港元）", "10.50", "空为不限价"};
     static const Convention money{CellKind::Decimal, "金额（元）", "100000"};
     static const Convention percent{CellKind::Decimal, "百分数，如15表示15%", "15"};
     static const Convention seconds{CellKind::Whole, "秒", "30"};
+    static const Convention whole{CellKind::Whole, "整数", "1"};
+    static const Convention number{CellKind::Decimal, "可带小数", "1"};
+    static const Convention spread{CellKind::Decimal, "与合约价格同单位，可带小数", "12.5"};
+    static const Convention pair{CellKind::Text, "同一对证券写相同的编号", "P1"};
     static const QHash<QString, Convention> table = {
         {Info::Quantity, quantity},
         {QStringLiteral("单笔最大"), quantity},
@@ -59,7 +52,7 @@ const QHash<QString, Convention>& conventions()
         {Info::PriceLimits, price},
         {QStringLiteral("限价"), price},
         {Info::Quantity_Amount, money},
-        {SealingAmount, money},
+        {columns::SealingAmount, money},
         {ParamId::SellBalance, money},
         {Info::minAmout, money},
         {Info::participationrate, percent},
@@ -69,6 +62,11 @@ const QHash<QString, Convention>& conventions()
         {QStringLiteral("增减持比例（%）"), percent},
         {QStringLiteral("委托间隔"), seconds},
         {QStringLiteral("撤单时间"), seconds},
+        {QStringLiteral("配对编号"), pair},
+        {QStringLiteral("配对比例"), number},
+        {QStringLiteral("目标价差"), spread},
+        {QStringLiteral("起始成本"), whole},
+        {QStringLiteral("最差滑点"), whole},
     };
     return table;
 }
@@ -77,19 +75,6 @@ const QHash<QString, Convention>& conventions()
 using Choice = QPair<QString, QString>;
 
 /// Directions are typed as the market numbers them, not as the strategy sends them.
-QString typedDirection(const QString& display)
-{
-    static const QHash<QString, QString> typed = {
-        {QStringLiteral("买入"), Norvik_Values::OrderSide::buy},
-        {QStringLiteral("卖出"), Norvik_Values::OrderSide::sell},
-        {Algo_Values::FutureSide::BuyOpenChi, Solvey_Values::SideUnion::openBuy},
-        {Algo_Values::FutureSide::SellOpenChi, Solvey_Values::SideUnion::openSell},
-        {Algo_Values::FutureSide::BuyCloseChi, Solvey_Values::SideUnion::closeBuy},
-        {Algo_Values::FutureSide::SellCloseChi, Solvey_Values::SideUnion::closeSell},
-    };
-    return typed.value(display);
-}
-
 QList<Choice> choicesOf(const QVariantMap& entry)
 {
     const bool direction = entry.value(Field::paramName).toString() == ParamId::traderOrder;
@@ -98,7 +83,7 @@ QList<Choice> choicesOf(const QVariantMap& entry)
     for (const QVariant& option : options) {
         const QString display = option.toMap().value(Field::display).toString();
         const QString value = option.toMap().value(Field::value).toString();
-        const QString typed = direction ? typedDirection(display) : value;
+        const QString typed = direction ? TypedDirections.key(display) : value;
         if (!typed.isEmpty()) {
             choices.append({typed, display});
         }
@@ -159,15 +144,22 @@ QString joinedNote(QStringList parts)
     return parts.join(template_texts::NoteSeparator);
 }
 
+/// What of a strategy its columns depend on.
+struct Kind {
+    bool twoLegs; ///< in one row
+    bool futures;
+};
+
 /// Describes one parameter of the strategy's document.
 class ColumnWriter {
 public:
-    ColumnWriter(QVariantMap entry, bool ofTable, bool twoLegs)
-        : mEntry(std::move(entry)), mChoices(choicesOf(mEntry)), mTwoLegs(twoLegs && ofTable)
+    ColumnWriter(QVariantMap entry, bool ofTable, const Kind& kind)
+        : mEntry(std::move(entry)), mChoices(choicesOf(mEntry)), mTwoLegs(kind.twoLegs && ofTable),
+          mFutures(kind.futures)
     {
         mColumn.title = mEntry.value(Field::paramName).toString();
         mColumn.required =
-            ofTable || AlwaysRequired.contains(mColumn.title) ||
+            ofTable || CompulsoryColumns.contains(mColumn.title) ||
             mEntry.value(Field::required, QStringLiteral("false")).toString() != QLatin1String("false");
     }
 
@@ -187,9 +179,12 @@ public:
         } else {
             unit = fillConventional();
         }
-        mColumn.note = joinedNote({unit, legsNote(),
-                                   mColumn.required ? template_texts::Required : template_texts::Optional,
-                                   mColumn.required ? QString() : defaultNote(mEntry, mChoices)});
+        if (mColumn.required) {
+            mColumn.note = joinedNote({unit, legsNote(), template_texts::Required});
+        } else {
+            mColumn.note = joinedNote({unit, template_texts::Optional, whenEmpty()});
+            mColumn.example.clear(); // what a trader leaves as it is must not send more than the defaults do
+        }
         return mColumn;
     }
 
@@ -212,13 +207,23 @@ private:
         }
         mColumn.kind = known->kind;
         mColumn.example = QString::fromUtf8(known->example);
+        if (mFutures && mColumn.title == Info::Quantity) {
+            mColumn.example = OneContract;
+        }
         const bool legs = mTwoLegs && mColumn.title == Info::PriceLimits;
         if (legs) {
             mColumn.kind = CellKind::Verbatim;
             mColumn.example += LegSeparator + mColumn.example;
         }
-        const QString unit = QString::fromUtf8(known->unit);
-        return mColumn.required ? unit.section(template_texts::NoteSeparator, 0, 0) : unit;
+        return QString::fromUtf8(known->unit);
+    }
+
+    QString whenEmpty() const
+    {
+        const QString byDefault = defaultNote(mEntry, mChoices);
+        const auto known = conventions().constFind(mColumn.title);
+        return byDefault.isEmpty() && known != conventions().constEnd() ? QString::fromUtf8(known->whenEmpty)
+                                                                        : byDefault;
     }
 
     QString legsNote() const
@@ -238,6 +243,7 @@ private:
     const QVariantMap mEntry;
     const QList<Choice> mChoices;
     const bool mTwoLegs;
+    const bool mFutures;
     TemplateColumn mColumn;
 };
 
@@ -246,17 +252,27 @@ bool isVisible(const QVariantMap& entry)
     return entry.value(Field::visible, true).toString().toUpper() == QLatin1String("TRUE");
 }
 
+/// Futures are opened and closed instead of bought and sold.
+bool tradesFutures(const QVariantList& document)
+{
+    return std::any_of(document.begin(), document.end(), [](const QVariant& element) {
+        const QVariantMap entry = element.toMap();
+        return entry.value(Field::paramName).toString() == ParamId::traderOrder &&
+               typedValues(choicesOf(entry)).contains(Solvey_Values::SideUnion::openBuy);
+    });
+}
+
 QList<TemplateColumn> documentColumns(const AesStrategy& strategy)
 {
-    const bool twoLegs = LockStrategies.contains(strategy.name());
+    const QVariantList document =
+        QJsonDocument::fromJson(strategy.paramFormats().toUtf8()).toVariant().toList();
+    const Kind kind{AilockStrategyList.contains(strategy.name()), tradesFutures(document)};
     QList<TemplateColumn> columns;
     const auto add = [&](const QVariantMap& entry, bool ofTable) {
         if (!entry.isEmpty() && isVisible(entry)) {
-            columns.append(ColumnWriter(entry, ofTable, twoLegs).column());
+            columns.append(ColumnWriter(entry, ofTable, kind).column());
         }
     };
-    const QVariantList document =
-        QJsonDocument::fromJson(strategy.paramFormats().toUtf8()).toVariant().toList();
     for (const QVariant& element : document) {
         const QVariantMap entry = element.toMap();
         if (entry.value(Field::ui).toString() != UiType::Table) {
@@ -288,12 +304,14 @@ TemplateColumn marketColumn(const QList<Market>& markets)
     for (const Market& market : markets) {
         choices.append({market.exchange, market.name});
     }
-    return choiceColumn(Info::Exchange, choices);
+    TemplateColumn column = choiceColumn(Info::Exchange, choices);
+    column.example.clear(); // only the security that a trader fills in tells its market
+    return column;
 }
 
 TemplateColumn startColumn()
 {
-    return choiceColumn(CreateAndStart,
+    return choiceColumn(columns::CreateAndStart,
                         {{Algo_Values::AlgoInstruction::Create, template_texts::CreateOnly},
                          {Algo_Values::AlgoInstruction::StartOnCreate, template_texts::StartOnCreate}});
 }
@@ -301,7 +319,7 @@ TemplateColumn startColumn()
 TemplateColumn nameColumn()
 {
     TemplateColumn column;
-    column.title = SecurityName;
+    column.title = columns::SecurityName;
     column.note = template_texts::NameNote;
     return column;
 }
@@ -367,8 +385,11 @@ TemplateSheet describeTemplate(const AesStrategy& strategy, const QList<Market>&
     TemplateSheet sheet;
     sheet.name = strategy.name();
     sheet.columns = documentColumns(strategy);
+    if (sheet.columns.isEmpty()) {
+        return sheet;
+    }
     removeFundAccount(sheet.columns);
-    if (!StartsAtOnce.contains(strategy.name())) {
+    if (!StartOnCreateStrategyList.contains(strategy.name())) {
         sheet.columns.append(startColumn());
     }
     sheet.columns.insert(std::min(1, sheet.columns.size()), nameColumn());

@@ -25,7 +25,7 @@ struct TemplateColumn {
     bool required = false;
     QStringList accepted; ///< what may be typed, where that is a fixed set
     QString note;         ///< unit, accepted values with their meaning, default
-    QString example;
+    QString example;      ///< empty for an optional column: the import fills in its default
 };
 
 struct TemplateSheet {
@@ -36,7 +36,8 @@ struct TemplateSheet {
     QStringList titles() const;
     /// A note row: two empty cells, then the text.
     static QStringList noteRow(const QString& text);
-    /// The example under its columns; its first two cells are empty, so that the import skips it.
+    /// The example under its columns: what is required, but for the security's code and market, and nothing
+    /// else. Its first two cells are empty, so that the import skips it.
     QStringList exampleRow() const;
     /// Header, note rows and example.
     QList<QStringList> rows() const;
@@ -44,7 +45,7 @@ struct TemplateSheet {
 
 /// The columns that the import dialog shows for the strategy, in its order: visible parameters without the
 /// fund account, with name and market behind the first, and the start flag at the end unless the strategy
-/// always starts at once.
+/// always starts at once. Without columns where the parameter format document has none.
 TemplateSheet describeTemplate(const AesStrategy& strategy, const QList<Market>& markets);
 
 } // namespace template_files

@@ -10,7 +10,10 @@ inline const QString NumberedNote = QStringLiteral("%1、%2：%3");
 inline const QString SkippedRows =
     QStringLiteral("前两格都为空的行是备注行，导入时跳过；一行一个算法实例，最多1000行（备注行计算在内）");
 inline const QString SkippedRowsTitle = QStringLiteral("说明");
-inline const QString ExampleTitle = QStringLiteral("示例（下一行；补上证券代码后即成为一个实例）：");
+inline const QString FirstSheetOnly =
+    QStringLiteral("导入时只读取第一张可见的工作表：请把本表移到最前面，或另存为单独的文件");
+inline const QString ExampleTitle =
+    QStringLiteral("示例（下一行；补上证券代码和市场后即成为一个实例，未填的列取默认值）：");
 
 inline const QString Required = QStringLiteral("必填");
 inline const QString Optional = QStringLiteral("非必填");
@@ -29,10 +32,13 @@ inline const QString ErrorTitle = QStringLiteral("错误");
 inline const QString ChoiceTitle = QStringLiteral("请选择列表中的值");
 inline const QString ChoiceHint = QStringLiteral("%1：%2");
 inline const QString SaveTitle = QStringLiteral("导出模板");
-inline const QString SuggestedName = QStringLiteral("算法批量导入模板-%1.xlsx");
+inline const QString SuggestedName = QStringLiteral("算法批量导入模板-%1");
+inline const QString NameSeparator = QStringLiteral("、");
+inline const QString ReplaceQuestion = QStringLiteral("以下%1个文件已存在，是否替换？\n%2");
 inline const QString SaveFilter = QStringLiteral("Excel 工作簿 (*.xlsx);;CSV 文件 (*.csv)");
 
 inline const QString NoStrategy = QStringLiteral("没有可导出的算法模板：%1");
+inline const QString NoColumns = QStringLiteral("算法%1的参数格式无法识别，模板未保存");
 inline const QString UnknownEnding = QStringLiteral("模板文件的扩展名应为xlsx或csv：%1");
 inline const QString NoFolder = QStringLiteral("文件夹不存在，模板未保存：%1");
 inline const QString IsFolder = QStringLiteral("该名称是一个文件夹，模板未保存：%1");

@@ -150,6 +150,9 @@ private:
 
     void writeTyped(lxw_row_t row, lxw_col_t column, const QString& cell, CellKind kind)
     {
+        if (cell.isEmpty()) {
+            return;
+        }
         lxw_format* format = formatOf(kind, mFormats);
         const QDateTime moment = QDateTime::fromString(cell, CellDateFormat);
         if (kind == CellKind::DateTime && moment.isValid()) {

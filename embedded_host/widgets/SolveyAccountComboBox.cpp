@@ -35,8 +35,7 @@ void SolveyAccountComboBox::SetAccountList(const QList<tagUserAccountInfo>& acco
     clear();
     for (const tagUserAccountInfo& account : accounts) {
         const QString text = shownText(account, mMode);
-        // Two accounts of one name would make a choice between them invisible to whoever listens for the
-        // text.
+        // Whoever listens for the text would not hear of a choice between two accounts of one name.
         const bool unique = findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0;
         addItem(unique ? text : shownText(account, DisplayMode::NameAndAccount), account.tradingAccount);
     }

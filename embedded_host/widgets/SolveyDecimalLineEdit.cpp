@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr double Limit = 1e15; // above it a double no longer holds hundredths
+constexpr double Limit = 1e15; // up to it a double tells eighths apart
 
 } // namespace
 

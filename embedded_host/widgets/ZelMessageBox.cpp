@@ -1,7 +1,6 @@
 #include "host/ZelMessageBox.h"
 
 #include "embedded_host/EmbeddedHost.h"
-#include "embedded_host/UserPrompts.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -17,7 +16,6 @@ constexpr int BoxWidth = 420;
 constexpr int BoxHeight = 160;
 constexpr int Margin = 10;
 constexpr int ButtonRow = 34; // the button and the space above it
-constexpr int Question = 3;   // box type with yes and no
 constexpr int FirstButtonFocused = 1;
 
 QTextEdit* makeTextArea(const QString& text, QWidget* parent)
@@ -128,8 +126,7 @@ int ZelMessageBox::textWidth() const
 
 int ZelMessageBox::exec()
 {
-    UserPrompts* prompts = EmbeddedHost::current().prompts();
-    return prompts != nullptr ? prompts->answerMessageBox(*this) : showModally();
+    return EmbeddedHost::current().prompts()->answerMessageBox(*this);
 }
 
 int ZelMessageBox::showModally()

@@ -118,6 +118,14 @@ TEST_F(BrokenSource, IsRefusedWithTheFileAndWhatIsWrong)
     EXPECT_TRUE(faultOf("parameters.json"_s, "{").startsWith("parameters.json: "_s));
     EXPECT_EQ(faultOf("parameters.json"_s, R"({"code": {"nmae": "x"}})"),
               "parameters.json: code has an unknown attribute nmae"_s);
+    EXPECT_EQ(faultOf("parameters.json"_s, R"({"code": {"name": "x", "default": 5}})"),
+              "parameters.json: code has a default of another type"_s);
+    EXPECT_EQ(faultOf("parameters.json"_s, R"({"code": "x"})"), "parameters.json: code is no object"_s);
+    EXPECT_EQ(faultOf("parameters.json"_s, "[]"), "parameters.json: is no object"_s);
+    EXPECT_EQ(faultOf("strategies.json"_s, "{}"), "strategies.json: is no array"_s);
+    EXPECT_EQ(
+        faultOf("strategies.json"_s, R"([{"name": "A", "alias": "a", "family": "twap", "own": ["colour"]}])"),
+        "strategies.json: colour is no parameter"_s);
     EXPECT_EQ(faultOf("families.json"_s, R"({"twap": {"table": ["colour"], "parameters": []}})"),
               "families.json: colour is no parameter"_s);
     EXPECT_EQ(faultOf("strategies.json"_s, R"([{"name": "A", "alias": "a", "family": "none"}])"),

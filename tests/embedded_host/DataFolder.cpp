@@ -26,6 +26,11 @@ void DataFolder::remove(const QString& name) const
     ASSERT_TRUE(QFile::remove(filePath(name)));
 }
 
+void DataFolder::link(const QString& target, const QString& name) const
+{
+    ASSERT_TRUE(QFile::link(target, filePath(name)));
+}
+
 ReferenceTables DataFolder::tables() const
 {
     QString error;

@@ -15,6 +15,7 @@ public:
 
     void write(const QString& name, const QByteArray& content) const;
     void remove(const QString& name) const;
+    void link(const QString& target, const QString& name) const;
     QString path() const { return mFolder.path(); }
     QString filePath(const QString& name) const { return mFolder.filePath(name); }
 

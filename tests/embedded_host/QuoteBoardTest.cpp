@@ -165,6 +165,9 @@ TEST(PriceWalkTest, NothingMovesWithoutALastPriceOrWithoutRoom)
     EXPECT_FALSE(PriceWalk({{"LastPx"_s, "11"_s}, {"MaxPx"_s, "11"_s}, {"MinPx"_s, "11"_s}}, 2).canMove());
     EXPECT_FALSE(PriceWalk({{"LastPx"_s, "20"_s}, {"MaxPx"_s, "11"_s}}, 2).canMove());
     EXPECT_FALSE(PriceWalk({{"LastPx"_s, "1e300"_s}}, 2).canMove()) << "more ticks than can be told apart";
+    EXPECT_FALSE(PriceWalk({{"LastPx"_s, "0.004"_s}}, 2).canMove()) << "less than a tick";
+    EXPECT_FALSE(PriceWalk({{"LastPx"_s, "10.005"_s}}, 2).canMove()) << "between two ticks";
+    EXPECT_TRUE(PriceWalk({{"LastPx"_s, "1234.57"_s}}, 2).canMove());
     EXPECT_TRUE(PriceWalk({{"LastPx"_s, "10"_s}, {"MaxPx"_s, "1e300"_s}}, 2).canMove());
     EXPECT_TRUE(PriceWalk({{"LastPx"_s, "10"_s}}, 2).canMove());
 }

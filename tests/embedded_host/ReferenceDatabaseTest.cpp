@@ -126,6 +126,16 @@ TEST_F(ReferenceDatabaseTest, FileThatGoesOrComesIsNoticed)
     EXPECT_EQ(refreshed().first(), "as listed"_s);
 }
 
+TEST_F(ReferenceDatabaseTest, LinkThatLeadsNowhereIsNotTakenForAnAbsentFile)
+{
+    folder.remove("authorities.csv"_s);
+    EXPECT_EQ(refreshed().first(), "everything allowed"_s);
+    folder.link(folder.filePath("gone.csv"_s), "authorities.csv"_s);
+    QString error;
+    EXPECT_FALSE(ReferenceDatabase::refresh(folder.path(), path, error));
+    EXPECT_EQ(error, folder.filePath("authorities.csv"_s) + ":1: 文件不存在"_s);
+}
+
 TEST_F(ReferenceDatabaseTest, FaultyFolderIsToldAndTheDatabaseStays)
 {
     refreshed();

@@ -76,6 +76,14 @@ TEST_F(ReferenceFolderTest, ColumnsMayStandInAnyOrderAmongUnknownOnes)
     EXPECT_EQ(folder.tables().securities.value(0).name, "甲"_s);
 }
 
+TEST_F(ReferenceFolderTest, UnknownColumnsThatResembleNoAbsentOneAreIgnored)
+{
+    folder.write("securities.csv"_s, "symbol,name,names,code,note,type,currency\nA,甲,乙,1,x,y,CNY\n");
+    folder.write("accounts.csv"_s, "tradingAccount,branch,owner\n1,北京,甲\n");
+    EXPECT_EQ(folder.tables().securities.value(0).name, "甲"_s);
+    EXPECT_EQ(folder.tables().accounts.value(0).fundAccountType, QString());
+}
+
 TEST_F(ReferenceFolderTest, ListsDropBlanksAndEmptyParts)
 {
     folder.write("securities.csv"_s, "symbol,exchanges\nA, HKSC | HKSZ |\nB,\n");
@@ -216,7 +224,17 @@ const Fault Faults[] = {
     {"HeaderWithoutKeyColumn", u"securities.csv", "code,name\n600000,甲\n", u"1: 表头缺少 symbol 列"},
     {"HeaderWithoutSecondKeyColumn", u"security_accounts.csv", "tradingAccount\n1\n",
      u"1: 表头缺少 exchange 列"},
-    {"HeaderWithKeyInOtherCase", u"accounts.csv", "TradingAccount\n1\n", u"1: 表头缺少 tradingAccount 列"},
+    {"HeaderWithKeyInOtherCase", u"accounts.csv", "TradingAccount\n1\n",
+     u"1: 表头缺少 tradingAccount 列，疑似误写为“TradingAccount”"},
+    {"MisspeltColumn", u"futures.csv", "symbol,multipler,pricePrecision\nIF,300,1\n",
+     u"1: 表头缺少 multiplier 列，疑似误写为“multipler”"},
+    {"MisspeltShortColumn", u"securities.csv", "symbol,code,psot\nA,1,SH\n",
+     u"1: 表头缺少 post 列，疑似误写为“psot”"},
+    {"ColumnInOtherCaseAndWithBlanks", u"accounts.csv",
+     "tradingAccount,name,fund_account type\n1,甲,Credit\n",
+     u"1: 表头缺少 fundAccountType 列，疑似误写为“fund_account type”"},
+    {"BlankAfterAColumn", u"security_accounts.csv", "tradingAccount,exchange,securityAccount \n1,SH,A1\n",
+     u"1: 表头缺少 securityAccount 列，疑似误写为“securityAccount ”"},
     {"HeaderBelowBlankLine", u"accounts.csv", "\nname\n1\n", u"2: 表头缺少 tradingAccount 列"},
     {"DuplicateColumn", u"securities.csv", "symbol,name,name\nA,甲,乙\n", u"1: 表头中 name 列重复"},
     {"DuplicateSymbol", u"securities.csv", "symbol\nA\nB\n\nA\n", u"5: symbol 重复：A，首次出现在第 2 行"},
@@ -259,6 +277,10 @@ const Fault Faults[] = {
     {"EmptyCatalogueFile", u"strategies.json", "", u"1: JSON 语法错误：illegal value"},
     {"CatalogueSyntax", u"strategies.json", "[\n  {\"name\": \"A\"},\n  {\"name\" \"B\"}\n]\n",
      u"3: JSON 语法错误：missing name separator"},
+    {"CatalogueSyntaxBehindOldLineEnds", u"strategies.json",
+     "[\r  {\"name\": \"A\"},\r  {\"name\" \"B\"}\r]\r", u"3: JSON 语法错误：missing name separator"},
+    {"CatalogueEntryBehindOldLineEnds", u"strategies.json", "[\r{\"name\": \"A\"},\r{\"name\": \"A\"}\r]",
+     u"3: name 重复：A，首次出现在第 2 行"},
     {"CatalogueIsAnObject", u"strategies.json", "{\"name\": \"A\"}", u"1: 最外层应为数组"},
     {"CatalogueEntryIsAText", u"strategies.json", "[\n{\"name\": \"A\"},\n\n\"B\"]", u"4: 数组元素应为对象"},
     {"CatalogueEntryWithoutName", u"strategies.json",
@@ -266,6 +288,9 @@ const Fault Faults[] = {
     {"CatalogueNameIsANumber", u"strategies.json", "[{\"name\": 1}]", u"1: name 应为字符串"},
     {"CatalogueNameTwice", u"strategies.json",
      "[\n{\"name\": \"A\"},\n{\"name\": \"B\"},\n{\"name\": \"A\"}]", u"4: name 重复：A，首次出现在第 2 行"},
+    {"CatalogueKeyMisspelt", u"strategies.json",
+     "[{\"name\": \"A\",\n\"remark\": \"x\", \"paramFormat\": []}]",
+     u"1: 缺少 paramFormats，疑似误写为“paramFormat”"},
     {"CatalogueFormatsAreANumber", u"strategies.json", "[\n{\"name\": \"A\",\n\"paramFormats\": 1}]",
      u"2: paramFormats 应为数组、对象或字符串"},
 };
@@ -286,6 +311,21 @@ TEST_P(MissingFileTest, StopsTheFolder)
 INSTANTIATE_TEST_SUITE_P(Folder, MissingFileTest,
                          testing::Values(u"strategies.json", u"markets.csv", u"securities.csv",
                                          u"accounts.csv"));
+
+TEST(UnreadableFileTest, ReadErrorStopsTheFolder)
+{
+    const DataFolder folder;
+    folder.link("/proc/self/mem"_s, "quotes.csv"_s); // opens, and fails at the first byte
+    EXPECT_TRUE(folder.fault().startsWith(folder.filePath("quotes.csv"_s) + ":1: 无法读取文件："_s))
+        << folder.fault().toStdString();
+}
+
+TEST(UnreadableFileTest, LinkWithoutATargetIsNoAbsentFile)
+{
+    const DataFolder folder;
+    folder.link(folder.filePath("gone.csv"_s), "authorities.csv"_s);
+    EXPECT_EQ(folder.fault(), folder.filePath("authorities.csv"_s) + ":1: 文件不存在"_s);
+}
 
 TEST(UnreadableFileTest, FolderInPlaceOfAFileStopsTheFolder)
 {

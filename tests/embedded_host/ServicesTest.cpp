@@ -136,6 +136,15 @@ TEST_F(ServicesTest, FundAccountsAreAllInFileOrder)
     EXPECT_EQ(accounts[1].tradingAccount, "2001"_s);
 }
 
+TEST_F(ServicesTest, ExcludedFundAccountsAreLeftOut)
+{
+    const QStringList excluded = {"1001"_s};
+    const QList<tagUserAccountInfo> accounts =
+        Data::GetFundAccountListByFundProp(11, 16, true, excluded, true);
+    ASSERT_EQ(accounts.size(), 1);
+    EXPECT_EQ(accounts[0].tradingAccount, "2001"_s);
+}
+
 TEST_F(ServicesTest, SecurityAccountBelongsToAnExchange)
 {
     EXPECT_EQ(Data::GetCurrentSecurityAccountByTradingAndExchange("1001"_s, "SZ"_s), "0001"_s);

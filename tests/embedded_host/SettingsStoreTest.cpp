@@ -64,6 +64,15 @@ TEST_F(SettingsStoreTest, NumbersAndListsSurviveARestart)
     EXPECT_EQ(afterRestart("list"_s), QVariant(QStringList{"a,b"_s, "c"_s}));
 }
 
+TEST_F(SettingsStoreTest, ListOfOneTextOrNoneIsStillAList)
+{
+    for (const QStringList& list : {QStringList{"a"_s}, QStringList{QString()}, QStringList()}) {
+        save("list"_s, list);
+        EXPECT_EQ(afterRestart("list"_s).type(), QVariant::StringList);
+        EXPECT_EQ(afterRestart("list"_s).toStringList(), list);
+    }
+}
+
 TEST_F(SettingsStoreTest, ValueThatChangesItsTypeComesBackWithTheNewOne)
 {
     save("K"_s, true);
@@ -105,6 +114,19 @@ TEST_F(SettingsStoreTest, GroupsAndFilesAreStoresOfTheirOwnInMemory)
     EXPECT_EQ(store.value("K"_s), QVariant(true));
     EXPECT_EQ(store.value("K"_s, "Group"_s), QVariant(2));
     EXPECT_EQ(store.value("K"_s, QString(), "Other"_s), QVariant(3));
+}
+
+TEST_F(SettingsStoreTest, NamesOfOneFileAreOneStoreInMemoryToo)
+{
+    for (const QString& home : {QString(), folder.path()}) {
+        SettingsStore store(home);
+        store.setValue("K"_s, 1, QString(), "x"_s);
+        store.setValue("K"_s, 2, QString(), "a/x"_s);
+        store.setValue("K"_s, 3, QString(), "b/x.ini"_s);
+        EXPECT_EQ(store.value("K"_s, QString(), "x"_s), QVariant(3)) << qPrintable(home);
+        store.setValue("K"_s, 4, QString(), "settings"_s);
+        EXPECT_EQ(store.value("K"_s), QVariant(4)) << qPrintable(home);
+    }
 }
 
 TEST_F(SettingsStoreTest, FileNeverLeavesTheHome)

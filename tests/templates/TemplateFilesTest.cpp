@@ -4,6 +4,7 @@
 #include "embedded_host/templates/TemplateSheet.h"
 #include "host/SolveyConstants.h"
 #include "host/SolveyUtils.h"
+#include "tests/catalogue/SampleTable.h"
 #include "tests/catalogue/ShippedDialog.h"
 
 #include <QDir>
@@ -56,6 +57,10 @@ protected:
     {
         return table_reader::readTable(folder.filePath(name)).rows;
     }
+    struct Filling {
+        QString strategy, account, code, market;
+    };
+    void completeAndImport(const Filling& filling, const QString& format);
     QString messageOnWritingOver(const QString& name) { return write("AITWAP"_s, name).error; }
 };
 
@@ -99,7 +104,10 @@ TEST_F(TemplateFiles, TellUnitValuesAndDefaultInTheNotes)
     EXPECT_TRUE(notes.contains("8、开始时间：格式为yyyy-MM-dd HH:mm:ss，非必填，默认当前时间"_s));
     EXPECT_TRUE(notes.contains("9、结束时间：格式为yyyy-MM-dd HH:mm:ss，非必填，默认当日14:57:00"_s));
     EXPECT_TRUE(notes.contains("12、风格参数：neutral-平稳，aggressive-激进，非必填，默认平稳"_s));
-    EXPECT_TRUE(column("AILOCK"_s, "委托限价"_s).note.contains("两腿以“/”分隔"_s));
+    EXPECT_TRUE(notes.contains("7、委托限价：价格（元，港股为港元），非必填，空为不限价"_s));
+    EXPECT_EQ(column("AILOCK"_s, "委托限价"_s).note,
+              "价格（元，港股为港元），两腿以“/”分隔，先第一腿后第二腿，如10.50/10.50，必填"_s);
+    EXPECT_EQ(column("AIPOV"_s, "最大市场占比"_s).note, "百分数，如15表示15%，必填"_s);
 }
 
 TEST_F(TemplateFiles, ReadBackAsTheRowsThatWereWritten)
@@ -179,13 +187,26 @@ TEST_F(TemplateFiles, SayThatNothingIsThereWhenOnlyTheHeaderIsLeft)
     EXPECT_EQ(lastBoxText(), "导入文件的表格内容缺少数据！"_s);
 }
 
-/// What a trader does: completes the example row by a code and its market. (Files are read by content; the
-/// name tells how times are written.)
+/// What a trader does: completes the example row by a code and its market.
+void TemplateFiles::completeAndImport(const Filling& filling, const QString& format)
+{
+    ASSERT_EQ(write(filling.strategy, "blank."_s + format).error, QString());
+    QList<QStringList> rows = read("blank."_s + format);
+    rows.last()[0] = filling.code;
+    rows.last()[2] = filling.market;
+    open(filling.strategy, filling.account);
+    importFile(writeCsv(rows, "filled.csv"_s));
+    EXPECT_EQ(lastBoxText(), QString());
+    EXPECT_EQ(dialog->getWidgetData().size(), 1);
+
+    const QSignalSpy confirmed(dialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked);
+    button("btn_ok").click();
+    EXPECT_EQ(lastBoxText(), QString());
+    EXPECT_EQ(confirmed.count(), 1);
+}
+
 TEST_P(ImportedTemplate, ImportsOnceTheExampleIsCompleted)
 {
-    struct Filling {
-        QString strategy, account, code, market;
-    };
     const QList<Filling> fillings = {{"AITWAP"_s, "80010001"_s, "000001"_s, "SZ"_s},
                                      {"AILOCK"_s, "80010001"_s, "600000"_s, "SH"_s},
                                      {"KF_VWAPPLUS"_s, "80010001"_s, "600000"_s, "上海"_s},
@@ -193,25 +214,56 @@ TEST_P(ImportedTemplate, ImportsOnceTheExampleIsCompleted)
                                      {"AITWAP7"_s, "80020001"_s, "600036"_s, "SH"_s},
                                      {"PursueHighLimit"_s, "80010001"_s, "600000"_s, "SH"_s}};
     for (const Filling& filling : fillings) {
-        const QString name = "blank."_s + QString::fromLatin1(GetParam());
-        ASSERT_EQ(write(filling.strategy, name).error, QString());
-        QList<QStringList> rows = read(name);
-        rows.last()[0] = filling.code;
-        rows.last()[2] = filling.market;
-        open(filling.strategy, filling.account);
-        importFile(writeCsv(rows, "filled."_s + QString::fromLatin1(GetParam())));
-        EXPECT_EQ(lastBoxText(), QString()) << qPrintable(filling.strategy);
-        EXPECT_EQ(dialog->getWidgetData().size(), 1) << qPrintable(filling.strategy);
-
-        const QSignalSpy confirmed(dialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked);
-        button("btn_ok").click();
-        EXPECT_EQ(lastBoxText(), QString()) << qPrintable(filling.strategy);
-        EXPECT_EQ(confirmed.count(), 1) << qPrintable(filling.strategy);
+        SCOPED_TRACE(qPrintable(filling.strategy));
+        completeAndImport(filling, QString::fromLatin1(GetParam()));
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, ImportedTemplate, testing::Values("csv", "xlsx"),
                          [](const auto& format) { return std::string(format.param); });
+
+TEST_F(TemplateFiles, HaveAnExampleThatImportsOnceItIsCompletedWhateverTheStrategy)
+{
+    for (const sample_table::Sample& sample : sample_table::goodSamples()) {
+        SCOPED_TRACE(qPrintable(sample.strategy));
+        const bool futures = sample.account == "80030001"_s;
+        const QString code = futures ? "IF2612"_s : sample.strategy == "AINHG"_s ? "204001"_s : "600000"_s;
+        completeAndImport({sample.strategy, sample.account, code, futures ? "CFE"_s : "SH"_s}, "csv"_s);
+    }
+}
+
+/// What a trader leaves in the example is sent: no limit price, time or share that nobody chose.
+TEST_F(TemplateFiles, HaveAnExampleOfWhatIsRequiredAlone)
+{
+    for (const AesStrategy& strategy : tables.strategies) {
+        for (const TemplateColumn& column : sheet(strategy.name()).columns) {
+            const bool filled = column.required && column.title != "证券代码"_s && column.title != "市场"_s;
+            EXPECT_EQ(!column.example.isEmpty(), filled)
+                << qPrintable(strategy.name() + " "_s + column.title);
+        }
+    }
+    EXPECT_EQ(column("AITWAP"_s, "委托数量"_s).example, "1000"_s);
+    EXPECT_EQ(column("G-TWAP"_s, "委托数量"_s).example, "1"_s) << "a contract, no thousand of them";
+}
+
+TEST_F(TemplateFiles, SayOnEverySheetOfSeveralThatTheFirstOneIsRead)
+{
+    const QList<AesStrategy> two = {strategy("AITWAP"_s), strategy("AIVWAP"_s)};
+    const QString note = "导入时只读取第一张可见的工作表：请把本表移到最前面，或另存为单独的文件"_s;
+    ASSERT_EQ(template_files::write(folder.filePath("two.xlsx"_s), two, tables.markets).error, QString());
+    EXPECT_EQ(read("two.xlsx"_s).value(2).value(2), note);
+    ASSERT_EQ(write("AITWAP"_s, "one.xlsx"_s).error, QString());
+    EXPECT_NE(read("one.xlsx"_s).value(2).value(2), note);
+}
+
+TEST_F(TemplateFiles, RefuseAStrategyWhoseFormatsCannotBeRead)
+{
+    const QList<AesStrategy> broken = {strategy("AITWAP"_s),
+                                       AesStrategy("ODD"_s, "怪"_s, "{ no json"_s, "algo"_s)};
+    EXPECT_EQ(template_files::write(folder.filePath("t.csv"_s), broken, tables.markets).error,
+              "算法ODD的参数格式无法识别，模板未保存"_s);
+    EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "not even the sound one";
+}
 
 TEST_F(TemplateFiles, RefuseAnEndingThatIsNoTemplateType)
 {
@@ -293,6 +345,46 @@ TEST_F(DownloadTemplate, WritesNothingWhenCancelled)
     EXPECT_FALSE(download("全部"_s, QString()));
     EXPECT_EQ(lastBoxText(), QString());
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+/// The save dialog asked about "all.csv"; the files beside it have other names.
+TEST_F(DownloadTemplate, ReplacesFilesThatTheSaveDialogDidNotNameOnlyWhenAllowed)
+{
+    open();
+    const QString taken = writeFile("precious", "all-AIVWAP.csv"_s);
+    prompts.setAnswerYes(false);
+    EXPECT_FALSE(download("全部"_s, "all.csv"_s));
+    EXPECT_EQ(lastBoxText(), "以下1个文件已存在，是否替换？\n"_s + taken);
+    EXPECT_EQ(bytesOf(taken), QByteArray("precious"));
+    EXPECT_FALSE(QFile::exists(folder.filePath("all-AITWAP.csv"_s)));
+
+    prompts.setAnswerYes(true);
+    EXPECT_TRUE(download("全部"_s, "all.csv"_s));
+    EXPECT_NE(bytesOf(taken), QByteArray("precious"));
+}
+
+TEST_F(DownloadTemplate, AsksBeforeTheEndingThatItAddsLeadsToAnExistingFile)
+{
+    open();
+    const QString taken = writeFile("precious", "t.xlsx"_s);
+    prompts.setAnswerYes(false);
+    EXPECT_FALSE(download(strategy("AITWAP"_s).alias(), "t"_s));
+    EXPECT_EQ(lastBoxText(), "以下1个文件已存在，是否替换？\n"_s + taken);
+    EXPECT_EQ(bytesOf(taken), QByteArray("precious"));
+    prompts.clear();
+    EXPECT_TRUE(download(strategy("AITWAP"_s).alias(), "t.xlsx"_s))
+        << "named and confirmed in the save dialog";
+    EXPECT_EQ(lastBoxText(), QString());
+}
+
+TEST_F(DownloadTemplate, OffersNoStrategyThatTheDialogDoesNot)
+{
+    const AesStrategy shipped = strategy("AITWAP"_s);
+    tables.strategies = {shipped, AesStrategy("OTHER"_s, "条件单"_s, shipped.paramFormats(), "condition"_s)};
+    open();
+    EXPECT_TRUE(download("全部"_s, "all.csv"_s));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("all.csv"_s));
+    EXPECT_FALSE(download("条件单"_s, "other.csv"_s));
 }
 
 TEST_F(DownloadTemplate, SaysThatAnUnknownAliasHasNoTemplate)

@@ -22,6 +22,12 @@ struct View final : IZelSkin {
     QList<QVariant> styles;
 };
 
+/// Ends another view when it is dressed.
+struct Replacing final : IZelSkin {
+    void loadSkin(const QVariant&) override { replaced.reset(); }
+    std::unique_ptr<View> replaced = std::make_unique<View>();
+};
+
 class SkinServiceTest : public testing::Test {
 protected:
     ~SkinServiceTest() override { QApplication::setPalette(paletteBefore); }
@@ -89,6 +95,16 @@ TEST_F(SkinServiceTest, ForgetsAViewThatIsGoneWhicheverHostIsCurrent)
     view.reset();
     EXPECT_EQ(skins.viewCount(), 0);
     skins.setSkin(Light);
+}
+
+TEST_F(SkinServiceTest, AViewThatGoesWhileAnotherDressesIsLeftAlone)
+{
+    Replacing first;
+    skins.addView(&first, DialogSheet);
+    skins.addView(first.replaced.get(), DialogSheet);
+    skins.setSkin(Dark);
+    EXPECT_EQ(first.replaced, nullptr);
+    EXPECT_EQ(skins.viewCount(), 1);
 }
 
 TEST_F(SkinServiceTest, AViewMayOutliveItsHost)

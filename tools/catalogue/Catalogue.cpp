@@ -3,6 +3,7 @@
 #include "host/AlgoConstants.h"
 
 #include <QFile>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -31,7 +32,7 @@ struct SourceFault {
     throw SourceFault{file + QLatin1String(": ") + what};
 }
 
-QJsonDocument readJson(const QString& folder, const QString& name)
+QJsonValue readJson(const QString& folder, const QString& name, QJsonValue::Type wanted)
 {
     QFile file(folder + QLatin1Char('/') + name);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -42,7 +43,13 @@ QJsonDocument readJson(const QString& folder, const QString& name)
     if (syntax.error != QJsonParseError::NoError) {
         fail(name, syntax.errorString());
     }
-    return document;
+    const QJsonValue whole =
+        document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
+    if (whole.type() != wanted) {
+        fail(name,
+             wanted == QJsonValue::Array ? QStringLiteral("is no array") : QStringLiteral("is no object"));
+    }
+    return whole;
 }
 
 QString text(const QJsonObject& object, const char* key)
@@ -55,16 +62,53 @@ QStringList keys(const QJsonObject& object, const char* key)
     return object.value(QLatin1String(key)).toVariant().toStringList();
 }
 
-/// A misspelt attribute would otherwise vanish silently.
-void refuseUnknown(const QJsonObject& object, const QStringList& known, const QString& file,
-                   const QString& where)
+using Attributes = QHash<QString, QJsonValue::Type>;
+
+/// An entry of a file. A misspelt attribute, or one of another type, would otherwise vanish silently.
+QJsonObject checked(const QJsonValue& entry, const Attributes& known, const QString& file,
+                    const QString& where)
 {
-    const QStringList present = object.keys();
-    for (const QString& key : present) {
-        if (!known.contains(key)) {
-            fail(file, QStringLiteral("%1 has an unknown attribute %2").arg(where, key));
+    if (!entry.isObject()) {
+        fail(file, QStringLiteral("%1 is no object").arg(where));
+    }
+    const QJsonObject object = entry.toObject();
+    for (auto attribute = object.begin(); attribute != object.end(); ++attribute) {
+        if (!known.contains(attribute.key())) {
+            fail(file, QStringLiteral("%1 has an unknown attribute %2").arg(where, attribute.key()));
+        }
+        if (attribute->type() != known.value(attribute.key())) {
+            fail(file, QStringLiteral("%1 has a %2 of another type").arg(where, attribute.key()));
         }
     }
+    return object;
+}
+
+const Attributes& parameterAttributes()
+{
+    static const Attributes attributes = {
+        {QStringLiteral("name"), QJsonValue::String},    {QStringLiteral("id"), QJsonValue::String},
+        {QStringLiteral("ui"), QJsonValue::String},      {QStringLiteral("required"), QJsonValue::Bool},
+        {QStringLiteral("visible"), QJsonValue::Bool},   {QStringLiteral("options"), QJsonValue::Array},
+        {QStringLiteral("default"), QJsonValue::String},
+    };
+    return attributes;
+}
+
+const Attributes& familyAttributes()
+{
+    static const Attributes attributes = {{QStringLiteral("table"), QJsonValue::Array},
+                                          {QStringLiteral("parameters"), QJsonValue::Array}};
+    return attributes;
+}
+
+const Attributes& strategyAttributes()
+{
+    static const Attributes attributes = {
+        {QStringLiteral("name"), QJsonValue::String},   {QStringLiteral("alias"), QJsonValue::String},
+        {QStringLiteral("family"), QJsonValue::String}, {QStringLiteral("own"), QJsonValue::Array},
+        {QStringLiteral("without"), QJsonValue::Array},
+    };
+    return attributes;
 }
 
 /// "value=display", each; the display may hold a further "=".
@@ -91,9 +135,6 @@ QString displayOf(const QString& value, const QJsonArray& options)
 
 QJsonObject documentEntry(const QString& key, const QJsonObject& source)
 {
-    static const QStringList known =
-        QStringLiteral("name id ui required visible options default").split(QLatin1Char(' '));
-    refuseUnknown(source, known, ParametersFile, key);
     const QString name = text(source, "name");
     if (name.isEmpty()) {
         fail(ParametersFile, QStringLiteral("%1 has no name").arg(key));
@@ -118,9 +159,9 @@ QJsonObject documentEntry(const QString& key, const QJsonObject& source)
 class Composer {
 public:
     explicit Composer(const QString& folder)
-        : mParameters(readJson(folder, ParametersFile).object()),
-          mFamilies(readJson(folder, FamiliesFile).object()),
-          mStrategies(readJson(folder, StrategiesFile).array())
+        : mParameters(readJson(folder, ParametersFile, QJsonValue::Object).toObject()),
+          mFamilies(readJson(folder, FamiliesFile, QJsonValue::Object).toObject()),
+          mStrategies(readJson(folder, StrategiesFile, QJsonValue::Array).toArray())
     {
     }
 
@@ -129,7 +170,8 @@ public:
         QJsonArray catalogue;
         QSet<QString> names;
         for (const QJsonValue& value : mStrategies) {
-            const QJsonObject strategy = value.toObject();
+            const QString code = text(value.toObject(), "name");
+            const QJsonObject strategy = checked(value, strategyAttributes(), StrategiesFile, code);
             for (const char* key : {"name", "alias"}) {
                 const QString name = text(strategy, key);
                 if (name.isEmpty() || names.contains(name)) {
@@ -146,32 +188,32 @@ public:
 private:
     QJsonObject composed(const QJsonObject& strategy) const
     {
-        static const QStringList known =
-            QStringLiteral("name alias family own without").split(QLatin1Char(' '));
         const QString name = text(strategy, "name");
-        refuseUnknown(strategy, known, StrategiesFile, name);
         const QString family = text(strategy, "family");
         if (!mFamilies.contains(family)) {
             fail(StrategiesFile, QStringLiteral("%1 is of an unknown family %2").arg(name, family));
         }
-        return {{QStringLiteral("name"), name},
-                {QStringLiteral("alias"), text(strategy, "alias")},
-                {QStringLiteral("globalType"), Algo_Values::AlgoGlobalType::algo},
-                {QStringLiteral("paramFormats"), document(strategy, mFamilies.value(family).toObject())}};
+        return {
+            {QStringLiteral("name"), name},
+            {QStringLiteral("alias"), text(strategy, "alias")},
+            {QStringLiteral("globalType"), Algo_Values::AlgoGlobalType::algo},
+            {QStringLiteral("paramFormats"),
+             document(strategy, checked(mFamilies.value(family), familyAttributes(), FamiliesFile, family))}};
     }
 
     QJsonArray document(const QJsonObject& strategy, const QJsonObject& family) const
     {
         QJsonArray columns;
         for (const QString& key : keys(family, "table")) {
-            columns.append(parameter(key));
+            columns.append(parameter(key, FamiliesFile));
         }
         QJsonArray entries{QJsonObject{{Field::paramName, SecurityTable},
                                        {Field::paramId, Algo_Values::AlgoParamId::AlgoSecurityList},
                                        {Field::ui, UiType::Table},
                                        {Field::columns, columns}}};
         for (const QString& key : instanceKeys(strategy, family)) {
-            entries.append(parameter(key));
+            const bool own = keys(strategy, "own").contains(key);
+            entries.append(parameter(key, own ? StrategiesFile : FamiliesFile));
         }
         return entries;
     }
@@ -191,12 +233,14 @@ private:
         return result;
     }
 
-    QJsonObject parameter(const QString& key) const
+    /// `namedIn`: the file that wants it.
+    QJsonObject parameter(const QString& key, const QString& namedIn) const
     {
         if (!mParameters.contains(key)) {
-            fail(FamiliesFile, QStringLiteral("%1 is no parameter").arg(key));
+            fail(namedIn, QStringLiteral("%1 is no parameter").arg(key));
         }
-        return documentEntry(key, mParameters.value(key).toObject());
+        return documentEntry(key,
+                             checked(mParameters.value(key), parameterAttributes(), ParametersFile, key));
     }
 
     const QJsonObject mParameters;

@@ -3,6 +3,7 @@
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "dialog/ColumnNames.h"
 #include "dialog/HeadAliases.h"
+#include "dialog/WholeNumberColumns.h"
 #include "host/AlgoConstants.h"
 #include "host/NorvikConstants.h"
 #include "host/SolveyConstants.h"
@@ -23,15 +24,6 @@ QMap<QString, QString> directionValues()
     return {{Side::buy, QStringLiteral("买入")},         {Side::sell, QStringLiteral("卖出")},
             {FuturesSide::openBuy, Shown::BuyOpenChi},   {FuturesSide::openSell, Shown::SellOpenChi},
             {FuturesSide::closeBuy, Shown::BuyCloseChi}, {FuturesSide::closeSell, Shown::SellCloseChi}};
-}
-
-QStringList wholeNumberColumns()
-{
-    return {QStringLiteral("数量"),       Algo_Fields::AlgoInstContentInfo::Quantity,
-            QStringLiteral("单笔最大"),   QStringLiteral("单笔最小"),
-            QStringLiteral("单笔最小量"), QStringLiteral("单笔最大委托数量"),
-            QStringLiteral("起始成本"),   Algo_Fields::AlgoInstContentInfo::minAmout,
-            QStringLiteral("最差滑点"),   Algo_Values::AlgoParamId::SellBalance};
 }
 
 } // namespace

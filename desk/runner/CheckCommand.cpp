@@ -79,7 +79,7 @@ Outcome checkFile(const CommandLine& line)
         boxes = driver.boxes();
     }
     const QString& path = line.files.first();
-    FileReport report = fileReport(path, line.encoding, titles, host->referenceData());
+    FileReport report = fileReport(path, line.encoding, line.strategy, titles, host->referenceData());
     report.sha256 = ledger::sha256OfFile(path);
     QJsonObject json = toJson(report);
     json[QStringLiteral("file")] = path;

@@ -30,7 +30,6 @@ struct Leg {
 struct InstanceDraft {
     QMap<QString, QVariant> parameters; ///< the parameter map, as the dialog hands it over
     QList<Leg> legs;
-    QString quantityText;   ///< the quantity as it stands in the row; empty where the row has none
     bool startsNow = false; ///< created and started at once
 };
 

@@ -59,7 +59,6 @@ public:
     {
         InstanceDraft instance;
         instance.parameters = mParameters;
-        instance.quantityText = cell(Info::Quantity);
         instance.startsNow = text({}, StartsAtOnce) == Algo_Values::AlgoInstruction::StartOnCreate;
         const QVariantList legs = mParameters.value(Id::AlgoSecurityList).toList();
         for (const QVariant& leg : legs) {

@@ -56,7 +56,7 @@ QJsonObject toJson(const FileReport& report)
 
 /// Reads the file, says what looks wrong in it, and with a strategy and an account what the import says.
 /// Nothing is created and no value changed.
-Outcome checkFile(const CommandLine& line)
+Result checkFile(const CommandLine& line)
 {
     if (line.strategy.isEmpty() != line.account.isEmpty()) {
         return refuse(
@@ -84,7 +84,7 @@ Outcome checkFile(const CommandLine& line)
     QJsonObject json = toJson(report);
     json[QStringLiteral("file")] = path;
     json[QStringLiteral("messageBoxes")] = boxes;
-    return {statusOf(report, !boxes.isEmpty()), QJsonDocument(json), QString()};
+    return print(statusOf(report, !boxes.isEmpty()), QJsonDocument(json));
 }
 
 } // namespace runner

@@ -90,6 +90,13 @@ void warnOfMoney(const BatchDraft& draft, const Limits& limits, Verdict& verdict
     report(verdict.warnings, "moneyLikeQuantity", rows.size(), texts::moneyLikeQuantity(rows.size()), rows);
 }
 
+/// The import reads a limit that is no number as 0, which is no limit.
+void warnOfLostLimits(const BatchDraft& draft, Verdict& verdict)
+{
+    const QList<int> rows = rowsWithLeg(draft, [](const Leg& leg) { return leg.hasZeroLimit; });
+    report(verdict.warnings, "zeroLimit", rows.size(), texts::zeroLimit(rows.size()), rows);
+}
+
 QDateTime timeOf(const InstanceDraft& instance, const QString& name)
 {
     return QDateTime::fromString(instance.parameters.value(name).toString(),
@@ -121,6 +128,7 @@ void warn(const BatchDraft& draft, const Limits& limits, const QList<EarlierBatc
     warnOfSameRows(draft, earlier, verdict);
     warnOfBothSides(draft, verdict);
     warnOfMoney(draft, limits, verdict);
+    warnOfLostLimits(draft, verdict);
     warnOfPrices(draft, limits, verdict);
     warnOfTimes(draft, verdict);
 }

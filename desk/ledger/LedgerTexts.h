@@ -184,6 +184,11 @@ inline QString unpriced(int count)
     return QStringLiteral("%1 行没有行情，未计入金额").arg(count);
 }
 
+inline QString zeroLimit(int count)
+{
+    return QStringLiteral("%1 行限价为 0，将不限价").arg(count);
+}
+
 inline QString endBeforeStart(int count)
 {
     return QStringLiteral("%1 行结束时间早于开始时间").arg(count);

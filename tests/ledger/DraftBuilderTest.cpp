@@ -103,6 +103,19 @@ TEST(Draft, TakesNoTextThatIsNoNumberPastACeiling)
     EXPECT_EQ(makeDraft(content).instances.first().legs.first().quantity, 300.0);
 }
 
+TEST(Draft, KnowsALimitThatBecameNoneFromOneThatWasNotNamed)
+{
+    DialogContent content = ordinaryContent();
+    const auto leg = [&](const QString& limit) {
+        content.parameterMaps[0]["委托限价"_s] = limit;
+        return makeDraft(content).instances.first().legs.first();
+    };
+    EXPECT_FALSE(leg("10.5"_s).hasZeroLimit);
+    EXPECT_FALSE(leg(""_s).hasZeroLimit);
+    EXPECT_TRUE(leg("0.00"_s).hasZeroLimit);
+    EXPECT_TRUE(leg("9.86元"_s).hasZeroLimit);
+}
+
 TEST(Draft, IsAnotherEveryTime)
 {
     EXPECT_NE(makeDraft(ordinaryContent()).id, makeDraft(ordinaryContent()).id);

@@ -344,6 +344,17 @@ TEST(Guard, WarnsOfAnEndBeforeTheStart)
     EXPECT_EQ(verdict.warnings.first().rows, QList<int>{2});
 }
 
+TEST(Guard, WarnsOfALimitThatBecameNone)
+{
+    BatchDraft draft = sampleDraft(2);
+    draft.instances[1].legs[0].limitPrice = 0.0;
+    EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
+    draft.instances[1].legs[0].hasZeroLimit = true;
+    const Verdict verdict = verdictOn(draft);
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"zeroLimit"_s});
+    EXPECT_EQ(verdict.warnings.first().rows, QList<int>{2});
+}
+
 TEST(Guard, AsksForAnAmountThatMeetsItsThresholdButForBinaryFractions)
 {
     BatchDraft draft =

@@ -117,6 +117,7 @@ TEST_F(ListCommands, HelpBehindASubcommandDoesNothingElse)
         EXPECT_TRUE(result.out.startsWith("Usage: algodesk")) << result.out.constData();
         EXPECT_EQ(0, run({"import"_s, help}).status);
     }
+    EXPECT_TRUE(run({"--home"_s, home(), "--help"_s}).out.startsWith("Usage: algodesk")) << "of the window";
     EXPECT_FALSE(QDir(home()).exists());
     expectRefused(run({"undo"_s, "1"_s, "--help-all"_s}), "help-all"_s);
 }

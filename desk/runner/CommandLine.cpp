@@ -60,7 +60,7 @@ QList<Option> optionsOf(const Command& command)
     return options;
 }
 
-/// Takes an option over where it was given; false where its value is empty.
+/// Takes an option over where it was given; false where its value is empty, or the option that follows.
 bool take(const QCommandLineParser& parser, const Option& option, CommandLine& line)
 {
     const QString name = QString::fromLatin1(option.name);
@@ -71,8 +71,9 @@ bool take(const QCommandLineParser& parser, const Option& option, CommandLine& l
         line.*option.isOn = true;
         return true;
     }
-    line.*option.value = parser.value(name);
-    return !parser.value(name).isEmpty();
+    const QString value = parser.value(name);
+    line.*option.value = value;
+    return !value.isEmpty() && !value.startsWith(QLatin1String("--"));
 }
 
 QString wrongArguments(const Command& command, int count)

@@ -113,6 +113,8 @@ TEST_F(Refusal, OfAValueThatIsEmpty)
     expectRefused(run({"instances"_s, "--batch"_s, QString()}), "--batch needs a value"_s);
     expectRefused(run({"rows"_s, file, "--encoding"_s, QString()}), "--encoding needs a value"_s);
     expectRefused(run({"--home"_s, QString()}), "--home needs a value"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, "--confirm"_s}),
+                  "--rejects needs a value"_s);
 }
 
 TEST_F(Refusal, OfAnArgumentThatIsEmpty)

@@ -55,15 +55,27 @@ QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const QLi
 /// Why the refused rows cannot go to that file; empty where they can.
 QString rejectsFault(const CommandLine& line)
 {
-    if (line.rejects.isEmpty()) {
-        return QString();
-    }
     if (!isTableFile(line.rejects)) {
         return QStringLiteral("--rejects OUT must end in .xlsx or .csv");
     }
     const QString out = QFileInfo(line.rejects).canonicalFilePath(); // empty where there is no such file
     const bool isSame = !out.isEmpty() && out == QFileInfo(line.files.first()).canonicalFilePath();
     return isSame ? QStringLiteral("--rejects OUT must not be FILE itself") : QString();
+}
+
+/// What is wrong with the arguments by themselves; empty when nothing is.
+QString usageFault(const CommandLine& line)
+{
+    if (line.strategy.isEmpty() || line.account.isEmpty()) {
+        return QStringLiteral("import needs --strategy CODE and --account ACCOUNT");
+    }
+    if (line.create && !line.confirm) {
+        return QStringLiteral("--create needs --confirm");
+    }
+    if (!line.create && (line.yes || !line.amount.isEmpty())) {
+        return QStringLiteral("--yes and --amount need --create");
+    }
+    return line.rejects.isEmpty() ? QString() : rejectsFault(line);
 }
 
 QJsonObject rejectsToJson(const QString& out, int rows, const QString& error)
@@ -93,17 +105,10 @@ QJsonObject writeRejects(const DialogDriver& driver, const QString& out)
 
 Result importFile(const CommandLine& line)
 {
-    if (line.strategy.isEmpty() || line.account.isEmpty()) {
-        return refuse(QStringLiteral("import needs --strategy CODE and --account ACCOUNT"));
+    QString error = usageFault(line);
+    if (!error.isEmpty()) {
+        return refuse(error);
     }
-    if (line.create && !line.confirm) {
-        return refuse(QStringLiteral("--create needs --confirm"));
-    }
-    const QString wrongRejects = rejectsFault(line);
-    if (!wrongRejects.isEmpty()) {
-        return refuse(wrongRejects);
-    }
-    QString error;
     const std::unique_ptr<EmbeddedHost> host = openHost(line, error);
     if (!host) {
         return refuse(error);

@@ -34,6 +34,9 @@ TEST_F(Refusal, OfWrongUsage)
     expectRefused(import(file, {"--strategy"_s, "AITWAP"_s}), "--account"_s);
     expectRefused(import(file, aitwap() + QStringList{"--answer"_s, "maybe"_s}), "maybe"_s);
     expectRefused(import(file, aitwap() + QStringList{"--nonsense"_s}), "nonsense"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--create"_s}), "--confirm"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--yes"_s}), "--create"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--amount"_s, "1"_s}), "--create"_s);
     expectRefused(import(file, aitwap() + QStringList{"second.csv"_s}),
                   "import takes FILE, but was given 2"_s);
     expectRefused(import(file, aitwap() + QStringList{"--switch-account"_s}), "switch-account"_s);

@@ -12,6 +12,7 @@ install(FILES
   dialog/AlgoBatchImportParamSetting.h
   dialog/AlgoBatchImportExport.h
   dialog/HeadAliases.h
+  dialog/WholeNumberColumns.h
   DESTINATION ${header_dir}/dialog)
 install(DIRECTORY host/ DESTINATION ${header_dir}/host FILES_MATCHING PATTERN "*.h")
 

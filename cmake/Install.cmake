@@ -11,7 +11,6 @@ install(TARGETS algo_batch_import algo_host_api
 install(FILES
   dialog/AlgoBatchImportParamSetting.h
   dialog/AlgoBatchImportExport.h
-  dialog/HeadAliases.h
   DESTINATION ${header_dir}/dialog)
 install(DIRECTORY host/ DESTINATION ${header_dir}/host FILES_MATCHING PATTERN "*.h")
 

@@ -52,10 +52,15 @@ bool hasDisplay()
 int runDesk(int& argc, char** argv, const QStringList& arguments)
 {
     QString error;
-    const auto line =
-        runner::parseCommandLine(arguments, {QStringLiteral("data"), QStringLiteral("home")}, 0, error);
+    const runner::Command desk = {
+        QStringLiteral("algodesk"), {QStringLiteral("data"), QStringLiteral("home")}, {}};
+    const auto line = runner::parseCommandLine(arguments, desk, error);
     if (!line) {
         return complain(error);
+    }
+    if (line->help) {
+        std::printf("%s", qUtf8Printable(runner::usage()));
+        return runner::Done;
     }
     if (!hasDisplay()) {
         return complain(

@@ -8,8 +8,8 @@
 #include <QString>
 #include <QStringList>
 
-/// What the import of a table and the host's templates of it agree on, beside the names of
-/// host/AlgoConstants.h.
+/// What the import of a table and whatever the host offers around it (templates, checks of a file) agree on,
+/// beside the names of host/AlgoConstants.h.
 
 namespace columns {
 inline const QString SecurityName = QStringLiteral("证券名称");
@@ -25,6 +25,25 @@ inline const QStringList CompulsoryColumns = {Algo_Values::AlgoParamId::traderOr
                                               Algo_Fields::AlgoInstContentInfo::Quantity_Amount,
                                               Algo_Values::AlgoParamId::SellBalance,
                                               Algo_Values::AlgoParamId::InvestType};
+
+/// Columns whose cells the import cuts off behind the point; a text that is no number is 0 there.
+inline const QStringList WholeNumberColumns = {
+    QStringLiteral("数量"),       Algo_Fields::AlgoInstContentInfo::Quantity,
+    QStringLiteral("单笔最大"),   QStringLiteral("单笔最小"),
+    QStringLiteral("单笔最小量"), QStringLiteral("单笔最大委托数量"),
+    QStringLiteral("起始成本"),   Algo_Fields::AlgoInstContentInfo::minAmout,
+    QStringLiteral("最差滑点"),   Algo_Values::AlgoParamId::SellBalance};
+
+/// Titles that an import file may use in place of a column's own, for example 方向 for 交易方向. The header
+/// matching reads them in both directions.
+inline const QMap<QString, QString> HeadAliases = {
+    {QStringLiteral("方向"), Algo_Values::AlgoParamId::traderOrder},
+    {QStringLiteral("数量"), Algo_Fields::AlgoInstContentInfo::Quantity},
+    {QStringLiteral("限价"), Algo_Fields::AlgoInstContentInfo::PriceLimits},
+    {QStringLiteral("代码"), Algo_Fields::AlgoInstContentInfo::Symbol},
+    {QStringLiteral("扫盘比例(%)"), QStringLiteral("扫盘比例（%）")},
+    {QStringLiteral("备注"), QStringLiteral("实例备注")},
+    {QStringLiteral("名称"), columns::SecurityName}};
 
 /// What is typed as a direction, and how it is shown.
 inline const QMap<QString, QString> TypedDirections = {

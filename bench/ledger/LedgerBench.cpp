@@ -102,7 +102,7 @@ void guardBatch(benchmark::State& state)
     const BatchDraft draft = draftOf(1000);
     EarlierBatch earlier;
     for (const InstanceDraft& instance : draft.instances) {
-        ++earlier.rowKeys[rowKey(draft.strategy, instance)];
+        earlier.rowKeys.insert(rowKey(draft.strategy, instance));
     }
     Limits limits;
     limits.rowAmount = limits.securityAmount = limits.grossBuy = 1e12;

@@ -1,8 +1,8 @@
 #include "desk/check/FileReport.h"
 
-#include "dialog/HeadAliases.h"
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "host/AlgoConstants.h"
+#include "host/ImportTable.h"
 
 #include <QMultiHash>
 
@@ -20,11 +20,38 @@ QMultiHash<QString, QString> securitiesByCode(const ReferenceData& data)
     return byCode;
 }
 
-table_lint::Expectation expectationOf(const QStringList& titles, const ReferenceData& data)
+/// Columns that the import reads as numbers, by every title that it takes for them.
+QMap<QString, table_lint::NumberKind> numberColumns()
 {
-    return {
-        titles, headAliases(), Algo_Fields::AlgoInstContentInfo::Symbol,
-        [byCode = securitiesByCode(data)](const QString& code) { return QStringList(byCode.values(code)); }};
+    using table_lint::NumberKind;
+    namespace Info = Algo_Fields::AlgoInstContentInfo;
+    QMap<QString, NumberKind> kinds = {{Info::PriceLimits, NumberKind::Price},
+                                       {Info::Quantity_Amount, NumberKind::Amount},
+                                       {columns::SealingAmount, NumberKind::Amount}};
+    for (const QString& title : WholeNumberColumns) {
+        kinds[title] = NumberKind::Whole;
+    }
+    for (auto alias = HeadAliases.cbegin(); alias != HeadAliases.cend(); ++alias) {
+        if (kinds.contains(*alias)) {
+            kinds[alias.key()] = kinds.value(*alias);
+        }
+    }
+    return kinds;
+}
+
+table_lint::Expectation expectationOf(const QString& strategy, const QStringList& titles,
+                                      const ReferenceData& data)
+{
+    table_lint::Expectation expected;
+    expected.titles = titles;
+    expected.aliases = HeadAliases;
+    expected.codeTitle = Algo_Fields::AlgoInstContentInfo::Symbol;
+    expected.securities = [byCode = securitiesByCode(data)](const QString& code) {
+        return QStringList(byCode.values(code));
+    };
+    expected.numbers = numberColumns();
+    expected.pairedPrices = strategy.isEmpty() || AilockStrategyList.contains(strategy);
+    return expected;
 }
 
 } // namespace
@@ -36,8 +63,8 @@ bool FileReport::hasErrors() const
     });
 }
 
-FileReport fileReport(const QString& path, const QString& encoding, const QStringList& titles,
-                      const ReferenceData& referenceData)
+FileReport fileReport(const QString& path, const QString& encoding, const QString& strategy,
+                      const QStringList& titles, const ReferenceData& referenceData)
 {
     table_reader::ReadOptions options;
     options.encoding = encoding;
@@ -51,7 +78,7 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     report.rowCount = table.rows.size();
     report.error = table.error;
     if (table.error.isEmpty()) {
-        report.findings = table_lint::lint(table, expectationOf(titles, referenceData));
+        report.findings = table_lint::lint(table, expectationOf(strategy, titles, referenceData));
     }
     return report;
 }

@@ -11,7 +11,7 @@ class ReferenceData;
 /// What a trader should know of a table file before he trusts its import: how it was read, and what looks
 /// wrong in it. Nothing is imported and no value changed.
 ///
-///     FileReport report = fileReport(path, {}, titlesOfTheStrategy, host.referenceData());
+///     FileReport report = fileReport(path, {}, strategy, titlesOfTheStrategy, host.referenceData());
 ///     report.sha256 = ledger::sha256OfFile(path);
 struct FileReport {
     QString format;    ///< csv, xlsx, xls, ods; empty when the file is none of them
@@ -29,7 +29,7 @@ struct FileReport {
     bool hasErrors() const;
 };
 
-/// Reads the file's first rows. `encoding`: of csv, empty to tell it from the bytes; `titles`: the strategy's
-/// columns, with which those of the file are compared.
-FileReport fileReport(const QString& path, const QString& encoding, const QStringList& titles,
-                      const ReferenceData& referenceData);
+/// Reads the file's first rows. `encoding`: of csv, empty to tell it from the bytes; `titles`: the columns of
+/// `strategy`, with which those of the file are compared; both empty: compared with nothing.
+FileReport fileReport(const QString& path, const QString& encoding, const QString& strategy,
+                      const QStringList& titles, const ReferenceData& referenceData);

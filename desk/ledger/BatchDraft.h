@@ -17,9 +17,10 @@ struct Leg {
     QString exchange;  ///< market code of the row; decides the exchange rate of a Hong Kong security
     QString direction; ///< as it is sent: Buy, Sell, BuyOpen, …, or Buy/Sell
     double quantity = 0.0;
-    double limitPrice = 0.0;  ///< 0: none
-    double typedAmount = 0.0; ///< money, where the row names an amount instead of a quantity; else 0
-    double amount = 0.0;      ///< money in CNY, filled by valueLegs(); 0: no price was to be had
+    double limitPrice = 0.0;   ///< 0: none
+    bool hasZeroLimit = false; ///< a limit price is named, and it is none: 0, or what the import made 0
+    double typedAmount = 0.0;  ///< money, where the row names an amount instead of a quantity; else 0
+    double amount = 0.0;       ///< money in CNY, filled by valueLegs(); 0: no price was to be had
 
     /// A direction of neither side counts on both: no ceiling is passed by a text that nobody knows.
     bool buys() const;
@@ -30,7 +31,6 @@ struct Leg {
 struct InstanceDraft {
     QMap<QString, QVariant> parameters; ///< the parameter map, as the dialog hands it over
     QList<Leg> legs;
-    QString quantityText;   ///< the quantity as it stands in the row; empty where the row has none
     bool startsNow = false; ///< created and started at once
 };
 

@@ -59,7 +59,6 @@ public:
     {
         InstanceDraft instance;
         instance.parameters = mParameters;
-        instance.quantityText = cell(Info::Quantity);
         instance.startsNow = text({}, StartsAtOnce) == Algo_Values::AlgoInstruction::StartOnCreate;
         const QVariantList legs = mParameters.value(Id::AlgoSecurityList).toList();
         for (const QVariant& leg : legs) {
@@ -78,7 +77,9 @@ private:
         if (leg.direction.isEmpty()) {
             leg.direction = text(parameters, OrderDirection);
         }
-        leg.limitPrice = sizeOf(text(parameters, Info::PriceLimits));
+        const QString limit = text(parameters, Info::PriceLimits);
+        leg.limitPrice = sizeOf(limit);
+        leg.hasZeroLimit = !limit.isEmpty() && leg.limitPrice <= 0.0;
         leg.typedAmount = sizeOf(cell(Info::Quantity_Amount));
         // The cell counts in units, while a leg counts in the security's display factor.
         const QString quantity = cell(Info::Quantity);

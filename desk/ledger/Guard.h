@@ -4,8 +4,8 @@
 #include "desk/ledger/Limits.h"
 #include "desk/ledger/Prices.h"
 
-#include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 
 /// The last look at a batch before its instances exist.
@@ -14,9 +14,8 @@ namespace ledger {
 /// A batch created earlier today on the same account, of which something still stands.
 struct EarlierBatch {
     qint64 number = 0;
-    QString fileName;
     QString fileSha256;
-    QHash<QString, int> rowKeys; ///< key of each row that was not taken back -> how often
+    QSet<QString> rowKeys; ///< of each row that was not taken back before anything could have traded
 };
 
 /// One line of a verdict.
@@ -28,7 +27,7 @@ struct Finding {
 };
 
 struct Verdict {
-    QList<Finding> refusals;       ///< ceilings broken; nobody can override them
+    QList<Finding> refusals;       ///< nobody can override them
     QList<Finding> warnings;       ///< one a rule, worst first
     double grossBuy = 0.0;         ///< CNY
     double grossSell = 0.0;        ///< CNY

@@ -23,13 +23,17 @@ bool isHongKong(const QString& symbol)
     return SubType::HKSharesTypeList.contains(subType) || subType == SubType::HStcokCirculation;
 }
 
-/// A buy is valued at the rate at which the bank sells, and a sale at the one at which it buys.
+/// A buy is valued at the rate at which the bank sells, and a sale at the one at which it buys. One that is
+/// missing is 0; a host without any rates leaves the amounts in their own currency, as the dialog does.
 void addExchangeRates(Price& price, const QString& exchange, const HKExchangeRateTable& rates)
 {
+    if (rates.isEmpty()) {
+        return;
+    }
     namespace Rate = Solvey_Fields::HKSExchgRate;
     const QMap<QString, QVariant> ofExchange = rates.value(exchange);
-    price.buyFactor = ofExchange.value(Rate::HKSExchgRateSell, 1.0).toDouble();
-    price.sellFactor = ofExchange.value(Rate::HKSExchgRateBuy, 1.0).toDouble();
+    price.buyFactor = ofExchange.value(Rate::HKSExchgRateSell).toDouble();
+    price.sellFactor = ofExchange.value(Rate::HKSExchgRateBuy).toDouble();
 }
 
 Price priceOf(const Leg& leg, const HKExchangeRateTable& rates)

@@ -1,13 +1,8 @@
 #include "desk/ledger/Ledger.h"
 
-#include "desk/ledger/LedgerQueries.h"
-#include "desk/ledger/LedgerSchema.h"
-#include "desk/ledger/LedgerTexts.h"
-#include "desk/ledger/OwnerLock.h"
-#include "desk/ledger/SqliteFile.h"
+#include "desk/ledger/LedgerStore.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 namespace ledger {
 
@@ -16,9 +11,9 @@ namespace {
 /// The trading day of the exchanges begins at midnight in Shanghai.
 constexpr int ExchangeUtcOffset = 8 * 3600;
 
-QDateTime systemNow()
+QDateTime now(const Ledger::Options& options)
 {
-    return QDateTime::currentDateTimeUtc();
+    return options.clock ? options.clock() : QDateTime::currentDateTimeUtc();
 }
 
 QDateTime startOfDay(const QDateTime& now)
@@ -41,11 +36,13 @@ bool isAllowed(InstanceState before, InstanceState after)
     }
 }
 
-/// What undo makes of each instance, without doing it.
+/// What undo makes of each instance, without doing it. One that ran may have traded: stopping it, now or
+/// before, reverses nothing.
 UndoReport undoPlan(qint64 batch, const QList<Instance>& instances)
 {
     UndoReport report;
     report.batch = batch;
+    report.state = BatchState::Withdrawn;
     for (const Instance& instance : instances) {
         UndoneInstance undone{instance.id, {}, instance.state, instance.state};
         for (const Leg& leg : instance.legs) {
@@ -62,8 +59,10 @@ UndoReport undoPlan(qint64 batch, const QList<Instance>& instances)
         } else {
             ++report.alreadyUndone;
         }
+        if (undone.after != InstanceState::Withdrawn) {
+            report.state = BatchState::PartlyReversed;
+        }
     }
-    report.state = report.notReversed.isEmpty() ? BatchState::Withdrawn : BatchState::PartlyReversed;
     return report;
 }
 
@@ -85,118 +84,6 @@ Batch batchOfDraft(const BatchDraft& draft, qint64 number, const QDateTime& now)
 }
 
 } // namespace
-
-struct Ledger::Store {
-    Store(const QString& path, const Options& chosen)
-        : options(chosen), lock(path + QLatin1String(".lock")), file(path)
-    {
-    }
-
-    QString open();
-    QDateTime now() const { return options.clock ? options.clock() : systemNow(); }
-    template <typename Value> Outcome<Value> outcome(const Value& value, const Statements& statements) const;
-
-    const Options options;
-    OwnerLock lock;
-    SqliteFile file;
-
-private:
-    QString takeLock();
-    QString openForWriting();
-    QString openForReading();
-    QString openNothing();
-    static QString inspect(const QString& path);
-};
-
-template <typename Value>
-Outcome<Value> Ledger::Store::outcome(const Value& value, const Statements& statements) const
-{
-    if (statements.failed()) {
-        return {{}, file.sentenceFor(statements.error())};
-    }
-    return {value, QString()};
-}
-
-QString Ledger::Store::open()
-{
-    if (options.access == Access::Write) {
-        return openForWriting();
-    }
-    const QFileInfo home(QFileInfo(file.path()).absolutePath());
-    if (home.exists() && !home.isExecutable()) {
-        return texts::unreadableFile(file.path()); // whether there is a ledger cannot be told
-    }
-    return SqliteFile::hasContent(file.path()) ? openForReading() : openNothing();
-}
-
-QString Ledger::Store::takeLock()
-{
-    if (!QDir().mkpath(QFileInfo(file.path()).absolutePath())) {
-        return texts::readOnlyFile(file.path());
-    }
-    switch (lock.take()) {
-    case OwnerLock::Answer::Taken:
-        return QString();
-    case OwnerLock::Answer::HeldByAnother:
-        return texts::fileInUse(file.path(), lock.ownerProgram(), lock.ownerProcess());
-    case OwnerLock::Answer::NotPermitted:
-        return texts::readOnlyFile(file.path());
-    case OwnerLock::Answer::Failed:
-        break;
-    }
-    return texts::unreadableFile(file.path());
-}
-
-/// Looks at the file through a connection that cannot change it.
-QString Ledger::Store::inspect(const QString& path)
-{
-    SqliteFile probe(path);
-    QString fault = probe.open(SqliteFile::Mode::Read);
-    if (fault.isEmpty()) {
-        fault = probe.inspect();
-    }
-    const qint64 version = fault.isEmpty() ? versionOf(probe.database()) : 0;
-    return version > schemaVersion() ? texts::newerFile(path, version, schemaVersion()) : fault;
-}
-
-QString Ledger::Store::openForWriting()
-{
-    QString fault = takeLock();
-    if (fault.isEmpty() && SqliteFile::hasContent(file.path())) {
-        fault = inspect(file.path());
-    }
-    if (fault.isEmpty()) {
-        fault = file.open(SqliteFile::Mode::Write);
-    }
-    if (fault.isEmpty()) {
-        fault = file.prepareForWriting(options.maxPages);
-    }
-    if (!fault.isEmpty() || versionOf(file.database()) == schemaVersion()) {
-        return fault;
-    }
-    const QSqlError error = migrate(file.database());
-    return error.isValid() ? file.sentenceFor(error) : QString();
-}
-
-QString Ledger::Store::openForReading()
-{
-    QString fault = inspect(file.path());
-    if (fault.isEmpty()) {
-        fault = file.open(SqliteFile::Mode::Read);
-    }
-    if (!fault.isEmpty()) {
-        return fault;
-    }
-    const qint64 version = versionOf(file.database());
-    return version < schemaVersion() ? texts::olderFile(file.path(), version) : QString();
-}
-
-QString Ledger::Store::openNothing()
-{
-    const QString fault = file.open(SqliteFile::Mode::Memory);
-    const QSqlError error = fault.isEmpty() ? migrate(file.database()) : QSqlError();
-    return error.isValid() ? file.sentenceFor(error) : fault;
-}
 
 Ledger::Ledger(std::unique_ptr<Store> store) : mStore(std::move(store)) {}
 
@@ -229,30 +116,21 @@ QString Ledger::path() const
 
 Outcome<Batch> Ledger::createBatch(const BatchDraft& draft)
 {
-    if (mStore->options.access == Access::Read) {
-        return {{}, texts::openedForReading(path())};
-    }
     if (draft.id.isNull() || draft.instances.isEmpty()) {
         return {{}, draft.id.isNull() ? texts::draftWithoutId() : texts::emptyDraft()};
     }
-    Transaction transaction(mStore->file.database());
-    if (!transaction.isOpen()) {
-        return {{}, mStore->file.sentenceFor(transaction.error())};
-    }
-    Statements statements(mStore->file.database());
-    const QList<Batch> known = selectBatches(statements, QStringLiteral("WHERE draft_id = ?"),
-                                             {draft.id.toString(QUuid::WithoutBraces)});
-    if (!known.isEmpty()) {
-        return {known.first(), QString()};
-    }
-    const Batch batch = batchOfDraft(draft, takeNumber(statements), mStore->now());
-    insertBatch(statements, batch);
-    insertInstances(statements, batch, draft.instances);
-    insertTable(statements, batch.number, draft.table);
-    if (!statements.failed() && !transaction.commit()) {
-        return {{}, mStore->file.sentenceFor(transaction.error())};
-    }
-    return mStore->outcome(batch, statements);
+    return mStore->change<Batch>([&](Statements& statements) {
+        const QList<Batch> known = selectBatches(statements, QStringLiteral("WHERE draft_id = ?"),
+                                                 {draft.id.toString(QUuid::WithoutBraces)});
+        if (!known.isEmpty()) {
+            return Outcome<Batch>{known.first(), QString()};
+        }
+        const Batch batch = batchOfDraft(draft, takeNumber(statements), now(mStore->options));
+        insertBatch(statements, batch);
+        insertInstances(statements, batch, draft.instances);
+        insertTable(statements, batch.number, draft.table);
+        return Outcome<Batch>{batch, QString()};
+    });
 }
 
 Outcome<QList<Batch>> Ledger::batches() const
@@ -296,51 +174,42 @@ Outcome<BatchTable> Ledger::tableOf(qint64 batchNumber) const
 Outcome<QList<EarlierBatch>> Ledger::createdToday(const QString& account) const
 {
     Statements statements(mStore->file.database());
-    return mStore->outcome(selectEarlier(statements, account, startOfDay(mStore->now())), statements);
+    return mStore->outcome(selectEarlier(statements, account, startOfDay(now(mStore->options))), statements);
 }
 
 Outcome<UndoReport> Ledger::undo(qint64 batchNumber)
 {
-    if (mStore->options.access == Access::Read) {
-        return {{}, texts::openedForReading(path())};
-    }
-    const Outcome<Batch> found = batch(batchNumber);
-    if (!found.ok()) {
-        return {{}, found.error};
-    }
-    Transaction transaction(mStore->file.database());
-    Statements statements(mStore->file.database());
-    const QDateTime now = mStore->now();
-    const UndoReport report = undoPlan(batchNumber, selectInstances(statements, WhereBatch, {batchNumber}));
-    updateInstanceStates(statements, batchNumber, InstanceState::Created, InstanceState::Withdrawn, now);
-    updateInstanceStates(statements, batchNumber, InstanceState::Running, InstanceState::Stopped, now);
-    updateBatchState(statements, batchNumber, report.state);
-    if (!statements.failed() && !transaction.commit()) {
-        return {{}, mStore->file.sentenceFor(transaction.error())};
-    }
-    return mStore->outcome(report, statements);
+    return mStore->change<UndoReport>([&](Statements& statements) {
+        const QList<Instance> instances = selectInstances(statements, WhereBatch, {batchNumber});
+        if (instances.isEmpty()) {
+            return Outcome<UndoReport>{{}, texts::noSuchBatch(path(), batchNumber)};
+        }
+        const QDateTime at = now(mStore->options);
+        const UndoReport report = undoPlan(batchNumber, instances);
+        updateInstanceStates(statements, batchNumber, InstanceState::Created, InstanceState::Withdrawn, at);
+        updateInstanceStates(statements, batchNumber, InstanceState::Running, InstanceState::Stopped, at);
+        updateBatchState(statements, batchNumber, report.state);
+        return Outcome<UndoReport>{report, QString()};
+    });
 }
 
 QString Ledger::changeState(const InstanceId& instance, InstanceState state)
 {
-    if (mStore->options.access == Access::Read) {
-        return texts::openedForReading(path());
-    }
-    Transaction transaction(mStore->file.database());
-    Statements statements(mStore->file.database());
-    const QList<Instance> found = selectInstances(statements, WhereBatch + QLatin1String(" AND row_no = ?"),
-                                                  {instance.batch, instance.row});
-    if (!statements.failed() && found.isEmpty()) {
-        return texts::noSuchInstance(instance.text());
-    }
-    if (!statements.failed() && !isAllowed(found.first().state, state)) {
-        return texts::forbiddenChange(instance.text(), shownName(found.first().state), shownName(state));
-    }
-    updateInstanceState(statements, instance, state, mStore->now());
-    if (statements.failed()) {
-        return mStore->file.sentenceFor(statements.error());
-    }
-    return transaction.commit() ? QString() : mStore->file.sentenceFor(transaction.error());
+    const auto changed = mStore->change<InstanceState>([&](Statements& statements) {
+        const QList<Instance> found = selectInstances(
+            statements, WhereBatch + QLatin1String(" AND row_no = ?"), {instance.batch, instance.row});
+        if (found.isEmpty()) {
+            return Outcome<InstanceState>{{}, texts::noSuchInstance(instance.text())};
+        }
+        const InstanceState before = found.first().state;
+        if (!isAllowed(before, state)) {
+            return Outcome<InstanceState>{
+                {}, texts::forbiddenChange(instance.text(), shownName(before), shownName(state))};
+        }
+        updateInstanceState(statements, instance, state, now(mStore->options));
+        return Outcome<InstanceState>{state, QString()};
+    });
+    return changed.error;
 }
 
 } // namespace ledger

@@ -60,6 +60,7 @@ public:
     Outcome<QList<EarlierBatch>> createdToday(const QString& account) const;
 
     /// Withdraws what has not started, stops what runs, and lists what is finished. Harmless when repeated.
+    /// The batch is withdrawn only where nothing of it ever ran.
     Outcome<UndoReport> undo(qint64 batch);
 
     /// created -> running -> finished or stopped; created -> withdrawn. Empty, or what forbids it.

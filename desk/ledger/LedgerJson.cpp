@@ -150,6 +150,11 @@ QJsonObject creationToJson(const Verdict& verdict, const Outcome<Batch>& created
             {key("error"), created.error}};
 }
 
+QJsonObject noCreationToJson(const QString& error)
+{
+    return {{key("guard"), QJsonValue::Null}, {key("batch"), QJsonValue::Null}, {key("error"), error}};
+}
+
 QByteArray parametersToText(const QMap<QString, QVariant>& parameters)
 {
     return QJsonDocument(QJsonObject::fromVariantMap(parameters)).toJson(QJsonDocument::Compact);

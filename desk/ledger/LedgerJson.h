@@ -19,6 +19,8 @@ QJsonArray toJson(const QList<Batch>& batches);
 QJsonArray toJson(const QList<Instance>& instances);
 /// The verdict and the batch that came of it, or the error.
 QJsonObject creationToJson(const Verdict& verdict, const Outcome<Batch>& created);
+/// The same where it did not come to a verdict.
+QJsonObject noCreationToJson(const QString& error);
 
 /// Parameters as JSON and back: texts, numbers, booleans, lists and maps.
 QByteArray parametersToText(const QMap<QString, QVariant>& parameters);

@@ -92,10 +92,10 @@ Leg legOf(const QSqlQuery& row)
 }
 
 /// Legs come in the order of their instances, so that one walk hands them out.
-void addLegs(QSqlQuery legs, QList<Instance>& instances)
+void addLegs(Statements& statements, QSqlQuery legs, QList<Instance>& instances)
 {
     int at = 0;
-    while (legs.next()) {
+    while (statements.next(legs)) {
         const qint64 batch = legs.value(0).toLongLong();
         const int row = legs.value(1).toInt();
         while (at < instances.size() && (instances[at].id.batch != batch || instances[at].id.row != row)) {
@@ -122,6 +122,22 @@ QSqlQuery Statements::select(const QString& statement, const QVariantList& value
     query.setForwardOnly(true);
     runAgain(query, values);
     return query;
+}
+
+bool Statements::next(QSqlQuery& query)
+{
+    if (failed() || query.next()) {
+        return !failed();
+    }
+    mError = query.lastError();
+    return false;
+}
+
+void Statements::fail(const QString& reason)
+{
+    if (!failed()) {
+        mError = QSqlError(QString(), reason, QSqlError::StatementError);
+    }
 }
 
 QSqlQuery Statements::prepare(const QString& statement)
@@ -156,7 +172,7 @@ QList<Batch> selectBatches(Statements& statements, const QString& condition, con
             .arg(condition),
         values);
     QList<Batch> batches;
-    while (query.next()) {
+    while (statements.next(query)) {
         batches.append(batchOf(query));
     }
     return batches;
@@ -171,10 +187,11 @@ QList<Instance> selectInstances(Statements& statements, const QString& condition
             .arg(condition, order),
         values);
     QList<Instance> instances;
-    while (query.next()) {
+    while (statements.next(query)) {
         instances.append(instanceOf(query));
     }
     addLegs(
+        statements,
         statements.select(
             QStringLiteral("SELECT batch_number, row_no, symbol, direction, quantity, limit_price, amount "
                            "FROM instance_leg %1 %2, leg_no")
@@ -188,7 +205,7 @@ std::optional<BatchTable> selectTable(Statements& statements, qint64 batch)
 {
     QSqlQuery query = statements.select(
         QStringLiteral("SELECT column_names, row_texts FROM batch_table WHERE batch_number = ?"), {batch});
-    if (!query.next()) {
+    if (!statements.next(query)) {
         return std::nullopt;
     }
     BatchTable table;
@@ -207,23 +224,22 @@ QList<EarlierBatch> selectEarlier(Statements& statements, const QString& account
     const QString standing = QStringLiteral("account = ? AND created_at >= ? AND state <> 'withdrawn'");
     QList<EarlierBatch> earlier;
     for (const Batch& batch : selectBatches(statements, QLatin1String("WHERE ") + standing, values)) {
-        earlier.append({batch.number, batch.fileName, batch.fileSha256, {}});
+        earlier.append({batch.number, batch.fileSha256, {}});
     }
     QSqlQuery query = statements.select(
         QStringLiteral(
             "SELECT i.batch_number, i.row_key FROM instance i "
             "JOIN batch b ON b.number = i.batch_number "
-            "WHERE b.account = ? AND b.created_at >= ? AND i.row_key <> '' AND i.state <> 'withdrawn' "
-            "AND (b.state = 'created' OR (b.state = 'partly_reversed' AND i.state = 'finished')) "
-            "ORDER BY i.batch_number"),
+            "WHERE b.account = ? AND b.created_at >= ? AND i.row_key <> '' AND b.state <> 'withdrawn' "
+            "AND i.state <> 'withdrawn' ORDER BY i.batch_number"),
         values);
     int at = 0;
-    while (query.next()) {
+    while (statements.next(query)) {
         while (at < earlier.size() && earlier[at].number != query.value(0).toLongLong()) {
             ++at;
         }
         if (at < earlier.size()) {
-            ++earlier[at].rowKeys[query.value(1).toString()];
+            earlier[at].rowKeys.insert(query.value(1).toString());
         }
     }
     return earlier;
@@ -234,7 +250,11 @@ qint64 takeNumber(Statements& statements)
     statements.run(QStringLiteral("UPDATE ledger_number SET value = value + 1 WHERE name = 'last_batch'"));
     QSqlQuery query =
         statements.select(QStringLiteral("SELECT value FROM ledger_number WHERE name = 'last_batch'"));
-    return query.next() ? query.value(0).toLongLong() : 0;
+    if (!statements.next(query)) {
+        statements.fail(QStringLiteral("ledger_number lacks last_batch"));
+        return 0;
+    }
+    return query.value(0).toLongLong();
 }
 
 void insertBatch(Statements& statements, const Batch& batch)

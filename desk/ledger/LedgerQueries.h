@@ -20,6 +20,10 @@ public:
     bool run(const QString& statement, const QVariantList& values = {});
     /// Runs a statement for its rows.
     QSqlQuery select(const QString& statement, const QVariantList& values = {});
+    /// The next row of a select; false behind the last one, and on an error.
+    bool next(QSqlQuery& query);
+    /// Notes an error that is none of the database: what it holds cannot be.
+    void fail(const QString& reason);
     /// Prepares a statement that runs many times with runAgain().
     QSqlQuery prepare(const QString& statement);
     bool runAgain(QSqlQuery& query, const QVariantList& values);

@@ -85,6 +85,9 @@ QSqlError migrate(const QSqlDatabase& database, int version)
 {
     QSqlError error;
     Transaction transaction(database);
+    if (!transaction.isOpen()) {
+        return transaction.error();
+    }
     for (int from = static_cast<int>(versionOf(database)); from < version; ++from) {
         const QString seal =
             QStringLiteral("UPDATE ledger_number SET value = %1 WHERE name = 'schema_version'").arg(from + 1);

@@ -21,16 +21,13 @@ inline QString newerFile(const QString& file, qint64 version, qint64 known)
 {
     return QStringLiteral(
                "台账文件“%1”由更新版本的程序写入（版本 %2，本程序支持到 %3）；请升级程序后再打开。")
-        .arg(file)
-        .arg(version)
-        .arg(known);
+        .arg(file, QString::number(version), QString::number(known));
 }
 
 inline QString olderFile(const QString& file, qint64 version)
 {
     return QStringLiteral("台账文件“%1”是旧版本（版本 %2）；请先打开一次交易台，由它升级。")
-        .arg(file)
-        .arg(version);
+        .arg(file, QString::number(version));
 }
 
 inline QString fullDisk(const QString& file)
@@ -46,9 +43,10 @@ inline QString readOnlyFile(const QString& file)
 
 inline QString fileInUse(const QString& file, const QString& program, qint64 process)
 {
-    return QStringLiteral("台账文件“%1”正被另一个程序使用（%2，进程 %3）；请先关闭它。")
-        .arg(file, program)
-        .arg(process);
+    const QString owner = program.isEmpty()
+                              ? QString() // it has not written it down yet
+                              : QStringLiteral("（%1，进程 %2）").arg(program, QString::number(process));
+    return QStringLiteral("台账文件“%1”正被另一个程序使用%2；请先关闭它。").arg(file, owner);
 }
 
 inline QString busyFile(const QString& file)
@@ -85,7 +83,7 @@ inline QString emptyDraft()
 
 inline QString noSuchBatch(const QString& file, qint64 number)
 {
-    return QStringLiteral("台账文件“%1”中没有批次 %2。").arg(file).arg(number);
+    return QStringLiteral("台账文件“%1”中没有批次 %2。").arg(file, QString::number(number));
 }
 
 inline QString noTableKept(qint64 number)
@@ -110,7 +108,19 @@ inline QString negativeLimit(const QString& column, const QString& cell)
     return QStringLiteral("%1 不能为负数：%2").arg(column, cell);
 }
 
-// Ceilings: refusals of the guard.
+// Refusals of the guard.
+
+inline QString notShown(int shown, int instances)
+{
+    return QStringLiteral("表格中有 %1 行，待创建的实例却有 %2 个：最近一次导入没有成功；请重新导入")
+        .arg(shown)
+        .arg(instances);
+}
+
+inline QString noQuantity(int count)
+{
+    return QStringLiteral("%1 行既没有委托数量也没有委托金额").arg(count);
+}
 
 inline QString rowQuantity(int count, const QString& limit)
 {
@@ -174,11 +184,21 @@ inline QString unpriced(int count)
     return QStringLiteral("%1 行没有行情，未计入金额").arg(count);
 }
 
+inline QString zeroLimit(int count)
+{
+    return QStringLiteral("%1 行限价为 0，将不限价").arg(count);
+}
+
+inline QString endBeforeStart(int count)
+{
+    return QStringLiteral("%1 行结束时间早于开始时间").arg(count);
+}
+
 // Consent.
 
 inline QString refused(const QString& reasons)
 {
-    return QStringLiteral("超过上限，不能创建：%1。").arg(reasons);
+    return QStringLiteral("不能创建：%1。").arg(reasons);
 }
 
 inline QString warningsOpen(const QString& warnings)
@@ -191,11 +211,14 @@ inline QString amountNotTyped(const QString& amount)
     return QStringLiteral("总金额达到复核标准，请再次输入总金额 %1 元。").arg(amount);
 }
 
-inline QString notShown(int shown, int instances)
+inline QString importComplained()
 {
-    return QStringLiteral("表格中有 %1 行，待创建的实例却有 %2 个：最近一次导入没有成功；请重新导入。")
-        .arg(shown)
-        .arg(instances);
+    return QStringLiteral("导入时有提示，没有创建；如确认可以忽略，请加 --yes。");
+}
+
+inline QString notConfirmed()
+{
+    return QStringLiteral("批次未能确定，没有创建。");
 }
 
 } // namespace ledger::texts

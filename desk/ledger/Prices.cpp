@@ -1,5 +1,7 @@
 #include "desk/ledger/Prices.h"
 
+#include <QtNumeric>
+
 namespace ledger {
 
 namespace {
@@ -19,7 +21,8 @@ double amountOf(const Leg& leg, const Price& price)
         return leg.typedAmount;
     }
     const double unitPrice = price.last > 0.0 ? price.last : leg.limitPrice;
-    return unitPrice * leg.quantity * factorOf(leg, price);
+    const double amount = unitPrice * leg.quantity * factorOf(leg, price);
+    return qIsFinite(amount) ? qMax(amount, 0.0) : 0.0;
 }
 
 } // namespace

@@ -8,8 +8,9 @@
 namespace ledger {
 
 struct Price {
-    double last = 0.0;       ///< last price, else the previous close; 0: none
-    double buyFactor = 1.0;  ///< money in CNY per price and unit: exchange rate or contract multiplier
+    double last = 0.0; ///< last price, else the previous close; 0: none
+    double buyFactor =
+        1.0; ///< money in CNY per price and unit: exchange rate or contract multiplier; 0: not known
     double sellFactor = 1.0; ///< likewise for a sale
     bool isNominal = false;  ///< `last` is a face value, and limit prices are interest rates
 };
@@ -22,7 +23,7 @@ using Prices = QHash<QPair<QString, QString>, Price>;
 Prices hostPrices(const BatchDraft& draft);
 
 /// Fills every leg's amount: the typed amount, else price times quantity, else limit price times quantity,
-/// else 0. A leg that both buys and sells counts once on either side.
+/// else 0, as where a factor is not known. A leg that both buys and sells counts once on either side.
 void valueLegs(BatchDraft& draft, const Prices& prices);
 
 } // namespace ledger

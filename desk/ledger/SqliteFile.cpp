@@ -33,11 +33,12 @@ enum ResultCode {
     NotADatabase = 26,
 };
 
+/// The first value that a statement gives. An error that is there already stays.
 QVariant single(const QSqlDatabase& database, const QString& statement, QSqlError& error)
 {
     QSqlQuery query(database);
     const bool hasRow = query.exec(statement) && query.next();
-    error = query.lastError();
+    error = error.isValid() ? error : query.lastError();
     return hasRow ? query.value(0) : QVariant();
 }
 
@@ -123,6 +124,9 @@ QString SqliteFile::inspect() const
         return texts::foreignFile(mPath);
     }
     const QString verdict = single(database(), QStringLiteral("PRAGMA quick_check(1)"), error).toString();
+    if (error.isValid()) {
+        return sentenceFor(error); // busy, or a disk that does not answer: that says nothing of the file
+    }
     return verdict == QLatin1String("ok") ? QString() : texts::damagedFile(mPath);
 }
 

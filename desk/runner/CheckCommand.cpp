@@ -56,7 +56,7 @@ QJsonObject toJson(const FileReport& report)
 
 /// Reads the file, says what looks wrong in it, and with a strategy and an account what the import says.
 /// Nothing is created and no value changed.
-Outcome checkFile(const CommandLine& line)
+Result checkFile(const CommandLine& line)
 {
     if (line.strategy.isEmpty() != line.account.isEmpty()) {
         return refuse(
@@ -79,12 +79,12 @@ Outcome checkFile(const CommandLine& line)
         boxes = driver.boxes();
     }
     const QString& path = line.files.first();
-    FileReport report = fileReport(path, line.encoding, titles, host->referenceData());
+    FileReport report = fileReport(path, line.encoding, line.strategy, titles, host->referenceData());
     report.sha256 = ledger::sha256OfFile(path);
     QJsonObject json = toJson(report);
     json[QStringLiteral("file")] = path;
     json[QStringLiteral("messageBoxes")] = boxes;
-    return {statusOf(report, !boxes.isEmpty()), QJsonDocument(json), QString()};
+    return print(statusOf(report, !boxes.isEmpty()), QJsonDocument(json));
 }
 
 } // namespace runner

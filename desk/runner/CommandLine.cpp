@@ -6,98 +6,122 @@ namespace runner {
 
 namespace {
 
-/// Every option of every subcommand; one without a value name is a switch.
-struct OptionText {
+/// Every option of every subcommand: one with a value, or a switch.
+struct Option {
     const char* name;
     const char* valueName;
+    QString CommandLine::*value;
+    bool CommandLine::*isOn;
     const char* description;
+
+    QString shownName() const { return QLatin1String("--") + QString::fromLatin1(name); }
 };
 
-constexpr OptionText Options[] = {
-    {"strategy", "CODE", "strategy, such as AITWAP"},
-    {"account", "ACCOUNT", "trading account"},
-    {"data", "DIR", "reference data folder instead of the shipped one"},
-    {"home", "DIR", "folder of settings and ledger"},
-    {"answer", "yes|no", "answer to the row-limit question (yes)"},
-    {"switch-account", "ACCOUNT", "choose this account after the import"},
-    {"confirm", "", "press 确定 at the end"},
-    {"encoding", "NAME", "encoding of a csv file, such as Big5, instead of the one that its bytes tell"},
-    {"rejects", "OUT", "write the refused rows with their reasons to OUT (xlsx or csv)"},
-    {"create", "", "create the confirmed batch in the ledger, past the guard"},
-    {"yes", "", "create in spite of the guard's warnings (never of its refusals)"},
-    {"amount", "AMOUNT", "the gross amount, where the guard wants it typed once more"},
-    {"batch", "N", "only this batch"},
-    {"all", "", "the templates of all strategies"},
+constexpr Option Options[] = {
+    {"strategy", "CODE", &CommandLine::strategy, nullptr, "strategy, such as AITWAP"},
+    {"account", "ACCOUNT", &CommandLine::account, nullptr, "trading account"},
+    {"data", "DIR", &CommandLine::dataFolder, nullptr, "reference data folder instead of the shipped one"},
+    {"home", "DIR", &CommandLine::home, nullptr, "folder of settings and ledger"},
+    {"answer", "yes|no", &CommandLine::answer, nullptr, "answer to the row-limit question (yes)"},
+    {"switch-account", "ACCOUNT", &CommandLine::switchAccount, nullptr,
+     "choose this account after the import"},
+    {"confirm", "", nullptr, &CommandLine::confirm, "press 确定 at the end"},
+    {"encoding", "NAME", &CommandLine::encoding, nullptr,
+     "encoding of a csv file, such as Big5, instead of the one that its bytes tell"},
+    {"rejects", "OUT", &CommandLine::rejects, nullptr,
+     "write the refused rows with their reasons to OUT (xlsx or csv)"},
+    {"create", "", nullptr, &CommandLine::create,
+     "create the confirmed batch in the ledger, if the guard lets it pass"},
+    {"yes", "", nullptr, &CommandLine::yes,
+     "create in spite of messages and of the guard's warnings (never of its refusals)"},
+    {"amount", "AMOUNT", &CommandLine::amount, nullptr,
+     "the gross amount, where the guard wants it typed once more"},
+    {"batch", "N", &CommandLine::batch, nullptr, "only this batch"},
+    {"all", "", nullptr, &CommandLine::allTemplates, "the templates of all strategies"},
 };
 
-QCommandLineOption toOption(const OptionText& text)
+/// Not the parser's own: that one is known by several names, and brings a second option along.
+constexpr Option Help = {"help", "", nullptr, &CommandLine::help, "this text"};
+
+QStringList namesOf(const Option& option)
 {
-    return QCommandLineOption(QString::fromUtf8(text.name), QString::fromUtf8(text.description),
-                              QString::fromUtf8(text.valueName));
+    const QString name = QString::fromLatin1(option.name);
+    return option.isOn == Help.isOn ? QStringList{QStringLiteral("h"), name} : QStringList{name};
 }
 
-bool readAnswer(const QString& answer, bool& yes)
+QList<Option> optionsOf(const Command& command)
 {
-    yes = answer == QLatin1String("yes");
-    return yes || answer == QLatin1String("no");
+    QList<Option> options{Help};
+    for (const Option& option : Options) {
+        if (command.options.contains(QString::fromLatin1(option.name))) {
+            options.append(option);
+        }
+    }
+    return options;
 }
 
-CommandLine collected(const QCommandLineParser& parser)
+/// Takes an option over where it was given; false where its value is empty, or the option that follows.
+bool take(const QCommandLineParser& parser, const Option& option, CommandLine& line)
 {
-    const auto value = [&](const char* name) {
-        const QString option = QString::fromLatin1(name);
-        return parser.optionNames().contains(option) ? parser.value(option) : QString();
-    };
-    const auto isSet = [&](const char* name) {
-        return parser.optionNames().contains(QString::fromLatin1(name));
-    };
-    CommandLine line;
-    line.files = parser.positionalArguments();
-    line.strategy = value("strategy");
-    line.account = value("account");
-    line.switchAccount = value("switch-account");
-    line.dataFolder = value("data");
-    line.home = value("home");
-    line.encoding = value("encoding");
-    line.rejects = value("rejects");
-    line.batch = value("batch");
-    line.amount = value("amount");
-    line.confirm = isSet("confirm");
-    line.create = isSet("create");
-    line.yes = isSet("yes");
-    line.allTemplates = isSet("all");
-    line.help = isSet("help");
-    return line;
+    const QString name = QString::fromLatin1(option.name);
+    if (!parser.isSet(name)) {
+        return true;
+    }
+    if (option.isOn != nullptr) {
+        line.*option.isOn = true;
+        return true;
+    }
+    const QString value = parser.value(name);
+    line.*option.value = value;
+    return !value.isEmpty() && !value.startsWith(QLatin1String("--"));
+}
+
+QString wrongArguments(const Command& command, int count)
+{
+    const QString wanted = command.arguments.isEmpty() ? QStringLiteral("no argument")
+                                                       : command.arguments.join(QLatin1Char(' '));
+    return QStringLiteral("%1 takes %2, but was given %3 argument(s)")
+        .arg(command.name, wanted, QString::number(count));
+}
+
+/// What is wrong with a line whose options are known; empty when nothing is.
+QString faultOf(const CommandLine& line, const Command& command)
+{
+    if (line.answer != QLatin1String("yes") && line.answer != QLatin1String("no")) {
+        return QStringLiteral("--answer takes yes or no, not '%1'").arg(line.answer);
+    }
+    if (line.files.size() != command.arguments.size()) {
+        return wrongArguments(command, line.files.size());
+    }
+    const int empty = line.files.indexOf(QString());
+    return empty < 0 ? QString() : QStringLiteral("%1 must not be empty").arg(command.arguments.at(empty));
 }
 
 } // namespace
 
-std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const QStringList& accepted,
-                                            int fileCount, QString& error)
+std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const Command& command,
+                                            QString& error)
 {
+    const QList<Option> options = optionsOf(command);
     QCommandLineParser parser;
-    parser.addHelpOption();
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    for (const OptionText& text : Options) {
-        if (accepted.contains(QString::fromLatin1(text.name))) {
-            parser.addOption(toOption(text));
-        }
+    for (const Option& option : options) {
+        parser.addOption({namesOf(option), QString(), QString::fromUtf8(option.valueName)});
     }
-    if (!parser.parse(QStringList{QStringLiteral("algodesk")} + arguments)) {
+    if (!parser.parse(QStringList{command.name} + arguments)) {
         error = parser.errorText();
         return std::nullopt;
     }
-    CommandLine line = collected(parser);
-    const QString answer = QStringLiteral("answer");
-    if (parser.optionNames().contains(answer) && !readAnswer(parser.value(answer), line.answerYes)) {
-        error = QStringLiteral("--answer takes yes or no, not '%1'").arg(parser.value(answer));
-        return std::nullopt;
+    CommandLine line;
+    line.files = parser.positionalArguments();
+    for (const Option& option : options) {
+        if (!take(parser, option, line)) {
+            error = QStringLiteral("%1 needs a value").arg(option.shownName());
+            return std::nullopt;
+        }
     }
-    if (!line.help && line.files.size() != fileCount) {
-        error = QStringLiteral("expected %1 file argument(s), got %2").arg(fileCount).arg(line.files.size());
-        return std::nullopt;
-    }
-    return line;
+    error = line.help ? QString() : faultOf(line, command);
+    return error.isEmpty() ? std::make_optional(line) : std::nullopt;
 }
 
 QString usage()
@@ -122,12 +146,11 @@ QString usage()
         "came up,\n"
         "2 wrong usage, unknown strategy or account, bad reference data. check: 0 clean, 1 warnings, 3 "
         "errors,\n"
-        "4 unreadable.\n"
+        "4 unreadable. 5 it was done, but standard output took no more.\n"
         "\n"
         "Options:\n");
-    for (const OptionText& option : Options) {
-        const QString name = QStringLiteral("--%1 %2").arg(QString::fromUtf8(option.name),
-                                                           QString::fromUtf8(option.valueName));
+    for (const Option& option : Options) {
+        const QString name = option.shownName() + QLatin1Char(' ') + QString::fromUtf8(option.valueName);
         text +=
             QStringLiteral("  %1 %2\n").arg(name.trimmed(), -26).arg(QString::fromUtf8(option.description));
     }

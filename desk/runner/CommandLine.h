@@ -18,8 +18,8 @@ struct CommandLine {
     QString encoding;
     QString rejects;
     QString batch;
-    QString amount; ///< the gross amount, typed once more
-    bool answerYes = true;
+    QString amount;                         ///< the gross amount, typed once more
+    QString answer = QStringLiteral("yes"); ///< to the row-limit question: yes or no
     bool confirm = false;
     bool create = false;
     bool yes = false;
@@ -27,10 +27,17 @@ struct CommandLine {
     bool help = false;
 };
 
-/// Reads a subcommand's arguments; nothing and a line in `error` where they are wrong. `accepted` names the
-/// options that the subcommand has, `fileCount` how many positional arguments.
-std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const QStringList& accepted,
-                                            int fileCount, QString& error);
+/// A subcommand as it is typed.
+struct Command {
+    QString name;
+    QStringList options;   ///< names of those that it takes
+    QStringList arguments; ///< placeholders of those that it needs, such as FILE
+};
+
+/// Reads what follows the subcommand's name; nothing and a line in `error` where it is wrong. No value and no
+/// argument is empty: a script whose variable is not set must not work on something else.
+std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const Command& command,
+                                            QString& error);
 
 /// The help text.
 QString usage();

@@ -2,30 +2,37 @@
 
 #include "desk/runner/CommandLine.h"
 
+#include <QByteArray>
 #include <QJsonDocument>
 #include <QString>
 
 namespace runner {
 
 /// How a subcommand ended.
-struct Outcome {
+struct Result {
     int status = 0;
-    QJsonDocument json; ///< for standard output; null: nothing
-    QString error;      ///< one line for standard error; empty: nothing
+    QByteArray output; ///< for standard output
+    QString error;     ///< one line for standard error; empty: nothing
 };
 
-Outcome refuse(const QString& error);
+/// Wrong usage, or something that the reference data does not know.
+Result refuse(const QString& error);
+/// JSON for standard output.
+Result print(int status, const QJsonDocument& json);
 
-Outcome importFile(const CommandLine& line);
-Outcome checkFile(const CommandLine& line);
-Outcome readRows(const CommandLine& line);
-Outcome listStrategies(const CommandLine& line);
-Outcome listAccounts(const CommandLine& line);
-Outcome listSecurities(const CommandLine& line);
-Outcome writeTemplate(const CommandLine& line);
-Outcome listBatches(const CommandLine& line);
-Outcome listInstances(const CommandLine& line);
-Outcome undoBatch(const CommandLine& line);
-Outcome diffBatch(const CommandLine& line);
+/// Whether a table can be written to a file of that name: its ending decides the kind.
+bool isTableFile(const QString& path);
+
+Result importFile(const CommandLine& line);
+Result checkFile(const CommandLine& line);
+Result readRows(const CommandLine& line);
+Result listStrategies(const CommandLine& line);
+Result listAccounts(const CommandLine& line);
+Result listSecurities(const CommandLine& line);
+Result writeTemplate(const CommandLine& line);
+Result listBatches(const CommandLine& line);
+Result listInstances(const CommandLine& line);
+Result undoBatch(const CommandLine& line);
+Result diffBatch(const CommandLine& line);
 
 } // namespace runner

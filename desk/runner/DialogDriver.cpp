@@ -1,7 +1,7 @@
 #include "desk/runner/DialogDriver.h"
 
+#include "desk/runner/Session.h"
 #include "desk/runner/WidgetJson.h"
-#include "host/AlgoConstants.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
 #include "host/SolveyDecimalLineEdit.h"
@@ -13,20 +13,11 @@
 
 namespace runner {
 
-namespace {
-
-template <typename Widget> Widget& child(const AlgoBatchImportParamSetting& dialog, const char* name)
-{
-    return *dialog.findChild<Widget*>(QString::fromLatin1(name));
-}
-
-} // namespace
-
 DialogDriver::DialogDriver(EmbeddedHost& host, const CommandLine& line)
     : mHost(host), mLine(line), mPath(QDir::cleanPath(QFileInfo(line.files.first()).absoluteFilePath()))
 {
     mPrompts.setFileToOpen(mPath);
-    mPrompts.setAnswerYes(line.answerYes);
+    mPrompts.setAnswerYes(line.answer == QLatin1String("yes"));
     mHost.setPrompts(&mPrompts);
 }
 
@@ -38,13 +29,13 @@ DialogDriver::~DialogDriver()
 QString DialogDriver::unknownName() const
 {
     const ReferenceData& data = mHost.referenceData();
-    const AesStrategy* strategy = data.strategy(mLine.strategy);
-    if (strategy == nullptr || strategy->globalType() != Algo_Values::AlgoGlobalType::algo) {
-        return QStringLiteral("unknown strategy '%1'").arg(mLine.strategy);
+    const QString fault = unknownStrategy(data, mLine.strategy);
+    if (!fault.isEmpty()) {
+        return fault;
     }
     for (const QString& account : {mLine.account, mLine.switchAccount}) {
-        const bool needed = !account.isEmpty() || account == mLine.account;
-        if (needed && data.account(account) == nullptr) {
+        const bool isNamed = !account.isEmpty() || account == mLine.account;
+        if (isNamed && data.account(account) == nullptr) {
             return QStringLiteral("unknown account '%1'").arg(account);
         }
     }
@@ -53,6 +44,9 @@ QString DialogDriver::unknownName() const
 
 void DialogDriver::importFile()
 {
+    if (mLine.create) {
+        mSha256 = ledger::sha256OfFile(mPath); // of what is read now, whatever becomes of the file meanwhile
+    }
     mDialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
     QObject::connect(mDialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked,
                      [this](bool createdClose) {
@@ -96,6 +90,7 @@ ledger::DialogContent DialogDriver::content()
     content.strategy = mDialog->getStrategy().name();
     content.account = child<SolveyAccountComboBox>(*mDialog, "combx_account").GetCurTradingAccount();
     content.filePath = mPath;
+    content.fileSha256 = mSha256;
     content.createdBy = mHost.options().loginAccount;
     content.expectedBuy = child<SolveyDecimalLineEdit>(*mDialog, "expectBuyLine").value();
     content.expectedSell = child<SolveyDecimalLineEdit>(*mDialog, "expectSellLine").value();

@@ -48,6 +48,7 @@ private:
     EmbeddedHost& mHost;
     CommandLine mLine;
     QString mPath;
+    QString mSha256;
     RecordingPrompts mPrompts;
     std::unique_ptr<AlgoBatchImportParamSetting> mDialog;
     QJsonValue mSignal = QJsonValue::Null;

@@ -1,4 +1,5 @@
 #include "desk/ledger/LedgerJson.h"
+#include "desk/ledger/LedgerTexts.h"
 #include "desk/ledger/Limits.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
@@ -9,65 +10,105 @@
 #include "embedded_host/table_reader/RejectFile.h"
 #include "embedded_host/table_reader/TableReader.h"
 
+#include <QFileInfo>
+
 #include <optional>
 
 namespace runner {
 
 namespace {
 
-using ledger::Batch;
 using ledger::Ledger;
 using ledger::LimitScope;
 using ledger::Review;
 
-/// The guard's look at the batch, and the batch where guard and consent let it pass. `created` tells which.
-QJsonObject createBatch(const ledger::DialogContent& content, const CommandLine& line,
-                        const QList<LimitScope>& limits, bool& created)
+/// What stands against creating the batch before the guard looks at it: the runner asks nobody.
+QString objection(const DialogDriver& driver, const CommandLine& line)
 {
+    if (!driver.isConfirmed()) {
+        return ledger::texts::notConfirmed();
+    }
+    return driver.shownBoxes().isEmpty() || line.yes ? QString() : ledger::texts::importComplained();
+}
+
+/// The guard's look at the batch, and the batch where guard and consent let it pass.
+QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const QList<LimitScope>& limits)
+{
+    const QString stopped = objection(driver, line);
+    if (!stopped.isEmpty()) {
+        return ledger::noCreationToJson(stopped);
+    }
     const auto opened = Ledger::open(homeFolder(line));
     if (!opened.ok()) {
-        return {{QStringLiteral("error"), opened.error}};
+        return ledger::noCreationToJson(opened.error);
     }
-    const ledger::BatchDraft draft = ledger::makeDraft(content);
+    const ledger::BatchDraft draft = ledger::makeDraft(driver.content());
     const ledger::Outcome<Review> review =
         ledger::reviewBatch(*opened.value, draft, limits, ledger::hostPrices(draft));
     if (!review.ok()) {
-        return {{QStringLiteral("error"), review.error}};
+        return ledger::noCreationToJson(review.error);
     }
-    const ledger::Outcome<Batch> batch =
-        ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount});
-    created = batch.ok();
-    return ledger::creationToJson(review.value.verdict, batch);
+    return ledger::creationToJson(
+        review.value.verdict, ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount}));
+}
+
+/// Why the refused rows cannot go to that file; empty where they can.
+QString rejectsFault(const CommandLine& line)
+{
+    if (!isTableFile(line.rejects)) {
+        return QStringLiteral("--rejects OUT must end in .xlsx or .csv");
+    }
+    const QString out = QFileInfo(line.rejects).canonicalFilePath(); // empty where there is no such file
+    const bool isSame = !out.isEmpty() && out == QFileInfo(line.files.first()).canonicalFilePath();
+    return isSame ? QStringLiteral("--rejects OUT must not be FILE itself") : QString();
+}
+
+/// What is wrong with the arguments by themselves; empty when nothing is.
+QString usageFault(const CommandLine& line)
+{
+    if (line.strategy.isEmpty() || line.account.isEmpty()) {
+        return QStringLiteral("import needs --strategy CODE and --account ACCOUNT");
+    }
+    if (line.create && !line.confirm) {
+        return QStringLiteral("--create needs --confirm");
+    }
+    if (!line.create && (line.yes || !line.amount.isEmpty())) {
+        return QStringLiteral("--yes and --amount need --create");
+    }
+    return line.rejects.isEmpty() ? QString() : rejectsFault(line);
+}
+
+QJsonObject rejectsToJson(const QString& out, int rows, const QString& error)
+{
+    return {{QStringLiteral("file"), out}, {QStringLiteral("rows"), rows}, {QStringLiteral("error"), error}};
 }
 
 /// The refused rows of the file with their reasons, as a file to mend and import again.
 QJsonObject writeRejects(const DialogDriver& driver, const QString& out)
 {
+    const table_reader::Table table = table_reader::readTable(driver.path());
+    if (!table.error.isEmpty()) {
+        return rejectsToJson(out, 0, table.error);
+    }
     QList<Problem> problems;
     for (const ShownBox& box : driver.shownBoxes()) {
         problems += import_problems::fromBoxText(box.text);
     }
-    const table_reader::Table table = table_reader::readTable(driver.path());
     const bool spreadsheetToCsv =
         table.format != QLatin1String("csv") && !out.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
-    const QList<table_writer::RefusedRow> rows =
-        reject_file::refusedRows(problems, table.rows, spreadsheetToCsv);
-    return {{QStringLiteral("file"), out},
-            {QStringLiteral("rows"), rows.size()},
-            {QStringLiteral("error"), table_writer::writeRejects(out, table.rows.value(0), rows)}};
+    const reject_file::Refused refused = reject_file::refusedRows(problems, table.rows, spreadsheetToCsv);
+    const QString error = table_writer::writeRejects(out, table.rows.value(0), refused.rows);
+    return rejectsToJson(out, refused.rows.size(), error.isEmpty() ? refused.doubt : error);
 }
 
 } // namespace
 
-Outcome importFile(const CommandLine& line)
+Result importFile(const CommandLine& line)
 {
-    if (line.strategy.isEmpty() || line.account.isEmpty()) {
-        return refuse(QStringLiteral("import needs --strategy CODE and --account ACCOUNT"));
+    QString error = usageFault(line);
+    if (!error.isEmpty()) {
+        return refuse(error);
     }
-    if (line.create && !line.confirm) {
-        return refuse(QStringLiteral("--create needs --confirm"));
-    }
-    QString error;
     const std::unique_ptr<EmbeddedHost> host = openHost(line, error);
     if (!host) {
         return refuse(error);
@@ -84,15 +125,18 @@ Outcome importFile(const CommandLine& line)
     driver.switchAccountAndConfirm();
 
     QJsonObject json = driver.toJson();
-    bool created = false;
-    if (line.create && driver.isConfirmed()) {
-        json[QStringLiteral("creation")] = createBatch(driver.content(), line, *limits, created);
+    bool complained = !driver.shownBoxes().isEmpty();
+    if (line.create) {
+        const QJsonObject creation = createBatch(driver, line, *limits);
+        json[QStringLiteral("creation")] = creation;
+        complained = complained || !creation[QStringLiteral("batch")].isObject();
     }
     if (!line.rejects.isEmpty()) {
-        json[QStringLiteral("rejects")] = writeRejects(driver, line.rejects);
+        const QJsonObject rejects = writeRejects(driver, line.rejects);
+        json[QStringLiteral("rejects")] = rejects;
+        complained = complained || !rejects[QStringLiteral("error")].toString().isEmpty();
     }
-    const bool complained = !driver.shownBoxes().isEmpty() || created != line.create;
-    return {complained ? Complained : Done, QJsonDocument(json), QString()};
+    return print(complained ? Complained : Done, QJsonDocument(json));
 }
 
 } // namespace runner

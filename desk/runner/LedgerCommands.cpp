@@ -4,6 +4,7 @@
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -15,16 +16,15 @@ namespace {
 
 using LedgerPointer = std::shared_ptr<ledger::Ledger>;
 
-Outcome complain(const QString& error)
+Result complain(const QString& error)
 {
-    return {Complained, QJsonDocument(QJsonObject{{QStringLiteral("error"), error}}), QString()};
+    return print(Complained, QJsonDocument(QJsonObject{{QStringLiteral("error"), error}}));
 }
 
 /// JSON of a value, or its error.
-template <typename Value> Outcome printed(const ledger::Outcome<Value>& outcome)
+template <typename Value> Result printed(const ledger::Outcome<Value>& outcome)
 {
-    return outcome.ok() ? Outcome{Done, QJsonDocument(ledger::toJson(outcome.value)), QString()}
-                        : complain(outcome.error);
+    return outcome.ok() ? print(Done, QJsonDocument(ledger::toJson(outcome.value))) : complain(outcome.error);
 }
 
 ledger::Outcome<LedgerPointer> openLedger(const CommandLine& line, ledger::Ledger::Access access)
@@ -41,41 +41,52 @@ std::optional<qint64> batchNumber(const QString& text)
     return isNumber && number > 0 ? std::optional<qint64>(number) : std::nullopt;
 }
 
-Outcome refuseNumber(const QString& text)
+Result refuseNumber(const QString& text)
 {
     return refuse(QStringLiteral("a batch is named by its number, not '%1'").arg(text));
 }
 
 } // namespace
 
-Outcome listBatches(const CommandLine& line)
+Result listBatches(const CommandLine& line)
 {
     const auto opened = openLedger(line, ledger::Ledger::Access::Read);
     return opened.ok() ? printed(opened.value->batches()) : complain(opened.error);
 }
 
-Outcome listInstances(const CommandLine& line)
+Result listInstances(const CommandLine& line)
 {
-    const std::optional<qint64> batch = batchNumber(line.batch);
-    if (!line.batch.isEmpty() && !batch) {
+    const std::optional<qint64> number = batchNumber(line.batch);
+    if (!line.batch.isEmpty() && !number) {
         return refuseNumber(line.batch);
     }
     const auto opened = openLedger(line, ledger::Ledger::Access::Read);
-    return opened.ok() ? printed(opened.value->instances(batch)) : complain(opened.error);
+    if (!opened.ok()) {
+        return complain(opened.error);
+    }
+    const QString missing = number ? opened.value->batch(*number).error : QString();
+    return missing.isEmpty() ? printed(opened.value->instances(number)) : complain(missing);
 }
 
-Outcome undoBatch(const CommandLine& line)
+Result undoBatch(const CommandLine& line)
 {
-    const std::optional<qint64> batch = batchNumber(line.files.first());
-    if (!batch) {
+    const std::optional<qint64> number = batchNumber(line.files.first());
+    if (!number) {
         return refuseNumber(line.files.first());
     }
-    const auto opened = openLedger(line, ledger::Ledger::Access::Write);
-    return opened.ok() ? printed(opened.value->undo(*batch)) : complain(opened.error);
+    // A home that was mistyped must not get a ledger: where there is none, an empty one answers.
+    const bool isThere = QFileInfo::exists(ledger::Ledger::pathIn(homeFolder(line)));
+    const auto opened =
+        openLedger(line, isThere ? ledger::Ledger::Access::Write : ledger::Ledger::Access::Read);
+    if (!opened.ok()) {
+        return complain(opened.error);
+    }
+    const QString missing = opened.value->batch(*number).error;
+    return missing.isEmpty() ? printed(opened.value->undo(*number)) : complain(missing);
 }
 
 /// The file is imported by the batch's own strategy and account.
-Outcome diffBatch(const CommandLine& line)
+Result diffBatch(const CommandLine& line)
 {
     const std::optional<qint64> number = batchNumber(line.files.first());
     if (!number) {
@@ -109,7 +120,7 @@ Outcome diffBatch(const CommandLine& line)
         ledger::compareTables(before.value, ledger::shownTable(content.columns, content.records));
     QJsonObject json = ledger::toJson(diff, *number, import.files.first());
     json[QStringLiteral("messageBoxes")] = driver.boxes();
-    return {driver.boxes().isEmpty() ? Done : Complained, QJsonDocument(json), QString()};
+    return print(driver.boxes().isEmpty() ? Done : Complained, QJsonDocument(json));
 }
 
 } // namespace runner

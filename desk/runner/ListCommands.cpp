@@ -53,7 +53,7 @@ QJsonObject toJson(const Security& security)
             {QStringLiteral("bondRepo"), security.bondRepo}};
 }
 
-template <typename Item> Outcome list(const CommandLine& line, QList<Item> ReferenceTables::*items)
+template <typename Item> Result list(const CommandLine& line, QList<Item> ReferenceTables::*items)
 {
     QString error;
     const std::unique_ptr<EmbeddedHost> host = openHost(line, error);
@@ -64,27 +64,27 @@ template <typename Item> Outcome list(const CommandLine& line, QList<Item> Refer
     for (const Item& item : host->referenceData().tables().*items) {
         array.append(toJson(item));
     }
-    return {Done, QJsonDocument(array), QString()};
+    return print(Done, QJsonDocument(array));
 }
 
 } // namespace
 
-Outcome listStrategies(const CommandLine& line)
+Result listStrategies(const CommandLine& line)
 {
     return list(line, &ReferenceTables::strategies);
 }
 
-Outcome listAccounts(const CommandLine& line)
+Result listAccounts(const CommandLine& line)
 {
     return list(line, &ReferenceTables::accounts);
 }
 
-Outcome listSecurities(const CommandLine& line)
+Result listSecurities(const CommandLine& line)
 {
     return list(line, &ReferenceTables::securities);
 }
 
-Outcome readRows(const CommandLine& line)
+Result readRows(const CommandLine& line)
 {
     table_reader::ReadOptions options;
     options.encoding = line.encoding;
@@ -97,7 +97,7 @@ Outcome readRows(const CommandLine& line)
                               {QStringLiteral("error"), table.error},
                               {QStringLiteral("format"), table.format},
                               {QStringLiteral("encoding"), table.encoding}};
-    return {table.error.isEmpty() ? Done : Complained, QJsonDocument(json), QString()};
+    return print(table.error.isEmpty() ? Done : Complained, QJsonDocument(json));
 }
 
 } // namespace runner

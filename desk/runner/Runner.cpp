@@ -3,7 +3,7 @@
 #include "desk/runner/CommandLine.h"
 #include "desk/runner/Commands.h"
 
-#include <QIODevice>
+#include <QFileDevice>
 #include <QList>
 
 #include <algorithm>
@@ -13,77 +13,88 @@ namespace runner {
 
 namespace {
 
-/// A subcommand: the options that it takes and the files that it needs.
-struct Command {
-    QString name;
-    QStringList options;
-    int fileCount;
-    Outcome (*run)(const CommandLine& line);
+struct Subcommand {
+    Command command;
+    Result (*run)(const CommandLine& line);
 };
 
-const QList<Command>& commands()
+const QList<Subcommand>& subcommands()
 {
+    const QString file = QStringLiteral("FILE");
+    const QString out = QStringLiteral("OUT");
+    const QString batch = QStringLiteral("N");
     const QString data = QStringLiteral("data");
     const QString home = QStringLiteral("home");
-    static const QList<Command> table = {
-        {QStringLiteral("import"),
-         {data, home, QStringLiteral("strategy"), QStringLiteral("account"), QStringLiteral("answer"),
-          QStringLiteral("switch-account"), QStringLiteral("confirm"), QStringLiteral("create"),
-          QStringLiteral("yes"), QStringLiteral("amount"), QStringLiteral("rejects")},
-         1,
+    const QString strategy = QStringLiteral("strategy");
+    const QString account = QStringLiteral("account");
+    const QString encoding = QStringLiteral("encoding");
+    static const QList<Subcommand> table = {
+        {{QStringLiteral("import"),
+          {data, home, strategy, account, QStringLiteral("answer"), QStringLiteral("switch-account"),
+           QStringLiteral("confirm"), QStringLiteral("create"), QStringLiteral("yes"),
+           QStringLiteral("amount"), QStringLiteral("rejects")},
+          {file}},
          importFile},
-        {QStringLiteral("rows"), {home, QStringLiteral("encoding")}, 1, readRows},
-        {QStringLiteral("check"),
-         {data, home, QStringLiteral("strategy"), QStringLiteral("account"), QStringLiteral("encoding")},
-         1,
-         checkFile},
-        {QStringLiteral("strategies"), {data, home}, 0, listStrategies},
-        {QStringLiteral("accounts"), {data, home}, 0, listAccounts},
-        {QStringLiteral("securities"), {data, home}, 0, listSecurities},
-        {QStringLiteral("template"),
-         {data, home, QStringLiteral("strategy"), QStringLiteral("all")},
-         1,
-         writeTemplate},
-        {QStringLiteral("batches"), {home}, 0, listBatches},
-        {QStringLiteral("instances"), {home, QStringLiteral("batch")}, 0, listInstances},
-        {QStringLiteral("undo"), {home}, 1, undoBatch},
-        {QStringLiteral("diff"), {data, home}, 2, diffBatch},
+        {{QStringLiteral("rows"), {home, encoding}, {file}}, readRows},
+        {{QStringLiteral("check"), {data, home, strategy, account, encoding}, {file}}, checkFile},
+        {{QStringLiteral("strategies"), {data, home}, {}}, listStrategies},
+        {{QStringLiteral("accounts"), {data, home}, {}}, listAccounts},
+        {{QStringLiteral("securities"), {data, home}, {}}, listSecurities},
+        {{QStringLiteral("template"), {data, home, strategy, QStringLiteral("all")}, {out}}, writeTemplate},
+        {{QStringLiteral("batches"), {home}, {}}, listBatches},
+        {{QStringLiteral("instances"), {home, QStringLiteral("batch")}, {}}, listInstances},
+        {{QStringLiteral("undo"), {home}, {batch}}, undoBatch},
+        {{QStringLiteral("diff"), {data, home}, {batch, file}}, diffBatch},
     };
     return table;
 }
 
-void writeLine(QIODevice& device, const QString& text)
+/// Whether the device took all of it: a pipe may be closed and a disk full.
+bool write(QIODevice& device, const QByteArray& text)
 {
-    device.write(text.toUtf8());
-    device.write("\n");
+    auto* file = qobject_cast<QFileDevice*>(&device);
+    return device.write(text) == text.size() && (file == nullptr || file->flush());
 }
 
-Outcome dispatch(const QStringList& arguments, QIODevice& out)
+Result dispatch(const QStringList& arguments)
 {
-    const auto command = std::find_if(commands().begin(), commands().end(), [&](const Command& candidate) {
-        return candidate.name == arguments.first();
-    });
-    if (command == commands().end()) {
+    const auto found =
+        std::find_if(subcommands().begin(), subcommands().end(), [&](const Subcommand& candidate) {
+            return candidate.command.name == arguments.first();
+        });
+    if (found == subcommands().end()) {
         return refuse(QStringLiteral("unknown subcommand '%1'; see algodesk --help").arg(arguments.first()));
     }
     QString error;
-    const std::optional<CommandLine> line =
-        parseCommandLine(arguments.mid(1), command->options, command->fileCount, error);
+    const std::optional<CommandLine> line = parseCommandLine(arguments.mid(1), found->command, error);
     if (!line) {
         return refuse(error);
     }
-    if (line->help) {
-        out.write(usage().toUtf8());
-        return {};
+    return line->help ? Result{Done, usage().toUtf8(), QString()} : found->run(*line);
+}
+
+Result answer(const QStringList& arguments)
+{
+    const QString& first = arguments.first();
+    if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
+        return {Done, usage().toUtf8(), QString()};
     }
-    return command->run(*line);
+    if (first == QLatin1String("--version")) {
+        return {Done, "algodesk " ALGODESK_VERSION "\n", QString()};
+    }
+    return dispatch(arguments);
 }
 
 } // namespace
 
-Outcome refuse(const QString& error)
+Result refuse(const QString& error)
 {
-    return {Refused, QJsonDocument(), error};
+    return {Refused, QByteArray(), error};
+}
+
+Result print(int status, const QJsonDocument& json)
+{
+    return {status, json.toJson(), QString()};
 }
 
 bool isAsked(const QStringList& arguments)
@@ -94,23 +105,15 @@ bool isAsked(const QStringList& arguments)
 
 int run(const QStringList& arguments, QIODevice& out, QIODevice& err)
 {
-    if (arguments.first() == QLatin1String("--help") || arguments.first() == QLatin1String("-h")) {
-        out.write(usage().toUtf8());
-        return Done;
+    Result result = answer(arguments);
+    if (!write(out, result.output)) {
+        result.status = Unprinted;
+        result.error = QStringLiteral("cannot write to standard output: ") + out.errorString();
     }
-    if (arguments.first() == QLatin1String("--version")) {
-        writeLine(out, QStringLiteral("algodesk " ALGODESK_VERSION));
-        return Done;
+    if (!result.error.isEmpty()) {
+        write(err, result.error.replace(QLatin1Char('\n'), QLatin1Char(' ')).toUtf8() + '\n');
     }
-    const Outcome outcome = dispatch(arguments, out);
-    if (!outcome.json.isNull()) {
-        out.write(outcome.json.toJson());
-    }
-    if (!outcome.error.isEmpty()) {
-        QString line = outcome.error;
-        writeLine(err, line.replace(QLatin1Char('\n'), QLatin1Char(' ')));
-    }
-    return outcome.status;
+    return result.status;
 }
 
 } // namespace runner

@@ -13,6 +13,8 @@ enum Status {
     Complained = 1, ///< the dialog or the reader had something to say; it stands in the JSON
     Refused =
         2, ///< wrong usage, unknown strategy or account, bad reference data: nothing is printed on `out`
+    // 3 and 4: `check`
+    Unprinted = 5, ///< it was done, but `out` took no more
 };
 
 /// `arguments` without the program's name; the first one is the subcommand. Needs a QApplication, on any

@@ -2,6 +2,10 @@
 
 #include "embedded_host/reference_data/ReferenceDatabase.h"
 #include "embedded_host/reference_data/ReferenceFolder.h"
+#include "host/AlgoConstants.h"
+
+#include <pwd.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -21,6 +25,13 @@ QString shippedReferenceData()
     return QDir(installed).exists() ? installed : QStringLiteral(ALGODESK_SOURCE_REFERENCE_DATA);
 }
 
+/// Who runs the program, by the system's word and not by a variable that anyone sets.
+QString systemUser()
+{
+    const passwd* user = getpwuid(geteuid());
+    return user ? QString::fromLocal8Bit(user->pw_name) : QString::number(geteuid());
+}
+
 std::unique_ptr<EmbeddedHost> hostOf(std::optional<ReferenceTables> tables, const CommandLine& line,
                                      EmbeddedHost::QuoteMode quotes)
 {
@@ -29,6 +40,7 @@ std::unique_ptr<EmbeddedHost> hostOf(std::optional<ReferenceTables> tables, cons
     }
     EmbeddedHost::Options options;
     options.home = homeFolder(line);
+    options.loginAccount = systemUser();
     options.quotes = quotes;
     return std::make_unique<EmbeddedHost>(ReferenceData(std::move(*tables)), options);
 }
@@ -45,6 +57,13 @@ QString homeFolder(const CommandLine& line)
     return line.home.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                                      QStringLiteral("/algodesk")
                                : line.home;
+}
+
+QString unknownStrategy(const ReferenceData& data, const QString& name)
+{
+    const AesStrategy* strategy = data.strategy(name);
+    const bool isKnown = strategy && strategy->globalType() == Algo_Values::AlgoGlobalType::algo;
+    return isKnown ? QString() : QStringLiteral("unknown strategy '%1'").arg(name);
 }
 
 std::unique_ptr<EmbeddedHost> openHost(const CommandLine& line, QString& error)

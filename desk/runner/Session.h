@@ -23,4 +23,7 @@ std::unique_ptr<EmbeddedHost> openHost(const CommandLine& line, QString& error);
 /// named.
 std::unique_ptr<EmbeddedHost> openDeskHost(const CommandLine& line, QString& error);
 
+/// A line where an import could not choose that strategy; empty where it can.
+QString unknownStrategy(const ReferenceData& data, const QString& name);
+
 } // namespace runner

@@ -1,6 +1,5 @@
 #include "desk/runner/WidgetJson.h"
 
-#include "dialog/AlgoBatchImportParamSetting.h"
 #include "host/SolveyDecimalLineEdit.h"
 #include "host/ZelTableView.h"
 
@@ -10,11 +9,6 @@
 namespace runner {
 
 namespace {
-
-template <typename Widget> Widget& child(const AlgoBatchImportParamSetting& dialog, const char* name)
-{
-    return *dialog.findChild<Widget*>(QString::fromLatin1(name));
-}
 
 QJsonArray hiddenColumns(const ZelTableView& table)
 {

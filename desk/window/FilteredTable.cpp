@@ -1,8 +1,6 @@
 #include "desk/window/FilteredTable.h"
 
-#include "desk/ledger/LedgerExport.h"
-
-
+#include "embedded_host/table_reader/CsvText.h"
 #include "embedded_host/UserPrompts.h"
 #include "embedded_host/widgets/NaturalOrderProxy.h"
 #include "embedded_host/widgets/TableBehaviour.h"
@@ -188,8 +186,7 @@ void FilteredTable::exportRows()
     if (path.isEmpty()) {
         return;
     }
-    const QList<QStringList> rows = shownRows();
-    const QString error = saved(path, ledger::toCsv(rows.first(), rows.mid(1)));
+    const QString error = saved(path, table_reader::harmlessCsvText(shownRows()));
     emit said(error.isEmpty() ? QStringLiteral("已导出到 %1").arg(path) : error);
 }
 

@@ -194,7 +194,8 @@ void ImportPage::checkFile()
 {
     const ZelTableView* table = parameterTable();
     const QStringList titles = table ? table->headNames() : QStringList();
-    mFileCheck->show(fileReport(mFile, QString(), titles, mHost.referenceData()));
+    const QString strategy = mDialog ? mDialog->getStrategy().name() : QString();
+    mFileCheck->show(fileReport(mFile, QString(), strategy, titles, mHost.referenceData()));
 }
 
 void ImportPage::takeMessage(const QString& text, int type)

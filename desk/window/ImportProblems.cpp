@@ -1,6 +1,6 @@
 #include "desk/window/ImportProblems.h"
 
-#include "dialog/HeadAliases.h"
+#include "host/ImportTable.h"
 
 #include <QRegularExpression>
 
@@ -89,9 +89,8 @@ int columnOf(const QString& title, const QStringList& header)
     if (exact >= 0) {
         return exact;
     }
-    const QMap<QString, QString> aliases = headAliases();
-    const int byName = title.isEmpty() ? -1 : header.indexOf(aliases.value(title, title));
-    return byName >= 0 || aliases.key(title).isEmpty() ? byName : header.indexOf(aliases.key(title));
+    const int byName = title.isEmpty() ? -1 : header.indexOf(HeadAliases.value(title, title));
+    return byName >= 0 || HeadAliases.key(title).isEmpty() ? byName : header.indexOf(HeadAliases.key(title));
 }
 
 void locate(QList<Problem>& problems, const QList<QStringList>& rows)

@@ -117,10 +117,11 @@ void ProblemsPanel::saveRejects()
         return;
     }
     const bool datesForCsv = mIsSpreadsheet && !path.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
-    const auto refused = reject_file::refusedRows(mProblems, mFileRows, datesForCsv);
-    const QString error = table_writer::writeRejects(path, mFileRows.first(), refused);
-    emit said(error.isEmpty() ? QStringLiteral("已把 %1 行问题保存到 %2").arg(refused.size()).arg(path)
-                              : error);
+    const reject_file::Refused refused = reject_file::refusedRows(mProblems, mFileRows, datesForCsv);
+    const QString error = table_writer::writeRejects(path, mFileRows.first(), refused.rows);
+    const QStringList done = {QStringLiteral("已把 %1 行问题保存到 %2").arg(refused.rows.size()).arg(path),
+                              refused.doubt};
+    emit said(error.isEmpty() ? done.join(QLatin1Char(' ')).trimmed() : error);
 }
 
 void ProblemsPanel::readFileRows()

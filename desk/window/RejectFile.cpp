@@ -1,5 +1,8 @@
 #include "desk/window/RejectFile.h"
 
+#include "embedded_host/table_reader/TableLint.h"
+#include "host/AlgoConstants.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QMap>
@@ -20,33 +23,85 @@ QString withoutT(const QString& cell)
     return match.hasMatch() ? match.captured(1) + QLatin1Char(' ') + match.captured(2) : cell;
 }
 
-QMap<int, QStringList> reasonsByLine(const QList<Problem>& problems)
+constexpr int FirstLine = 2;   // of data; the header is line 1
+constexpr int MostRows = 1000; // that an import takes
+
+/// As the import puts it where the legs of a lock strategy cannot be told apart.
+const QString FaultyLegs = QStringLiteral("导入方向、委托属性、限价中，某字段格式错误");
+const QString Doubt = QStringLiteral("该行号可能不是文件行号，请核对");
+
+using Reasons = QMap<int, QStringList>; // by line of the file
+
+Reasons reasonsByLine(const QList<Problem>& problems, bool ofLegs)
 {
-    QMap<int, QStringList> reasons;
+    Reasons reasons;
     for (const Problem& problem : problems) {
-        if (problem.place == Problem::Place::FileRow) {
+        const bool isOfLegs = problem.reason == FaultyLegs;
+        if (problem.place == Problem::Place::FileRow && isOfLegs == ofLegs) {
             reasons[problem.line].append(problem.reason);
         }
     }
     return reasons;
 }
 
+/// Whether the cells that hold one value for each leg hold two.
+bool hasTwoLegs(const QStringList& row, const QStringList& header)
+{
+    for (const QString& title : {Algo_Values::AlgoParamId::traderOrder, Algo_Values::AlgoParamId::entrustProp,
+                                 Algo_Fields::AlgoInstContentInfo::PriceLimits}) {
+        if (row.value(import_problems::columnOf(title, header)).count(QLatin1Char('/')) != 1) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Finds the rows whose legs are at fault, and adds them to `reasons`. False where they are not certain.
+bool addFaultyLegs(const QList<Problem>& problems, const QList<QStringList>& fileRows, Reasons& reasons)
+{
+    const Reasons told = reasonsByLine(problems, true);
+    Reasons found;
+    QList<int> numbers; // by which the import would have told of them
+    int number = FirstLine;
+    for (int line = FirstLine; line <= qMin(fileRows.size(), MostRows + 1) && !told.isEmpty(); ++line) {
+        const QStringList& row = fileRows.at(line - 1);
+        if (table_lint::isPassedOver(row) || reasons.contains(line)) {
+            continue;
+        }
+        if (!hasTwoLegs(row, fileRows.first())) {
+            found[line].append(FaultyLegs);
+            numbers.append(number);
+        }
+        ++number;
+    }
+    const bool isCertain = numbers == told.keys();
+    for (const int line : isCertain ? QList<int>() : told.keys()) {
+        found[line] = told.value(line);
+    }
+    for (auto it = found.begin(); it != found.end(); ++it) {
+        reasons[it.key()] += isCertain ? *it : *it << Doubt;
+    }
+    return isCertain;
+}
+
 } // namespace
 
-QList<table_writer::RefusedRow> refusedRows(const QList<Problem>& problems,
-                                            const QList<QStringList>& fileRows, bool datesForCsv)
+Refused refusedRows(const QList<Problem>& problems, const QList<QStringList>& fileRows, bool datesForCsv)
 {
-    QList<table_writer::RefusedRow> refused;
-    const QMap<int, QStringList> reasons = reasonsByLine(problems);
+    Refused refused;
+    Reasons reasons = reasonsByLine(problems, false);
+    if (!addFaultyLegs(problems, fileRows, reasons)) {
+        refused.doubt = Doubt;
+    }
     for (auto it = reasons.cbegin(); it != reasons.cend(); ++it) {
-        if (it.key() < 2 || it.key() > fileRows.size()) {
+        if (it.key() < FirstLine || it.key() > fileRows.size()) {
             continue;
         }
         QStringList row = fileRows.at(it.key() - 1);
         if (datesForCsv) {
             std::transform(row.begin(), row.end(), row.begin(), withoutT);
         }
-        refused.append({row, it.value().join(QStringLiteral("；"))});
+        refused.rows.append({row, it.value().join(QStringLiteral("；"))});
     }
     return refused;
 }

@@ -34,8 +34,7 @@ VerdictDialog::VerdictDialog(const ledger::Review& review, QWidget* parent) : QD
     column->setContentsMargins(16, 14, 16, 12);
     column->setSpacing(8);
     addSummary(column);
-    addFindings(column, QStringLiteral("超出上限，不能创建"), review.verdict.refusals,
-                QStringLiteral("error"));
+    addFindings(column, QStringLiteral("不能创建"), review.verdict.refusals, QStringLiteral("error"));
     addFindings(column, QStringLiteral("请留意"), review.verdict.warnings, QStringLiteral("warning"));
     addAmount(column);
     addButtons(column);

@@ -1,6 +1,7 @@
 #include "embedded_host/table_reader/RejectFile.h"
 
 #include "embedded_host/table_reader/CellAddress.h"
+#include "embedded_host/table_reader/CsvText.h"
 #include "embedded_host/table_reader/HarmlessCell.h"
 #include "embedded_host/table_reader/SpreadsheetText.h"
 #include "embedded_host/table_reader/XlsxDraft.h"
@@ -10,8 +11,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
-
-#include <algorithm>
 
 namespace table_writer {
 namespace {
@@ -37,30 +36,6 @@ QList<QStringList> tableOf(QStringList header, const QList<RefusedRow>& rows)
         table.append(cells << row.reason);
     }
     return table;
-}
-
-QString quoted(const QString& cell)
-{
-    const bool needed = std::any_of(cell.begin(), cell.end(), [](QChar c) {
-        return c == u',' || c == u'"' || c == u'\n' || c == u'\r' || c == u'\t' || c == u';' || c == u' ';
-    });
-    QString text = cell;
-    return needed
-               ? QLatin1Char('"') + text.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"')
-               : cell;
-}
-
-QByteArray csvOf(const QList<QStringList>& table)
-{
-    QByteArray bytes("\xEF\xBB\xBF");
-    for (const QStringList& row : table) {
-        QStringList cells;
-        for (const QString& cell : row) {
-            cells.append(quoted(table_reader::harmlessCell(cell)));
-        }
-        bytes += cells.join(QLatin1Char(',')).toUtf8() + "\r\n";
-    }
-    return bytes;
 }
 
 /// Replaces `path` by these bytes, whole or not at all.
@@ -113,7 +88,7 @@ QString writeRejects(const QString& path, const QStringList& header, const QList
 {
     const QList<QStringList> table = tableOf(header, rows);
     const bool isXlsx = QFileInfo(path).suffix().compare(QLatin1String("xlsx"), Qt::CaseInsensitive) == 0;
-    return isXlsx ? writeXlsx(path, table) : save(path, csvOf(table));
+    return isXlsx ? writeXlsx(path, table) : save(path, table_reader::harmlessCsvText(table));
 }
 
 } // namespace table_writer

@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace table_lint {
 namespace {
@@ -32,6 +34,15 @@ constexpr Kind Exponent = {"number.exponent", Severity::Error, "“%1”是科�
                            "\"%1\" is in exponent form; its digits may be lost"};
 constexpr Kind Digits = {"number.digits", Severity::Warning, "“%1”超过15位有效数字，电子表格只能保留15位",
                          "\"%1\" has more than the 15 digits that a spreadsheet keeps"};
+constexpr Kind NoNumber = {"number.invalid", Severity::Error, "“%1”不是数字，将按0处理",
+                           "\"%1\" is no number and will be taken as 0"};
+constexpr Kind NoPrice = {"number.invalid", Severity::Error, "“%1”不是数字，将按0处理，即不限价",
+                          "\"%1\" is no number and will be taken as 0, which means no limit"};
+constexpr Kind OutOfRange = {"number.range", Severity::Error, "“%1”超出数值范围，将变成另一个数",
+                             "\"%1\" is out of range and will become another number"};
+constexpr Kind Fraction = {"number.fraction", Severity::Warning, "“%1”的小数部分将被舍去",
+                           "The fraction of \"%1\" will be cut off"};
+constexpr Kind Negative = {"number.negative", Severity::Warning, "“%1”是负数", "\"%1\" is negative"};
 constexpr Kind Invisible = {"blank.invisible", Severity::Warning, "“%1”含有看不见的空白字符",
                             "\"%1\" holds blanks that cannot be seen"};
 constexpr Kind FullWidth = {"digit.fullwidth", Severity::Warning, "“%1”含有全角数字",
@@ -71,6 +82,21 @@ int significantDigits(const QString& text)
     return static_cast<int>(digits.end() - first);
 }
 
+/// Whole numbers have 32 bits; an infinity and "nan" are numbers as well.
+bool fits(double number, NumberKind kind)
+{
+    constexpr double Least = std::numeric_limits<qint32>::min();
+    constexpr double Greatest = std::numeric_limits<qint32>::max();
+    return std::isfinite(number) && (kind != NumberKind::Whole || (number >= Least && number <= Greatest));
+}
+
+/// A fraction that gets lost: one that a spreadsheet's rounding leaves behind is none.
+bool hasFraction(double number)
+{
+    constexpr double Noise = 1e-6;
+    return std::fabs(number - std::round(number)) > Noise;
+}
+
 /// Every title that the import would find: the columns', what may stand for each, and the reasons of a reject
 /// file.
 QStringList knownTitles(const Expectation& expectation)
@@ -97,6 +123,7 @@ private:
     void lintRow(int row);
     void lintCell(int row, int column, const QString& text);
     void lintCode(int row, int column, const QString& text);
+    void lintNumber(int row, int column, const QString& text, NumberKind kind);
     bool isUnderMergedArea(int row, int column) const;
     void add(const Kind& kind, int row, int column, const QString& text,
              const QStringList& suggestions = QStringList());
@@ -105,6 +132,7 @@ private:
     const Expectation& mExpectation;
     const QStringList mKnownTitles;
     int mCodeColumn = -1;
+    QMap<int, NumberKind> mNumberColumns;
     QList<Finding> mFindings;
 };
 
@@ -131,6 +159,10 @@ void Linter::lintTitles()
         const QString meant = mExpectation.aliases.value(title, title);
         if (mCodeColumn < 0 && !meant.isEmpty() && meant == mExpectation.codeTitle) {
             mCodeColumn = column;
+        }
+        const bool isRead = mExpectation.titles.isEmpty() || mKnownTitles.contains(title);
+        if (isRead && header.indexOf(title) == column && mExpectation.numbers.contains(title)) {
+            mNumberColumns[column] = mExpectation.numbers.value(title);
         }
         lintTitle(column, header);
     }
@@ -165,9 +197,14 @@ void Linter::lintRow(int row)
     if (!isEmpty && mTable.inspection.hiddenRows.contains(row)) {
         add(HiddenRow, row, -1, QString());
     }
+    const bool isImported = row > 0 && !isPassedOver(cells);
     for (int column = 0; column < cells.size() && mFindings.size() < MaxFindings; ++column) {
-        if (!cells.at(column).isEmpty()) {
-            lintCell(row, column, cells.at(column));
+        if (cells.at(column).isEmpty()) {
+            continue;
+        }
+        lintCell(row, column, cells.at(column));
+        if (isImported && mNumberColumns.contains(column)) {
+            lintNumber(row, column, cells.at(column), mNumberColumns.value(column));
         }
     }
 }
@@ -213,6 +250,27 @@ void Linter::lintCode(int row, int column, const QString& text)
     }
 }
 
+void Linter::lintNumber(int row, int column, const QString& text, NumberKind kind)
+{
+    const QStringList legs = text.split(QLatin1Char('/'));
+    if (kind == NumberKind::Price && mExpectation.pairedPrices && legs.size() == 2) {
+        lintNumber(row, column, legs.first(), kind);
+        lintNumber(row, column, legs.last(), kind);
+        return;
+    }
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber); // as the import reads it
+    if (!isNumber) {
+        add(kind == NumberKind::Price ? NoPrice : NoNumber, row, column, text);
+    } else if (!fits(number, kind)) {
+        add(OutOfRange, row, column, text);
+    } else if (number < 0.0) {
+        add(Negative, row, column, text);
+    } else if (kind == NumberKind::Whole && hasFraction(number)) {
+        add(Fraction, row, column, text);
+    }
+}
+
 bool Linter::isUnderMergedArea(int row, int column) const
 {
     const auto hides = [&](const QRect& area) {
@@ -247,6 +305,14 @@ void Linter::add(const Kind& kind, int row, int column, const QString& text, con
 }
 
 } // namespace
+
+bool isPassedOver(const QStringList& row)
+{
+    if (row.isEmpty() || (row.size() == 1 && row.first().isEmpty())) {
+        return true;
+    }
+    return row.size() > 2 && row.at(0).trimmed().isEmpty() && row.at(1).trimmed().isEmpty();
+}
 
 QList<Finding> lint(const Table& table, const Expectation& expectation)
 {

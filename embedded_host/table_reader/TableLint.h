@@ -18,6 +18,13 @@ enum class Severity {
     Error,   ///< refused, or imported as something else than was meant
 };
 
+/// What the import makes of a cell that must be a number.
+enum class NumberKind {
+    Whole,  ///< cut off behind the point; 0 where it is no number
+    Amount, ///< 0 where it is no number
+    Price,  ///< 0 where it is no number, which means: no limit
+};
+
 /// What the import knows, for comparison.
 struct Expectation {
     QStringList titles; ///< the table's columns; empty: titles are not compared
@@ -27,12 +34,16 @@ struct Expectation {
     /// The securities with exactly this code, as the user should see them ("000001.SZ 平安银行"); may be
     /// null.
     std::function<QStringList(const QString& code)> securities;
+    /// Titles under which a file may have columns of numbers, aliases among them.
+    QMap<QString, NumberKind> numbers;
+    bool pairedPrices = false; ///< a price cell may hold one price for each of two legs: 9.8/9.9
 };
 
 struct Finding {
     QString code; ///< stable, for programs: title.unknown, title.near, title.repeated, code.zeros,
-                  ///< number.exponent, number.digits, blank.invisible, digit.fullwidth, merged.hidden,
-                  ///< row.hidden, text.replaced
+                  ///< number.exponent, number.digits, number.invalid, number.range, number.fraction,
+                  ///< number.negative, blank.invisible, digit.fullwidth, merged.hidden, row.hidden,
+                  ///< text.replaced
     Severity severity = Severity::Warning;
     QString chinese; ///< sentence for the user
     QString english;
@@ -42,6 +53,9 @@ struct Finding {
     QString raw;             ///< the text in question, as stored
     QStringList suggestions; ///< titles or securities that could be meant
 };
+
+/// Whether the import passes over a row of the file: a blank one, or a note, whose first two cells are blank.
+bool isPassedOver(const QStringList& row);
 
 /// All findings, titles first, then cells row by row, at most this many.
 constexpr int MaxFindings = 1000;

@@ -87,6 +87,20 @@ bool isWorkbook(const QString& path)
     return path.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
 }
 
+/// No sheets: no files. In a workbook of several each says that only the first is read back.
+Written writeSheets(const QString& path, const QStringList& csvFiles, QList<TemplateSheet> sheets)
+{
+    if (sheets.isEmpty() || !isWorkbook(path)) {
+        return writeCsv(csvFiles, sheets);
+    }
+    if (sheets.size() > 1) {
+        for (TemplateSheet& sheet : sheets) {
+            sheet.notes.insert(1, template_texts::FirstSheetOnly);
+        }
+    }
+    return writeXlsx(path, sheets);
+}
+
 } // namespace
 
 Written write(const QString& path, const QList<AesStrategy>& strategies, const QList<Market>& markets)
@@ -97,18 +111,24 @@ Written write(const QString& path, const QList<AesStrategy>& strategies, const Q
     if (strategies.isEmpty()) {
         return {{}, template_texts::NoStrategy.arg(QDir::toNativeSeparators(path))};
     }
+    const QStringList files = filesOf(path, strategies);
     QList<TemplateSheet> sheets;
-    for (const AesStrategy& strategy : strategies) {
-        TemplateSheet sheet = describeTemplate(strategy, markets);
+    QStringList csvFiles;
+    QStringList withoutColumns;
+    for (int i = 0; i < strategies.size(); ++i) {
+        const TemplateSheet sheet = describeTemplate(strategies.at(i), markets);
         if (sheet.columns.isEmpty()) {
-            return {{}, template_texts::NoColumns.arg(strategy.name())};
+            withoutColumns.append(strategies.at(i).name());
+        } else {
+            csvFiles.append(files.value(i));
+            sheets.append(sheet);
         }
-        if (isWorkbook(path) && strategies.size() > 1) {
-            sheet.notes.insert(1, template_texts::FirstSheetOnly);
-        }
-        sheets.append(sheet);
     }
-    return isWorkbook(path) ? writeXlsx(path, sheets) : writeCsv(filesOf(path, strategies), sheets);
+    Written written = writeSheets(path, csvFiles, std::move(sheets));
+    if (written.error.isEmpty() && !withoutColumns.isEmpty()) {
+        written.error = template_texts::NoColumns.arg(withoutColumns.join(QStringLiteral("、")));
+    }
+    return written;
 }
 
 QStringList filesOf(const QString& path, const QList<AesStrategy>& strategies)

@@ -24,6 +24,9 @@ struct Written {
 /// As csv, UTF-8 with a byte order mark: one strategy is written to `path`; of several, each to a file of its
 /// own, "templates.csv" giving "templates-AITWAP.csv" and so on.
 ///
+/// A strategy whose parameter format gives no column is left out, and named as the error beside the files of
+/// the others.
+///
 /// A file that exists is replaced as a whole or, where that fails, left as it was.
 ///
 ///     const auto written = template_files::write(path, {*data.strategy(code)}, data.tables().markets);

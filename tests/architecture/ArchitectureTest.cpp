@@ -57,8 +57,7 @@ QList<Include> includesOf(const QString& room)
 
 bool isAllowed(const Include& include, const QString& room, const QStringList& allowed)
 {
-    const bool publicHeader = include.target == QLatin1String("dialog/AlgoBatchImportParamSetting.h") ||
-                              include.target == QLatin1String("dialog/HeadAliases.h");
+    const bool publicHeader = include.target == QLatin1String("dialog/AlgoBatchImportParamSetting.h");
     return allowed.contains(include.room) || (room == QLatin1String("desk") && publicHeader);
 }
 

@@ -101,8 +101,8 @@ TEST_F(LedgerPagesTest, UndoAsksFirstAndTakesTheBatchBack)
     EXPECT_EQ(batches().shownRows().last().at(1), before);
     answer("button_yes"_s);
     pressOnBatches("button_undo");
-    EXPECT_EQ(batches().shownRows().last().at(1), ledger::shownName(ledger::BatchState::Withdrawn));
-    EXPECT_NE(shown(instances(), 1).first(), ledger::shownName(ledger::InstanceState::Created));
+    EXPECT_EQ(batches().shownRows().last().at(1), ledger::shownName(ledger::BatchState::PartlyReversed));
+    EXPECT_EQ(shown(instances(), 1).first(), ledger::shownName(ledger::InstanceState::Stopped));
 }
 
 TEST_F(LedgerPagesTest, AnEditedFileImportedAgainShowsWhatItChanges)

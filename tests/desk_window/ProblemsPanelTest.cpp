@@ -2,12 +2,14 @@
 
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "embedded_host/table_reader/TableReader.h"
+#include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
 #include "tests/desk_window/DeskWindowFixture.h"
 
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTextEdit>
 
 class ProblemsPanelTest : public DeskWindowFixture {
@@ -94,6 +96,27 @@ TEST_F(ProblemsPanelTest, SavesARejectFileThatImportsOnceItIsMended)
     drop(writeTable(rows, "mended.csv"_s)); // with the column of reasons, as a trader leaves it
     EXPECT_EQ(parameterTable()->getViewData().size(), 2);
     EXPECT_TRUE(window->importPage()->problems()->problems().isEmpty());
+}
+
+TEST_F(ProblemsPanelTest, SaysWhereItIsNotCertainWhichRowsOfALockAreMeant)
+{
+    open();
+    window->findChild<AlgoBatchImportParamSetting*>()->CreateStrategyInitWidget(
+        AlgoTradeLogicNew::GetInstance()->GetStrategy("AILOCK"_s));
+    const QString path = writeTable({{"证券代码"_s, "市场"_s, "委托数量"_s, "交易方向"_s, "委托属性"_s,
+                                      "委托限价"_s, "创建后是否立即启动"_s},
+                                     {"999999"_s, "SH"_s, "100"_s, "1/2"_s, "0/0"_s, "9/9"_s, "7"_s},
+                                     {"600000"_s, "SH"_s, "100"_s, "1"_s, "0/0"_s, "9/9"_s, "7"_s}},
+                                    "lock.csv"_s);
+    answer("button_ok"_s);
+    drop(path);
+    QSignalSpy said(window->importPage()->problems(), &ProblemsPanel::said);
+    const QString rejects = folder.filePath("rejects.csv"_s);
+    saveAs(rejects);
+    QTest::mouseClick(child<QAbstractButton>("button_saveRejects"), Qt::LeftButton);
+    ASSERT_FALSE(said.isEmpty());
+    EXPECT_TRUE(said.last().first().toString().endsWith("该行号可能不是文件行号，请核对"_s));
+    EXPECT_EQ(table_reader::readTable(rejects).rows.size(), 3);
 }
 
 TEST_F(ProblemsPanelTest, ShowsWhatAFileAsAWholeSuffersFrom)

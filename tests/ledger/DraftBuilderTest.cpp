@@ -80,7 +80,6 @@ TEST(Draft, KnowsAnAmountFromAQuantity)
     const InstanceDraft instance = makeDraft(content).instances.first();
     EXPECT_EQ(instance.legs.first().typedAmount, 50000.0);
     EXPECT_EQ(instance.legs.first().quantity, 100.0);
-    EXPECT_EQ(instance.quantityText, QString());
 }
 
 TEST(Draft, StartsRowsThatSaySeven)
@@ -102,6 +101,19 @@ TEST(Draft, TakesNoTextThatIsNoNumberPastACeiling)
     }
     content.records[0][2] = cell("-300"_s, "-300"_s);
     EXPECT_EQ(makeDraft(content).instances.first().legs.first().quantity, 300.0);
+}
+
+TEST(Draft, KnowsALimitThatBecameNoneFromOneThatWasNotNamed)
+{
+    DialogContent content = ordinaryContent();
+    const auto leg = [&](const QString& limit) {
+        content.parameterMaps[0]["委托限价"_s] = limit;
+        return makeDraft(content).instances.first().legs.first();
+    };
+    EXPECT_FALSE(leg("10.5"_s).hasZeroLimit);
+    EXPECT_FALSE(leg(""_s).hasZeroLimit);
+    EXPECT_TRUE(leg("0.00"_s).hasZeroLimit);
+    EXPECT_TRUE(leg("9.86元"_s).hasZeroLimit);
 }
 
 TEST(Draft, IsAnotherEveryTime)

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QtNumeric>
+
 using namespace ledger;
 
 namespace {
@@ -43,9 +45,9 @@ SampleRow row(const QString& symbol, const QString& direction, double quantity, 
 /// The draft as it would be found after it was created.
 EarlierBatch asEarlier(const BatchDraft& draft, qint64 number)
 {
-    EarlierBatch earlier{number, draft.fileName, draft.fileSha256, {}};
+    EarlierBatch earlier{number, draft.fileSha256, {}};
     for (const InstanceDraft& instance : draft.instances) {
-        ++earlier.rowKeys[rowKey(draft.strategy, instance)];
+        earlier.rowKeys.insert(rowKey(draft.strategy, instance));
     }
     return earlier;
 }
@@ -182,20 +184,17 @@ TEST(Guard, WarnsOfAQuantityThatLooksLikeMoney)
 {
     Limits limits;
     limits.moneyLikeAmount = 5e7;
-    BatchDraft draft = sampleDraft(
-        {row(A, "Buy"_s, 1000), row(A, "Buy"_s, 123456), row(A, "Buy"_s, 1000000), row(A, "Buy"_s, 5000100)});
-    draft.instances[1].quantityText = "123456.78"_s;
-    const Verdict verdict = verdictOn(draft, limits);
+    const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(A, "Buy"_s, 123456),
+                                                   row(A, "Buy"_s, 1000000), row(A, "Buy"_s, 5000100)}),
+                                      limits);
     ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"moneyLikeQuantity"_s});
-    EXPECT_EQ(verdict.warnings.first().rows, (QList<int>{2, 3, 4}))
-        << "a fraction; round and large; beyond reason";
+    EXPECT_EQ(verdict.warnings.first().rows, (QList<int>{3, 4})) << "round and large; beyond reason";
 }
 
 TEST(Guard, TakesAnAmountThatWasTypedAsMoneyForWhatItIs)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 1000000)});
     draft.instances[0].legs[0].typedAmount = 2e7;
-    draft.instances[0].quantityText.clear();
     const Verdict verdict = verdictOn(draft);
     EXPECT_TRUE(verdict.warnings.isEmpty());
     EXPECT_EQ(verdict.grossBuy, 2e7);
@@ -271,7 +270,8 @@ TEST(Creation, IsRefusedAboveACeilingWhateverTheConsent)
     scope.limits.grossBuy = 10.0;
     const BatchDraft draft = sampleDraft(1);
     const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
-    EXPECT_TRUE(createReviewed(*ledger, review, {true, "10000"_s}).error.contains("超过上限"_s));
+    EXPECT_EQ(createReviewed(*ledger, review, {true, "10000"_s}).error,
+              "不能创建：买入总金额 10,000 元超过上限 10 元。"_s);
     EXPECT_TRUE(ledger->batches().value.isEmpty());
 }
 
@@ -307,5 +307,96 @@ TEST(Guard, RefusesInstancesThatTheTableDoesNotShow)
     const Verdict verdict = verdictOn(draft);
     EXPECT_EQ(rulesOf(verdict.refusals), QStringList{"notShown"_s});
     EXPECT_EQ(verdict.refusals.value(0).text,
-              "表格中有 0 行，待创建的实例却有 2 个：最近一次导入没有成功；请重新导入。"_s);
+              "表格中有 0 行，待创建的实例却有 2 个：最近一次导入没有成功；请重新导入"_s);
+}
+
+TEST(Guard, RefusesARowWithoutQuantityAndAmount)
+{
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100), row(B, "Buy"_s, 0)});
+    const Verdict verdict = verdictOn(draft);
+    ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"noQuantity"_s});
+    EXPECT_EQ(verdict.refusals.first().rows, QList<int>{2});
+    draft.instances[1].legs[0].typedAmount = 5000.0;
+    EXPECT_FALSE(verdictOn(draft).refuses());
+}
+
+TEST(Guard, OnlyWarnsOfNoQuantityWhereTheStrategyHasNoColumnOfThem)
+{
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 0)});
+    draft.table.columns[2] = "封单金额"_s;
+    const Verdict verdict = verdictOn(draft);
+    EXPECT_FALSE(verdict.refuses());
+    EXPECT_EQ(rulesOf(verdict.warnings), QStringList{"noQuantity"_s});
+}
+
+TEST(Guard, WarnsOfAnEndBeforeTheStart)
+{
+    BatchDraft draft = sampleDraft(3);
+    for (InstanceDraft& instance : draft.instances) {
+        instance.parameters["开始时间"_s] = "2025-11-03 14:30:00"_s;
+        instance.parameters["结束时间"_s] = "2025-11-03 14:57:00"_s;
+    }
+    EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
+    draft.instances[1].parameters["结束时间"_s] = "2025-11-03 09:57:00"_s;
+    draft.instances[2].parameters["结束时间"_s] = ""_s;
+    const Verdict verdict = verdictOn(draft);
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"endBeforeStart"_s});
+    EXPECT_EQ(verdict.warnings.first().rows, QList<int>{2});
+}
+
+TEST(Guard, WarnsOfALimitThatBecameNone)
+{
+    BatchDraft draft = sampleDraft(2);
+    draft.instances[1].legs[0].limitPrice = 0.0;
+    EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
+    draft.instances[1].legs[0].hasZeroLimit = true;
+    const Verdict verdict = verdictOn(draft);
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"zeroLimit"_s});
+    EXPECT_EQ(verdict.warnings.first().rows, QList<int>{2});
+}
+
+TEST(Guard, AsksForAnAmountThatMeetsItsThresholdButForBinaryFractions)
+{
+    BatchDraft draft =
+        sampleDraft({row(A, "Buy"_s, 111700), row(B, "Buy"_s, 41800), row("C"_s, "Buy"_s, 79500)});
+    const double prices[] = {52.67, 196.37, 1080.61};
+    Prices known;
+    for (int i = 0; i < 3; ++i) {
+        const Leg& leg = draft.instances.at(i).legs.first();
+        known[{leg.symbol, leg.exchange}].last = prices[i];
+    }
+    valueLegs(draft, known);
+    Limits limits;
+    limits.confirmAmount = 1e8;
+    limits.moneyLikeAmount = 1e9;
+    EXPECT_EQ(checkBatch(draft, limits, known, {}).confirmationAmount, 100000000);
+}
+
+TEST(Guard, AsksForTheSmallestAmountAsWell)
+{
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 1)});
+    valueLegs(draft, pricesOf(draft, 0.3));
+    Limits limits;
+    limits.confirmAmount = 0.0;
+    EXPECT_EQ(checkBatch(draft, limits, {}, {}).confirmationAmount, 1);
+}
+
+TEST(Guard, LetsNothingThatIsNoNumberPastACeiling)
+{
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100)});
+    draft.instances[0].legs[0].amount = qQNaN();
+    Limits limits;
+    limits.rowAmount = limits.securityAmount = limits.grossBuy = 1e9;
+    EXPECT_EQ(rulesOf(checkBatch(draft, limits, {}, {}).refusals),
+              (QStringList{"rowAmount"_s, "securityAmount"_s, "grossBuy"_s}));
+}
+
+TEST(Guard, TakesARowWithoutAnExchangeRateForUnpriced)
+{
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100)});
+    for (const double factor : {0.0, -1.0, qQNaN()}) {
+        valueLegs(draft, {{{A, "SH"_s}, {10.0, factor, factor, false}}});
+        EXPECT_EQ(draft.instances.first().legs.first().amount, 0.0);
+        EXPECT_EQ(rulesOf(checkBatch(draft, {}, {}, {}).warnings), QStringList{"unpriced"_s});
+    }
 }

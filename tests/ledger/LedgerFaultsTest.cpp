@@ -1,3 +1,5 @@
+#include "desk/ledger/LedgerTexts.h"
+#include "desk/ledger/SqliteFile.h"
 #include "tests/ledger/SampleDrafts.h"
 
 #include <gtest/gtest.h>
@@ -119,6 +121,51 @@ TEST(LedgerFile, WithOverwrittenPagesIsLeftAlone)
     expectRefused(bytes, "已损坏"_s);
 }
 
+TEST(LedgerFile, ThatGoesBadWhileItIsReadIsNotTakenForAShortOne)
+{
+    SampleLedger ledger;
+    for (int i = 0; i < 20; ++i) {
+        ledger->createBatch(sampleDraft(50));
+    }
+    ledger.close();
+    const auto reader = openToRead(ledger.home());
+    ASSERT_EQ(reader.error, QString());
+    QFile file(ledger.path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.seek(file.size() / 2));
+    file.write(QByteArray(static_cast<int>(file.size() / 2), '\x5a'));
+    file.close();
+    EXPECT_TRUE(reader.value->instances().error.contains("已损坏"_s))
+        << reader.value->instances().value.size();
+}
+
+TEST(LedgerFile, WithoutItsCounterTakesNoBatch)
+{
+    SampleLedger ledger;
+    ledger.close();
+    {
+        SqliteFile file(ledger.path());
+        file.open(SqliteFile::Mode::Write);
+        QSqlQuery(file.database()).exec("DELETE FROM ledger_number WHERE name = 'last_batch'"_s);
+    }
+    ASSERT_EQ(ledger.reopen(), QString());
+    const QString error = ledger->createBatch(sampleDraft(1)).error;
+    EXPECT_TRUE(error.contains("last_batch"_s)) << error.toStdString();
+    EXPECT_TRUE(ledger->batches().value.isEmpty());
+}
+
+TEST(LedgerFile, ThatWasNamedWithAPlaceholderIsNamedAsItIs)
+{
+    QTemporaryDir folder;
+    const QString home = folder.filePath("%1%2"_s);
+    const auto opened = Ledger::open(home);
+    ASSERT_EQ(opened.error, QString());
+    EXPECT_EQ(opened.value->batch(7).error, texts::noSuchBatch(Ledger::pathIn(home), 7));
+    EXPECT_TRUE(opened.value->batch(7).error.contains("%1%2"_s))
+        << opened.value->batch(7).error.toStdString();
+    EXPECT_TRUE(opened.value->batch(7).error.contains("批次 7"_s));
+}
+
 TEST(LedgerFile, ThatIsEmptyAsAfterAKillBecomesALedger)
 {
     QTemporaryDir home;
@@ -210,6 +257,24 @@ TEST(Reader, FindsNothingWhereThereIsNoLedgerAndMakesNone)
     ASSERT_EQ(opened.error, QString());
     EXPECT_TRUE(opened.value->batches().value.isEmpty());
     EXPECT_TRUE(QDir(home.path()).isEmpty());
+}
+
+TEST(Reader, TakesALedgerWithoutTablesForNone)
+{
+    QTemporaryDir home;
+    {
+        SqliteFile file(Ledger::pathIn(home.path()));
+        file.open(SqliteFile::Mode::Write);
+        file.prepareForWriting(0);
+    }
+    const auto opened = openToRead(home.path());
+    ASSERT_EQ(opened.error, QString());
+    EXPECT_TRUE(opened.value->batches().value.isEmpty());
+}
+
+TEST(SecondProcess, IsToldOfAnOwnerThatHasNotWrittenItsNameYet)
+{
+    EXPECT_EQ(texts::fileInUse("a"_s, QString(), 0), "台账文件“a”正被另一个程序使用；请先关闭它。"_s);
 }
 
 TEST(Reader, CreatesAndUndoesNothing)

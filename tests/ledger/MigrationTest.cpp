@@ -121,3 +121,13 @@ TEST(Migration, OfALedgerOfANewerProgramIsRefused)
     file.open(SqliteFile::Mode::Read);
     EXPECT_EQ(versionOf(file.database()), 99);
 }
+
+TEST(Migration, RunsInATransactionOfItsOwnOrNotAtAll)
+{
+    QTemporaryDir home;
+    SqliteFile file(Ledger::pathIn(home.path()));
+    file.open(SqliteFile::Mode::Write);
+    ASSERT_TRUE(file.database().transaction());
+    EXPECT_TRUE(migrate(file.database()).isValid());
+    EXPECT_EQ(versionOf(file.database()), 0);
+}

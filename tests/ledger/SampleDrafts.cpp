@@ -30,7 +30,6 @@ InstanceDraft sampleInstance(const SampleRow& row)
     InstanceDraft instance;
     instance.legs = {leg};
     instance.startsNow = row.startsNow;
-    instance.quantityText = digits(row.quantity);
     const QMap<QString, QVariant> security{{Info::Symbol, row.symbol},
                                            {Info::Quantity, digits(row.quantity)},
                                            {Info::PriceLimits, digits(row.limitPrice)}};

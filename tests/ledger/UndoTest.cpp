@@ -33,13 +33,13 @@ TEST(Undo, WithdrawsWhatHasNotStartedAndStopsWhatRuns)
     ASSERT_EQ(undone.value.stopped.size(), 1);
     EXPECT_EQ(undone.value.stopped.first().id.row, 2);
     EXPECT_TRUE(undone.value.notReversed.isEmpty());
-    EXPECT_EQ(undone.value.state, BatchState::Withdrawn);
+    EXPECT_EQ(undone.value.state, BatchState::PartlyReversed) << "what ran may have traded";
 
     const QList<Instance> instances = ledger->instances(1).value;
     EXPECT_EQ(instances.at(0).state, InstanceState::Withdrawn);
     EXPECT_EQ(instances.at(1).state, InstanceState::Stopped);
     EXPECT_EQ(instances.at(1).changedAt, ledger.now);
-    EXPECT_EQ(ledger->batch(1).value.state, BatchState::Withdrawn);
+    EXPECT_EQ(ledger->batch(1).value.state, BatchState::PartlyReversed);
 }
 
 TEST(Undo, ListsWhatCouldNotBeReversed)
@@ -89,13 +89,37 @@ TEST(Undo, MakesABatchNoDuplicateAnyMore)
     EXPECT_TRUE(ledger->createdToday("1001"_s).value.isEmpty());
 }
 
-TEST(Undo, LeavesOnlyTheFinishedRowsAsDuplicates)
+TEST(Undo, OfABatchOfWhichNothingRanWithdrawsIt)
 {
     SampleLedger ledger;
-    createMixedBatch(ledger);
+    ledger->createBatch(sampleDraft(2));
+    EXPECT_EQ(ledger->undo(1).value.state, BatchState::Withdrawn);
+    EXPECT_EQ(ledger->batch(1).value.state, BatchState::Withdrawn);
+}
+
+TEST(Undo, CountsWhatWasStoppedBeforeAsNotReversed)
+{
+    SampleLedger ledger;
+    SampleRow started;
+    started.startsNow = true;
+    ledger->createBatch(sampleDraft({started}));
+    ledger->changeState({1, 1}, InstanceState::Stopped);
+    EXPECT_EQ(ledger->undo(1).value.state, BatchState::PartlyReversed);
+    EXPECT_EQ(ledger->undo(1).value.state, BatchState::PartlyReversed) << "the second time as well";
+}
+
+TEST(Undo, LeavesTheRowsThatMayHaveTradedAsDuplicates)
+{
+    SampleLedger ledger;
+    SampleRow waiting;
+    SampleRow running{"600001.SH"_s, "Buy"_s, 1000.0, 10.0, true};
+    SampleRow finished{"600002.SH"_s, "Buy"_s, 1000.0, 10.0, true};
+    const BatchDraft draft = sampleDraft({waiting, running, finished});
+    ledger->createBatch(draft);
+    ledger->changeState({1, 3}, InstanceState::Finished);
     ledger->undo(1);
     const QList<EarlierBatch> earlier = ledger->createdToday("1001"_s).value;
     ASSERT_EQ(earlier.size(), 1);
-    ASSERT_EQ(earlier.first().rowKeys.size(), 1);
-    EXPECT_EQ(earlier.first().rowKeys.begin().value(), 1);
+    EXPECT_EQ(earlier.first().rowKeys, (QSet<QString>{rowKey(draft.strategy, draft.instances.at(1)),
+                                                      rowKey(draft.strategy, draft.instances.at(2))}));
 }

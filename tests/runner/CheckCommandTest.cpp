@@ -110,3 +110,27 @@ TEST_F(CheckCommand, TakesStrategyAndAccountTogetherOrNeither)
 {
     expectRefused(check(table(goodRow()), {"--strategy"_s, "AITWAP"_s}), "--account"_s);
 }
+
+TEST_F(CheckCommand, AnswersThreeForANumberThatTheImportTakesForNothing)
+{
+    for (const QByteArray& quantity : {QByteArray("\"1,000\""), QByteArray("1000股"), QByteArray("abc")}) {
+        const Run run = check(table("600000,SH," + quantity + ",1,0,7\n"));
+        EXPECT_EQ(3, run.status) << run.out.constData();
+        EXPECT_EQ(QStringList{"number.invalid"_s}, codes(run));
+    }
+    EXPECT_EQ(QStringList({"digit.fullwidth"_s, "number.invalid"_s}),
+              codes(check(table("600000,SH,１０００,1,0,7\n"))));
+    EXPECT_EQ(QStringList{"number.fraction"_s}, codes(check(table("600000,SH,1000.5,1,0,7\n"))));
+}
+
+TEST_F(CheckCommand, TakesTwoPricesInACellForThoseOfALockStrategyAlone)
+{
+    const QStringList lock = {"--strategy"_s, "AILOCK"_s, "--account"_s, "A1"_s};
+    const QByteArray header = "证券代码,市场,委托数量,交易方向,委托属性,委托限价,创建后是否立即启动\n";
+    const QByteArray row = "600000,SH,1000,1/2,0/0,";
+    EXPECT_EQ(QStringList(), codes(check(write("good.csv"_s, header + row + "9.8/9.9,7\n"), lock)));
+    const Run bad = check(write("bad.csv"_s, header + row + "9.8/9.86元,7\n"), lock);
+    EXPECT_EQ(QStringList{"number.invalid"_s}, codes(bad));
+    EXPECT_EQ("“9.86元”不是数字，将按0处理，即不限价"_s,
+              bad.object()["findings"_s].toArray().first().toObject()["chinese"_s].toString());
+}

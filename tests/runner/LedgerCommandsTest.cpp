@@ -1,7 +1,14 @@
+#include "tests/ledger/SchemaCheck.h"
 #include "tests/runner/RunnerTest.h"
 
+#include <pwd.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
+#include <QSet>
 
 /// From a confirmed import to instances, and back: --create, batches, instances, undo, diff; and the refused
 /// rows.
@@ -13,14 +20,26 @@ protected:
     }
 
     /// A subcommand on the home of the imports.
-    Run atHome(const QStringList& arguments)
+    Run atHome(const QStringList& arguments) { return run(arguments + QStringList{"--home"_s, home()}); }
+
+    static QJsonObject creation(const Run& created) { return created.object()["creation"_s].toObject(); }
+    static QJsonObject guard(const Run& created) { return creation(created)["guard"_s].toObject(); }
+
+    /// Says why nothing was created, and has nothing in the ledger.
+    void expectNotCreated(const Run& run, const QString& reason)
     {
-        return run(arguments + QStringList{"--home"_s, folder() + "/home"_s});
+        EXPECT_EQ(1, run.status);
+        expectValid(creation(run), "create.schema.json"_s);
+        EXPECT_TRUE(creation(run)["batch"_s].isNull());
+        const QString error = creation(run)["error"_s].toString();
+        EXPECT_TRUE(error.contains(reason)) << error.toStdString();
+        EXPECT_TRUE(atHome({"batches"_s}).json().array().isEmpty());
     }
 
-    static QJsonObject guard(const Run& created)
+    static void expectValid(const QJsonValue& value, const QString& schema)
     {
-        return created.object().value("creation"_s).toObject().value("guard"_s).toObject();
+        const QStringList faults = faultsBySchema(value, schema);
+        EXPECT_TRUE(faults.isEmpty()) << schema.toStdString() << faults.join("\n"_s).toStdString();
     }
 
     static QStringList rules(const Run& created, const QString& kind)
@@ -43,9 +62,10 @@ TEST_F(LedgerCommands, CreatesAConfirmedBatchListsItAndTakesItBack)
     EXPECT_EQ(2, batches.at(0).toObject().value("rowCount"_s).toInt());
     EXPECT_EQ(2, atHome({"instances"_s, "--batch"_s, "1"_s}).json().array().size());
 
-    EXPECT_EQ("withdrawn"_s, atHome({"undo"_s, "1"_s}).object().value("state"_s).toString());
+    const Run undone = atHome({"undo"_s, "1"_s});
+    EXPECT_EQ("partly_reversed"_s, undone.object().value("state"_s).toString()) << "they were running";
     const QJsonArray after = atHome({"batches"_s}).json().array();
-    EXPECT_EQ("withdrawn"_s, after.at(0).toObject().value("state"_s).toString());
+    EXPECT_EQ("partly_reversed"_s, after.at(0).toObject().value("state"_s).toString());
 }
 
 TEST_F(LedgerCommands, WantsConsentToASecondImportOfTheSameFile)
@@ -71,9 +91,110 @@ TEST_F(LedgerCommands, LetsNobodyPastACeiling)
 
 TEST_F(LedgerCommands, CreatesNothingWhereTheDialogComplains)
 {
-    const Run complained = import(table(badRow()), aitwap() + QStringList{"--confirm"_s, "--create"_s});
-    EXPECT_EQ(1, complained.status);
-    EXPECT_FALSE(complained.object().contains("creation"_s));
+    expectNotCreated(create(table(badRow())), "未能确定"_s);
+}
+
+TEST_F(LedgerCommands, CreatesPartOfAFileOnlyWithConsent)
+{
+    const QString file = table(goodRow() + badRow());
+    const Run refused = create(file);
+    expectNotCreated(refused, "导入时有提示"_s);
+    EXPECT_TRUE(creation(refused)["guard"_s].isNull());
+    const Run agreed = create(file, {"--yes"_s});
+    EXPECT_EQ(1, agreed.status) << "there was a message";
+    EXPECT_EQ(1, creation(agreed)["batch"_s].toObject()["rowCount"_s].toInt());
+}
+
+TEST_F(LedgerCommands, CreatesNothingOfAQuantityThatIsNoNumber)
+{
+    const Run refused = create(table("600000,SH,\"1,000\",1,0,7\n"), {"--yes"_s});
+    expectNotCreated(refused, "既没有委托数量也没有委托金额"_s);
+    EXPECT_EQ(QStringList{"noQuantity"_s}, rules(refused, "refusals"_s));
+}
+
+TEST_F(LedgerCommands, WantsALargeAmountTypedOnceMore)
+{
+    writeData("limits.csv"_s, "account,strategy,confirmAmount\n*,*,10000\n");
+    const QString file = table(goodRow());
+    expectNotCreated(create(file, {"--yes"_s}), "10,000"_s);
+    expectNotCreated(create(file, {"--amount"_s, "9999"_s}), "10,000"_s);
+    EXPECT_EQ(0, create(file, {"--amount"_s, "10,000"_s}).status);
+}
+
+TEST_F(LedgerCommands, CreatesNothingWhileAnotherProcessHoldsTheLedger)
+{
+    ASSERT_TRUE(QDir().mkpath(home()));
+    QFile lock(home() + "/ledger.sqlite.lock"_s);
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    ASSERT_EQ(0, flock(lock.handle(), LOCK_EX | LOCK_NB));
+    lock.write("4711\ndesk\n");
+    lock.flush();
+    expectNotCreated(create(table(goodRow())), "正被另一个程序使用（desk，进程 4711）"_s);
+    lock.close();
+    EXPECT_EQ(0, create(table(goodRow())).status);
+}
+
+TEST_F(LedgerCommands, OfManyProcessesAtOnceMakeAsManyBatchesAsTheySay)
+{
+    ASSERT_EQ(0, create(table(goodRow())).status);
+    const QStringList arguments =
+        importArguments(table(goodRow()), aitwap() + QStringList{"--confirm"_s, "--create"_s, "--yes"_s});
+    QProcess processes[4];
+    for (QProcess& process : processes) {
+        prepare(process);
+        process.setArguments(arguments);
+        process.start(QIODevice::ReadOnly);
+    }
+    QSet<int> numbers = {1};
+    int created = 1;
+    for (QProcess& process : processes) {
+        const Run run = finish(process);
+        if (run.status == 0) {
+            ++created;
+            numbers.insert(creation(run)["batch"_s].toObject()["number"_s].toInt());
+        } else {
+            EXPECT_TRUE(creation(run)["error"_s].toString().contains("正被另一个程序使用"_s))
+                << run.out.constData();
+        }
+    }
+    EXPECT_EQ(created, numbers.size());
+    EXPECT_EQ(created, atHome({"batches"_s}).json().array().size());
+}
+
+TEST_F(LedgerCommands, WritesDownTheUserOfTheSystem)
+{
+    ASSERT_EQ(0, create(table(goodRow())).status);
+    const QJsonObject batch = atHome({"batches"_s}).json().array().at(0).toObject();
+    EXPECT_EQ(QString::fromLocal8Bit(getpwuid(geteuid())->pw_name), batch["createdBy"_s].toString());
+}
+
+TEST_F(LedgerCommands, LeaveNothingOutsideTheirHome)
+{
+    const QString file = table(goodRow());
+    ASSERT_EQ(0, create(file).status);
+    EXPECT_TRUE(QFile::exists(home() + "/ledger.sqlite"_s));
+    EXPECT_EQ(QStringList({"data"_s, "home"_s, "list.csv"_s}),
+              QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name));
+}
+
+TEST_F(LedgerCommands, PrintWhatTheirSchemasDescribe)
+{
+    const QString file = table(goodRow() + "000001,SZ,200,2,0,0\n");
+    const Run created = create(file);
+    ASSERT_EQ(0, created.status) << created.out.constData();
+    expectValid(creation(created), "create.schema.json"_s);
+    expectValid(creation(create(file)), "create.schema.json"_s);
+    expectValid(atHome({"batches"_s}).json().array(), "batches.schema.json"_s);
+    expectValid(atHome({"instances"_s}).json().array(), "instances.schema.json"_s);
+    const QString edited = table("600000,SH,2000,1,0,7\n" + badRow() + goodRow(), "edited.csv"_s);
+    const Run diff = atHome({"diff"_s, "1"_s, edited, "--data"_s, dataFolder()});
+    EXPECT_EQ(1, diff.object()["messageBoxes"_s].toArray().size());
+    expectValid(diff.object(), "diff.schema.json"_s);
+    expectValid(atHome({"undo"_s, "1"_s}).object(), "undo.schema.json"_s);
+    for (const QStringList& wrong :
+         {QStringList{"undo"_s, "9"_s}, {"instances"_s, "--batch"_s, "9"_s}, {"diff"_s, "9"_s, edited}}) {
+        expectValid(atHome(wrong).object(), "error.schema.json"_s);
+    }
 }
 
 TEST_F(LedgerCommands, ComparesAnEditedFileWithItsBatch)
@@ -99,8 +220,60 @@ TEST_F(LedgerCommands, WritesAsManyRefusedRowsAsThereAreErrors)
     EXPECT_EQ(3, file.readAll().count("\r\n"));
 }
 
+TEST_F(LedgerCommands, WriteNoRejectsOfAFileThatCannotBeRead)
+{
+    const QString rejects = write("rejects.csv"_s, "kept");
+    const Run run =
+        import(write("page.csv"_s, "<html></html>"), aitwap() + QStringList{"--rejects"_s, rejects});
+    EXPECT_EQ(1, run.status);
+    EXPECT_FALSE(run.object()["rejects"_s].toObject()["error"_s].toString().isEmpty());
+    QFile file(rejects);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ("kept", file.readAll());
+}
+
+TEST_F(LedgerCommands, SayByTheirStatusThatRejectsCouldNotBeWritten)
+{
+    const Run run = import(table(goodRow()), aitwap() + QStringList{"--rejects"_s, folder() + "/no/r.csv"_s});
+    EXPECT_EQ(1, run.status);
+    EXPECT_FALSE(run.object()["rejects"_s].toObject()["error"_s].toString().isEmpty());
+}
+
+TEST_F(LedgerCommands, WriteTheRowOfALockWhoseLegsAreAtFaultAndNotTheOneThatItsNumberNames)
+{
+    const QString file =
+        write("lock.csv"_s, "证券代码,市场,委托数量,交易方向,委托属性,委托限价,创建后是否立即启动\n"
+                            "999999,SH,1000,1/2,0/0,9/9,7\n"
+                            "600000,SH,1100,1/2,0/0,9/9,7\n"
+                            "600000,SH,1200,1/2,0,9/9,7\n");
+    const QString rejects = folder() + "/rejects.csv"_s;
+    const Run run = import(file, {"--strategy"_s, "AILOCK"_s, "--account"_s, "A1"_s, "--rejects"_s, rejects});
+    EXPECT_EQ((QJsonObject{{"file"_s, rejects}, {"rows"_s, 2}, {"error"_s, QString()}}),
+              run.object()["rejects"_s].toObject());
+    QFile written(rejects);
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    const QByteArray bytes = written.readAll();
+    EXPECT_TRUE(bytes.contains("999999,SH,1000,") && bytes.contains("600000,SH,1200,")) << bytes.constData();
+    EXPECT_FALSE(bytes.contains("600000,SH,1100,")) << "it was imported: it would be traded twice";
+}
+
 TEST_F(LedgerCommands, NamesABatchThatIsNotThere)
 {
     expectRefused(atHome({"undo"_s, "first"_s}), "first"_s);
-    EXPECT_EQ(1, atHome({"undo"_s, "7"_s}).status);
+    ASSERT_EQ(0, create(table(goodRow())).status);
+    for (const QStringList& arguments : {QStringList{"undo"_s, "7"_s},
+                                         {"instances"_s, "--batch"_s, "7"_s},
+                                         {"diff"_s, "7"_s, "list.csv"_s}}) {
+        const Run run = atHome(arguments);
+        EXPECT_EQ(1, run.status);
+        EXPECT_TRUE(run.object()["error"_s].toString().contains("没有批次 7"_s)) << run.out.constData();
+    }
+}
+
+TEST_F(LedgerCommands, MakeNoLedgerInAHomeThatWasMistyped)
+{
+    const Run run = atHome({"undo"_s, "7"_s});
+    EXPECT_EQ(1, run.status);
+    EXPECT_TRUE(run.object()["error"_s].toString().contains("没有批次 7"_s)) << run.out.constData();
+    EXPECT_FALSE(QDir(home()).exists());
 }

@@ -1,5 +1,6 @@
 #include "tests/runner/RunnerTest.h"
 
+#include <QDir>
 #include <QJsonArray>
 
 class ListCommands : public RunnerTest {
@@ -29,8 +30,9 @@ protected:
 TEST_F(ListCommands, ListStrategiesInCatalogueOrder)
 {
     const QJsonArray strategies = list("strategies"_s);
-    EXPECT_EQ((QStringList{"AITWAP"_s, "KF_TWAPPLUS"_s, "PursueHighLimit"_s, "OTHER"_s, "BROKEN"_s}),
-              texts(strategies, "name"_s));
+    EXPECT_EQ(
+        (QStringList{"AITWAP"_s, "AILOCK"_s, "KF_TWAPPLUS"_s, "PursueHighLimit"_s, "OTHER"_s, "BROKEN"_s}),
+        texts(strategies, "name"_s));
     EXPECT_EQ("策略AITWAP"_s, strategies.first().toObject()["alias"_s].toString());
 }
 
@@ -105,4 +107,30 @@ TEST_F(ListCommands, HelpAndVersionAreText)
     const Run version = run({"--version"_s});
     EXPECT_EQ(0, version.status);
     EXPECT_TRUE(version.out.startsWith("algodesk "));
+}
+
+TEST_F(ListCommands, HelpBehindASubcommandDoesNothingElse)
+{
+    for (const QString& help : {"-h"_s, "--help"_s}) {
+        const Run result = run({"undo"_s, "1"_s, help, "--home"_s, home()});
+        EXPECT_EQ(0, result.status) << help.toStdString();
+        EXPECT_TRUE(result.out.startsWith("Usage: algodesk")) << result.out.constData();
+        EXPECT_EQ(0, run({"import"_s, help}).status);
+    }
+    EXPECT_TRUE(run({"--home"_s, home(), "--help"_s}).out.startsWith("Usage: algodesk")) << "of the window";
+    EXPECT_FALSE(QDir(home()).exists());
+    expectRefused(run({"undo"_s, "1"_s, "--help-all"_s}), "help-all"_s);
+}
+
+TEST_F(ListCommands, SaySoWhereStandardOutputTakesNoMore)
+{
+    QProcess process;
+    prepare(process);
+    process.setArguments({"accounts"_s, "--data"_s, dataFolder()});
+    process.setStandardOutputFile("/dev/full"_s);
+    process.start(QIODevice::ReadOnly);
+    const Run result = finish(process);
+    EXPECT_EQ(5, result.status);
+    EXPECT_TRUE(result.err.startsWith("cannot write to standard output")) << result.err.constData();
+    EXPECT_EQ(1, result.err.count('\n'));
 }

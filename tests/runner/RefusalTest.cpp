@@ -34,12 +34,16 @@ TEST_F(Refusal, OfWrongUsage)
     expectRefused(import(file, {"--strategy"_s, "AITWAP"_s}), "--account"_s);
     expectRefused(import(file, aitwap() + QStringList{"--answer"_s, "maybe"_s}), "maybe"_s);
     expectRefused(import(file, aitwap() + QStringList{"--nonsense"_s}), "nonsense"_s);
-    expectRefused(import(file, aitwap() + QStringList{"second.csv"_s}), "file"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--create"_s}), "--confirm"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--yes"_s}), "--create"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--amount"_s, "1"_s}), "--create"_s);
+    expectRefused(import(file, aitwap() + QStringList{"second.csv"_s}),
+                  "import takes FILE, but was given 2"_s);
     expectRefused(import(file, aitwap() + QStringList{"--switch-account"_s}), "switch-account"_s);
-    expectRefused(run(QStringList{"import"_s, "--data"_s, dataFolder()} + aitwap()), "file"_s);
+    expectRefused(run(QStringList{"import"_s, "--data"_s, dataFolder()} + aitwap()), "import takes FILE"_s);
     expectRefused(run({"imports"_s}), "imports"_s);
-    expectRefused(run({"rows"_s}), "file"_s);
-    expectRefused(run({"accounts"_s, "extra"_s}), "file"_s);
+    expectRefused(run({"rows"_s}), "rows takes FILE, but was given 0"_s);
+    expectRefused(run({"accounts"_s, "extra"_s}), "accounts takes no argument"_s);
 }
 
 TEST_F(Refusal, OfAnOptionThatTheSubcommandDoesNotHave)
@@ -98,4 +102,46 @@ TEST_F(Refusal, OfBadDataComesBeforeEverythingElse)
     writeData("accounts.csv"_s, "tradingAccount,name\nA1,a\nA1,b\n");
     expectRefused(import(folder() + "/nowhere.csv"_s, {"--strategy"_s, "NONE"_s, "--account"_s, "A9"_s}),
                   "accounts.csv:3: "_s);
+}
+
+TEST_F(Refusal, OfAValueThatIsEmpty)
+{
+    const QString file = table(goodRow());
+    for (const QString& option : {"--switch-account"_s, "--strategy"_s, "--account"_s, "--data"_s, "--home"_s,
+                                  "--rejects"_s, "--amount"_s, "--answer"_s}) {
+        expectRefused(import(file, aitwap() + QStringList{option, QString()}), option + " needs a value"_s);
+    }
+    expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--switch-account="_s}),
+                  "--switch-account needs a value"_s);
+    expectRefused(run({"instances"_s, "--batch"_s, QString()}), "--batch needs a value"_s);
+    expectRefused(run({"rows"_s, file, "--encoding"_s, QString()}), "--encoding needs a value"_s);
+    expectRefused(run({"--home"_s, QString()}), "--home needs a value"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, "--confirm"_s}),
+                  "--rejects needs a value"_s);
+}
+
+TEST_F(Refusal, OfAnArgumentThatIsEmpty)
+{
+    expectRefused(import(QString()), "FILE must not be empty"_s);
+    expectRefused(run({"undo"_s, QString()}), "N must not be empty"_s);
+}
+
+TEST_F(Refusal, OfRejectsThatWouldReplaceTheFileItself)
+{
+    const QString file = table(goodRow() + badRow());
+    const QString link = folder() + "/link.csv"_s;
+    ASSERT_TRUE(QFile::link(file, link));
+    for (const QString& out : {file, folder() + "/data/../list.csv"_s, "list.csv"_s, link}) {
+        expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, out}), "FILE itself"_s);
+    }
+    EXPECT_EQ(0, import(table(goodRow())).status) << "the file is as it was";
+}
+
+TEST_F(Refusal, OfRejectsOfAnotherKind)
+{
+    const QString file = table(badRow());
+    for (const QString& out : {"rejects.xls"_s, "rejects"_s}) {
+        expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, out}), ".xlsx or .csv"_s);
+        EXPECT_FALSE(QFile::exists(folder() + QLatin1Char('/') + out));
+    }
 }

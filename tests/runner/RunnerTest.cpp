@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QProcessEnvironment>
 
 namespace {
@@ -34,6 +33,18 @@ QByteArray document(const QByteArray& extra)
            "]}," + parameter("交易方向", directions) + "," + parameter("委托属性", properties) + extra + "]";
 }
 
+/// Direction, entrust property and limit of each of two legs.
+QByteArray lockDocument()
+{
+    const QByteArray line = R"("ui":"LineEdit")";
+    const QByteArray directions =
+        R"("ui":"ComboBox","options":[{"display":"买入","value":"Buy"},{"display":"卖出","value":"Sell"}])";
+    const QByteArray properties = R"("ui":"ComboBox","options":[{"display":"普通交易","value":"0"}])";
+    return R"([{"ui":"Table","columns":[)" + parameter("证券代码", line) + "," + parameter("委托数量", line) +
+           "," + parameter("交易方向", directions) + "," + parameter("委托属性", properties) + "," +
+           parameter("委托限价", line) + "]}]";
+}
+
 QByteArray strategy(const char* name, const QByteArray& paramFormats, const char* globalType = "algo")
 {
     return QByteArray(R"({"name":")") + name + R"(","alias":"策略)" + name + R"(","globalType":")" +
@@ -43,9 +54,9 @@ QByteArray strategy(const char* name, const QByteArray& paramFormats, const char
 QByteArray strategies()
 {
     const QByteArray sealing = "," + parameter("封单金额", R"("ui":"LineEdit")");
-    return "[" + strategy("AITWAP", document("")) + "," + strategy("KF_TWAPPLUS", document("")) + "," +
-           strategy("PursueHighLimit", document(sealing)) + "," + strategy("OTHER", document(""), "manual") +
-           "," + strategy("BROKEN", R"("[{")") + "]";
+    return "[" + strategy("AITWAP", document("")) + "," + strategy("AILOCK", lockDocument()) + "," +
+           strategy("KF_TWAPPLUS", document("")) + "," + strategy("PursueHighLimit", document(sealing)) +
+           "," + strategy("OTHER", document(""), "manual") + "," + strategy("BROKEN", R"("[{")") + "]";
 }
 
 } // namespace
@@ -61,23 +72,36 @@ void RunnerTest::SetUp()
     writeData("strategies.json"_s, strategies());
 }
 
-RunnerTest::Run RunnerTest::run(const QStringList& arguments, const QMap<QString, QString>& environment)
+void RunnerTest::prepare(QProcess& process, const QMap<QString, QString>& environment) const
 {
     QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
-    all.remove("QT_LOGGING_RULES"_s);
-    all.remove("QT_QPA_PLATFORM"_s);
-    all.remove("XDG_RUNTIME_DIR"_s);
+    for (const QString& name : {"QT_LOGGING_RULES"_s, "QT_QPA_PLATFORM"_s, "XDG_RUNTIME_DIR"_s,
+                                "XDG_CONFIG_HOME"_s, "XDG_DATA_HOME"_s, "XDG_CACHE_HOME"_s}) {
+        all.remove(name);
+    }
     all.insert("HOME"_s, mFolder.path());
     for (auto entry = environment.constBegin(); entry != environment.constEnd(); ++entry) {
         all.insert(entry.key(), entry.value());
     }
-    QProcess process;
     process.setProcessEnvironment(all);
     process.setWorkingDirectory(mFolder.path());
-    process.start(QStringLiteral(ALGODESK), arguments, QIODevice::ReadOnly);
+    process.setProgram(QStringLiteral(ALGODESK));
+}
+
+RunnerTest::Run RunnerTest::finish(QProcess& process)
+{
     EXPECT_TRUE(process.waitForFinished(60000)) << process.errorString().toStdString();
     EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+RunnerTest::Run RunnerTest::run(const QStringList& arguments, const QMap<QString, QString>& environment)
+{
+    QProcess process;
+    prepare(process, environment);
+    process.setArguments(arguments);
+    process.start(QIODevice::ReadOnly);
+    return finish(process);
 }
 
 QStringList RunnerTest::aitwap()
@@ -85,11 +109,14 @@ QStringList RunnerTest::aitwap()
     return {"--strategy"_s, "AITWAP"_s, "--account"_s, "A1"_s};
 }
 
+QStringList RunnerTest::importArguments(const QString& file, const QStringList& more) const
+{
+    return QStringList{"import"_s, file, "--data"_s, dataFolder(), "--home"_s, home()} + more;
+}
+
 RunnerTest::Run RunnerTest::import(const QString& file, const QStringList& more)
 {
-    return run(
-        QStringList{"import"_s, file, "--data"_s, dataFolder(), "--home"_s, mFolder.filePath("home"_s)} +
-        more);
+    return run(importArguments(file, more));
 }
 
 QString RunnerTest::writeData(const QString& name, const QByteArray& bytes)

@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -27,11 +28,15 @@ protected:
 
     void SetUp() override;
 
-    /// `environment` is added to the test's own.
+    /// Makes a process of algodesk, which the test gives its arguments and starts. `environment` is added to
+    /// the test's own.
+    void prepare(QProcess& process, const QMap<QString, QString>& environment = {}) const;
+    static Run finish(QProcess& process);
     Run run(const QStringList& arguments, const QMap<QString, QString>& environment = {});
     /// --strategy AITWAP --account A1
     static QStringList aitwap();
     /// algodesk import FILE --data … --home … and these arguments.
+    QStringList importArguments(const QString& file, const QStringList& more = aitwap()) const;
     Run import(const QString& file, const QStringList& more = aitwap());
 
     /// Writes a file of the data folder, or beside it; returns its path.
@@ -39,6 +44,7 @@ protected:
     QString write(const QString& name, const QByteArray& bytes);
     QString dataFolder() const { return mFolder.filePath(QStringLiteral("data")); }
     QString folder() const { return mFolder.path(); }
+    QString home() const { return mFolder.filePath(QStringLiteral("home")); }
 
     /// Exit status 2, one line on standard error that holds `text`, nothing on standard output.
     static void expectRefused(const Run& run, const QString& text);

@@ -135,3 +135,69 @@ TEST(TableLint, KnowsAnAliasInBothDirectionsAndTheColumnOfReasons)
     EXPECT_TRUE(lint(inspect("证券代码,委托限价,错误原因\n"), expected).isEmpty());
     EXPECT_EQ(lint(inspect("方向盘\n"), expected).size(), 1);
 }
+
+namespace {
+
+/// Findings in one column of numbers, as "code raw", a line each.
+std::string foundInNumbers(NumberKind kind, const QByteArray& cells, bool paired = false)
+{
+    Expectation expected;
+    expected.numbers = {{QStringLiteral("数"), kind}};
+    expected.pairedPrices = paired;
+    std::string text;
+    for (const Finding& finding : lint(inspect("代码,市场,数\n" + cells), expected)) {
+        if (finding.code.startsWith(QLatin1String("number."))) {
+            text += finding.code.toStdString() + " " + finding.raw.toStdString() + "\n";
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(TableLint, FindsWhatTheImportTakesForNothing)
+{
+    EXPECT_EQ("number.invalid 1,000\nnumber.invalid １０００\nnumber.invalid 1000股\nnumber.invalid  \n",
+              foundInNumbers(NumberKind::Whole,
+                             "x,y,\"1,000\"\nx,y,１０００\nx,y,1000股\nx,y, \nx,y,\nx,y,1000\n"));
+    EXPECT_EQ("number.invalid 5万\n", foundInNumbers(NumberKind::Amount, "x,y,5万\nx,y,5000.55\n"));
+    EXPECT_EQ("number.invalid 9.86元\n", foundInNumbers(NumberKind::Price, "x,y,9.86元\nx,y,9.86\n"));
+}
+
+TEST(TableLint, SaysWhatBecomesOfACellThatIsNoNumber)
+{
+    Expectation expected;
+    expected.numbers = {{QStringLiteral("数量"), NumberKind::Whole},
+                        {QStringLiteral("限价"), NumberKind::Price}};
+    const QList<Finding> findings = lint(inspect("限价,数量\n9.86元,1000股\n"), expected);
+    ASSERT_EQ(2, findings.size());
+    EXPECT_EQ("“9.86元”不是数字，将按0处理，即不限价", findings.first().chinese.toStdString());
+    EXPECT_EQ("“1000股”不是数字，将按0处理", findings.last().chinese.toStdString());
+    EXPECT_EQ(Severity::Error, findings.first().severity);
+}
+
+TEST(TableLint, FindsNumbersThatTheImportChanges)
+{
+    EXPECT_EQ(
+        "number.fraction 12.7\nnumber.negative -300\nnumber.range 30000000000\nnumber.range nan\n",
+        foundInNumbers(NumberKind::Whole,
+                       "x,y,12.7\nx,y,-300\nx,y,30000000000\nx,y,nan\nx,y,99.9999995\nx,y,2147483647\n"));
+    EXPECT_EQ("number.range inf\n", foundInNumbers(NumberKind::Price, "x,y,inf\nx,y,30000000000.5\n"));
+}
+
+TEST(TableLint, ReadsEachPriceOfAPairWhereThereArePairs)
+{
+    EXPECT_EQ("number.invalid b\n", foundInNumbers(NumberKind::Price, "x,y,9.8/9.9\nx,y,9.8/b\n", true));
+    EXPECT_EQ("number.invalid 9.8/9.9\n", foundInNumbers(NumberKind::Price, "x,y,9.8/9.9\n"));
+    EXPECT_EQ("number.invalid 1/2\n", foundInNumbers(NumberKind::Whole, "x,y,1/2\n", true));
+}
+
+TEST(TableLint, LeavesNotesAndForeignColumnsAlone)
+{
+    EXPECT_EQ("", foundInNumbers(NumberKind::Whole, ",,整数\n , ,整数\n"));
+    Expectation expected;
+    expected.titles = QStringList{QStringLiteral("市场")};
+    expected.numbers = {{QStringLiteral("数量"), NumberKind::Whole}};
+    EXPECT_EQ("title.unknown", lint(inspect("数量\nabc\n"), expected).first().code.toStdString());
+    EXPECT_EQ(1, lint(inspect("数量\nabc\n"), expected).size());
+}

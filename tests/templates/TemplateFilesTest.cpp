@@ -256,13 +256,19 @@ TEST_F(TemplateFiles, SayOnEverySheetOfSeveralThatTheFirstOneIsRead)
     EXPECT_NE(read("one.xlsx"_s).value(2).value(2), note);
 }
 
-TEST_F(TemplateFiles, RefuseAStrategyWhoseFormatsCannotBeRead)
+TEST_F(TemplateFiles, NameAStrategyWhoseFormatsCannotBeReadAndWriteTheOthers)
 {
     const QList<AesStrategy> broken = {strategy("AITWAP"_s),
                                        AesStrategy("ODD"_s, "怪"_s, "{ no json"_s, "algo"_s)};
-    EXPECT_EQ(template_files::write(folder.filePath("t.csv"_s), broken, tables.markets).error,
-              "算法ODD的参数格式无法识别，模板未保存"_s);
-    EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "not even the sound one";
+    for (const QString& name : {"t.csv"_s, "t.xlsx"_s}) {
+        EXPECT_EQ(template_files::write(folder.filePath(name), broken, tables.markets).error,
+                  "算法ODD的参数格式无法识别，模板未保存"_s);
+    }
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
+              (QStringList{"t-AITWAP.csv"_s, "t.xlsx"_s}));
+    EXPECT_FALSE(
+        template_files::write(folder.filePath("odd.csv"_s), broken.mid(1), tables.markets).error.isEmpty());
+    EXPECT_FALSE(QFile::exists(folder.filePath("odd.csv"_s)));
 }
 
 TEST_F(TemplateFiles, RefuseAnEndingThatIsNoTemplateType)

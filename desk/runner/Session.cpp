@@ -16,9 +16,8 @@ namespace {
 
 QString shippedReferenceData()
 {
-    const QString installed = QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                                              QStringLiteral("/../share/algodesk/reference_data"));
-    return QDir(installed).exists() ? installed : QStringLiteral(ALGODESK_SOURCE_REFERENCE_DATA);
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                           QStringLiteral("/../share/algodesk/reference_data"));
 }
 
 std::unique_ptr<EmbeddedHost> hostOf(std::optional<ReferenceTables> tables, const CommandLine& line,

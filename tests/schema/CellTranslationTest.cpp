@@ -12,7 +12,7 @@ protected:
     void openWith(const QVariantList& document, const QString& code = QStringLiteral("AITWAP"))
     {
         open();
-        dialog->CreateStrategyInitWidget(AesStrategy(code, "别名"_s, toJson(document), "algo"_s));
+        loadDocument(document, code);
     }
 
     QString translate(const QString& column, const QString& text,
@@ -309,17 +309,16 @@ TEST_F(CellTranslation, PricePrecisionIsAskedOfTheServiceOfTheSecuritysType)
     open();
     host->journal().clear();
     translate("委托限价"_s, "10"_s);
-    const auto stock = host->journal().callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol"_s);
+    const auto stock = callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol");
     ASSERT_EQ(stock.size(), 1);
     EXPECT_EQ(stock.first().arguments, (QVariantList{"600000.SH"_s, QString()}));
-    EXPECT_TRUE(host->journal().callsOf("FuturesLogicInterface::GetFuturesPricePrecision"_s).isEmpty());
+    EXPECT_TRUE(callsOf("FuturesLogicInterface::GetFuturesPricePrecision").isEmpty());
     host->journal().clear();
     translate("委托限价"_s, "10"_s, "IF2412.CFE"_s);
-    const auto futures = host->journal().callsOf("FuturesLogicInterface::GetFuturesPricePrecision"_s);
+    const auto futures = callsOf("FuturesLogicInterface::GetFuturesPricePrecision");
     ASSERT_EQ(futures.size(), 1);
     EXPECT_EQ(futures.first().arguments, QVariantList{"IF2412.CFE"_s});
-    EXPECT_TRUE(
-        host->journal().callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol"_s).isEmpty());
+    EXPECT_TRUE(callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol").isEmpty());
 }
 
 TEST_F(CellTranslation, OtherColumnsComeBackAsTheyWere)

@@ -26,7 +26,7 @@ QStringList rowWith(const QString& code, const QString& market, const QString& d
                     const QString& property)
 {
     QStringList row = ordinaryRow(code, market, "1000"_s, direction);
-    row[5] = property;
+    row[ordinaryHeader().indexOf(Property)] = property;
     return row;
 }
 

@@ -1,9 +1,9 @@
 # Installs the library below WORK_DIR and builds the example against it alone, once by its CMake package and once by its
-# pkg-config file; the program imports its sample.
+# pkg-config file; the program imports its sample, with a byte order mark and without.
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
 
-function(expect_import program)
-  run(${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0 ${program} --import ${EXAMPLE_DIR}/sample.csv)
+function(expect_import program sample)
+  run(${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0 ${program} --import ${sample})
   foreach(expected "600000.SH" "\"委托数量\": \"1000\"" "\"交易方向\": \"Buy\"" "\"sysnodeid\": \"node-1\"")
     string(FIND "${output}" "${expected}" at)
     if(at EQUAL -1)
@@ -25,7 +25,7 @@ run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/prefix)
 
 configure(${EXAMPLE_DIR} ${WORK_DIR}/build -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix)
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
-expect_import(${WORK_DIR}/build/minimal_host)
+expect_import(${WORK_DIR}/build/minimal_host ${EXAMPLE_DIR}/sample.csv)
 
 pkg_config(flags --cflags --libs algo_batch_import)
 pkg_config(headers --variable=includedir algo_batch_import)
@@ -40,4 +40,8 @@ if(SANITIZE)
   list(APPEND flags -fsanitize=${SANITIZE})
 endif()
 run(${CXX_COMPILER} -std=c++17 -fPIC ${sources} ${flags} -Wl,-rpath,${libraries} -o ${WORK_DIR}/by_pkg_config)
-expect_import(${WORK_DIR}/by_pkg_config)
+
+string(ASCII 239 187 191 byte_order_mark)
+file(READ ${EXAMPLE_DIR}/sample.csv sample)
+file(WRITE ${WORK_DIR}/marked.csv "${byte_order_mark}${sample}")
+expect_import(${WORK_DIR}/by_pkg_config ${WORK_DIR}/marked.csv)

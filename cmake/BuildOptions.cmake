@@ -1,13 +1,13 @@
 # Compiler settings that every target of the house shares.
 
-option(ALGO_BUILD_TESTS "Build the tests" ON)
+option(ALGO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(ALGO_BUILD_BENCH "Build the benchmarks" OFF)
 option(ALGO_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
 option(ALGO_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
 option(ALGO_COVERAGE "Instrument for line coverage" OFF)
 set(ALGO_SANITIZE "" CACHE STRING "Sanitizers, such as address,undefined")
 set(ALGO_BATCH_HOST "embedded_host" CACHE STRING
-    "Target that implements the services of host/; a client names its own")
+    "Target with the headers of the host; a client that adds this tree as a subdirectory names its own")
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)

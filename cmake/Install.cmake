@@ -24,6 +24,8 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/AlgoBatchImportConfig.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/AlgoBatchImportConfigVersion.cmake
   DESTINATION ${package_dir})
+# Debian's libdir has a folder more than others.
+file(RELATIVE_PATH pkgconfig_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/algo_batch_import.pc.in ${CMAKE_CURRENT_BINARY_DIR}/algo_batch_import.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/algo_batch_import.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

@@ -54,7 +54,8 @@ public:
     /// The loaded strategy; a default-constructed one before the first load.
     AesStrategy getStrategy() const;
     /// One parameter map per instance, in table order: parameter identifier -> text; the legs stand under
-    /// Algo_Values::AlgoParamId::AlgoSecurityList as a list of maps.
+    /// Algo_Values::AlgoParamId::AlgoSecurityList as a list of maps. After an import that ended early there
+    /// are maps that the table does not show.
     QList<QMap<QString, QVariant>> getWidgetData();
     /// Wears a style sheet text; an invalid variant changes nothing.
     void loadSkin(const QVariant& style) override;

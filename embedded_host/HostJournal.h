@@ -5,13 +5,16 @@
 #include <QStringList>
 #include <QVariantList>
 
-/// What was asked of the host, in order, while recording: for tests that check calls and their arguments. Recording is
-/// off at first and costs one comparison a call then.
+#include <chrono>
+
+/// What was asked of the host, in order, while recording: for tests that check calls and their arguments.
+/// Recording is off at first and costs one comparison a call then.
 class HostJournal {
 public:
     struct Call {
         QString operation; ///< class and operation, such as "CommonQuotaHandler::SubscribeQuota"
         QVariantList arguments;
+        std::chrono::steady_clock::time_point time = std::chrono::steady_clock::now();
     };
 
     void setRecording(bool recording) { mRecording = recording; }

@@ -34,7 +34,7 @@ QString defaultDateTime(const QString& defaultValue)
     if (defaultValue != Algo_Values::AlgoParamOptions::currentTime) {
         dateTime.setTime(QTime::fromString(defaultValue, Qt::TextDate));
     }
-    return dateTime.toString(schema::SentDateTimeFormat);
+    return schema::sentDateTime(dateTime);
 }
 
 } // namespace

@@ -42,7 +42,7 @@ int pricePrecision(const QString& symbol)
 
 QString reformatted(const QString& dateTime, const QString& layout)
 {
-    return QDateTime::fromString(dateTime, layout).toString(SentDateTimeFormat);
+    return schema::sentDateTime(QDateTime::fromString(dateTime, layout));
 }
 
 } // namespace

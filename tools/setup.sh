@@ -3,10 +3,12 @@
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-# missing_packages [test]: the names in packages.txt that are not installed; those marked "test" only where asked for.
+# missing_packages [SCOPE…]: the names in packages.txt that are not installed; those marked with a scope, such as "test",
+# only where it is asked for.
 missing_packages() {
     local names name status
-    names=$(sed 's/#.*//' "$project/packages.txt" | awk -v scope="${1:-}" 'NF == 1 || (NF == 2 && $2 == scope) {print $1}')
+    names=$(sed 's/#.*//' "$project/packages.txt" |
+        awk -v scopes=" $* " 'NF == 1 || (NF == 2 && index(scopes, " " $2 " ")) {print $1}')
     status=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' $names 2>/dev/null || true)
     for name in $names; do
         grep -q "^$name installed" <<<"$status" || printf '%s ' "$name"
@@ -24,7 +26,7 @@ as_root() {
     fi
 }
 
-# ensure_packages [test]
+# ensure_packages [SCOPE…]
 ensure_packages() {
     local missing
     missing=$(missing_packages "$@")
@@ -36,12 +38,12 @@ ensure_packages() {
     } >&2
 }
 
-# build PRESET [TARGET…]: configures once, then builds what changed.
+# build PRESET [TARGET…]: configures where that was not done since the presets changed, then builds what changed.
 build() {
     local preset=$1 folder="$project/build/$1"
     shift
     {
-        [ -e "$folder/build.ninja" ] || (cd "$project" && cmake --preset "$preset")
+        [ "$folder/build.ninja" -nt "$project/CMakePresets.json" ] || (cd "$project" && cmake --preset "$preset")
         cmake --build "$folder" ${1:+--target "$@"}
     } >&2
 }

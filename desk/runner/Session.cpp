@@ -20,9 +20,8 @@ namespace {
 
 QString shippedReferenceData()
 {
-    const QString installed = QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                                              QStringLiteral("/../share/algodesk/reference_data"));
-    return QDir(installed).exists() ? installed : QStringLiteral(ALGODESK_SOURCE_REFERENCE_DATA);
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                           QStringLiteral("/../share/algodesk/reference_data"));
 }
 
 /// Who runs the program, by the system's word and not by a variable that anyone sets.

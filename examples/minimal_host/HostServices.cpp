@@ -15,6 +15,7 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QTextStream>
 #include <QWidget>
 
 namespace {
@@ -152,8 +153,10 @@ QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg,
         error = file.errorString();
         return rows;
     }
-    while (!file.atEnd()) {
-        rows.append(QString::fromUtf8(file.readLine()).remove(QLatin1Char('\n')).split(QLatin1Char(',')));
+    QTextStream lines(&file); // which drops a byte order mark
+    lines.setCodec("UTF-8");
+    for (QString line; lines.readLineInto(&line);) {
+        rows.append(line.split(QLatin1Char(',')));
     }
     return rows;
 }

@@ -6,6 +6,7 @@
 #include "host/ZelMessageBox.h"
 #include "host/ZelTableView.h"
 
+#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QStandardItemModel>
@@ -59,13 +60,21 @@ void ZelTableView::setColumnShow(int column, bool show) { setColumnHidden(column
 
 class ZelMessageBox::Private {};
 
-ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int, QWidget* parent, int) : QDialog(parent)
+ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int type, QWidget* parent, int) : QDialog(parent)
 {
     setWindowTitle(title);
     auto* message = new QTextEdit(this);
     message->setObjectName(QStringLiteral("textEdit_message"));
     message->setPlainText(text);
-    (new QVBoxLayout(this))->addWidget(message);
+    message->setReadOnly(true);
+    const bool isQuestion = type == 3;
+    auto* buttons = new QDialogButtonBox(
+        isQuestion ? QDialogButtonBox::Yes | QDialogButtonBox::No : QDialogButtonBox::StandardButtons(QDialogButtonBox::Ok), this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept); // 1, the answer yes
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(message);
+    layout->addWidget(buttons);
 }
 ZelMessageBox::~ZelMessageBox() = default;
 int ZelMessageBox::exec() { return showModally(); }
@@ -79,10 +88,16 @@ void SolveyAccountComboBox::SetAccountList(const QList<tagUserAccountInfo>& acco
     mAccounts = accounts;
     clear();
     for (const tagUserAccountInfo& account : accounts) {
-        addItem(account.name, account.tradingAccount);
+        addItem(QStringLiteral("%1 (%2)").arg(account.name, account.tradingAccount), account.tradingAccount);
     }
 }
-void SolveyAccountComboBox::SetCurTradingAccount(const QString& account) { setCurrentIndex(findData(account)); }
+void SolveyAccountComboBox::SetCurTradingAccount(const QString& account)
+{
+    const int index = findData(account);
+    if (index >= 0) { // an unknown account changes nothing
+        setCurrentIndex(index);
+    }
+}
 QString SolveyAccountComboBox::GetCurTradingAccount() const { return currentData().toString(); }
 QString SolveyAccountComboBox::GetCurAccountAssetProp() const
 {

@@ -57,7 +57,11 @@ int main(int argc, char** argv)
     }
     QObject::connect(&dialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, &dialog, [&](bool createdClose) {
         createInstances(dialog);
-        createdClose ? static_cast<void>(dialog.close()) : dialog.slotResetOkBtn();
+        if (createdClose) {
+            dialog.close();
+        } else {
+            dialog.slotResetOkBtn();
+        }
     });
     QObject::connect(&dialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, &dialog, &QWidget::close);
     dialog.show();

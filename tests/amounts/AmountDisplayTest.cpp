@@ -104,7 +104,7 @@ TEST_F(AmountDisplay, UpdatingPricesTheVisibleTableAgain)
     host->journal().clear();
     dialog->slotUpdateAmount();
     expectSums(10000, 0);
-    EXPECT_EQ(1, callsOf("CommonQuotaHandler::SubscribeQuota"));
+    EXPECT_EQ(1, callsOf("CommonQuotaHandler::SubscribeQuota").size());
 }
 
 TEST_F(AmountDisplay, UpdatingLeavesAHiddenTableAlone)
@@ -115,7 +115,7 @@ TEST_F(AmountDisplay, UpdatingLeavesAHiddenTableAlone)
     host->journal().clear();
     dialog->slotUpdateAmount();
     EXPECT_EQ(1.0, buyBox().value());
-    EXPECT_EQ(0, callsOf("CommonQuotaHandler::SubscribeQuota"));
+    EXPECT_EQ(0, callsOf("CommonQuotaHandler::SubscribeQuota").size());
 }
 
 TEST_F(AmountDisplay, UpdatingLeavesAnEmptyTableAlone)
@@ -126,7 +126,7 @@ TEST_F(AmountDisplay, UpdatingLeavesAnEmptyTableAlone)
     host->journal().clear();
     dialog->slotUpdateAmount();
     EXPECT_EQ(1.0, buyBox().value());
-    EXPECT_EQ(0, callsOf("CommonQuotaHandler::SubscribeQuota"));
+    EXPECT_EQ(0, callsOf("CommonQuotaHandler::SubscribeQuota").size());
 }
 
 TEST_F(AmountDisplay, PricingChangesNothingInTheTable)

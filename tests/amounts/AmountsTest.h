@@ -53,10 +53,6 @@ protected:
         EXPECT_EQ(buy.isEmpty(), buyWarning().isHidden());
         EXPECT_EQ(sell.isEmpty(), sellWarning().isHidden());
     }
-    int callsOf(const char* operation)
-    {
-        return host->journal().callsOf(QString::fromLatin1(operation)).size();
-    }
 
     const QString Failed = "以下标的获取行情失败，未纳入预估金额计算："_s;
     const QString Red = "QDoubleSpinBox:!enabled{color:red;}"_s;

@@ -1,5 +1,6 @@
 #include "host/CommonQuotaHandler.h"
 #include "tests/support/DialogFixture.h"
+#include "tests/support/LogCapture.h"
 
 #include <limits>
 
@@ -135,10 +136,24 @@ TEST_F(BalanceToQuantity, LooksUpTheSnapshotOfTheSymbol)
     openWithQuotes();
     host->journal().clear();
     buy("600000.SH"_s, 100000);
-    const auto calls = host->journal().callsOf("CommonQuotaHandler::GetQuotaSnapshot"_s);
+    const auto calls = callsOf("CommonQuotaHandler::GetQuotaSnapshot");
     ASSERT_EQ(1, calls.size());
     EXPECT_EQ((QVariantList{"600000.SH"_s, 0}), calls.first().arguments);
-    EXPECT_TRUE(host->journal().callsOf("CommonQuotaHandler::SubscribeQuota"_s).isEmpty());
+    EXPECT_TRUE(callsOf("CommonQuotaHandler::SubscribeQuota").isEmpty());
+}
+
+TEST_F(BalanceToQuantity, LogsWhatItComputesFrom)
+{
+    openWithQuotes();
+    const LogCapture log;
+    buy("600000.SH"_s, 100000);
+    buy("600999.SH"_s, 100000);
+    EXPECT_EQ(log.firstMissing({"transBalance2Qty"_s, " symbol:  \"600000.SH\""_s, " balance:  100000"_s,
+                                " quotaMap: "_s, " maxPx:  11"_s, " exchange:  \"SH\""_s,
+                                " type:  \"STOCK\""_s, " minimum:  100"_s, " step:  100"_s,
+                                " symbol:  \"600999.SH\""_s, " maxPx:  0"_s, " maxPx is empty!"_s}),
+              QString())
+        << qPrintable(log.text());
 }
 
 TEST_F(BalanceToQuantity, RoundingAQuantityIsAnOperationOfItsOwn)
@@ -155,7 +170,6 @@ TEST_F(BalanceToQuantity, AsksForTypeAndExchangeThoughOnlyItsLogTellsThem)
     openWithQuotes();
     host->journal().clear();
     buy("600000.SH"_s, 100000.0);
-    EXPECT_EQ(1,
-              host->journal().callsOf("SolveyBusinessDataInterface::GetASecurityExchangeBySymbol"_s).size());
-    EXPECT_EQ(1, host->journal().callsOf("CBusinessDataBase::GetSecurityTypeBySymbol"_s).size());
+    EXPECT_EQ(1, callsOf("SolveyBusinessDataInterface::GetASecurityExchangeBySymbol").size());
+    EXPECT_EQ(1, callsOf("CBusinessDataBase::GetSecurityTypeBySymbol").size());
 }

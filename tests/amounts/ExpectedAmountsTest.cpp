@@ -1,4 +1,5 @@
 #include "tests/amounts/AmountsTest.h"
+#include "tests/support/LogCapture.h"
 
 #include <QElapsedTimer>
 
@@ -68,7 +69,7 @@ TEST_F(ExpectedAmounts, ValueAHongKongBuyAtTheSellRateAndASellAtTheBuyRate)
     open();
     price({row("00700.HK"_s, "Buy"_s, "10"_s, "HKSH"_s), row("00700.HK"_s, "Sell"_s, "10"_s, "HKSH"_s)});
     expectSums(300 * 10 * 0.95, 300 * 10 * 0.9);
-    EXPECT_EQ(2, callsOf("SolveyBusinessDataInterface::GetHKStockExchangeRate"));
+    EXPECT_EQ(2, callsOf("SolveyBusinessDataInterface::GetHKStockExchangeRate").size());
 }
 
 TEST_F(ExpectedAmounts, KnowHongKongSecuritiesByTheirSubType)
@@ -78,7 +79,7 @@ TEST_F(ExpectedAmounts, KnowHongKongSecuritiesByTheirSubType)
     expectSums(2 * 100 * 0.95 + 5 * 100 * 0.95, 0);
     price({row("600000.SH"_s, "Buy"_s, "1"_s, "HKSH"_s)});
     expectSums(10, 0);
-    EXPECT_EQ(0, callsOf("SolveyBusinessDataInterface::GetHKStockExchangeRate"));
+    EXPECT_EQ(0, callsOf("SolveyBusinessDataInterface::GetHKStockExchangeRate").size());
 }
 
 TEST_F(ExpectedAmounts, AMissingRateIsAFailureOnItsSide)
@@ -142,8 +143,8 @@ TEST_F(ExpectedAmounts, AmountDrivenStrategiesSumTheAmounts)
            amount("BuyOpen"_s, "1"_s), amount("Buy"_s, "0.5"_s)});
     expectSums(1000.75, 300);
     expectFailures(QString(), QString());
-    EXPECT_EQ(0, callsOf("CommonQuotaHandler::SubscribeQuota"));
-    EXPECT_EQ(0, callsOf("CommonQuotaHandler::GetQuotaSnapshot"));
+    EXPECT_EQ(0, callsOf("CommonQuotaHandler::SubscribeQuota").size());
+    EXPECT_EQ(0, callsOf("CommonQuotaHandler::GetQuotaSnapshot").size());
 }
 
 TEST_F(ExpectedAmounts, NoRowsAreStillSubscribedAndWaitedFor)
@@ -155,7 +156,7 @@ TEST_F(ExpectedAmounts, NoRowsAreStillSubscribedAndWaitedFor)
     EXPECT_GE(timer.elapsed(), 300);
     expectSums(0, 0);
     expectFailures(QString(), QString());
-    const auto calls = host->journal().callsOf("CommonQuotaHandler::SubscribeQuota"_s);
+    const auto calls = callsOf("CommonQuotaHandler::SubscribeQuota");
     ASSERT_EQ(1, calls.size());
     EXPECT_EQ((QVariantList{QStringList(), true, 0}), calls.first().arguments);
 }
@@ -165,23 +166,32 @@ TEST_F(ExpectedAmounts, SubscribeAllRowsInOneCallAndLookUpEachOnce)
     open();
     price({row("600000.SH"_s, "Buy"_s), row("00700.HK"_s, "hold"_s, "1"_s, "HKSH"_s),
            row("600000.SH"_s, "Sell"_s)});
-    const auto calls = host->journal().callsOf("CommonQuotaHandler::SubscribeQuota"_s);
+    const auto calls = callsOf("CommonQuotaHandler::SubscribeQuota");
     ASSERT_EQ(1, calls.size());
     EXPECT_EQ((QVariantList{QStringList{"600000.SH"_s, "00700.HK"_s, "600000.SH"_s}, true, 0}),
               calls.first().arguments);
     EXPECT_EQ(calls.first().operation, host->journal().calls().first().operation);
-    EXPECT_EQ(3, callsOf("CommonQuotaHandler::GetQuotaSnapshot"));
-    EXPECT_EQ(3, callsOf("SolveyBusinessDataInterface::GetSecurityDetailsBySymbol"));
-    EXPECT_GE(1, callsOf("SolveyBusinessDataInterface::GetHKStockExchangeRate"));
+    EXPECT_EQ(3, callsOf("CommonQuotaHandler::GetQuotaSnapshot").size());
+    EXPECT_EQ(3, callsOf("SolveyBusinessDataInterface::GetSecurityDetailsBySymbol").size());
+    EXPECT_GE(1, callsOf("SolveyBusinessDataInterface::GetHKStockExchangeRate").size());
+}
+
+TEST_F(ExpectedAmounts, LogEveryRowThenBothSumsAndTheCountsOfFailures)
+{
+    open();
+    const LogCapture log;
+    price({row("600000.SH"_s, "Buy"_s, "300"_s), row("600999.SH"_s, "Sell"_s, "200"_s)});
+    EXPECT_EQ(log.firstMissing({" code:  \"600000.SH\""_s, " quantity:  300"_s, " direction:  \"Buy\""_s,
+                                " price:  10"_s, " code:  \"600999.SH\""_s, " quantity:  200"_s,
+                                " direction:  \"Sell\""_s, " price:  0"_s, "calculateExpectAmount"_s,
+                                "3000 0 0 1"_s}),
+              QString())
+        << qPrintable(log.text());
 }
 
 TEST_F(ExpectedAmounts, PreferTheOrderDirectionColumn)
 {
-    tables.strategies.append(AesStrategy("TWOWAYS"_s, "双向"_s,
-                                         small_market::toJson(small_market::ordinaryDocument() +
-                                                              QVariantList{small_market::line("委托方向"_s)}),
-                                         "algo"_s));
-    open("TWOWAYS"_s);
+    openDocument(small_market::ordinaryDocument() + QVariantList{small_market::line("委托方向"_s)});
     Cells cells = row("600000.SH"_s, "Buy"_s);
     cells["委托方向"_s] = "Sell"_s;
     price({cells});
@@ -191,11 +201,7 @@ TEST_F(ExpectedAmounts, PreferTheOrderDirectionColumn)
 TEST_F(ExpectedAmounts, WithoutADirectionColumnTheFirstColumnIsReadAsOne)
 {
     using small_market::line;
-    tables.strategies.append(AesStrategy(
-        "NOSIDE"_s, "无方向"_s,
-        small_market::toJson({small_market::table({line("首列"_s), line("证券代码"_s), line("委托数量"_s)})}),
-        "algo"_s));
-    open("NOSIDE"_s);
+    openDocument({small_market::table({line("首列"_s), line("证券代码"_s), line("委托数量"_s)})});
     const Cells cells = {{"证券代码"_s, "600000.SH"_s}, {"委托数量"_s, "100"_s}};
     Cells buy = cells;
     buy["首列"_s] = "Buy"_s;

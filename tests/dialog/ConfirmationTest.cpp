@@ -1,4 +1,6 @@
 #include "embedded_host/settings/SettingsStore.h"
+#include "host/SolveyUtils.h"
+#include "host/ZelMessageBox.h"
 #include "tests/support/DialogFixture.h"
 #include "tests/support/LogCapture.h"
 
@@ -123,6 +125,19 @@ TEST_F(Confirmation, TheButtonIsDisabledWhileTheHostIsTold)
     EXPECT_FALSE(enabled);
 }
 
+TEST_F(Confirmation, TheHostMayDeleteTheDialogInASlotOfEitherSignal)
+{
+    openAndImport();
+    QObject::connect(dialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked, [&] { dialog.reset(); });
+    button("btn_ok").click();
+    EXPECT_EQ(dialog, nullptr);
+    open();
+    QObject::connect(dialog.get(), &AlgoBatchImportParamSetting::signalBtnCancelClicked,
+                     [&] { dialog.reset(); });
+    button("btn_cancel").click();
+    EXPECT_EQ(dialog, nullptr);
+}
+
 TEST_F(Confirmation, WithoutAnAlgorithmTypeNothingElseIsChecked)
 {
     tables.strategies.clear();
@@ -133,7 +148,7 @@ TEST_F(Confirmation, WithoutAnAlgorithmTypeNothingElseIsChecked)
     EXPECT_EQ(lastBoxText(), "未选择任意算法类型"_s);
     EXPECT_EQ(confirmed->size(), 0);
     EXPECT_TRUE(button("btn_ok").isEnabled());
-    EXPECT_TRUE(host->journal().callsOf("AlgoTradeLogicNew::hasCorrespAuthority"_s).isEmpty());
+    EXPECT_TRUE(callsOf("AlgoTradeLogicNew::hasCorrespAuthority").isEmpty());
 }
 
 TEST_F(Confirmation, AnAccountWithoutAuthorityIsToldWithTheAliasAndNoBatchCheckRuns)
@@ -146,18 +161,18 @@ TEST_F(Confirmation, AnAccountWithoutAuthorityIsToldWithTheAliasAndNoBatchCheckR
     EXPECT_EQ(lastBoxText(), "当前账号未授权策略AITWAP算法，请联系客户经理授权！"_s);
     EXPECT_EQ(confirmed->size(), 0);
     EXPECT_TRUE(button("btn_ok").isEnabled());
-    const auto asked = host->journal().callsOf("AlgoTradeLogicNew::hasCorrespAuthority"_s);
+    const auto asked = callsOf("AlgoTradeLogicNew::hasCorrespAuthority");
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked.first().arguments, (QVariantList{"CASH1"_s, "AITWAP"_s, "algo"_s}));
     EXPECT_TRUE(host->journal().callsOf("SolveyBusinessDataInterface::"_s + Rows).isEmpty());
-    EXPECT_TRUE(host->journal().callsOf("CBusinessDataBase::GetSymbolPostBySymbol"_s).isEmpty());
+    EXPECT_TRUE(callsOf("CBusinessDataBase::GetSymbolPostBySymbol").isEmpty());
 }
 
 TEST_F(Confirmation, ALockStrategyRunsThePairedCheckAlone)
 {
     for (const QString& code : {"AILOCK"_s, "AILOCKPLUS"_s, "AILOCK3"_s}) {
         open();
-        dialog->CreateStrategyInitWidget(AesStrategy(code, code, "[]"_s, "algo"_s));
+        loadDocument({}, code);
         inspect().maps() = {faulty()};
         host->journal().clear();
         button("btn_ok").click();
@@ -165,7 +180,7 @@ TEST_F(Confirmation, ALockStrategyRunsThePairedCheckAlone)
                                  "第1行：当前资产账号与模板中委托属性校验未通过，请检查\r\n"
                                  "第1行：交易方向错误！\r\n"_s)
             << qPrintable(code);
-        EXPECT_TRUE(host->journal().callsOf("CBusinessDataBase::GetSymbolPostBySymbol"_s).isEmpty());
+        EXPECT_TRUE(callsOf("CBusinessDataBase::GetSymbolPostBySymbol").isEmpty());
     }
 }
 
@@ -173,7 +188,7 @@ TEST_F(Confirmation, AnyOtherStrategyRunsTheAccountTypeCheckAlone)
 {
     for (const QString& code : {"AITWAP"_s, "AIPAIR"_s, "AILOCK2"_s, "ailock"_s}) {
         open();
-        dialog->CreateStrategyInitWidget(AesStrategy(code, code, "[]"_s, "algo"_s));
+        loadDocument({}, code);
         inspect().maps() = {{{"证券代码和委托数量"_s, QVariantList()}}};
         button("btn_ok").click();
         EXPECT_EQ(lastBoxText(), "第1行：获取数据错误！\r\n"_s) << qPrintable(code);
@@ -237,9 +252,21 @@ TEST_F(Confirmation, TheBoxIsPlacedByTheHostWithPositionTypeTwo)
     open();
     host->journal().clear();
     button("btn_ok").click();
-    const auto placed = host->journal().callsOf("SolveyUtils::GetWidgetPos"_s);
+    const auto placed = callsOf("SolveyUtils::GetWidgetPos");
     ASSERT_EQ(placed.size(), 1);
     EXPECT_EQ(placed.first().arguments, (QVariantList{"ZelMessageBox"_s, 2}));
+}
+
+TEST_F(Confirmation, TheBoxStandsWhereTheHostPutIt)
+{
+    open();
+    QPoint expected;
+    prompts.whileOpen(
+        [&](ZelMessageBox& box) { expected = SolveyUtils::GetWidgetPos(&box, WidgetShowPosType(2)); });
+    button("btn_ok").click();
+    ASSERT_EQ(prompts.boxes().size(), 1);
+    EXPECT_FALSE(expected.isNull());
+    EXPECT_EQ(prompts.boxes().first().position, expected);
 }
 
 TEST_F(Confirmation, ReadsTheChoiceAgainFromTheHostsDefaultStore)
@@ -247,10 +274,10 @@ TEST_F(Confirmation, ReadsTheChoiceAgainFromTheHostsDefaultStore)
     openAndImport();
     host->journal().clear();
     button("btn_ok").click();
-    const auto reads = host->journal().callsOf("ZelCore::settings"_s);
+    const auto reads = callsOf("ZelCore::settings");
     ASSERT_EQ(reads.size(), 1);
     EXPECT_EQ(reads.first().arguments, (QVariantList{Key, QString(), QString(), int(QSettings::UserScope)}));
-    EXPECT_TRUE(host->journal().callsOf("ZelCore::saveSetting"_s).isEmpty());
+    EXPECT_TRUE(callsOf("ZelCore::saveSetting").isEmpty());
 }
 
 TEST_F(Confirmation, BeforeAnImportThereIsNoDataAndThatIsLogged)

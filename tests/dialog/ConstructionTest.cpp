@@ -11,19 +11,7 @@ namespace {
 
 using namespace small_market;
 
-class Construction : public DialogFixture {
-protected:
-    void construct(BatchInsType type = SelectableStrategy)
-    {
-        openHost();
-        dialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, type);
-    }
-
-    int callsOf(const char* operation)
-    {
-        return host->journal().callsOf(QString::fromLatin1(operation)).size();
-    }
-};
+class Construction : public DialogFixture {};
 
 } // namespace
 
@@ -58,8 +46,8 @@ TEST_F(Construction, PreparesFuturesDataOnceHoweverManyStrategiesAreLoaded)
     open();
     load("AILOCK"_s);
     load("G-TWAP"_s);
-    EXPECT_EQ(callsOf("FuturesLogicInterface::InitData"), 1);
-    EXPECT_EQ(callsOf("ZelCore::addStyle2View"), 1);
+    EXPECT_EQ(callsOf("FuturesLogicInterface::InitData").size(), 1);
+    EXPECT_EQ(callsOf("ZelCore::addStyle2View").size(), 1);
 }
 
 TEST_F(Construction, LoadsNoStrategyNoAccountsAndNoSettings)
@@ -131,6 +119,15 @@ TEST_F(Construction, FillsTheColumnsOfWholeNumbersInTheirOrder)
                                                        "单笔最小委托金额"_s, "最差滑点"_s, "卖单金额"_s}));
 }
 
+TEST_F(Construction, TheMembersStandInTheirOrder)
+{
+    construct();
+    const QVector<const void*> members = inspect().memberAddresses();
+    for (int i = 1; i < members.size(); ++i) {
+        EXPECT_LT(members.at(i - 1), members.at(i)) << i;
+    }
+}
+
 // ---- skin
 
 TEST_F(Construction, AnInvalidSkinLeavesTheStyleSheetAndATextBecomesIt)
@@ -173,7 +170,7 @@ TEST_F(Construction, ImportAsksForAFileOnce)
     open();
     host->journal().clear();
     button("btn_import").click();
-    const auto asked = host->journal().callsOf("SolveyUtils::GetOpenTableFileName"_s);
+    const auto asked = callsOf("SolveyUtils::GetOpenTableFileName");
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked.first().arguments,
               (QVariantList{"AlgoBatchImportParamSetting"_s, "导入算法"_s, QString(), 0}));
@@ -185,7 +182,7 @@ TEST_F(Construction, TheCheckBoxSavesItsStateOnceAToggle)
     open();
     host->journal().clear();
     child<QCheckBox>("checkbx_createdClose").click();
-    EXPECT_EQ(callsOf("ZelCore::saveSetting"), 1);
+    EXPECT_EQ(callsOf("ZelCore::saveSetting").size(), 1);
 }
 
 TEST_F(Construction, ConfirmingAsksForAuthorityOnce)
@@ -193,7 +190,7 @@ TEST_F(Construction, ConfirmingAsksForAuthorityOnce)
     open();
     host->journal().clear();
     button("btn_ok").click();
-    EXPECT_EQ(callsOf("AlgoTradeLogicNew::hasCorrespAuthority"), 1);
+    EXPECT_EQ(callsOf("AlgoTradeLogicNew::hasCorrespAuthority").size(), 1);
     EXPECT_EQ(prompts.boxes().size(), 1);
 }
 
@@ -203,7 +200,7 @@ TEST_F(Construction, AnotherAccountAsksForItsNodeOnceAnInstance)
     inspect().maps() = {QVariantMap{{"实例备注"_s, QString()}}};
     host->journal().clear();
     accounts().SetCurTradingAccount("NOHK"_s);
-    EXPECT_EQ(callsOf("CBusinessDataBase::GetSysNodeIDByAccount"), 1);
+    EXPECT_EQ(callsOf("CBusinessDataBase::GetSysNodeIDByAccount").size(), 1);
 }
 
 TEST_F(Construction, AnotherAlgorithmTypeIsFetchedOnce)
@@ -211,7 +208,7 @@ TEST_F(Construction, AnotherAlgorithmTypeIsFetchedOnce)
     open();
     host->journal().clear();
     algoTypes().setCurrentText("策略AIVWAP"_s);
-    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetStrategy"), 1);
+    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetStrategy").size(), 1);
 }
 
 TEST_F(Construction, TheSettingsObjectsGoWithTheDialog)

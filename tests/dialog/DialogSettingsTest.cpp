@@ -15,20 +15,6 @@ const QString DefaultAlgo = QStringLiteral("My_DefaultBatch_Algo");
 
 class Settings : public DialogFixture {
 protected:
-    void SetUp() override
-    {
-        // The ini file stands beside the program: a login account of its own for every test.
-        options.loginAccount =
-            QString::fromLatin1(testing::UnitTest::GetInstance()->current_test_info()->name());
-        QDir(work()).removeRecursively();
-    }
-
-    void TearDown() override
-    {
-        dialog.reset(); // writes what it has not written yet
-        QDir(work()).removeRecursively();
-    }
-
     QString work() const
     {
         return QCoreApplication::applicationDirPath() + "/work/"_s + options.loginAccount;
@@ -46,7 +32,7 @@ protected:
         load("AITWAP"_s);
     }
 
-    QList<HostJournal::Call> saves() { return host->journal().callsOf("ZelCore::saveSetting"_s); }
+    QList<HostJournal::Call> saves() { return callsOf("ZelCore::saveSetting"); }
     void expectChoice(bool createdClose)
     {
         EXPECT_EQ(closeBox().isChecked(), createdClose);
@@ -55,7 +41,6 @@ protected:
         EXPECT_EQ(host->settings().value(Key).type(), QVariant::Bool);
     }
 
-    void chooseAlgoType(const QString& code) { algoTypes().setCurrentIndex(algoTypes().findData(code)); }
     QVariant remembered() { return QSettings(iniPath(), QSettings::IniFormat).value(DefaultAlgo); }
 };
 
@@ -107,7 +92,7 @@ TEST_F(Settings, AStoredValueThatIsNoBooleanFallsBackToTrueAndIsWrittenBack)
 TEST_F(Settings, ReadsAndWritesTheHostsDefaultStoreForTheUser)
 {
     open();
-    const auto reads = host->journal().callsOf("ZelCore::settings"_s);
+    const auto reads = callsOf("ZelCore::settings");
     ASSERT_EQ(reads.size(), 1);
     EXPECT_EQ(reads.first().arguments, (QVariantList{Key, QString(), QString(), int(QSettings::UserScope)}));
     for (const HostJournal::Call& save : saves()) {
@@ -178,7 +163,6 @@ TEST_F(Settings, ALoginAccountIsUsedAsItIs)
         open();
         EXPECT_EQ(inspect().settings()->fileName(), QDir::cleanPath(iniPath())) << qPrintable(account);
     }
-    options.loginAccount = "none"_s;
 }
 
 TEST_F(Settings, AChosenAlgorithmTypeIsRememberedByItsCode)

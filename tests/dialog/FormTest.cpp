@@ -114,11 +114,7 @@ QString describe(const QMargins& margins)
 
 class Form : public DialogFixture {
 protected:
-    void SetUp() override
-    {
-        openHost();
-        dialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
-    }
+    void SetUp() override { construct(); }
 };
 
 } // namespace

@@ -15,18 +15,11 @@ using Styles = QMap<QString, QString>;
 
 class StrategyLoading : public DialogFixture {
 protected:
-    QStringList loadDocument(const QVariantList& document, const QString& code = QStringLiteral("AITWAP"))
+    QStringList columnsOf(const QVariantList& document)
     {
-        dialog->CreateStrategyInitWidget(AesStrategy(code, "策略"_s + code, toJson(document), "algo"_s));
+        loadDocument(document);
         return table().headNames();
     }
-
-    int callsOf(const char* operation)
-    {
-        return host->journal().callsOf(QString::fromLatin1(operation)).size();
-    }
-
-    void chooseAlgoType(const QString& code) { algoTypes().setCurrentIndex(algoTypes().findData(code)); }
 };
 
 } // namespace
@@ -85,12 +78,12 @@ TEST_F(StrategyLoading, TheFundAccountIsNoColumn)
 {
     open();
     const QVariantMap fund = line("资金账号"_s);
-    EXPECT_EQ(loadDocument({line("证券代码"_s), fund, line("实例备注"_s)}),
+    EXPECT_EQ(columnsOf({line("证券代码"_s), fund, line("实例备注"_s)}),
               (QStringList{"证券代码"_s, "证券名称"_s, "市场"_s, "实例备注"_s, CreateAndStart}));
     EXPECT_TRUE(inspect().instanceParams().contains("资金账号"_s)) << "it stays a parameter";
-    EXPECT_EQ(loadDocument({fund, line("证券代码"_s)}),
+    EXPECT_EQ(columnsOf({fund, line("证券代码"_s)}),
               (QStringList{"证券代码"_s, "证券名称"_s, "市场"_s, CreateAndStart}));
-    EXPECT_EQ(loadDocument({line("证券代码"_s), fund, fund}),
+    EXPECT_EQ(columnsOf({line("证券代码"_s), fund, fund}),
               (QStringList{"证券代码"_s, "证券名称"_s, "市场"_s, "资金账号"_s, CreateAndStart}))
         << "only its first occurrence goes";
 }
@@ -109,7 +102,7 @@ TEST_F(StrategyLoading, ADocumentWithoutColumnsLeavesTheAddedOnesAndLogsWhy)
 {
     open();
     const QStringList added = {CreateAndStart, "证券名称"_s, "市场"_s};
-    EXPECT_EQ(loadDocument({}), added);
+    EXPECT_EQ(columnsOf({}), added);
     LogCapture log;
     dialog->CreateStrategyInitWidget(AesStrategy("BAD"_s, "坏的"_s, "[{]"_s, "algo"_s));
     EXPECT_EQ(table().headNames(), added);
@@ -165,7 +158,7 @@ TEST_F(StrategyLoading, ConfiguresTheTable)
 TEST_F(StrategyLoading, AsksForTheAccountsThatMayRunAlgorithms)
 {
     open();
-    const auto asked = host->journal().callsOf("SolveyBusinessDataInterface::GetFundAccountListByFundProp"_s);
+    const auto asked = callsOf("SolveyBusinessDataInterface::GetFundAccountListByFundProp");
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked.first().arguments, (QVariantList{11, 16, true, QStringList(), true}));
     EXPECT_EQ(accounts().count(), 5);
@@ -196,14 +189,14 @@ TEST_F(StrategyLoading, AnAccountThatIsGoneGivesWayToTheFirst)
 TEST_F(StrategyLoading, ALoadFetchesTheCatalogueAgainAndNeverRunsTheSlot)
 {
     open();
-    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetAllStrategies"), 2) << "at construction and at the load";
-    for (const auto& call : host->journal().callsOf("AlgoTradeLogicNew::GetAllStrategies"_s)) {
+    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetAllStrategies").size(), 2) << "at construction and at the load";
+    for (const auto& call : callsOf("AlgoTradeLogicNew::GetAllStrategies")) {
         EXPECT_EQ(call.arguments, QVariantList{"algo"_s});
     }
     load("AILOCK"_s);
     load("KF_TWAPPLUS"_s);
-    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetStrategy"), 0);
-    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetAllStrategies"), 4);
+    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetStrategy").size(), 0);
+    EXPECT_EQ(callsOf("AlgoTradeLogicNew::GetAllStrategies").size(), 4);
     EXPECT_EQ(algoTypes().count(), tables.strategies.size());
 }
 
@@ -215,10 +208,10 @@ TEST_F(StrategyLoading, AfterManyLoadsAChoiceStillLoadsOnce)
     }
     host->journal().clear();
     chooseAlgoType("AIVWAP"_s);
-    const auto fetched = host->journal().callsOf("AlgoTradeLogicNew::GetStrategy"_s);
+    const auto fetched = callsOf("AlgoTradeLogicNew::GetStrategy");
     ASSERT_EQ(fetched.size(), 1);
     EXPECT_EQ(fetched.first().arguments, QVariantList{"AIVWAP"_s});
-    EXPECT_EQ(callsOf("SolveyBusinessDataInterface::GetFundAccountListByFundProp"), 1);
+    EXPECT_EQ(callsOf("SolveyBusinessDataInterface::GetFundAccountListByFundProp").size(), 1);
     EXPECT_EQ(dialog->getStrategy().name(), "AIVWAP"_s);
     EXPECT_EQ(dialog->getCurrentAlgoName(), "AIVWAP"_s);
 }

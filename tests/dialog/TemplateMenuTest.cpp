@@ -36,10 +36,7 @@ protected:
         button("pb_exportModules").click();
     }
 
-    QList<HostJournal::Call> downloads()
-    {
-        return host->journal().callsOf("SolveyUtils::DownloadTemplateFile"_s);
-    }
+    QList<HostJournal::Call> downloads() { return callsOf("SolveyUtils::DownloadTemplateFile"); }
 
     void expectOneDownloadOf(const QString& name)
     {
@@ -94,7 +91,7 @@ TEST_F(TemplateMenu, FifteenStrategiesHaveATemplateOfTheirOwn)
         "SUPERVWAP"_s,   "PursueHighLimit"_s, "DoubleConditionOrder"_s, "QND_TWAP"_s,    "QND_VWAP"_s};
     for (const QString& code : own + QStringList{"AILOCK"_s, "aitwap"_s, "AITWAPPLUS"_s, "PursueHighLimitB"_s,
                                                  "AIPAIR"_s, QString()}) {
-        dialog->CreateStrategyInitWidget(AesStrategy(code, "别名"_s, "[]"_s, "algo"_s));
+        loadDocument({}, code);
         pressAndChoose(QString());
         EXPECT_EQ(offered.contains(Current), own.contains(code)) << qPrintable(code);
         EXPECT_EQ(offered.first(), All);

@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QThread>
 
+#include <atomic>
+
 namespace {
 
 using Snapshot = QMap<QString, QVariant>;
@@ -22,6 +24,16 @@ QuoteBoard::Options moving(std::chrono::milliseconds interval = std::chrono::mil
     options.interval = interval;
     return options;
 }
+
+/// One in each thread that emits quotes: goes with it.
+struct CountedThread {
+    CountedThread() { ++begun; }
+    ~CountedThread() { ++ended; }
+    static std::atomic<int> begun;
+    static std::atomic<int> ended;
+};
+std::atomic<int> CountedThread::begun;
+std::atomic<int> CountedThread::ended;
 
 class QuoteBoardTest : public testing::Test {
 protected:
@@ -110,9 +122,15 @@ TEST_F(QuoteBoardTest, BoardGoesWhileQuotesMove)
 {
     for (int i = 0; i < 50; ++i) {
         QuoteBoard board(data, moving(std::chrono::milliseconds(0)));
+        QObject::connect(&board, &QuoteBoard::quotesChanged,
+                         [] { thread_local const CountedThread counted; });
         board.subscribe({"600000.SH"_s, "IF2512.CFE"_s});
+        if (i % 2 == 1) { // the others go before, or while, their first quotes come
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !board.snapshot("IF2512.CFE"_s).isEmpty(); }));
+        }
     }
-    SUCCEED() << "every thread ended";
+    EXPECT_GE(CountedThread::begun, 25);
+    EXPECT_EQ(CountedThread::begun, CountedThread::ended);
 }
 
 QStringList pricesOf(PriceWalk walk, quint32 seed, int count)

@@ -1,5 +1,6 @@
 #include "host/SolveyUtils.h"
 #include "tests/support/DialogFixture.h"
+#include "tests/support/LogCapture.h"
 #include "tests/support/Sheet.h"
 
 #include <QDir>
@@ -28,7 +29,6 @@ protected:
         EXPECT_EQ(csv ? "yyyy-M-d H:m:s"_s : "yyyy-M-dTH:m:s.z"_s, inspect().dateTimeFormat())
             << path.toStdString();
     }
-    int rowCount() { return table().getViewData().size(); }
     int instanceCount() { return dialog->getWidgetData().size(); }
 };
 
@@ -37,11 +37,11 @@ TEST_F(ImportFlow, AsksForTheFileAndHandsItToTheReader)
     open();
     const QString path = writeCsv(Sheet::ordinary().add().rows());
     importFile(path);
-    const auto asked = host->journal().callsOf("SolveyUtils::GetOpenTableFileName"_s);
+    const auto asked = callsOf("SolveyUtils::GetOpenTableFileName");
     ASSERT_EQ(1, asked.size());
     EXPECT_EQ((QVariantList{"AlgoBatchImportParamSetting"_s, "导入算法"_s, QString(), 0}),
               asked.first().arguments);
-    const auto read = host->journal().callsOf("SolveyUtils::ReadTableData"_s);
+    const auto read = callsOf("SolveyUtils::ReadTableData");
     ASSERT_EQ(1, read.size());
     EXPECT_EQ((QVariantList{path, 1}), read.first().arguments);
 }
@@ -55,8 +55,33 @@ TEST_F(ImportFlow, ACancelledFileDialogChangesNothing)
     EXPECT_EQ(1, rowCount());
     EXPECT_EQ(1, instanceCount());
     EXPECT_FALSE(button("btn_ok").isEnabled());
-    EXPECT_EQ(1, host->journal().callsOf("SolveyUtils::ReadTableData"_s).size());
+    EXPECT_EQ(1, callsOf("SolveyUtils::ReadTableData").size());
     EXPECT_TRUE(prompts.boxes().isEmpty());
+}
+
+TEST_F(ImportFlow, ACancelledFileDialogIsLogged)
+{
+    open();
+    const LogCapture log;
+    importFile(QString());
+    EXPECT_EQ(log.firstMissing({"slotBtnImportClicked"_s, "filePath is empty!"_s}), QString())
+        << qPrintable(log.text());
+}
+
+TEST_F(ImportFlow, LogsItsStepsInTheirOrder)
+{
+    open("PursueHighLimit"_s);
+    const LogCapture log;
+    importRows(Sheet::sealing().add().rows());
+    EXPECT_EQ(log.firstMissing({"slotBtnImportClicked"_s, "list.csv"_s, "import currentTime: before: "_s,
+                                "###tag: "_s, "importDataInfo"_s, "###tag: "_s, " contentList:  2"_s,
+                                " columnIndexMap: "_s, " quote: "_s, " symbol:  \"600000.SH\""_s,
+                                "get sysnodeid by trading account return: \"node-1\""_s,
+                                "single param data: "_s, " insAndSymbolVarMap: "_s, "###tag-import-end: "_s,
+                                " contentList:  1"_s, "import currentTime: after: "_s,
+                                " resultInfo:  \"0\""_s, "calculateExpectAmount"_s}),
+              QString())
+        << qPrintable(log.text());
 }
 
 TEST_F(ImportFlow, GoodRowsAreShownAndPricedWithoutAMessage)
@@ -116,7 +141,7 @@ TEST_F(ImportFlow, AHeaderWithoutDataRowsLacksData)
     ASSERT_EQ(1, prompts.boxes().size());
     EXPECT_EQ("导入文件的表格内容缺少数据！"_s, lastBoxText());
     EXPECT_EQ(prompts.boxes().first().sizeBefore, prompts.boxes().first().size);
-    EXPECT_TRUE(host->journal().callsOf("CommonQuotaHandler::SubscribeQuota"_s).isEmpty());
+    EXPECT_TRUE(callsOf("CommonQuotaHandler::SubscribeQuota").isEmpty());
 }
 
 TEST_F(ImportFlow, TheSecondPartOfThePathBetweenDotsTellsCsv)
@@ -256,7 +281,7 @@ TEST_F(ImportFlow, PlacesEveryErrorBoxByTheHost)
     open();
     importRows(Sheet::ordinary().add({{"证券代码"_s, "999999"_s}}).rows());
     importRows(Sheet::ordinary().rows());
-    const auto placed = host->journal().callsOf("SolveyUtils::GetWidgetPos"_s);
+    const auto placed = callsOf("SolveyUtils::GetWidgetPos");
     ASSERT_EQ(2, placed.size());
     EXPECT_EQ(2, placed.at(0).arguments.at(1));
     EXPECT_EQ(2, placed.at(1).arguments.at(1));
@@ -267,7 +292,7 @@ TEST_F(ImportFlow, WithErrorsOnlyTheTableStaysEmptyAndNothingIsPriced)
     open();
     importRows(Sheet::ordinary().add({{"证券代码"_s, "999999"_s}}).rows());
     EXPECT_EQ(0, rowCount());
-    EXPECT_EQ(1, host->journal().callsOf("CommonQuotaHandler::SubscribeQuota"_s).size());
+    EXPECT_EQ(1, callsOf("CommonQuotaHandler::SubscribeQuota").size());
     EXPECT_TRUE(button("btn_ok").isEnabled());
 }
 

@@ -139,7 +139,7 @@ TEST_F(ImportHeader, AHeaderFailureComesBeforeAnyQuote)
 {
     open();
     importRows(Sheet::ordinary().add().drop("市场"_s).rows());
-    EXPECT_TRUE(host->journal().callsOf("CommonQuotaHandler::SubscribeQuota"_s).isEmpty());
+    EXPECT_TRUE(callsOf("CommonQuotaHandler::SubscribeQuota").isEmpty());
     ASSERT_EQ(1, prompts.boxes().size());
     EXPECT_EQ(prompts.boxes().first().sizeBefore, prompts.boxes().first().size);
 }

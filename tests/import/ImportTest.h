@@ -13,19 +13,6 @@ protected:
         openDocument(small_market::ordinaryDocument() + more, code, account);
     }
 
-    /// Loads a strategy of this code and document.
-    void openDocument(const QVariantList& document, const QString& code = QStringLiteral("EXTRA"),
-                      const QString& account = QStringLiteral("CASH1"))
-    {
-        for (int i = tables.strategies.size() - 1; i >= 0; --i) {
-            if (tables.strategies.at(i).name() == code) {
-                tables.strategies.removeAt(i);
-            }
-        }
-        tables.strategies.append(AesStrategy(code, code, small_market::toJson(document), "algo"_s));
-        open(code, account);
-    }
-
     Security& securityOf(const QString& symbol)
     {
         for (Security& security : tables.securities) {
@@ -39,7 +26,6 @@ protected:
 
     QList<QMap<QString, QVariant>> instances() { return dialog->getWidgetData(); }
     QVariant parameter(int instance, const QString& key) { return instances().value(instance).value(key); }
-    int rowCount() { return table().getViewData().size(); }
 
     /// The only message box of one data row's error.
     void expectRowError(const QString& error, int line = 2)

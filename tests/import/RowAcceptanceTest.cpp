@@ -7,12 +7,11 @@ class RowAcceptance : public ImportTest {
 protected:
     void expectEntrustShown(const QString& strategy, const QString& direction, const QString& expected)
     {
-        open(strategy);
+        openDocument(small_market::ordinaryDocument(), strategy);
         Sheet sheet = Sheet::ordinary();
-        sheet.add({{"委托属性"_s, "6"_s},
-                   {"交易方向"_s, direction},
-                   {"风格参数"_s, strategy == "QND_TWAP"_s ? "0"_s : "neutral"_s}});
-        importRows(sheet.drop("风格参数"_s).rows());
+        sheet.add({{"委托属性"_s, "6"_s}, {"交易方向"_s, direction}});
+        importRows(
+            sheet.drop("风格参数"_s).rows()); // not every one of these strategies has the good row's style
         EXPECT_EQ(expected, shown(0, "委托属性"_s)) << strategy.toStdString();
         EXPECT_EQ("6"_s, value(0, "委托属性"_s));
         EXPECT_EQ("6"_s, parameter(0, "委托属性"_s));
@@ -172,7 +171,7 @@ TEST_F(RowAcceptance, AllFivePriceLimitStrategiesDoAndOthersDoNot)
 
 TEST_F(RowAcceptance, TellsWhatEntrustPropertySixMeansOnEachSide)
 {
-    for (const QString& code : {"KF_TWAPPLUS"_s, "KF_VWAPPLUS"_s, "QND_TWAP"_s}) {
+    for (const QString& code : {"KF_TWAPPLUS"_s, "KF_VWAPPLUS"_s, "QND_TWAP"_s, "QND_VWAP"_s}) {
         expectEntrustShown(code, "1"_s, "融资买入"_s);
         expectEntrustShown(code, "2"_s, "卖券还款"_s);
     }

@@ -45,8 +45,9 @@ TEST_F(RowErrors, AHongKongSecurityEndsTheImportOfAStrategyThatTakesNone)
     EXPECT_EQ("该算法不支持港股标的！"_s, lastBoxText());
     EXPECT_EQ(prompts.boxes().first().sizeBefore, prompts.boxes().first().size);
     EXPECT_EQ(0, rowCount());
-    EXPECT_EQ(1, host->journal().callsOf("CommonQuotaHandler::SubscribeQuota"_s).size());
-    EXPECT_TRUE(host->journal().callsOf("SolveyBusinessDataInterface::CheckSymbolRiskInfo"_s).isEmpty());
+    EXPECT_EQ(1, instances().size()) << "that of the row before";
+    EXPECT_EQ(1, callsOf("CommonQuotaHandler::SubscribeQuota").size());
+    EXPECT_TRUE(callsOf("SolveyBusinessDataInterface::CheckSymbolRiskInfo").isEmpty());
 }
 
 TEST_F(RowErrors, AnEarlierRowErrorIsShownInPlaceOfThat)

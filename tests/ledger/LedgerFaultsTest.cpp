@@ -1,9 +1,9 @@
 #include "desk/ledger/LedgerTexts.h"
 #include "desk/ledger/SqliteFile.h"
 #include "tests/ledger/SampleDrafts.h"
+#include "tests/support/RestrictedPath.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -51,33 +51,6 @@ QByteArray soundLedger()
     ledger.close();
     return bytesOf(ledger.path());
 }
-
-constexpr QFile::Permissions ReadAndEnter =
-    QFile::Permissions(QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
-                       QFile::ReadOther | QFile::ExeOther);
-
-/// A folder without write permission; the superuser gives up his rights meanwhile.
-class ReadOnlyFolder {
-public:
-    explicit ReadOnlyFolder(const QString& path, QFile::Permissions permissions = ReadAndEnter) : mPath(path)
-    {
-        QFile::setPermissions(path, permissions);
-        constexpr uid_t Nobody = 65534;
-        mDropped = geteuid() == 0 && setresuid(Nobody, Nobody, 0) == 0;
-    }
-
-    ~ReadOnlyFolder()
-    {
-        if (mDropped) {
-            EXPECT_EQ(setresuid(0, 0, 0), 0);
-        }
-        QFile::setPermissions(mPath, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-private:
-    const QString mPath;
-    bool mDropped = false;
-};
 
 } // namespace
 
@@ -199,7 +172,7 @@ TEST(LedgerFile, InAReadOnlyFolderCanBeReadButNotWritten)
     SampleLedger ledger;
     ledger->createBatch(sampleDraft(2));
     ledger.close();
-    const ReadOnlyFolder folder(ledger.home());
+    const RestrictedPath folder(ledger.home());
     const QString error = ledger.reopen();
     EXPECT_TRUE(error.contains("只读"_s)) << error.toStdString();
     EXPECT_TRUE(error.contains(ledger.path()));
@@ -213,7 +186,7 @@ TEST(LedgerFile, InAReadOnlyFolderCanBeReadButNotWritten)
 TEST(LedgerFile, CannotBeMadeInAReadOnlyFolder)
 {
     QTemporaryDir home;
-    const ReadOnlyFolder folder(home.path());
+    const RestrictedPath folder(home.path());
     const QString error = Ledger::open(home.path()).error;
     EXPECT_TRUE(error.contains("只读"_s)) << error.toStdString();
 }
@@ -223,7 +196,7 @@ TEST(LedgerFile, InAFolderThatCannotBeEnteredIsNotTakenForNone)
     SampleLedger ledger;
     ledger->createBatch(sampleDraft(1));
     ledger.close();
-    const ReadOnlyFolder folder(ledger.home(), QFile::ReadOwner);
+    const RestrictedPath folder(ledger.home(), QFile::ReadOwner);
     const QString error = openToRead(ledger.home()).error;
     EXPECT_TRUE(error.contains("无法打开"_s)) << error.toStdString();
 }

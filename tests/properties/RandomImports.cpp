@@ -21,9 +21,7 @@ void RandomImports::openRandomStrategy()
             mExtraTitles.append(candidate.toMap().value("paramName"_s).toString());
         }
     }
-    tables = small_market::tables();
-    tables.strategies.append(AesStrategy("RANDOM"_s, "随机"_s, small_market::toJson(document), "algo"_s));
-    open("RANDOM"_s);
+    openDocument(document, "RANDOM"_s);
 }
 
 QMap<QString, QString> RandomImports::randomCells(bool faulty)
@@ -34,7 +32,7 @@ QMap<QString, QString> RandomImports::randomCells(bool faulty)
         {"市场"_s, shanghai ? oneOf<QString>({"SH"_s, "上海"_s, "沪市"_s}) : "SZ"_s},
         {"委托数量"_s, QString::number(1 + below(100000))},
         {"交易方向"_s, oneOf<QString>({"1"_s, "2"_s})},
-        {"委托属性"_s, oneOf<QString>({"0"_s, "9"_s, "6"_s})},
+        {"委托属性"_s, chance(90) ? "0"_s : oneOf<QString>({"9"_s, "6"_s})}, // 0 alone can be confirmed
         {"委托限价"_s, oneOf<QString>({"10.5"_s, QString(), "7.777"_s})},
         {"选项"_s, oneOf<QString>({"1"_s, "2"_s, QString()})},
         {"自定"_s, oneOf<QString>({"文本"_s, "a,b"_s, "引\"号"_s, "两\n行"_s})}};

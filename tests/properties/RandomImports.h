@@ -24,12 +24,10 @@ protected:
 
     /// Loads a strategy whose document is the ordinary one with random further parameters.
     void openRandomStrategy();
-    /// Rows of every kind for the loaded strategy; the columns in random order, some under their short
-    /// titles.
+    /// Rows of every kind under the columns of the loaded strategy.
     RandomTable randomTable(int rowCount);
     QList<int> randomOrder(int count);
 
-    int rowCount() { return table().getViewData().size(); }
     /// Lines that the last error box names.
     QList<int> errorLines() const;
     /// Everything that an import leaves behind.

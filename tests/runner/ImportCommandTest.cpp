@@ -1,6 +1,7 @@
 #include "tests/runner/RunnerTest.h"
 
 #include <QJsonArray>
+#include <QRegularExpression>
 
 class ImportCommand : public RunnerTest {
 protected:
@@ -208,15 +209,68 @@ TEST_F(ImportCommand, KeepsStandardOutputToJsonWhileLogsAreAskedFor)
     EXPECT_TRUE(result.err.contains("###tag")) << "no log came";
 }
 
-TEST_F(ImportCommand, ReadsNumbersAndTimesTheSameInEveryLocaleAndTimeZone)
-{
-    const QString file = table("600000,SH,1000.9,1,0,7\n");
-    const QByteArray plain = import(file).out;
-    const QStringList arguments = {"import"_s, file, "--data"_s, dataFolder(), "--home"_s, folder()};
-    for (const QString& locale : {"de_DE.UTF-8"_s, "ar_EG.UTF-8"_s, "C"_s}) {
-        const Run result =
-            run(arguments + aitwap(), {{"LC_ALL"_s, locale}, {"LANG"_s, locale}, {"TZ"_s, "Asia/Tokyo"_s}});
-        EXPECT_EQ(0, result.status) << locale.toStdString();
-        EXPECT_EQ(plain, result.out) << locale.toStdString();
+/// A strategy with a limit price and a start time, and a file whose one row starts when clocks in Berlin are
+/// put forward.
+class ImportAbroad : public RunnerTest {
+protected:
+    void SetUp() override
+    {
+        RunnerTest::SetUp();
+        writeStrategy("");
+        mFile = write("list.csv"_s, "证券代码,市场,委托数量,委托限价,开始时间,创建后是否立即启动\n"
+                                    "600000,SH,1000.9,10.126,2024-3-31 2:30:0,7\n");
     }
+    /// `more`: further parameters, each behind a comma.
+    void writeStrategy(const QByteArray& more)
+    {
+        writeData("strategies.json"_s, R"([{"name": "AITWAP", "alias": "定时", "paramFormats": [
+            {"ui": "Table", "columns": [{"paramName": "证券代码", "paramId": "证券代码", "ui": "LineEdit"},
+                                        {"paramName": "委托数量", "paramId": "委托数量", "ui": "LineEdit"}]},
+            {"paramName": "委托限价", "paramId": "委托限价", "ui": "LineEdit"},
+            {"paramName": "开始时间", "paramId": "开始时间", "ui": "DateTime"})" +
+                                           more + "]}]");
+    }
+    static QJsonObject parametersOf(const Run& run)
+    {
+        return run.object()["parameterMaps"_s].toArray().first().toObject();
+    }
+    Run importAbroad(const QString& locale, const QString& timeZone)
+    {
+        const QStringList arguments = {"import"_s, mFile, "--data"_s, dataFolder(), "--home"_s, folder()};
+        return run(arguments + aitwap(), {{"LC_ALL"_s, locale}, {"LANG"_s, locale}, {"TZ"_s, timeZone}});
+    }
+
+private:
+    QString mFile;
+};
+
+TEST_F(ImportAbroad, ReadsNumbersAndTimesTheSameInEveryLocaleAndTimeZone)
+{
+    const Run home = importAbroad("C.UTF-8"_s, "Asia/Shanghai"_s);
+    EXPECT_EQ("2024-03-31 02:30:00"_s, parametersOf(home)["开始时间"_s].toString());
+    EXPECT_EQ("10.13"_s, parametersOf(home)["委托限价"_s].toString());
+    for (const QString& locale : {"de_DE.UTF-8"_s, "ar_EG.UTF-8"_s, "C"_s}) {
+        const Run abroad = importAbroad(locale, "America/St_Johns"_s);
+        EXPECT_EQ(0, abroad.status) << locale.toStdString();
+        EXPECT_EQ(home.out.toStdString(), abroad.out.toStdString()) << locale.toStdString();
+    }
+}
+
+TEST_F(ImportAbroad, WritesADefaultTimeInTheDigitsOfTheMarket)
+{
+    writeStrategy(R"(, {"paramName": "结束时间", "paramId": "结束时间", "ui": "DateTime", "required": false,
+                        "strDefault": {"value": "14:57:00", "display": ""}})");
+    const QString time =
+        parametersOf(importAbroad("ar_EG.UTF-8"_s, "Asia/Shanghai"_s))["结束时间"_s].toString();
+    EXPECT_TRUE(QRegularExpression("^[0-9]{4}-[0-9]{2}-[0-9]{2} 14:57:00$"_s).match(time).hasMatch())
+        << time.toStdString();
+}
+
+/// Times are those of the machine's own clock.
+TEST_F(ImportAbroad, RefusesATimeThatTheMachinesClockPassesOver)
+{
+    const Run result = importAbroad("C.UTF-8"_s, "Europe/Berlin"_s);
+    EXPECT_EQ(1, result.status);
+    EXPECT_EQ("导入文件中包含以下错误:\r\n第2行：开始时间格式不正确，时间格式为yyyy-MM-dd HH:mm:ss\r\n"_s,
+              result.object()["messageBoxes"_s].toArray().first().toObject()["text"_s].toString());
 }

@@ -1,4 +1,5 @@
 #include "tests/support/DialogFixture.h"
+#include "tests/support/Sheet.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ protected:
     void openWith(const QVariantList& document, const QString& code = QStringLiteral("AITWAP"))
     {
         open();
-        dialog->CreateStrategyInitWidget(AesStrategy(code, "别名"_s, toJson(document), "algo"_s));
+        loadDocument(document, code);
     }
 
     QString translate(const QString& column, const QString& text,
@@ -77,10 +78,9 @@ TEST_F(CellTranslation, AnUnreadableDateTimeIsLeftAsItWasAndNamesItsLayout)
 TEST_F(CellTranslation, ASpreadsheetImportFallsBackToTheTypedLayout)
 {
     open();
-    QStringList row = ordinaryRow();
-    row[7] = "2024-3-5 9:30:0"_s;
-    row[8] = "2024-3-5T14:57:0.0"_s;
-    importFile(writeCsv({ordinaryHeader(), row}, "list.xls"_s));
+    const Sheet sheet =
+        Sheet::ordinary().add({{"开始时间"_s, "2024-3-5 9:30:0"_s}, {"结束时间"_s, "2024-3-5T14:57:0.0"_s}});
+    importFile(writeCsv(sheet.rows(), "list.xls"_s));
     EXPECT_EQ(inspect().dateTimeFormat(), "yyyy-M-dTH:m:s.z"_s);
     EXPECT_EQ(lastBoxText(), QString());
     EXPECT_EQ(shown(0, "开始时间"_s), "2024-03-05 09:30:00"_s);
@@ -90,12 +90,10 @@ TEST_F(CellTranslation, ASpreadsheetImportFallsBackToTheTypedLayout)
 TEST_F(CellTranslation, AnUnreadableDateTimeInAFileIsReportedWithItsLine)
 {
     open();
-    QStringList row = ordinaryRow();
-    row[7] = "2024/03/05"_s;
-    importRows({ordinaryHeader(), ordinaryRow(), row});
+    importRows(Sheet::ordinary().add().add({{"开始时间"_s, "2024/03/05"_s}}).rows());
     EXPECT_EQ(lastBoxText(),
               "导入文件中包含以下错误:\r\n第3行：开始时间格式不正确，时间格式为yyyy-MM-dd HH:mm:ss\r\n"_s);
-    EXPECT_EQ(table().getViewData().size(), 1);
+    EXPECT_EQ(rowCount(), 1);
 }
 
 // ---- drop-down lists
@@ -167,11 +165,7 @@ TEST_F(CellTranslation, AnEmptyDisplayOrNoOptionsAtAllIsAnError)
 TEST_F(CellTranslation, AnUnknownOptionInAFileIsReportedWithWhatIsSupported)
 {
     open();
-    QStringList style = ordinaryRow();
-    style[9] = "passive"_s;
-    QStringList property = ordinaryRow();
-    property[5] = "5"_s;
-    importRows({ordinaryHeader(), style, property});
+    importRows(Sheet::ordinary().add({{"风格参数"_s, "passive"_s}}).add({{"委托属性"_s, "5"_s}}).rows());
     EXPECT_EQ(lastBoxText(), "导入文件中包含以下错误:\r\n"
                              "第2行：风格参数不支持，目前支持：激进-aggressive,平稳-neutral,\r\n"
                              "第3行：委托属性不支持，目前支持：9-信用交易,7-卖券还款,0-普通交易,A-现券卖出,"
@@ -309,17 +303,16 @@ TEST_F(CellTranslation, PricePrecisionIsAskedOfTheServiceOfTheSecuritysType)
     open();
     host->journal().clear();
     translate("委托限价"_s, "10"_s);
-    const auto stock = host->journal().callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol"_s);
+    const auto stock = callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol");
     ASSERT_EQ(stock.size(), 1);
     EXPECT_EQ(stock.first().arguments, (QVariantList{"600000.SH"_s, QString()}));
-    EXPECT_TRUE(host->journal().callsOf("FuturesLogicInterface::GetFuturesPricePrecision"_s).isEmpty());
+    EXPECT_TRUE(callsOf("FuturesLogicInterface::GetFuturesPricePrecision").isEmpty());
     host->journal().clear();
     translate("委托限价"_s, "10"_s, "IF2412.CFE"_s);
-    const auto futures = host->journal().callsOf("FuturesLogicInterface::GetFuturesPricePrecision"_s);
+    const auto futures = callsOf("FuturesLogicInterface::GetFuturesPricePrecision");
     ASSERT_EQ(futures.size(), 1);
     EXPECT_EQ(futures.first().arguments, QVariantList{"IF2412.CFE"_s});
-    EXPECT_TRUE(
-        host->journal().callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol"_s).isEmpty());
+    EXPECT_TRUE(callsOf("SolveyBusinessDataInterface::GetPricePrecisionBySymbol").isEmpty());
 }
 
 TEST_F(CellTranslation, OtherColumnsComeBackAsTheyWere)

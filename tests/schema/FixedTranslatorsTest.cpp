@@ -101,7 +101,7 @@ TEST_F(FixedTranslators, AMarketsNameComesFromTheHostsConfiguration)
     host->journal().clear();
     EXPECT_EQ(inspect().getExchangeName("HKSH"_s), "沪港通"_s);
     EXPECT_EQ(inspect().getExchangeName("没有"_s), QString());
-    const auto asked = host->journal().callsOf("CDataBase::GetStaticCfgValue"_s);
+    const auto asked = callsOf("CDataBase::GetStaticCfgValue");
     ASSERT_EQ(asked.size(), 2);
     EXPECT_EQ(asked.first().arguments, (QVariantList{"TransExchangeToMarketName"_s, "HKSH"_s}));
 }

@@ -9,11 +9,7 @@ using namespace small_market;
 /// The dialog as constructed: no strategy was loaded, so every schema table is empty.
 class ParameterFormat : public DialogFixture {
 protected:
-    void SetUp() override
-    {
-        openHost();
-        dialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
-    }
+    void SetUp() override { construct(); }
 
     QStringList read(const QString& json)
     {

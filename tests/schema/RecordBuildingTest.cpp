@@ -56,7 +56,7 @@ TEST_F(RecordBuilding, AQuantityWithoutASymbolAsksTheHostForTheEmptyOne)
 {
     host->journal().clear();
     file(Quantity, "1000"_s);
-    const auto asked = host->journal().callsOf("SolveyBusinessDataInterface::GetDispFactorBySymbol"_s);
+    const auto asked = callsOf("SolveyBusinessDataInterface::GetDispFactorBySymbol");
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked.first().arguments, QVariantList{QString()});
 }
@@ -67,7 +67,7 @@ TEST_F(RecordBuilding, AQuantityUnderTheSymbolsIdentifierIsItselfTakenForTheSymb
     security[Symbol] = "131810.SZ"_s; // display factor 100
     host->journal().clear();
     file(Quantity, "1000"_s);
-    const auto asked = host->journal().callsOf("SolveyBusinessDataInterface::GetDispFactorBySymbol"_s);
+    const auto asked = callsOf("SolveyBusinessDataInterface::GetDispFactorBySymbol");
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked.first().arguments, QVariantList{"1000"_s});
     EXPECT_EQ(security, (QVariantMap{{Symbol, "1000"_s}}));

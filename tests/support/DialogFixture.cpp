@@ -2,7 +2,11 @@
 
 #include "host/AlgoConstants.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+
+#include <algorithm>
 
 namespace {
 
@@ -12,6 +16,27 @@ QString csvCell(QString cell)
 }
 
 } // namespace
+
+DialogFixture::DialogFixture()
+{
+    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+    options.loginAccount =
+        QStringLiteral("%1.%2").arg(QLatin1String(test->test_suite_name()), QLatin1String(test->name()));
+    options.loginAccount.replace(QLatin1Char('/'), QLatin1Char('-')); // of a test over a table of cases
+    mWorkFolder = QCoreApplication::applicationDirPath() + "/work/"_s + options.loginAccount;
+    removeWorkFolder();
+}
+
+DialogFixture::~DialogFixture()
+{
+    dialog.reset(); // writes what it has not written yet
+    removeWorkFolder();
+}
+
+void DialogFixture::removeWorkFolder()
+{
+    QDir(mWorkFolder).removeRecursively();
+}
 
 void DialogFixture::openHost()
 {
@@ -24,16 +49,45 @@ void DialogFixture::openHost()
 
 void DialogFixture::open(const QString& strategy, const QString& account, BatchInsType type)
 {
-    openHost();
-    dialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, type);
+    construct(type);
     load(strategy);
     accounts().SetCurTradingAccount(account);
+}
+
+void DialogFixture::construct(BatchInsType type)
+{
+    openHost();
+    dialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, type);
+}
+
+void DialogFixture::openDocument(const QVariantList& document, const QString& code, const QString& account)
+{
+    auto& strategies = tables.strategies;
+    const auto isReplaced = [&](const AesStrategy& strategy) { return strategy.name() == code; };
+    strategies.erase(std::remove_if(strategies.begin(), strategies.end(), isReplaced), strategies.end());
+    strategies.append(AesStrategy(code, code, small_market::toJson(document), "algo"_s));
+    open(code, account);
 }
 
 void DialogFixture::load(const QString& strategy)
 {
     const AesStrategy* known = host->referenceData().strategy(strategy);
     dialog->CreateStrategyInitWidget(known == nullptr ? AesStrategy() : *known);
+}
+
+void DialogFixture::loadDocument(const QVariantList& document, const QString& code)
+{
+    dialog->CreateStrategyInitWidget(AesStrategy(code, code, small_market::toJson(document), "algo"_s));
+}
+
+void DialogFixture::chooseAlgoType(const QString& code)
+{
+    algoTypes().setCurrentIndex(algoTypes().findData(code));
+}
+
+QList<HostJournal::Call> DialogFixture::callsOf(const char* operation)
+{
+    return host->journal().callsOf(QString::fromLatin1(operation));
 }
 
 QString DialogFixture::writeFile(const QByteArray& bytes, const QString& name)

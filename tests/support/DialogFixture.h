@@ -23,13 +23,26 @@
 /// before it calls open().
 class DialogFixture : public testing::Test {
 protected:
+    /// The login account, whose ini file stands beside the program, is the test's own.
+    DialogFixture();
+    ~DialogFixture() override;
+
     /// Makes the host (its journal records) and the dialog, loads a strategy and chooses an account.
     void open(const QString& strategy = QStringLiteral("AITWAP"),
               const QString& account = QStringLiteral("CASH1"), BatchInsType type = SelectableStrategy);
     /// Makes the host alone, without a dialog.
     void openHost();
+    /// Makes the host and a dialog that has loaded no strategy.
+    void construct(BatchInsType type = SelectableStrategy);
+    /// Makes everything for a strategy of this code and document, in place of one that the small market has.
+    void openDocument(const QVariantList& document, const QString& code = QStringLiteral("EXTRA"),
+                      const QString& account = QStringLiteral("CASH1"));
     /// Loads another strategy into the open dialog, as the host would.
     void load(const QString& strategy);
+    /// Likewise one that the catalogue does not have.
+    void loadDocument(const QVariantList& document, const QString& code = QStringLiteral("AITWAP"));
+    /// Chooses another algorithm type, as the user would.
+    void chooseAlgoType(const QString& code);
 
     /// Writes rows as a UTF-8 csv file into a fresh folder; returns its path.
     QString writeCsv(const QList<QStringList>& rows, const QString& name = QStringLiteral("list.csv"));
@@ -48,6 +61,8 @@ protected:
     ZelTableView& table() { return child<ZelTableView>("table_paramSettings"); }
     QComboBox& algoTypes() { return child<QComboBox>("cbx_algoType"); }
     SolveyAccountComboBox& accounts() { return child<SolveyAccountComboBox>("combx_account"); }
+    int rowCount() { return table().getViewData().size(); }
+    QList<HostJournal::Call> callsOf(const char* operation);
     DialogInspector inspect() { return DialogInspector(*dialog); }
 
     /// Text of one cell of the table: "0" shown, "256" value.
@@ -66,4 +81,8 @@ protected:
     std::unique_ptr<EmbeddedHost> host;
     std::unique_ptr<AlgoBatchImportParamSetting> dialog;
     QTemporaryDir folder;
+
+private:
+    void removeWorkFolder();
+    QString mWorkFolder; ///< of the login account
 };

@@ -2,6 +2,8 @@
 
 #include "dialog/AlgoBatchImportParamSetting.h"
 
+#include <QVector>
+
 /// Reaches the dialog's private members for tests of operations that no button reaches.
 class DialogInspector {
 public:
@@ -22,6 +24,30 @@ public:
     QStringList& strategyCodes() { return mDialog.mStrategyCodeLst; }
     QList<QMap<QString, QVariant>>& maps() { return mDialog.mAllParamVarMapLst; }
     QString& dateTimeFormat() { return mDialog.mDateTimeFormat; }
+    /// Where the members stand, in the order of their declaration.
+    QVector<const void*> memberAddresses() const
+    {
+        return {&mDialog.ui,
+                &mDialog.mColParamIdMap,
+                &mDialog.mColParamFmtMap,
+                &mDialog.mColOptionMap,
+                &mDialog.mColValueNameMap,
+                &mDialog.mColUiTypeMap,
+                &mDialog.mHeadAliasMap,
+                &mDialog.mTableHeadLst,
+                &mDialog.mSymbolParamLst,
+                &mDialog.mInsParamLst,
+                &mDialog.mExtraColNameLst,
+                &mDialog.mAllParamVarMapLst,
+                &mDialog.mNumericColNameLst,
+                &mDialog.mIsCreatedClose,
+                &mDialog.mStrategy,
+                &mDialog.mStrategyCodeLst,
+                &mDialog.mInsType,
+                &mDialog.mSettings,
+                &mDialog.mIsCsvFile,
+                &mDialog.mDateTimeFormat};
+    }
     bool isCsvFile() const { return mDialog.mIsCsvFile; }
     bool isCreatedClose() const { return mDialog.mIsCreatedClose; }
     QSettings* settings() const { return mDialog.mSettings; }

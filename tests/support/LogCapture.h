@@ -37,6 +37,22 @@ public:
     /// Every line so far, one under the other.
     QString text() const { return lines().join(QLatin1Char('\n')); }
 
+    /// The first of these texts that the log lacks behind the one before it; empty where all came in this
+    /// order.
+    QString firstMissing(const QStringList& expected) const
+    {
+        const QString log = text();
+        int from = 0;
+        for (const QString& part : expected) {
+            const int at = log.indexOf(part, from);
+            if (at < 0) {
+                return part;
+            }
+            from = at + part.size();
+        }
+        return QString();
+    }
+
 private:
     struct Before {
         QLoggingCategory* category;

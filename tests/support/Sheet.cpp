@@ -1,19 +1,14 @@
 #include "tests/support/Sheet.h"
 
 #include "tests/support/SmallMarket.h"
+#include "tests/support/Text.h"
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 /// What a good row holds under a title.
 QString goodCell(const QString& title)
 {
-    static const QMap<QString, QString> cells = {{text("委托金额"), text("100000")},
-                                                 {text("封单金额"), text("1234567")}};
+    static const QMap<QString, QString> cells = {{"委托金额"_s, "100000"_s}, {"封单金额"_s, "1234567"_s}};
     const QStringList header = small_market::ordinaryHeader();
     const int column = header.indexOf(title);
     return column < 0 ? cells.value(title) : small_market::ordinaryRow().at(column);
@@ -22,7 +17,7 @@ QString goodCell(const QString& title)
 QStringList headerWith(const QString& quantity)
 {
     QStringList header = small_market::ordinaryHeader();
-    header.replace(header.indexOf(text("委托数量")), quantity);
+    header.replace(header.indexOf("委托数量"_s), quantity);
     return header;
 }
 
@@ -35,22 +30,20 @@ Sheet Sheet::ordinary()
 
 Sheet Sheet::paired()
 {
-    Sheet sheet({text("证券代码"), text("市场"), text("委托数量"), text("交易方向"), text("委托属性"),
-                 text("委托限价"), text("实例备注"), text("创建后是否立即启动")});
-    sheet.mGoodCells = {{text("交易方向"), text("1/2")},
-                        {text("委托属性"), text("0/0")},
-                        {text("委托限价"), text("10.5/10.6")}};
+    Sheet sheet({"证券代码"_s, "市场"_s, "委托数量"_s, "交易方向"_s, "委托属性"_s, "委托限价"_s, "实例备注"_s,
+                 "创建后是否立即启动"_s});
+    sheet.mGoodCells = {{"交易方向"_s, "1/2"_s}, {"委托属性"_s, "0/0"_s}, {"委托限价"_s, "10.5/10.6"_s}};
     return sheet;
 }
 
 Sheet Sheet::amount()
 {
-    return Sheet(headerWith(text("委托金额")));
+    return Sheet(headerWith("委托金额"_s));
 }
 
 Sheet Sheet::sealing()
 {
-    return Sheet(headerWith(text("封单金额")));
+    return Sheet(headerWith("封单金额"_s));
 }
 
 Sheet& Sheet::add(const QMap<QString, QString>& cells)

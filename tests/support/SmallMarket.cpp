@@ -1,6 +1,7 @@
 #include "tests/support/SmallMarket.h"
 
 #include "host/AlgoConstants.h"
+#include "tests/support/Text.h"
 
 #include <QJsonDocument>
 
@@ -24,7 +25,7 @@ Security security(const char* code, const char* post, const QStringList& exchang
     result.code = text(code);
     result.post = text(post);
     result.symbol = result.code + QLatin1Char('.') + result.post;
-    result.name = text("样本") + result.code;
+    result.name = "样本"_s + result.code;
     result.exchanges = exchanges;
     result.subType = text(subType);
     return result;
@@ -40,24 +41,24 @@ Security with(Security base, int minimum, int step, int precision)
 
 QList<Security> securities()
 {
-    const QStringList sh = {text("SH")};
-    const QStringList sz = {text("SZ")};
-    const QStringList connects = {text("HKSH"), text("HKSZ")};
+    const QStringList sh = {"SH"_s};
+    const QStringList sz = {"SZ"_s};
+    const QStringList connects = {"HKSH"_s, "HKSZ"_s};
     Security repo = with(security("204001", "SH", sh), 10, 10, 3);
     repo.bondRepo = true;
     Security factor = security("131810", "SZ", sz);
     factor.dispFactor = 100;
-    Security futures = with(security("IF2412", "CFE", {text("CFE")}), 1, 1, 2);
-    futures.securityType = text("FUTURES");
+    Security futures = with(security("IF2412", "CFE", {"CFE"_s}), 1, 1, 2);
+    futures.securityType = "FUTURES"_s;
     return {security("600000", "SH", sh),
             security("000001", "SZ", sz),
             with(security("688001", "SH", sh, "STAR"), 200, 1, 2),
-            with(security("430001", "BJ", {text("BJ")}, "BJ_SELECTED"), 100, 1, 2),
+            with(security("430001", "BJ", {"BJ"_s}, "BJ_SELECTED"), 100, 1, 2),
             with(security("510300", "SH", sh), 100, 100, 3),
             repo,
             factor,
             security("00700", "HK", connects, "HK_MAIN"),
-            security("08001", "HK", {text("HKSH")}, "HK_GEM"),
+            security("08001", "HK", {"HKSH"_s}, "HK_GEM"),
             security("00939", "HK", connects, "H_CIRCULATION"),
             security("00001", "HK", {}, "HK_MAIN"),
             futures,
@@ -93,7 +94,7 @@ QList<Quote> quotes()
 
 tagUserAccountInfo account(const char* tradingAccount, const char* type, const char* node)
 {
-    return {text(tradingAccount), text("账户") + text(tradingAccount), text(type), text(type), text(node)};
+    return {text(tradingAccount), "账户"_s + text(tradingAccount), text(type), text(type), text(node)};
 }
 
 QList<SecurityAccount> securityAccounts()
@@ -104,17 +105,17 @@ QList<SecurityAccount> securityAccounts()
             list.append({text(account), exchange, text(account) + QLatin1Char('-') + exchange});
         }
     };
-    add("CASH1", {text("SH"), text("SZ"), text("BJ"), text("HKSH"), text("HKSZ"), text("CFE")});
-    add("NOHK", {text("SH"), text("SZ")});
-    add("CREDIT1", {text("SH"), text("SZ"), text("BJ")});
-    add("FUT1", {text("CFE")});
-    add("ODD", {text("SH"), text("SZ"), text("HKSH")});
+    add("CASH1", {"SH"_s, "SZ"_s, "BJ"_s, "HKSH"_s, "HKSZ"_s, "CFE"_s});
+    add("NOHK", {"SH"_s, "SZ"_s});
+    add("CREDIT1", {"SH"_s, "SZ"_s, "BJ"_s});
+    add("FUT1", {"CFE"_s});
+    add("ODD", {"SH"_s, "SZ"_s, "HKSH"_s});
     return list;
 }
 
 AesStrategy strategy(const char* code, const QVariantList& document)
 {
-    return AesStrategy(text(code), text("策略") + text(code), toJson(document),
+    return AesStrategy(text(code), "策略"_s + text(code), toJson(document),
                        Algo_Values::AlgoGlobalType::algo);
 }
 
@@ -130,26 +131,24 @@ QList<AesStrategy> strategies()
 
 QStringList directions()
 {
-    return {text("Buy=买入"), text("Sell=卖出")};
+    return {"Buy=买入"_s, "Sell=卖出"_s};
 }
 
 QStringList entrustProperties()
 {
-    return {text("0=普通交易"), text("9=信用交易"), text("6=融资买入/卖券还款"), text("7=卖券还款"),
-            text("A=现券卖出")};
+    return {"0=普通交易"_s, "9=信用交易"_s, "6=融资买入/卖券还款"_s, "7=卖券还款"_s, "A=现券卖出"_s};
 }
 
 /// What ordinary instances have beside their security.
 QVariantList instanceParameters(const QStringList& directionOptions)
 {
-    return {combo(text("交易方向"), directionOptions, {{text("required"), true}}),
-            combo(text("委托属性"), entrustProperties(), {{text("required"), true}}),
-            line(text("委托限价"), optional(QString(), QString())),
-            dateTime(text("开始时间"), optional(text("09:30:00"), QString())),
-            dateTime(text("结束时间"), optional(text("currentTime"), QString())),
-            combo(text("风格参数"), {text("neutral=平稳"), text("aggressive=激进")},
-                  optional(text("neutral"), text("平稳"))),
-            line(text("实例备注"), optional(QString(), QString()))};
+    return {combo("交易方向"_s, directionOptions, {{"required"_s, true}}),
+            combo("委托属性"_s, entrustProperties(), {{"required"_s, true}}),
+            line("委托限价"_s, optional(QString(), QString())),
+            dateTime("开始时间"_s, optional("09:30:00"_s, QString())),
+            dateTime("结束时间"_s, optional("currentTime"_s, QString())),
+            combo("风格参数"_s, {"neutral=平稳"_s, "aggressive=激进"_s}, optional("neutral"_s, "平稳"_s)),
+            line("实例备注"_s, optional(QString(), QString()))};
 }
 
 } // namespace
@@ -161,15 +160,14 @@ ReferenceTables tables()
                       market("BJ", "北京", "BJ", 6, "北交所"),   market("HKSH", "沪港通", "HK", 5, "沪港"),
                       market("HKSZ", "深港通", "HK", 5, "深港"), market("CFE", "中金所", "CFE", 0, "中金")};
     tables.securities = securities();
-    tables.futures = {{text("IF2412.CFE"), 300, 1}};
+    tables.futures = {{"IF2412.CFE"_s, 300, 1}};
     tables.accounts = {account("CASH1", "Cash", "node-1"), account("NOHK", "Cash", "node-2"),
                        account("CREDIT1", "Credit", "node-3"), account("FUT1", "Futures", "node-4"),
                        account("ODD", "Other", "")};
     tables.securityAccounts = securityAccounts();
     tables.quotes = quotes();
-    tables.hkRates = {
-        {text("HKSH"), {{text("HKSExchgRateBuy"), text("0.9")}, {text("HKSExchgRateSell"), text("0.95")}}},
-        {text("HKSZ"), {{text("HKSExchgRateBuy"), text("0.8")}}}};
+    tables.hkRates = {{"HKSH"_s, {{"HKSExchgRateBuy"_s, "0.9"_s}, {"HKSExchgRateSell"_s, "0.95"_s}}},
+                      {"HKSZ"_s, {{"HKSExchgRateBuy"_s, "0.8"_s}}}};
     tables.strategies = strategies();
     return tables;
 }
@@ -177,9 +175,9 @@ ReferenceTables tables()
 QVariantMap entry(const QString& name, const QString& ui, const QVariantMap& more)
 {
     QVariantMap map = more;
-    map[text("paramName")] = name;
-    map[text("paramId")] = more.value(text("paramId"), name);
-    map[text("ui")] = ui;
+    map["paramName"_s] = name;
+    map["paramId"_s] = more.value("paramId"_s, name);
+    map["ui"_s] = ui;
     return map;
 }
 
@@ -198,24 +196,22 @@ QVariantMap combo(const QString& name, const QStringList& options, const QVarian
     QVariantList list;
     for (const QString& option : options) {
         const int equals = option.indexOf(QLatin1Char('='));
-        list.append(
-            QVariantMap{{text("value"), option.left(equals)}, {text("display"), option.mid(equals + 1)}});
+        list.append(QVariantMap{{"value"_s, option.left(equals)}, {"display"_s, option.mid(equals + 1)}});
     }
     QVariantMap map = more;
-    map[text("options")] = list;
+    map["options"_s] = list;
     return entry(name, Algo_Values::AlgoParamUiType::ComboBox, map);
 }
 
 QVariantMap table(const QVariantList& columns)
 {
-    return entry(text("证券列表"), Algo_Values::AlgoParamUiType::Table, {{text("columns"), columns}});
+    return entry("证券列表"_s, Algo_Values::AlgoParamUiType::Table, {{"columns"_s, columns}});
 }
 
 QVariantMap optional(const QString& defaultValue, const QString& defaultShown)
 {
-    return {
-        {text("required"), false},
-        {text("strDefault"), QVariantMap{{text("value"), defaultValue}, {text("display"), defaultShown}}}};
+    return {{"required"_s, false},
+            {"strDefault"_s, QVariantMap{{"value"_s, defaultValue}, {"display"_s, defaultShown}}}};
 }
 
 QString toJson(const QVariantList& document)
@@ -225,41 +221,39 @@ QString toJson(const QVariantList& document)
 
 QVariantList ordinaryDocument()
 {
-    return QVariantList{table({line(text("证券代码")), line(text("委托数量"))})} +
-           instanceParameters(directions());
+    return QVariantList{table({line("证券代码"_s), line("委托数量"_s)})} + instanceParameters(directions());
 }
 
 QVariantList futuresDocument()
 {
-    return QVariantList{table({line(text("证券代码")), line(text("委托数量"))})} +
-           instanceParameters({text("BuyOpen=买入开仓"), text("SellOpen=卖出开仓"), text("BuyClose=买入平仓"),
-                               text("SellClose=卖出平仓"), text("Buy=买入"), text("Sell=卖出")});
+    return QVariantList{table({line("证券代码"_s), line("委托数量"_s)})} +
+           instanceParameters({"BuyOpen=买入开仓"_s, "SellOpen=卖出开仓"_s, "BuyClose=买入平仓"_s,
+                               "SellClose=卖出平仓"_s, "Buy=买入"_s, "Sell=卖出"_s});
 }
 
 QVariantList pairedDocument()
 {
-    return {table({line(text("证券代码")), line(text("委托数量")), combo(text("交易方向"), directions()),
-                   combo(text("委托属性"), entrustProperties()), line(text("委托限价"))}),
-            line(text("实例备注"), optional(QString(), QString()))};
+    return {table({line("证券代码"_s), line("委托数量"_s), combo("交易方向"_s, directions()),
+                   combo("委托属性"_s, entrustProperties()), line("委托限价"_s)}),
+            line("实例备注"_s, optional(QString(), QString()))};
 }
 
 QVariantList amountDocument()
 {
-    return QVariantList{table({line(text("证券代码"))}), line(text("委托金额"), {{text("required"), true}})} +
+    return QVariantList{table({line("证券代码"_s)}), line("委托金额"_s, {{"required"_s, true}})} +
            instanceParameters(directions());
 }
 
 QVariantList sealingDocument()
 {
-    return QVariantList{table({line(text("证券代码"))}), line(text("封单金额"), {{text("required"), true}})} +
+    return QVariantList{table({line("证券代码"_s)}), line("封单金额"_s, {{"required"_s, true}})} +
            instanceParameters(directions());
 }
 
 QStringList ordinaryHeader()
 {
-    return {text("证券代码"), text("证券名称"), text("市场"),     text("委托数量"),
-            text("交易方向"), text("委托属性"), text("委托限价"), text("开始时间"),
-            text("结束时间"), text("风格参数"), text("实例备注"), text("创建后是否立即启动")};
+    return {"证券代码"_s, "证券名称"_s, "市场"_s,     "委托数量"_s, "交易方向"_s, "委托属性"_s,
+            "委托限价"_s, "开始时间"_s, "结束时间"_s, "风格参数"_s, "实例备注"_s, "创建后是否立即启动"_s};
 }
 
 QStringList ordinaryRow(const QString& code, const QString& market, const QString& quantity,
@@ -270,13 +264,13 @@ QStringList ordinaryRow(const QString& code, const QString& market, const QStrin
             market,
             quantity,
             direction,
-            text("0"),
-            text("10.5"),
-            text("2024-3-5 9:30:0"),
-            text("2024-03-05 14:57:00"),
-            text("neutral"),
-            text("备忘"),
-            text("7")};
+            "0"_s,
+            "10.5"_s,
+            "2024-3-5 9:30:0"_s,
+            "2024-03-05 14:57:00"_s,
+            "neutral"_s,
+            "备忘"_s,
+            "7"_s};
 }
 
 } // namespace small_market

@@ -27,6 +27,7 @@ inline table_reader::Table inspect(const QByteArray& bytes)
 /// What was read, cells between bars and each row on a line: "a|b\n1|2\n"; or "! " and the error.
 inline std::string shown(const table_reader::Table& table)
 {
+    EXPECT_TRUE(table.error.isEmpty() || table.rows.isEmpty()) << "an error comes with no rows";
     QString text;
     for (const QStringList& row : table.rows) {
         text += row.join(QLatin1Char('|')) + QLatin1Char('\n');

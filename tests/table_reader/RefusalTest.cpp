@@ -1,4 +1,5 @@
 #include "embedded_host/table_reader/BiffStream.h"
+#include "tests/support/RestrictedPath.h"
 #include "tests/table_reader/Reading.h"
 #include "tests/table_reader/Samples.h"
 
@@ -49,6 +50,19 @@ TEST(RefusedPaths, EachHaveTheirSentence)
     const QString pipe = folder.filePath(QStringLiteral("pipe.csv"));
     ASSERT_EQ(0, mkfifo(QFile::encodeName(pipe).constData(), 0600));
     EXPECT_EQ("! 所选路径不是普通文件，无法读取", shown(readTable(pipe)));
+}
+
+TEST(RefusedPaths, OfAFileThatMayNotBeReadSaysSo)
+{
+    QTemporaryDir folder;
+    QFile::setPermissions(folder.path(), RestrictedPath::ReadAndEnter | QFile::WriteOwner);
+    const QString path = folder.filePath(QStringLiteral("list.csv"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("600000\n");
+    file.close();
+    const RestrictedPath locked(path, QFile::Permissions());
+    EXPECT_EQ(shown(readTable(path)).rfind("! 文件无法打开", 0), 0U) << shown(readTable(path));
 }
 
 TEST(RefusedPaths, DoNotCountTheFilesName)
@@ -178,9 +192,33 @@ TEST(DamagedStreams, AreRefusedHoweverTheyAreCut)
     for (int length = 8; length < stream.size(); ++length) {
         EXPECT_FALSE(tableOf(stream.left(length)).error.isEmpty()) << length;
     }
+}
+
+TEST(DamagedContainers, LoseNoRowHoweverTheyAreCut)
+{
+    const QByteArray stream =
+        workbookStream(biff::Version8, QByteArray(), {{"a", Biff().number(0, 0, 1).number(1, 0, 2).bytes()}});
     const QByteArray whole = ole({{QStringLiteral("Workbook"), stream}});
+    ASSERT_EQ("1\n2\n", shown(whole));
+    int refused = 0;
     for (int length = 16; length < whole.size(); length += 64) {
-        tableOf(whole.left(length)); // may be read where only padding is lost; must come back
+        const std::string read = shown(whole.left(length));
+        if (read != "1\n2\n") { // as it is where only padding is lost
+            EXPECT_EQ("! ", read.substr(0, 2)) << length;
+            ++refused;
+        }
+    }
+    EXPECT_GT(refused, 0);
+}
+
+TEST(DamagedContainers, OfOpenDocumentsAreRefusedHoweverTheyAreCut)
+{
+    const QByteArray whole =
+        ods("<table:table><table:table-row><table:table-cell office:value-type=\"float\" "
+            "office:value=\"1\"/></table:table-row></table:table>");
+    ASSERT_EQ("1\n", shown(whole));
+    for (int length = 4; length < whole.size() - 1; length += 7) {
+        EXPECT_EQ("! ", shown(whole.left(length)).substr(0, 2)) << length;
     }
 }
 

@@ -196,16 +196,20 @@ TEST(XlsxParts, ThatAreReferencedAndMissingAreAnError)
     EXPECT_EQ("! 文件已损坏，无法读取：缺少部件xl/styles.xml", shown(sample.file()));
 }
 
-TEST(XlsxParts, LeadToTheWorkbookByContentTypeToo)
+TEST(XlsxParts, LeadToTheWorkbookByContentTypeTooWithMacrosOrWithout)
 {
-    Parts parts = Xlsx().parts();
-    parts.removeFirst();
-    parts[2].second = worksheet(OneCell);
-    parts.append({QStringLiteral("[Content_Types].xml"),
-                  "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\"><Override "
-                  "PartName=\"/xl/workbook.xml\" ContentType=\"application/"
-                  "vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml\"/></Types>"});
-    EXPECT_EQ("here\n", shown(zip(parts)));
+    for (const char* const type : {"vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml",
+                                   "vnd.ms-excel.sheet.macroEnabled.main+xml"}) {
+        Parts parts = Xlsx().parts();
+        parts.removeFirst();
+        parts[2].second = worksheet(OneCell);
+        parts.append(
+            {QStringLiteral("[Content_Types].xml"),
+             QByteArray("<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
+                        "<Override PartName=\"/xl/workbook.xml\" ContentType=\"application/") +
+                 type + "\"/></Types>"});
+        EXPECT_EQ("here\n", shown(zip(parts))) << type;
+    }
 }
 
 TEST(XlsxRows, StopBehindTheOnesWanted)

@@ -26,7 +26,7 @@ QStringList rowWith(const QString& code, const QString& market, const QString& d
                     const QString& property)
 {
     QStringList row = ordinaryRow(code, market, "1000"_s, direction);
-    row[5] = property;
+    row[ordinaryHeader().indexOf(Property)] = property;
     return row;
 }
 
@@ -164,8 +164,7 @@ TEST_F(BatchCheck, AnUnpairedRowWithoutTheKeyIsNotChecked)
     without.remove(Property);
     host->journal().clear();
     EXPECT_EQ(check({without}), QString());
-    EXPECT_TRUE(
-        host->journal().callsOf("SolveyBusinessDataInterface::GetAccountInfoListFromTrade"_s).isEmpty());
+    EXPECT_TRUE(callsOf("SolveyBusinessDataInterface::GetAccountInfoListFromTrade").isEmpty());
 }
 
 TEST_F(BatchCheck, AnUnpairedRowDoesNotLookAtItsLegsProperty)
@@ -181,7 +180,7 @@ TEST_F(BatchCheck, APairedRowTakesPropertyAndDirectionFromItsFirstLeg)
     for (const QString& strategy :
          {"AIPAIR"_s, "AIPAIRBASIC"_s, "AIPAIRPLUS"_s, "AILOCK"_s, "AILOCKPLUS"_s, "AILOCK3"_s}) {
         open();
-        dialog->CreateStrategyInitWidget(AesStrategy(strategy, strategy, "[]"_s, "algo"_s));
+        loadDocument({}, strategy);
         accounts().SetCurTradingAccount("CREDIT1"_s);
         QVariantMap leg = security("600000.SH"_s, "SH"_s);
         leg[Property] = "7"_s;
@@ -248,7 +247,7 @@ TEST_F(BatchCheck, TheRecordsAreFetchedAnewForEveryRow)
     importRows({ordinaryHeader(), ordinaryRow(), ordinaryRow(), ordinaryRow()});
     host->journal().clear();
     EXPECT_EQ(confirm(), QString());
-    const auto asked = host->journal().callsOf("SolveyBusinessDataInterface::GetAccountInfoListFromTrade"_s);
+    const auto asked = callsOf("SolveyBusinessDataInterface::GetAccountInfoListFromTrade");
     ASSERT_EQ(asked.size(), 3);
     EXPECT_EQ(asked.last().arguments, (QVariantList{"CASH1"_s, true}));
 }

@@ -72,7 +72,7 @@ protected:
     void openUnder(const QString& strategy)
     {
         open();
-        dialog->CreateStrategyInitWidget(AesStrategy(strategy, strategy, "[]"_s, "algo"_s));
+        loadDocument({}, strategy);
     }
 
     void expectRow(const Decision& row, const char* expected, const QString& account)
@@ -159,7 +159,7 @@ TEST_F(EntrustDecision, TheRecordsAreAskedForWithTheAccountAndTrue)
     host->journal().clear();
     inspect().checkEntrustProp(1, "0"_s, "CASH1"_s);
     inspect().checkEntrustProp(1, "0"_s, "NOHK"_s, "Buy"_s);
-    const auto asked = host->journal().callsOf("SolveyBusinessDataInterface::GetAccountInfoListFromTrade"_s);
+    const auto asked = callsOf("SolveyBusinessDataInterface::GetAccountInfoListFromTrade");
     ASSERT_EQ(asked.size(), 2);
     EXPECT_EQ(asked.at(0).arguments, (QVariantList{"CASH1"_s, true}));
     EXPECT_EQ(asked.at(1).arguments, (QVariantList{"NOHK"_s, true}));

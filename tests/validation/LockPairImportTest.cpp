@@ -35,13 +35,8 @@ class LockPairImport : public DialogFixture {};
 
 TEST_F(LockPairImport, ARowOfTwoValuesBecomesTwoLegsAndPassesTheConfirmation)
 {
-    const QStringList strategies = {"AILOCK"_s, "AILOCKPLUS"_s, "AILOCK3"_s};
-    tables.strategies.clear();
-    for (const QString& code : strategies) {
-        tables.strategies.append(AesStrategy(code, code + "别名"_s, toJson(pairedDocument()), "algo"_s));
-    }
-    for (const QString& code : strategies) {
-        open(code);
+    for (const QString& code : {"AILOCK"_s, "AILOCKPLUS"_s, "AILOCK3"_s}) {
+        openDocument(pairedDocument(), code);
         importRows({header(), pair()});
         EXPECT_EQ(lastBoxText(), QString());
         EXPECT_EQ(shown(0, "交易方向"_s), "买入/卖出"_s);

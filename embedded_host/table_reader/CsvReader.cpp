@@ -197,8 +197,10 @@ Outcome attempt(QIODevice& file, const ReadOptions& options, const QString& enco
     outcome.error = reading.read(stopAtFault);
     outcome.faults = reading.faults();
     outcome.stopped = reading.isStopped();
-    outcome.table = std::move(reading.table());
-    outcome.table.inspection.replacedCharacters = outcome.faults;
+    if (!outcome.stopped) { // at most two tables at a time are in memory, not three
+        outcome.table = std::move(reading.table());
+        outcome.table.inspection.replacedCharacters = outcome.faults;
+    }
     return outcome;
 }
 

@@ -50,8 +50,23 @@ bool SheetRows::put(int row, int column, const QString& text)
 
 void SheetRows::noteNumber(int row, int column, const QString& raw)
 {
-    if (mInspects && row < mMaxRows) {
+    if (mInspects && row < mMaxRows && mTable.inspection.numbers.size() < limits::StoredNumbers) {
         mTable.inspection.numbers.insert({row, column}, raw);
+    }
+}
+
+void SheetRows::noteHiddenRow(int row)
+{
+    if (mInspects && row < mMaxRows) {
+        mTable.inspection.hiddenRows.insert(row);
+    }
+}
+
+void SheetRows::noteMergedArea(const QRect& area)
+{
+    QList<QRect>& areas = mTable.inspection.mergedAreas;
+    if (mInspects && area.isValid() && area.top() < mMaxRows && areas.size() < limits::MergedAreas) {
+        areas.append(area);
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "embedded_host/table_reader/Limits.h"
+
 #include <QString>
 
 /// The sentences with which the table reader refuses a file, for the user.
@@ -157,9 +159,9 @@ inline QString tooManySheets()
 {
     return tooLarge(QStringLiteral("工作表过多"));
 }
-inline QString tooManyColumns()
+inline QString tooManyColumns(int row)
 {
-    return tooLarge(QStringLiteral("列数过多"));
+    return tooLarge(QStringLiteral("第%1行超过%2列").arg(row + 1).arg(limits::Columns));
 }
 inline QString tooManyCells()
 {

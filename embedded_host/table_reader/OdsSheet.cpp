@@ -103,7 +103,7 @@ void OdsSheet::readCell(QVector<Cell>& cells, int& column)
         return;
     }
     if (cell.column + qint64(repeated) > limits::Columns) {
-        mPart.fail(message::tooManyColumns());
+        mPart.fail(message::tooManyColumns(mRow));
     }
     cells.append(cell);
 }

@@ -19,7 +19,7 @@ bool SheetRows::put(int row, int column, const QString& text)
         return true;
     }
     if (column >= limits::Columns) {
-        mError = message::tooManyColumns();
+        mError = message::tooManyColumns(row);
     } else if (text.size() > limits::CellCharacters) {
         mError = message::cellTooLong(cellAddress(row, column));
     } else if ((mCharacters += text.size()) > limits::TableCharacters) {

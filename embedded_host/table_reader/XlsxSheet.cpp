@@ -94,7 +94,7 @@ void XlsxSheet::readCell(XmlPart& part)
     mColumn = head.at.column;
     const Content content = readContent(part);
     if (head.at.column >= limits::Columns) {
-        part.fail(message::tooManyColumns());
+        part.fail(message::tooManyColumns(head.at.row));
     } else if (!store(head, content)) {
         part.fail(mRows.error());
     }

@@ -121,7 +121,7 @@ TEST(OdsRepetition, StopsBehindTheRowsWanted)
 TEST(OdsRepetition, BeyondTheColumnsOfASheetIsRefused)
 {
     EXPECT_EQ(
-        "! 文件超出读取限制：列数过多",
+        "! 文件超出读取限制：第1行超过16384列",
         cells("<table:table-cell table:number-columns-repeated=\"99999999\" office:value-type=\"string\">"
               "<text:p>x</text:p></table:table-cell>"));
 }

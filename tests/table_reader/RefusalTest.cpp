@@ -195,12 +195,14 @@ TEST(DamagedArchives, AreRefusedByTheChecksumThoughEmptyRowsFillTheSheet)
     EXPECT_EQ("! 文件已损坏，无法读取：部件content.xml校验失败", shown(damaged));
 }
 
-TEST(DamagedArchives, AreNotInflatedToTheEndForTheChecksum)
+TEST(DamagedArchives, AreReadWhereTheFaultLiesFarBehindTheTextsWanted)
 {
-    Xlsx sample = oneCell();
+    Xlsx sample;
     sample.sheetData = "<row><c t=\"s\"><v>0</v></c></row>";
-    sample.texts = "<si><t>a</t></si>" + QByteArray(20 << 20, ' ');
-    EXPECT_EQ("a\n", shown(sample.file()));
+    sample.texts = "<si><t>a</t></si>" + QByteArray(20 << 20, ' ') + "<!--far behind-->";
+    QByteArray damaged = zip(sample.parts(), false);
+    damaged.replace("far behind", "FAR BEHIND");
+    EXPECT_EQ("a\n", shown(damaged));
 }
 
 TEST(DamagedParts, AreInAnEncodingWithoutAscii)
@@ -296,8 +298,8 @@ TEST(Limits, RefuseArchivesOfManyMegabytes)
 
 TEST(Limits, RefuseTooManyColumns)
 {
-    EXPECT_EQ("! 文件超出读取限制：列数过多", shown(QByteArray(20000, ',')));
-    EXPECT_EQ("! 文件超出读取限制：列数过多",
+    EXPECT_EQ("! 文件超出读取限制：第2行超过16384列", shown("a\n" + QByteArray(20000, ',')));
+    EXPECT_EQ("! 文件超出读取限制：第1行超过16384列",
               shown(withSheet(worksheet("<row>" + QByteArray("<c/>").repeated(16385) + "</row>"))));
 }
 

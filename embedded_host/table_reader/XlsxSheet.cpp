@@ -11,6 +11,7 @@ namespace table_reader {
 namespace {
 
 constexpr int MaxSheetRow = 1 << 24;
+constexpr int EnoughLateRows = 64; // behind so many, each below the one before, no row is wanted
 
 QStringRef value(const QXmlStreamAttributes& attributes, const char* name)
 {
@@ -52,8 +53,8 @@ void XlsxSheet::readRows(XmlPart& part)
     }
 }
 
-/// Rows without a number follow the one before. False where the row is not wanted. A late row after a gap
-/// does not end the reading: some writers do not keep rows in order, and one that is wanted may come yet.
+/// Rows without a number follow the one before. False where the row is not wanted. The first late row does
+/// not end the reading: some writers do not keep rows in order, and one that is wanted may come yet.
 bool XlsxSheet::enterRow(XmlPart& part)
 {
     const QXmlStreamAttributes attributes = part.attributes();
@@ -67,7 +68,7 @@ bool XlsxSheet::enterRow(XmlPart& part)
     mColumn = -1;
     mIsRising = mIsRising && mRow > before;
     if (mRow >= mRows.maxRows()) {
-        mPastEnd = mIsRising && mRow == before + 1;
+        mPastEnd = mIsRising && ++mLateRows == EnoughLateRows;
         return false;
     }
     if (boolValue(value(attributes, "hidden"))) {

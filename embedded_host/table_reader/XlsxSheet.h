@@ -11,7 +11,7 @@ namespace table_reader {
 class XmlPart;
 class ZipArchive;
 
-/// Reads the cells of one worksheet part. Stops where only rows beyond the ones wanted follow.
+/// Reads the cells of one worksheet part. Stops where only rows beyond the ones wanted seem to follow.
 class XlsxSheet {
 public:
     XlsxSheet(const QVector<NumberFormat>& styles, DateSystem dates, SheetRows& rows, SharedTexts& texts)
@@ -54,7 +54,8 @@ private:
     int mRow = -1;
     int mColumn = -1;
     bool mIsRising = true; ///< no row so far stood behind a later one
-    bool mPastEnd = false; ///< only rows beyond the ones wanted follow
+    int mLateRows = 0;     ///< beyond the ones wanted
+    bool mPastEnd = false; ///< no row follows that is wanted
 };
 
 } // namespace table_reader

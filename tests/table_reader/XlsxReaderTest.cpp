@@ -243,13 +243,24 @@ TEST(XlsxRows, StopBehindTheOnesWanted)
     EXPECT_EQ("1002", table.rows.last().first().toStdString());
 }
 
+TEST(XlsxRows, StopBehindTheOnesWantedThoughThereAreGaps)
+{
+    QByteArray data;
+    for (int row = 1; row <= 1201; row += 2) {
+        data += "<row r=\"" + QByteArray::number(row) + "\"><c><v>1</v></c></row>";
+    }
+    Xlsx sample;
+    sample.sheetData = data + "<never read";
+    EXPECT_EQ(1001, tableOf(sample.file()).rows.size());
+}
+
 TEST(XlsxRows, AreReadWhereverTheyStand)
 {
     const auto row = [](int number) {
         return "<row r=\"" + QByteArray::number(number) + "\"><c><v>" + QByteArray::number(number) +
                "</v></c></row>";
     };
-    EXPECT_EQ("1\n2\n", rows(row(1) + row(2000) + row(2)));
+    EXPECT_EQ("1\n2\n", rows(row(1) + row(2000) + row(2001) + row(2)));
     EXPECT_EQ("1\n2\n3\n", rows(row(3) + row(2) + row(2000) + row(2001) + row(1)));
 }
 

@@ -50,7 +50,7 @@ bool splitCsv(const QByteArray& bytes, const QString& path, QVector<CsvRecord>& 
         error = reference_faults::at(path, invalidUtf8Line(bytes), reference_faults::invalidUtf8());
         return false;
     }
-    CsvTokenizer csv(QLatin1Char(','));
+    table_reader::CsvTokenizer csv(QLatin1Char(','));
     csv.feed(*text);
     csv.finish();
     CsvRecord record;

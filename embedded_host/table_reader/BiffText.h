@@ -23,7 +23,7 @@ public:
     }
 
     /// The next text, with a length of one or two bytes before it; `keep` false passes it over. False: it is
-    /// cut off, or longer than a cell may be.
+    /// cut off.
     bool read(int lengthBytes, bool keep, QString& text);
 
 private:

@@ -15,7 +15,7 @@ QString cellAddress(int row, int column)
 
 CellPosition parseCellAddress(const QStringRef& text)
 {
-    constexpr int MaxRow = 1 << 30;
+    constexpr int MaxRow = 100'000'000;
     int row = 0;
     int column = 0;
     for (const QChar c : text) {
@@ -27,7 +27,7 @@ CellPosition parseCellAddress(const QStringRef& text)
         } else if (c != QLatin1Char('$')) {
             return {};
         }
-        if (column > limits::Columns || row > MaxRow / 10) {
+        if (column > limits::Columns || row > MaxRow) {
             return {};
         }
     }

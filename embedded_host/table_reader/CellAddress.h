@@ -13,7 +13,7 @@ struct CellPosition {
     bool isValid() const { return row >= 0 && column >= 0; }
 };
 
-/// Reads A1, $A$1 or a1. Rows beyond 2^30 and columns beyond XFD are no address.
+/// Reads A1, $A$1 or a1. Rows beyond 100,000,000 and columns beyond XFD are no address.
 CellPosition parseCellAddress(const QStringRef& text);
 
 } // namespace table_reader

@@ -46,7 +46,7 @@ QChar separatorOf(const QString& text)
 class CsvAttempt {
 public:
     CsvAttempt(QIODevice& file, const ReadOptions& options, const QString& encoding)
-        : mFile(file), mMaxRows(options.maxRows), mDecoder(encoding)
+        : mFile(file), mMaxRows(options.maxRows), mInspects(options.inspect), mDecoder(encoding)
     {
         mTable.encoding = encoding;
     }
@@ -67,6 +67,7 @@ private:
 
     QIODevice& mFile;
     int mMaxRows;
+    bool mInspects;
     TextDecoder mDecoder;
     Table mTable;
     std::optional<CsvTokenizer> mTokenizer; ///< from the first piece on, which tells the separator
@@ -154,7 +155,9 @@ QString CsvAttempt::takeRows()
             return error;
         }
         mTable.rows.append(cells);
-        mTable.inspection.lines.append(mTokenizer->recordLine());
+        if (mInspects) {
+            mTable.inspection.lines.append(mTokenizer->recordLine());
+        }
     }
     return QString();
 }
@@ -163,7 +166,7 @@ QString CsvAttempt::take(const QStringList& cells)
 {
     mCells += cells.size();
     if (cells.size() > limits::Columns) {
-        return message::tooManyColumns();
+        return message::tooManyColumns(mTable.rows.size());
     }
     if (mCells > limits::Cells) {
         return message::tooManyCells();
@@ -197,8 +200,10 @@ Outcome attempt(QIODevice& file, const ReadOptions& options, const QString& enco
     outcome.error = reading.read(stopAtFault);
     outcome.faults = reading.faults();
     outcome.stopped = reading.isStopped();
-    outcome.table = std::move(reading.table());
-    outcome.table.inspection.replacedCharacters = outcome.faults;
+    if (!outcome.stopped) { // at most two tables at a time are in memory, not three
+        outcome.table = std::move(reading.table());
+        outcome.table.inspection.replacedCharacters = options.inspect ? outcome.faults : 0;
+    }
     return outcome;
 }
 
@@ -230,9 +235,6 @@ QString readCsv(QIODevice& file, const ReadOptions& options, Table& table)
     table = std::move(outcome.table);
     table.format = QStringLiteral("csv");
     restoreCells(table.rows);
-    if (!options.inspect) {
-        table.inspection = {};
-    }
     return outcome.error;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+namespace table_reader {
 namespace {
 
 constexpr QLatin1Char Quote('"');
@@ -153,3 +154,5 @@ void CsvTokenizer::countLine(QChar character)
     }
     mAfterCarriageReturn = character == CarriageReturn;
 }
+
+} // namespace table_reader

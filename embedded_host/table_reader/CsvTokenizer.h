@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace table_reader {
+
 /// Splits csv text into records by RFC 4180 with LF, CRLF or CR. Text is fed in pieces of any size; a record,
 /// a quoted cell or a CRLF may span them.
 ///
@@ -68,3 +70,5 @@ private:
     bool mOpenQuote = false;
     int mOpenQuoteLine = 0;
 };
+
+} // namespace table_reader

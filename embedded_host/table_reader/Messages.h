@@ -1,5 +1,7 @@
 #pragma once
 
+#include "embedded_host/table_reader/Limits.h"
+
 #include <QString>
 
 /// The sentences with which the table reader refuses a file, for the user.
@@ -105,11 +107,28 @@ inline QString damagedPart(const QString& part)
 }
 inline QString damagedXml(const QString& part, qint64 line, qint64 column)
 {
-    return damaged(QStringLiteral("部件%1第%2行第%3列不是有效的XML").arg(part).arg(line).arg(column));
+    return damaged(QStringLiteral("部件%1第%2行第%3列不是有效的XML")
+                       .arg(part, QString::number(line), QString::number(column)));
 }
 inline QString unexpectedXml(const QString& part)
 {
     return damaged(QStringLiteral("部件%1的内容与其用途不符").arg(part));
+}
+inline QString badAddress(const QString& part, const QString& address)
+{
+    return damaged(QStringLiteral("部件%1的单元格地址“%2”无效").arg(part, address.left(40)));
+}
+inline QString badRowNumber(const QString& part, const QString& number)
+{
+    return damaged(QStringLiteral("部件%1的行号“%2”无效").arg(part, number.left(40)));
+}
+inline QString missingSheet(const QString& sheet)
+{
+    return damaged(QStringLiteral("缺少工作表“%1”的内容").arg(sheet));
+}
+inline QString foreignEncoding(const QString& part)
+{
+    return QStringLiteral("部件%1的文字编码不受支持，请用电子表格程序另存后再导入").arg(part);
 }
 inline QString documentType(const QString& part)
 {
@@ -132,9 +151,17 @@ inline QString tooLarge(const QString& what)
 {
     return QStringLiteral("文件超出读取限制：%1").arg(what);
 }
-inline QString tooManyColumns()
+inline QString fileTooLarge()
 {
-    return tooLarge(QStringLiteral("列数过多"));
+    return tooLarge(QStringLiteral("文件过大"));
+}
+inline QString tooManySheets()
+{
+    return tooLarge(QStringLiteral("工作表过多"));
+}
+inline QString tooManyColumns(int row)
+{
+    return tooLarge(QStringLiteral("第%1行超过%2列").arg(row + 1).arg(limits::Columns));
 }
 inline QString tooManyCells()
 {
@@ -155,6 +182,14 @@ inline QString tooManyParts()
 inline QString partTooLarge(const QString& part)
 {
     return tooLarge(QStringLiteral("部件%1解压后过大").arg(part));
+}
+inline QString tooManyAttributes(const QString& part)
+{
+    return tooLarge(QStringLiteral("部件%1的一个标签中属性过多").arg(part));
+}
+inline QString tooManyNamespaces(const QString& part)
+{
+    return tooLarge(QStringLiteral("部件%1的命名空间过多").arg(part));
 }
 inline QString nestedTooDeep(const QString& part)
 {

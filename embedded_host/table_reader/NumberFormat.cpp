@@ -1,5 +1,7 @@
 #include "embedded_host/table_reader/NumberFormat.h"
 
+#include <algorithm>
+
 namespace table_reader {
 namespace {
 
@@ -44,10 +46,12 @@ struct Letters {
     bool month = false;
     bool clock = false; ///< h or s
     bool elapsed = false;
+    bool eastern = false; ///< e or b alone, a year; aaa or aaaa, a day of the week
+    bool digits = false;  ///< 0, # or ?, as in 0.00E+00: then those letters mean something else
 
-    void note(QChar letter)
+    void note(QChar character)
     {
-        switch (letter.toLower().unicode()) {
+        switch (character.toLower().unicode()) {
         case u'y':
         case u'd':
             day = true;
@@ -59,9 +63,36 @@ struct Letters {
         case u's':
             clock = true;
             break;
+        case u'0':
+        case u'#':
+        case u'?':
+            digits = true;
+            break;
+        }
+    }
+
+    /// Letters that stand together, such as yyyy, AM or General.
+    void noteRun(const QStringRef& run)
+    {
+        const QChar first = run.at(0).toLower();
+        const bool isOneLetter =
+            std::all_of(run.begin(), run.end(), [first](QChar c) { return c.toLower() == first; });
+        constexpr int ShortestWeekday = 3;
+        eastern = eastern || (isOneLetter && (first == u'e' || first == u'b' ||
+                                              (first == u'a' && run.size() >= ShortestWeekday)));
+        for (const QChar letter : run) {
+            note(letter);
         }
     }
 };
+
+int endOfRun(const QString& code, int at)
+{
+    const auto isLetter = [](QChar c) {
+        return (c.unicode() | 0x20) >= u'a' && (c.unicode() | 0x20) <= u'z';
+    };
+    return static_cast<int>(std::find_if_not(code.begin() + at, code.end(), isLetter) - code.begin());
+}
 
 int endOf(const QString& code, int begin, QChar closing)
 {
@@ -89,7 +120,12 @@ Letters lettersOf(const QString& code)
             break;
         }
         default:
-            letters.note(code.at(at));
+            if (const int end = endOfRun(code, at); end > at) {
+                letters.noteRun(code.midRef(at, end - at));
+                at = end - 1;
+            } else {
+                letters.note(code.at(at));
+            }
         }
     }
     return letters;
@@ -114,13 +150,25 @@ NumberFormat customFormat(const QString& code)
         return NumberFormat::Plain;
     }
     const Letters letters = lettersOf(code);
-    if (letters.day || (letters.month && !letters.clock && !letters.elapsed)) {
+    const bool isDay = letters.day || (letters.eastern && !letters.digits);
+    if (isDay || (letters.month && !letters.clock && !letters.elapsed)) {
         return NumberFormat::Date;
     }
     if (letters.elapsed) {
         return NumberFormat::Elapsed;
     }
     return letters.clock ? NumberFormat::Time : NumberFormat::Plain;
+}
+
+QVector<NumberFormat> formatsOf(const QVector<int>& numbers, const QHash<int, NumberFormat>& custom)
+{
+    QVector<NumberFormat> formats;
+    formats.reserve(numbers.size());
+    for (const int number : numbers) {
+        const auto own = custom.constFind(number);
+        formats.append(own == custom.cend() ? builtInFormat(number) : *own);
+    }
+    return formats;
 }
 
 } // namespace table_reader

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
+#include <QVector>
 
 namespace table_reader {
 
@@ -19,5 +21,8 @@ NumberFormat builtInFormat(int number);
 /// The kind of a format of the workbook's own, from the first section of its code: "yyyy\-mm\-dd;@" is a
 /// date.
 NumberFormat customFormat(const QString& code);
+
+/// The formats of these numbers, as the workbook says by its own formats or else as every workbook has them.
+QVector<NumberFormat> formatsOf(const QVector<int>& numbers, const QHash<int, NumberFormat>& custom);
 
 } // namespace table_reader

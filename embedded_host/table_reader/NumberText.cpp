@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -15,11 +16,26 @@ constexpr qint64 DayMilliseconds = 24 * 60 * 60 * 1000;
 constexpr double LastSerial1900 = 2958466; // the day after 31 December 9999
 constexpr qint64 LeapDay1900 = 60;
 
+QString padded(qint64 value, int width)
+{
+    return QStringLiteral("%1").arg(value, width, 10, QLatin1Char('0'));
+}
+
+QString clockText(qint64 milliseconds)
+{
+    const qint64 seconds = milliseconds / 1000;
+    return padded(seconds / 3600, 2) + QLatin1Char(':') + padded(seconds / 60 % 60, 2) + QLatin1Char(':') +
+           padded(seconds % 60, 2);
+}
+
+/// For a time below a day that may have been rounded up to a whole one.
+QString timeOfDayText(qint64 milliseconds)
+{
+    return clockText(std::min(milliseconds, DayMilliseconds - 1));
+}
+
 QString dateText(int year, int month, int day, qint64 milliseconds)
 {
-    const auto padded = [](qint64 value, int width) {
-        return QStringLiteral("%1").arg(value, width, 10, QLatin1Char('0'));
-    };
     return padded(year, 4) + QLatin1Char('-') + padded(month, 2) + QLatin1Char('-') + padded(day, 2) +
            QLatin1Char('T') + clockText(milliseconds) + QLatin1Char('.') + padded(milliseconds % 1000, 3);
 }
@@ -103,6 +119,11 @@ QString numberText(double value)
     return QString::fromLatin1(text.data(), static_cast<int>(result.ptr - text.data()));
 }
 
+QString boolText(bool value)
+{
+    return value ? QStringLiteral("TRUE") : QStringLiteral("FALSE");
+}
+
 QString shownNumber(double value, NumberFormat format, DateSystem system)
 {
     constexpr double Offset1904 = 1462;
@@ -111,8 +132,11 @@ QString shownNumber(double value, NumberFormat format, DateSystem system)
         return numberText(value);
     }
     const qint64 total = std::llround(value * static_cast<double>(DayMilliseconds));
-    if (format == NumberFormat::Elapsed || isTimeAlone(value, format, system)) {
+    if (format == NumberFormat::Elapsed) {
         return clockText(total);
+    }
+    if (isTimeAlone(value, format, system)) {
+        return timeOfDayText(total);
     }
     const qint64 days = total / DayMilliseconds;
     return static_cast<double>(days) < last ? serialText(days, total % DayMilliseconds, system)
@@ -122,34 +146,36 @@ QString shownNumber(double value, NumberFormat format, DateSystem system)
 QString isoDateText(const QString& text)
 {
     static const QRegularExpression pattern(QStringLiteral(
-        "^\\s*(?:(\\d{4})-(\\d{2})-(\\d{2}))?(?:(?:^\\s*|T| )(\\d{2}):(\\d{2})(?::(\\d{2}(?:[.,]\\d+)?))?)?"
-        "(?:Z|[+-]\\d{2}:?\\d{2})?\\s*$"));
-    const QRegularExpressionMatch match = pattern.match(text);
+        "^(?:(\\d{4})-(\\d{2})-(\\d{2}))?(?:(?:^|T| )(\\d{2}):(\\d{2})(?::(\\d{2}(?:[.,]\\d+)?))?)?"
+        "(?:Z|[+-]\\d{2}:?\\d{2})?$"));
+    constexpr int Longest = 40; // longer than any with a sensible fraction of a second
+    const QString trimmed = text.trimmed();
+    const QRegularExpressionMatch match = pattern.match(trimmed.left(Longest + 1));
     const bool hasDate = !match.capturedRef(1).isEmpty();
     const bool hasTime = !match.capturedRef(4).isEmpty();
-    if (!match.hasMatch() || (!hasDate && !hasTime)) {
+    if (trimmed.size() > Longest || (!hasDate && !hasTime)) {
         return text;
     }
     const QString seconds = match.captured(6).replace(QLatin1Char(','), QLatin1Char('.'));
-    const qint64 clock = (match.capturedRef(4).toInt() * 60 + match.capturedRef(5).toInt()) * qint64(60000) +
-                         std::llround(seconds.toDouble() * 1000);
+    const double clock =
+        (match.capturedRef(4).toInt() * 60 + match.capturedRef(5).toInt()) * 60 + seconds.toDouble();
     if (!hasDate) {
-        return clockText(clock);
+        return timeText(clock);
     }
     QDate date(match.capturedRef(1).toInt(), match.capturedRef(2).toInt(), match.capturedRef(3).toInt());
     if (!date.isValid()) {
         return text;
     }
-    date = date.addDays(clock / DayMilliseconds);
-    return dateText(date.year(), date.month(), date.day(), clock % DayMilliseconds);
+    const qint64 milliseconds = std::llround(clock * 1000);
+    date = date.addDays(milliseconds / DayMilliseconds);
+    return dateText(date.year(), date.month(), date.day(), milliseconds % DayMilliseconds);
 }
 
-QString clockText(qint64 milliseconds)
+QString timeText(double seconds)
 {
-    const auto padded = [](qint64 value) { return QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0')); };
-    const qint64 seconds = milliseconds / 1000;
-    return padded(seconds / 3600) + QLatin1Char(':') + padded(seconds / 60 % 60) + QLatin1Char(':') +
-           padded(seconds % 60);
+    constexpr double DaySeconds = 24 * 60 * 60;
+    const qint64 milliseconds = std::llround(seconds * 1000);
+    return seconds < DaySeconds ? timeOfDayText(milliseconds) : clockText(milliseconds);
 }
 
 } // namespace table_reader

@@ -24,14 +24,18 @@ bool isShortestNumber(const QStringRef& text);
 /// The shortest decimal that reads back as the same number, never with an exponent: 600000, 0.1, -2.5.
 QString numberText(double value);
 
-/// A number as its format shows its kind: plain, or as dateText() where it is a date or time that can be.
+/// TRUE or FALSE.
+QString boolText(bool value);
+
+/// A number as its format shows its kind: plain, or a date or time where it is one that can be.
 QString shownNumber(double value, NumberFormat format, DateSystem system);
 
 /// An ISO 8601 date, time or both, such as 2021-01-01 or 2021-01-01T10:10:10.5Z, in the reader's form; the
 /// text itself where it is none. The zone is dropped: a sheet's times have none.
 QString isoDateText(const QString& text);
 
-/// The milliseconds of a day or more as HH:mm:ss, hours beyond 24 kept, fractions of a second dropped.
-QString clockText(qint64 milliseconds);
+/// A time of day, or a longer one, rounded to the millisecond, as HH:mm:ss: hours beyond 24 are kept,
+/// fractions of a second dropped. What is below a day stays below it.
+QString timeText(double seconds);
 
 } // namespace table_reader

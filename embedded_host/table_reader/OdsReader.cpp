@@ -105,7 +105,7 @@ QString OdsContent::read(ZipArchive& archive, Table& table)
             part.skip();
         }
     }
-    return mStopped ? part.error() : part.finish();
+    return part.finish();
 }
 
 void OdsContent::readBody(XmlPart& part, Table& table)

@@ -34,7 +34,15 @@ QString durationText(const QString& text)
     const QString seconds = match.captured(4).replace(QLatin1Char(','), QLatin1Char('.'));
     const qint64 hours = match.captured(1).toLongLong() * 24 + match.captured(2).toLongLong();
     const qint64 minutes = hours * 60 + match.captured(3).toLongLong();
-    return clockText(minutes * 60000 + std::llround(seconds.toDouble() * 1000));
+    return timeText(static_cast<double>(minutes) * 60 + seconds.toDouble());
+}
+
+/// What a cell shows whose formula failed. Older writers store it as a number of 0.
+bool isErrorText(const QString& shown)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("^(#(N/A|DIV/0!|VALUE!|REF!|NAME\\?|NUM!|NULL!)|(Err|错误):\\d{3})$"));
+    return pattern.match(shown).hasMatch();
 }
 
 } // namespace
@@ -76,8 +84,8 @@ void OdsSheet::readRow()
     }
     for (; mRow < end && !mPart.hasError(); ++mRow) {
         store(cells, mRow);
-        if (mRows.inspects() && !visibility.isEmpty() && visibility != QLatin1String("visible")) {
-            mRows.inspection().hiddenRows.insert(mRow);
+        if (!visibility.isEmpty() && visibility != QLatin1String("visible")) {
+            mRows.noteHiddenRow(mRow);
         }
     }
 }
@@ -95,7 +103,7 @@ void OdsSheet::readCell(QVector<Cell>& cells, int& column)
         return;
     }
     if (cell.column + qint64(repeated) > limits::Columns) {
-        mPart.fail(message::tooManyColumns());
+        mPart.fail(message::tooManyColumns(mRow));
     }
     cells.append(cell);
 }
@@ -105,13 +113,13 @@ QString OdsSheet::readCellText(const QXmlStreamAttributes& attributes, QString& 
     const QString type = value(attributes, ods::Office, "value-type").toString();
     const bool isError =
         attributes.value(ods::CalcExtension, QLatin1String("value-type")) == QLatin1String("error");
-    const bool hasText = attributes.hasAttribute(ods::Office.usual, QLatin1String("string-value"));
     const QString paragraphs = readParagraphs();
-    if (isError) {
+    const bool isNumber = type == QLatin1String("float") || type == QLatin1String("currency") ||
+                          type == QLatin1String("percentage");
+    if (isError || (isNumber && isErrorText(paragraphs))) {
         return paragraphs;
     }
-    if (type == QLatin1String("float") || type == QLatin1String("currency") ||
-        type == QLatin1String("percentage")) {
+    if (isNumber) {
         const QString stored = value(attributes, ods::Office, "value").toString();
         const std::optional<double> read = parseNumber(QStringRef(&stored));
         number = read ? stored : QString();
@@ -124,10 +132,10 @@ QString OdsSheet::readCellText(const QXmlStreamAttributes& attributes, QString& 
         return durationText(value(attributes, ods::Office, "time-value").toString());
     }
     if (type == QLatin1String("boolean")) {
-        return boolValue(value(attributes, ods::Office, "boolean-value")) ? QStringLiteral("TRUE")
-                                                                          : QStringLiteral("FALSE");
+        return boolText(boolValue(value(attributes, ods::Office, "boolean-value")));
     }
-    return hasText ? value(attributes, ods::Office, "string-value").toString() : paragraphs;
+    const QStringRef stored = value(attributes, ods::Office, "string-value");
+    return stored.isEmpty() ? paragraphs : stored.toString();
 }
 
 /// The paragraphs directly within a cell; remarks, drawings and tables within it are no text of it.
@@ -169,10 +177,11 @@ void OdsSheet::store(const QVector<Cell>& cells, int row)
 
 void OdsSheet::noteMergedArea(const QXmlStreamAttributes& attributes, int column)
 {
+    constexpr int Longest = 1 << 20; // as many rows as a sheet can have
     const int columns = intValue(value(attributes, ods::TableSpace, "number-columns-spanned"), 1);
     const int rows = intValue(value(attributes, ods::TableSpace, "number-rows-spanned"), 1);
-    if (mRows.inspects() && (columns > 1 || rows > 1)) {
-        mRows.inspection().mergedAreas.append(QRect(column, mRow, columns, rows));
+    if (columns > 1 || rows > 1) {
+        mRows.noteMergedArea(QRect(column, mRow, std::min(columns, Longest), std::min(rows, Longest)));
     }
 }
 

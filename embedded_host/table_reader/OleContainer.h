@@ -28,11 +28,13 @@ public:
     bool isValid() const { return mContainer != nullptr; }
     /// Names of the streams and folders at the top.
     const QStringList& names() const { return mNames; }
-    bool contains(const QString& name) const { return mNames.contains(name, Qt::CaseInsensitive); }
-    /// The stream of this name in any letter case; null where it is damaged.
+    /// Whether there is an entry of this name in any letter case, be it damaged.
+    bool contains(const QString& name) const;
+    /// The stream of this name in any letter case; null where it is missing or damaged.
     GsfInputPtr stream(const QString& name) const;
 
 private:
+    QByteArray mFile;
     GsfInputPtr mBytes;
     GsfInfilePtr mContainer;
     QStringList mNames;

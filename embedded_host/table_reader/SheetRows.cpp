@@ -19,7 +19,7 @@ bool SheetRows::put(int row, int column, const QString& text)
         return true;
     }
     if (column >= limits::Columns) {
-        mError = message::tooManyColumns();
+        mError = message::tooManyColumns(row);
     } else if (text.size() > limits::CellCharacters) {
         mError = message::cellTooLong(cellAddress(row, column));
     } else if ((mCharacters += text.size()) > limits::TableCharacters) {
@@ -50,8 +50,23 @@ bool SheetRows::put(int row, int column, const QString& text)
 
 void SheetRows::noteNumber(int row, int column, const QString& raw)
 {
-    if (mInspects && row < mMaxRows) {
+    if (mInspects && row < mMaxRows && mTable.inspection.numbers.size() < limits::StoredNumbers) {
         mTable.inspection.numbers.insert({row, column}, raw);
+    }
+}
+
+void SheetRows::noteHiddenRow(int row)
+{
+    if (mInspects && row < mMaxRows) {
+        mTable.inspection.hiddenRows.insert(row);
+    }
+}
+
+void SheetRows::noteMergedArea(const QRect& area)
+{
+    QList<QRect>& areas = mTable.inspection.mergedAreas;
+    if (mInspects && area.isValid() && area.top() < mMaxRows && areas.size() < limits::MergedAreas) {
+        areas.append(area);
     }
 }
 

@@ -13,13 +13,14 @@ public:
 
     int maxRows() const { return mMaxRows; }
     bool inspects() const { return mInspects; }
-    Inspection& inspection() { return mTable.inspection; }
 
     /// Stores the text of a cell; rows beyond the ones wanted and empty texts are dropped. False: error()
     /// says why.
     bool put(int row, int column, const QString& text);
-    /// The stored form of a number, for reports.
-    void noteNumber(int row, int column, const QString& raw);
+    /// What only a report needs: kept where the options ask for it, for the rows wanted, within the limits.
+    void noteNumber(int row, int column, const QString& raw); ///< the stored form
+    void noteHiddenRow(int row);
+    void noteMergedArea(const QRect& area);
     const QString& error() const { return mError; }
 
     /// Hands the rows to the table, up to the last one that is not empty.
@@ -40,6 +41,7 @@ private:
 class SharedTexts {
 public:
     void want(qint64 index, int row, int column) { mWanted.append({index, row, column}); }
+    int count() const { return mWanted.size(); }
     bool isEmpty() const { return mWanted.isEmpty(); }
     /// Call once, after the last want().
     void sort();

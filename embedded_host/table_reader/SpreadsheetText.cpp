@@ -4,6 +4,9 @@
 #include "embedded_host/table_reader/Messages.h"
 #include "embedded_host/table_reader/SpreadsheetNames.h"
 
+#include <algorithm>
+#include <cctype>
+
 namespace table_reader {
 namespace {
 
@@ -16,11 +19,28 @@ int escapedAt(const QString& text, int at)
         text.at(at + EscapeLength - 1) != QLatin1Char('_')) {
         return -1;
     }
-    bool isNumber = false;
+    const auto isHex = [](QChar c) { return c.unicode() < 0x80 && std::isxdigit(c.unicode()) != 0; };
     const QStringRef digits = text.midRef(at + 2, 4);
-    const int value = digits.toInt(&isNumber, 16);
-    const bool signedText = digits.at(0) == QLatin1Char('+') || digits.at(0) == QLatin1Char('-');
-    return isNumber && !signedText ? value : -1;
+    return std::all_of(digits.begin(), digits.end(), isHex) ? digits.toInt(nullptr, 16) : -1;
+}
+
+/// What stands in `t` within the current element, and where it has runs, within its runs `r`.
+QString readTexts(XmlPart& part, bool hasRuns)
+{
+    QString text;
+    while (part.nextChild()) {
+        if (part.is(Sheet, QLatin1String("t"))) {
+            text += part.readText();
+        } else if (hasRuns && part.is(Sheet, QLatin1String("r"))) {
+            text += readTexts(part, false);
+        } else {
+            part.skip();
+        }
+        if (text.size() > limits::TokenBytes) {
+            part.fail(message::tooMuchText());
+        }
+    }
+    return text;
 }
 
 } // namespace
@@ -56,26 +76,7 @@ QString guardEscapes(const QString& text)
 
 QString readRichText(XmlPart& part)
 {
-    QString text;
-    while (part.nextChild()) {
-        if (part.is(Sheet, QLatin1String("t"))) {
-            text += part.readText();
-        } else if (part.is(Sheet, QLatin1String("r"))) {
-            while (part.nextChild()) {
-                if (part.is(Sheet, QLatin1String("t"))) {
-                    text += part.readText();
-                } else {
-                    part.skip();
-                }
-            }
-        } else {
-            part.skip();
-        }
-        if (text.size() > limits::TokenBytes) {
-            part.fail(message::tooMuchText());
-        }
-    }
-    return decodeEscapes(text);
+    return decodeEscapes(readTexts(part, true));
 }
 
 } // namespace table_reader

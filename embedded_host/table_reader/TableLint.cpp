@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 namespace table_lint {
 namespace {
@@ -75,11 +76,20 @@ bool isExponentForm(const QString& text)
 /// Digits that carry the value: without zeros at the front, and for whole numbers as written to the end.
 int significantDigits(const QString& text)
 {
-    static const QRegularExpression pattern(QStringLiteral("^\\s*[+-]?(\\d*)\\.?(\\d*)\\s*$"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    const QString digits = match.captured(1) + match.captured(2);
-    const auto first = std::find_if(digits.begin(), digits.end(), [](QChar c) { return c != u'0'; });
-    return static_cast<int>(digits.end() - first);
+    const QString number = text.trimmed();
+    int digits = 0;
+    int points = 0;
+    for (int at = number.startsWith(u'+') || number.startsWith(u'-') ? 1 : 0; at < number.size(); ++at) {
+        const QChar c = number.at(at);
+        if (c == u'.') {
+            ++points;
+        } else if (c < u'0' || c > u'9') {
+            return 0;
+        } else {
+            digits += digits > 0 || c != u'0' ? 1 : 0;
+        }
+    }
+    return points < 2 ? digits : 0;
 }
 
 /// Whole numbers have 32 bits; an infinity and "nan" are numbers as well.
@@ -124,7 +134,7 @@ private:
     void lintCell(int row, int column, const QString& text);
     void lintCode(int row, int column, const QString& text);
     void lintNumber(int row, int column, const QString& text, NumberKind kind);
-    bool isUnderMergedArea(int row, int column) const;
+    QVector<int> areasOver(int row, int columns) const;
     void add(const Kind& kind, int row, int column, const QString& text,
              const QStringList& suggestions = QStringList());
 
@@ -133,6 +143,7 @@ private:
     const QStringList mKnownTitles;
     int mCodeColumn = -1;
     QMap<int, NumberKind> mNumberColumns;
+    QVector<int> mAreasOver; ///< of each column, in the row looked at
     QList<Finding> mFindings;
 };
 
@@ -198,6 +209,7 @@ void Linter::lintRow(int row)
         add(HiddenRow, row, -1, QString());
     }
     const bool isImported = row > 0 && !isPassedOver(cells);
+    mAreasOver = areasOver(row, cells.size());
     for (int column = 0; column < cells.size() && mFindings.size() < MaxFindings; ++column) {
         if (cells.at(column).isEmpty()) {
             continue;
@@ -222,7 +234,7 @@ void Linter::lintCell(int row, int column, const QString& text)
     } else if (constexpr int Kept = 15; significantDigits(text) > Kept) {
         add(Digits, row, column, text);
     }
-    if (isUnderMergedArea(row, column)) {
+    if (mAreasOver.at(column) > 0) {
         add(Merged, row, column, text);
     }
     if (row > 0 && column == mCodeColumn) {
@@ -271,17 +283,26 @@ void Linter::lintNumber(int row, int column, const QString& text, NumberKind kin
     }
 }
 
-bool Linter::isUnderMergedArea(int row, int column) const
+/// How many merged areas hide each of the first columns of a row. An area does not hide its first cell.
+QVector<int> Linter::areasOver(int row, int columns) const
 {
-    const auto hides = [&](const QRect& area) {
-        return area.contains(column, row) && area.topLeft() != QPoint(column, row);
-    };
-    const QList<QRect>& areas = mTable.inspection.mergedAreas;
-    return std::any_of(areas.begin(), areas.end(), hides);
+    QVector<int> areas(columns + 1);
+    for (const QRect& area : mTable.inspection.mergedAreas) {
+        const int first = area.left() + (row == area.top() ? 1 : 0);
+        if (area.top() <= row && row <= area.bottom() && first < columns) {
+            ++areas[first];
+            --areas[std::min(area.right() + 1, columns)];
+        }
+    }
+    std::partial_sum(areas.begin(), areas.end(), areas.begin()); // from changes to counts
+    return areas;
 }
 
 void Linter::add(const Kind& kind, int row, int column, const QString& text, const QStringList& suggestions)
 {
+    if (mFindings.size() >= MaxFindings) {
+        return;
+    }
     const QString suggested = suggestions.join(QStringLiteral("，"));
     const auto sentence = [&](const char* pattern) {
         const QString format = QString::fromUtf8(pattern);

@@ -24,21 +24,20 @@ struct ReadOptions {
 
 /// What a report on a file needs beside the texts. All indices count from 0 and are those of Table::rows; in
 /// a spreadsheet they are the sheet's own, so that row 2, column 1 is B3. Areas have columns as x and rows as
-/// y.
+/// y. A sheet made to have more areas or numbers than any real one is told of in part.
 struct Inspection {
     QList<int> lines;     ///< of csv: 1-based line of the file on which each row begins
-    QSet<int> hiddenRows; ///< by hand, by a filter or by a height of nothing
-    QList<QRect>
-        mergedAreas; ///< those that begin in the rows read; xlsx lists them last, so none where it is longer
-    QHash<QPair<int, int>, QString>
-        numbers;                ///< (row, column) of each cell stored as a number, with the stored text
+    QSet<int> hiddenRows; ///< by hand or by a filter
+    /// That begin in the rows read; none of an xlsx sheet of more rows, which tells them last.
+    QList<QRect> mergedAreas;
+    QHash<QPair<int, int>, QString> numbers; ///< (row, column) of cells stored as numbers -> the stored text
     int replacedCharacters = 0; ///< of csv: bytes that the encoding does not know, shown as U+FFFD
 };
 
 struct Table {
     QList<QStringList> rows; ///< cell texts, blanks included; empty when `error` is not
     QString error;           ///< a Chinese sentence for the user; empty on success
-    QString format;          ///< csv, xlsx, xls, ods; empty when the file is none of them
+    QString format;          ///< csv, xlsx, xls, ods: as what it was read; empty when it was refused before
     QString encoding;        ///< of csv: UTF-8, UTF-16LE, UTF-16BE, GB18030, or what the options named
     QString separator;       ///< of csv: ",", ";" or a tab
     QString sheet;           ///< name of the sheet that was read; empty for csv

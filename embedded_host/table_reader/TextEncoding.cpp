@@ -11,7 +11,8 @@ bool isTextByte(uchar byte)
 }
 
 /// UTF-16 without a mark: latin letters, digits and separators have a zero beside them, always on the same
-/// side.
+/// side. Even a header of Chinese titles alone has enough of them; a stray zero byte in a text of another
+/// encoding does not make one.
 QString encodingByZeros(const QByteArray& head)
 {
     int zeroBehind = 0;
@@ -26,10 +27,15 @@ QString encodingByZeros(const QByteArray& head)
             isTextByte(first) && isTextByte(second) ? 1 : 0; // also what many Chinese characters look like
     }
     constexpr int Dominance = 4;
-    if (zeroBehind > Dominance * zeroBefore && zeroBehind * Dominance >= bothText) {
+    constexpr int Share = 8; // of the characters, one in so many is a separator, a digit or a line end
+    const int least = std::max(bothText / Dominance, (head.size() / 2 + Share - 1) / Share);
+    if (head.size() % 2 != 0) {
+        return QString();
+    }
+    if (zeroBehind > Dominance * zeroBefore && zeroBehind >= least) {
         return QStringLiteral("UTF-16LE");
     }
-    if (zeroBefore > Dominance * zeroBehind && zeroBefore * Dominance >= bothText) {
+    if (zeroBefore > Dominance * zeroBehind && zeroBefore >= least) {
         return QStringLiteral("UTF-16BE");
     }
     return QString();

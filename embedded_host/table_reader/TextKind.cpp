@@ -39,16 +39,34 @@ QString xmlKind(const QString& head)
 
 bool beginsWithTag(const QString& text)
 {
-    static const QRegularExpression tag(QStringLiteral("^<[A-Za-z_][\\w.:-]*(\\s[^<>]*)?/?>"));
+    static const QRegularExpression tag(QStringLiteral("^<[A-Za-z_][\\w.:-]*(\\s[^<>]*)?/?>(?!\\s*[,;\t])"));
     return tag.match(text).hasMatch();
+}
+
+/// A web page saved as one file: headers as of a mail, of which this one need not be the first.
+bool isWebArchive(const QString& text)
+{
+    static const QRegularExpression header(
+        QStringLiteral("^(?:(?:[\\w-]+:|[ \t])[^\r\n]*\\R){0,20}MIME-Version:"),
+        QRegularExpression::CaseInsensitiveOption);
+    return header.match(text).hasMatch();
+}
+
+QString withoutLeadingComments(QString text)
+{
+    const QString closing = QStringLiteral("-->");
+    while (text.startsWith(QLatin1String("<!--")) && text.contains(closing)) {
+        text = text.mid(text.indexOf(closing) + closing.size()).trimmed();
+    }
+    return text;
 }
 
 } // namespace
 
 QString refuseTextOfAnotherKind(const QString& head)
 {
-    const QString text = head.left(4096).trimmed();
-    static const QRegularExpression html(QStringLiteral("^(<!--.*?-->\\s*)*<(!doctype\\s+html|html|head|body|"
+    const QString text = withoutLeadingComments(head.left(4096).trimmed());
+    static const QRegularExpression html(QStringLiteral("^<(!doctype\\s+html|html|head|body|"
                                                         "table|meta|style|script|div|center|form|title|tr|"
                                                         "td)\\b[^,]*>(?!\\s*[,;\t])"),
                                          QRegularExpression::CaseInsensitiveOption |
@@ -70,10 +88,7 @@ QString refuseTextOfAnotherKind(const QString& head)
     if (text.startsWith(QLatin1String("%PDF-"))) {
         return message::pdf();
     }
-    if (text.startsWith(QLatin1String("MIME-Version:"), Qt::CaseInsensitive)) {
-        return message::webArchive();
-    }
-    return QString();
+    return isWebArchive(text) ? message::webArchive() : QString();
 }
 
 QString refuseBinaryOfAnotherKind(const QByteArray& head)

@@ -1,5 +1,6 @@
 #include "embedded_host/table_reader/XlsReader.h"
 
+#include "embedded_host/table_reader/Limits.h"
 #include "embedded_host/table_reader/Messages.h"
 #include "embedded_host/table_reader/XlsSheet.h"
 
@@ -8,7 +9,6 @@
 namespace table_reader {
 namespace {
 
-constexpr qint64 MaxFileBytes = 128 << 20;
 constexpr char ContainerSignature[] = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 
 /// A workbook stream that was saved without a container begins with the record BOF.
@@ -50,15 +50,16 @@ QString readWorkbook(BiffStream& stream, const ReadOptions& options, Table& tabl
     return error;
 }
 
-/// Where a file holds an old and a new workbook, the new one, called Workbook, is the whole one.
-GsfInputPtr workbookStream(const OleContainer& container)
+/// Where a file holds an old and a new workbook, the new one, called Workbook, is the whole one. Empty: it
+/// holds none.
+QString workbookName(const OleContainer& container)
 {
     for (const QString& name : {QStringLiteral("Workbook"), QStringLiteral("Book")}) {
-        if (GsfInputPtr stream = container.stream(name)) {
-            return stream;
+        if (container.contains(name)) {
+            return name;
         }
     }
-    return nullptr;
+    return QString();
 }
 
 } // namespace
@@ -70,8 +71,8 @@ bool isXls(const QByteArray& head)
 
 QString readXls(QIODevice& file, const ReadOptions& options, Table& table)
 {
-    if (file.size() > MaxFileBytes) {
-        return message::tooLarge(QStringLiteral("文件过大"));
+    if (file.size() > limits::XlsFileBytes) {
+        return message::fileTooLarge();
     }
     const QByteArray bytes = file.readAll();
     table.format = QStringLiteral("xls");
@@ -83,10 +84,14 @@ QString readXls(QIODevice& file, const ReadOptions& options, Table& table)
     if (!container.isValid()) {
         return message::damagedContainer();
     }
-    GsfInputPtr input = workbookStream(container);
-    if (!input) {
+    const QString name = workbookName(container);
+    if (name.isEmpty()) {
         table.format.clear();
         return refuseContainer(container);
+    }
+    GsfInputPtr input = container.stream(name);
+    if (!input) {
+        return message::damagedContainer();
     }
     BiffStream stream(std::move(input));
     return readWorkbook(stream, options, table);

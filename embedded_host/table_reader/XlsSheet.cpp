@@ -1,9 +1,7 @@
 #include "embedded_host/table_reader/XlsSheet.h"
 
-#include "embedded_host/table_reader/BiffText.h"
+#include "embedded_host/table_reader/Limits.h"
 #include "embedded_host/table_reader/Messages.h"
-
-#include <QTextCodec>
 
 #include <algorithm>
 #include <cmath>
@@ -33,11 +31,6 @@ QString errorText(quint8 code)
     default:
         return QStringLiteral("#N/A");
     }
-}
-
-QString boolText(quint8 value)
-{
-    return value != 0 ? QStringLiteral("TRUE") : QStringLiteral("FALSE");
 }
 
 /// A number packed into 30 bits: a whole one, or the upper bits of a real one, either in hundredths if the
@@ -92,32 +85,11 @@ QString XlsSheet::read()
             ++depth;
         } else if (record.type == biff::Eof && --depth == 0) {
             return QString();
-        } else if (depth == 1) {
-            mPastEnd = mPastEnd || isPastEnd(record);
-            if (mPastEnd && !mRows.inspects()) {
-                return QString();
-            }
-            if (mPastEnd && record.type == biff::MergedCells) {
-                noteMergedAreas(record);
-            } else if (!mPastEnd && !take(record)) {
-                return mError.isEmpty() ? mRows.error() : mError;
-            }
+        } else if (depth == 1 && !take(record)) {
+            return mError.isEmpty() ? mRows.error() : mError;
         }
     }
     return mStream.hasTooMany() ? message::tooManyRecords() : message::truncatedWorkbook();
-}
-
-/// A cell behind the last row wanted ends the reading, unless the writer may have gone column by column: then
-/// each row has had one cell so far.
-bool XlsSheet::isPastEnd(const BiffRecord& record)
-{
-    if (cellBytes(record.type) == 0) {
-        return false;
-    }
-    const int row = record.word(0);
-    mIsRowWise = mIsRowWise || row == mLastRow || record.type == biff::MulRk;
-    mLastRow = row;
-    return row >= mRows.maxRows() && mIsRowWise;
 }
 
 bool XlsSheet::take(const BiffRecord& record)
@@ -152,7 +124,7 @@ bool XlsSheet::take(const BiffRecord& record)
         return putSharedText(record);
     case biff::BoolErr:
         return mRows.put(row, column,
-                         record.byte(7) == 0 ? boolText(record.byte(6)) : errorText(record.byte(6)));
+                         record.byte(7) == 0 ? boolText(record.byte(6) != 0) : errorText(record.byte(6)));
     case biff::Row:
         noteRow(record);
         return true;
@@ -212,7 +184,7 @@ bool XlsSheet::putFormula(const BiffRecord& record)
         mFormulaColumn = column;
         return true;
     case Bool:
-        return mRows.put(row, column, boolText(record.byte(8)));
+        return mRows.put(row, column, boolText(record.byte(8) != 0));
     case Error:
         return mRows.put(row, column, errorText(record.byte(8)));
     default:
@@ -225,12 +197,8 @@ bool XlsSheet::putText(const BiffRecord& record, int offset, int row, int column
     if (row >= mRows.maxRows()) {
         return true;
     }
-    if (!mWorkbook.isVersion8) {
-        const int length = record.word(offset);
-        return mRows.put(row, column, mWorkbook.codec->toUnicode(record.bytes(offset + 2, length)));
-    }
     QString text;
-    if (!BiffText(mStream, record, offset).read(2, true, text)) {
+    if (!readXlsText(mStream, mWorkbook, record, offset, 2, text)) {
         mError = message::truncatedWorkbook();
         return false;
     }
@@ -242,16 +210,18 @@ bool XlsSheet::putSharedText(const BiffRecord& record)
     if (record.word(0) < mRows.maxRows()) {
         mTexts.want(record.dword(6), record.word(0), record.word(2));
     }
-    return true;
+    if (mTexts.count() > limits::Cells) {
+        mError = message::tooManyCells();
+    }
+    return mError.isEmpty();
 }
 
 void XlsSheet::noteRow(const BiffRecord& record)
 {
     constexpr int OptionsOffset = 12;
     constexpr quint16 HiddenFlag = 0x20;
-    const int row = record.word(0);
-    if (mRows.inspects() && row < mRows.maxRows() && (record.word(OptionsOffset) & HiddenFlag) != 0) {
-        mRows.inspection().hiddenRows.insert(row);
+    if ((record.word(OptionsOffset) & HiddenFlag) != 0) {
+        mRows.noteHiddenRow(record.word(0));
     }
 }
 
@@ -262,11 +232,8 @@ void XlsSheet::noteMergedAreas(const BiffRecord& record)
     const int count = std::min<int>(record.word(0), (record.size() - HeadBytes) / AreaBytes);
     for (int at = 0; mRows.inspects() && at < count; ++at) {
         const int offset = HeadBytes + at * AreaBytes;
-        const QRect area(QPoint(record.word(offset + 4), record.word(offset)),
-                         QPoint(record.word(offset + 6), record.word(offset + 2)));
-        if (area.top() < mRows.maxRows()) {
-            mRows.inspection().mergedAreas.append(area);
-        }
+        mRows.noteMergedArea(QRect(QPoint(record.word(offset + 4), record.word(offset)),
+                                   QPoint(record.word(offset + 6), record.word(offset + 2))));
     }
 }
 

@@ -4,7 +4,7 @@
 
 namespace table_reader {
 
-/// Reads the cells of one worksheet of a workbook stream.
+/// Reads the cells of one worksheet of a workbook stream, to its end: some writers go column by column.
 class XlsSheet {
 public:
     XlsSheet(BiffStream& stream, const XlsWorkbook& workbook, SheetRows& rows, SharedTexts& texts)
@@ -17,7 +17,6 @@ public:
 
 private:
     bool take(const BiffRecord& record);
-    bool isPastEnd(const BiffRecord& record);
     bool putNumber(int row, int column, int style, double value);
     bool putNumbers(const BiffRecord& record);
     bool putFormula(const BiffRecord& record);
@@ -33,9 +32,6 @@ private:
     QString mError;
     int mFormulaRow = -1; ///< of a formula whose text comes in a record of its own
     int mFormulaColumn = 0;
-    int mLastRow = -1;
-    bool mPastEnd = false;   ///< behind the last row wanted only merged areas matter
-    bool mIsRowWise = false; ///< a row with more than one cell was met
 };
 
 } // namespace table_reader

@@ -25,11 +25,9 @@ public:
 private:
     QString begin();
     QString take(const BiffRecord& record);
-    void takeFormat(const BiffRecord& record);
-    void takeSheet(const BiffRecord& record);
+    QString takeFormat(const BiffRecord& record);
+    QString takeSheet(const BiffRecord& record);
     QString chooseSheet();
-    void chooseStyles();
-    QString text(const BiffRecord& record, int offset, int lengthBytes);
 
     BiffStream& mStream;
     XlsWorkbook& mWorkbook;
@@ -76,7 +74,7 @@ QString GlobalsReader::read()
         }
         error = take(record);
     }
-    chooseStyles();
+    mWorkbook.styles = formatsOf(mStyleFormats, mFormats);
     return error.isEmpty() ? chooseSheet() : error;
 }
 
@@ -92,44 +90,41 @@ QString GlobalsReader::take(const BiffRecord& record)
         mWorkbook.dates = record.word(0) == 1 ? DateSystem::From1904 : DateSystem::From1900;
         break;
     case biff::Format:
-        takeFormat(record);
-        break;
+        return takeFormat(record);
     case biff::Xf:
         if (mStyleFormats.size() < limits::CellStyles) {
             mStyleFormats.append(record.word(2));
         }
         break;
     case biff::BoundSheet:
-        takeSheet(record);
-        break;
+        return takeSheet(record);
     }
-    return mSheets.size() > limits::SheetNames ? message::tooLarge(QStringLiteral("工作表过多")) : QString();
+    return QString();
 }
 
-QString GlobalsReader::text(const BiffRecord& record, int offset, int lengthBytes)
-{
-    if (!mWorkbook.isVersion8) {
-        const int length = lengthBytes == 1 ? record.byte(offset) : record.word(offset);
-        return mWorkbook.codec->toUnicode(record.bytes(offset + lengthBytes, length));
-    }
-    QString text;
-    BiffText(mStream, record, offset).read(lengthBytes, true, text);
-    return text;
-}
-
-void GlobalsReader::takeFormat(const BiffRecord& record)
+QString GlobalsReader::takeFormat(const BiffRecord& record)
 {
     const int number = record.word(0);
-    mFormats.insert(number, customFormat(text(record, 2, mWorkbook.isVersion8 ? 2 : 1)));
+    QString code;
+    if (!readXlsText(mStream, mWorkbook, record, 2, mWorkbook.isVersion8 ? 2 : 1, code)) {
+        return message::truncatedWorkbook();
+    }
+    mFormats.insert(number, customFormat(code));
+    return QString();
 }
 
-void GlobalsReader::takeSheet(const BiffRecord& record)
+QString GlobalsReader::takeSheet(const BiffRecord& record)
 {
     constexpr quint8 VisibilityMask = 0x03;
     const qint64 position = record.dword(0);
     const bool hidden = (record.byte(4) & VisibilityMask) != 0;
     const bool isWorksheet = record.byte(5) == 0;
-    mSheets.append({text(record, 6, 1), position, hidden, isWorksheet});
+    QString name;
+    if (!readXlsText(mStream, mWorkbook, record, 6, 1, name)) {
+        return message::truncatedWorkbook();
+    }
+    mSheets.append({name, position, hidden, isWorksheet});
+    return mSheets.size() > limits::SheetNames ? message::tooManySheets() : QString();
 }
 
 /// The first worksheet that can be seen, or the first one; charts and macro sheets are none.
@@ -147,20 +142,22 @@ QString GlobalsReader::chooseSheet()
     return message::noSheet();
 }
 
-void GlobalsReader::chooseStyles()
-{
-    mWorkbook.styles.reserve(mStyleFormats.size());
-    for (const int number : mStyleFormats) {
-        const auto custom = mFormats.constFind(number);
-        mWorkbook.styles.append(custom == mFormats.cend() ? builtInFormat(number) : *custom);
-    }
-}
-
 } // namespace
 
 QString readXlsWorkbook(BiffStream& stream, XlsWorkbook& workbook)
 {
     return GlobalsReader(stream, workbook).read();
+}
+
+bool readXlsText(BiffStream& stream, const XlsWorkbook& workbook, const BiffRecord& record, int offset,
+                 int lengthBytes, QString& text)
+{
+    if (workbook.isVersion8) {
+        return BiffText(stream, record, offset).read(lengthBytes, true, text);
+    }
+    const int length = lengthBytes == 1 ? record.byte(offset) : record.word(offset);
+    text = workbook.codec->toUnicode(record.bytes(offset + lengthBytes, length));
+    return record.has(offset + lengthBytes + length);
 }
 
 QString readXlsTexts(BiffStream& stream, const XlsWorkbook& workbook, SharedTexts& texts, SheetRows& rows)

@@ -25,6 +25,11 @@ struct XlsWorkbook {
 /// Reads from the stream's beginning. Empty, or the sentence that says what is wrong.
 QString readXlsWorkbook(BiffStream& stream, XlsWorkbook& workbook);
 
+/// Reads a text of a record, with a length of one or two bytes before it, as the workbook's version stores
+/// it. False where it is cut off.
+bool readXlsText(BiffStream& stream, const XlsWorkbook& workbook, const BiffRecord& record, int offset,
+                 int lengthBytes, QString& text);
+
 /// Reads the list of shared texts as far as cells want it. Empty, or the sentence that says what is wrong.
 QString readXlsTexts(BiffStream& stream, const XlsWorkbook& workbook, SharedTexts& texts, SheetRows& rows);
 

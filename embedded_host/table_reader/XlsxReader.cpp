@@ -9,7 +9,7 @@
 namespace table_reader {
 namespace {
 
-/// Reads the list of texts up to the last one that a cell wants.
+/// Looks at the list of texts up to the last one that a cell wants.
 QString readTexts(ZipArchive& archive, const QString& name, SharedTexts& texts, SheetRows& rows)
 {
     XmlPart part(archive, name);
@@ -28,7 +28,7 @@ QString readTexts(ZipArchive& archive, const QString& name, SharedTexts& texts, 
             return rows.error();
         }
     }
-    const QString error = texts.next() < 0 || part.hasError() ? part.error() : part.finish();
+    const QString error = part.finish();
     return error.isEmpty() && texts.next() >= 0 ? message::badSharedText(texts.nextCell()) : error;
 }
 

@@ -5,19 +5,17 @@
 #include "embedded_host/table_reader/SpreadsheetNames.h"
 #include "embedded_host/table_reader/SpreadsheetText.h"
 
+#include <utility>
+
 namespace table_reader {
 namespace {
 
 constexpr int MaxSheetRow = 1 << 24;
+constexpr int EnoughLateRows = 64; // behind so many, each below the one before, no row is wanted
 
 QStringRef value(const QXmlStreamAttributes& attributes, const char* name)
 {
     return attributes.value(QLatin1String(name));
-}
-
-QString boolText(const QString& stored)
-{
-    return boolValue(QStringRef(&stored)) ? QStringLiteral("TRUE") : QStringLiteral("FALSE");
 }
 
 } // namespace
@@ -39,33 +37,42 @@ QString XlsxSheet::read(ZipArchive& archive, const QString& name)
             part.skip();
         }
     }
-    return mPastEnd ? part.error() : part.finish();
+    return part.finish();
 }
 
 void XlsxSheet::readRows(XmlPart& part)
 {
     while (part.nextChild()) {
-        if (!part.is(Sheet, QLatin1String("row"))) {
-            part.skip();
-        } else if (enterRow(part.attributes())) {
+        if (part.is(Sheet, QLatin1String("row")) && enterRow(part)) {
             readCells(part);
-        } else {
-            mPastEnd = true;
+        } else if (mPastEnd) {
             return;
+        } else {
+            part.skip();
         }
     }
 }
 
-/// Rows without a number follow the one before. False behind the last row wanted.
-bool XlsxSheet::enterRow(const QXmlStreamAttributes& attributes)
+/// Rows without a number follow the one before. False where the row is not wanted. The first late row does
+/// not end the reading: some writers do not keep rows in order, and one that is wanted may come yet.
+bool XlsxSheet::enterRow(XmlPart& part)
 {
-    mRow = std::min(intValue(value(attributes, "r"), mRow + 2), MaxSheetRow) - 1;
-    mColumn = -1;
-    if (mRow >= mRows.maxRows()) {
+    const QXmlStreamAttributes attributes = part.attributes();
+    const QStringRef stored = value(attributes, "r");
+    const int number = stored.isNull() ? mRow + 2 : intValue(stored, 0);
+    if (number == 0) {
+        part.fail(message::badRowNumber(part.partName(), stored.toString()));
         return false;
     }
-    if (mRows.inspects() && boolValue(value(attributes, "hidden"))) {
-        mRows.inspection().hiddenRows.insert(mRow);
+    const int before = std::exchange(mRow, std::min(number, MaxSheetRow) - 1);
+    mColumn = -1;
+    mIsRising = mIsRising && mRow > before;
+    if (mRow >= mRows.maxRows()) {
+        mPastEnd = mIsRising && ++mLateRows == EnoughLateRows;
+        return false;
+    }
+    if (boolValue(value(attributes, "hidden"))) {
+        mRows.noteHiddenRow(mRow);
     }
     return true;
 }
@@ -84,11 +91,11 @@ void XlsxSheet::readCells(XmlPart& part)
 void XlsxSheet::readCell(XmlPart& part)
 {
     // The attributes are let go before the content is read: the parser would have to copy them otherwise.
-    const Head head = headOf(part.attributes());
+    const Head head = headOf(part);
     mColumn = head.at.column;
     const Content content = readContent(part);
     if (head.at.column >= limits::Columns) {
-        part.fail(message::tooManyColumns());
+        part.fail(message::tooManyColumns(head.at.row));
     } else if (!store(head, content)) {
         part.fail(mRows.error());
     }
@@ -114,20 +121,24 @@ XlsxSheet::CellType XlsxSheet::typeOf(const QStringRef& text)
 }
 
 /// A cell without an address follows the one before.
-XlsxSheet::Head XlsxSheet::headOf(const QXmlStreamAttributes& attributes) const
+XlsxSheet::Head XlsxSheet::headOf(XmlPart& part) const
 {
     Head head;
+    head.at = {std::max(mRow, 0), mColumn + 1};
+    const QXmlStreamAttributes attributes = part.attributes();
     for (const QXmlStreamAttribute& attribute : attributes) { // once, not for each name
         const QStringRef name = attribute.qualifiedName();
         if (same(name, QLatin1String("r"))) {
             head.at = parseCellAddress(attribute.value());
+            if (!head.at.isValid()) {
+                part.fail(message::badAddress(part.partName(), attribute.value().toString()));
+            }
         } else if (same(name, QLatin1String("t"))) {
             head.type = typeOf(attribute.value());
         } else if (same(name, QLatin1String("s"))) {
             head.style = intValue(attribute.value(), 0);
         }
     }
-    head.at = head.at.isValid() ? head.at : CellPosition{std::max(mRow, 0), mColumn + 1};
     return head;
 }
 
@@ -164,7 +175,7 @@ bool XlsxSheet::store(const Head& head, const Content& content)
     case CellType::InlineText:
         return put(decodeEscapes(content.value));
     case CellType::Bool:
-        return put(boolText(content.value));
+        return put(boolText(boolValue(QStringRef(&content.value))));
     case CellType::Error:
         return put(content.value);
     case CellType::Date:
@@ -201,9 +212,8 @@ void XlsxSheet::readMergedAreas(XmlPart& part)
         const int colon = area.indexOf(QLatin1Char(':'));
         const CellPosition first = parseCellAddress(area.leftRef(colon));
         const CellPosition last = parseCellAddress(area.midRef(colon + 1));
-        if (colon > 0 && first.isValid() && last.isValid() && first.row < mRows.maxRows()) {
-            mRows.inspection().mergedAreas.append(
-                QRect(QPoint(first.column, first.row), QPoint(last.column, last.row)));
+        if (colon > 0 && first.isValid() && last.isValid()) {
+            mRows.noteMergedArea(QRect(QPoint(first.column, first.row), QPoint(last.column, last.row)));
         }
         part.skip();
     }

@@ -5,14 +5,13 @@
 #include "embedded_host/table_reader/SheetRows.h"
 
 #include <QVector>
-#include <QXmlStreamAttributes>
 
 namespace table_reader {
 
 class XmlPart;
 class ZipArchive;
 
-/// Reads the cells of one worksheet part. Stops behind the last row wanted.
+/// Reads the cells of one worksheet part. Stops where only rows beyond the ones wanted seem to follow.
 class XlsxSheet {
 public:
     XlsxSheet(const QVector<NumberFormat>& styles, DateSystem dates, SheetRows& rows, SharedTexts& texts)
@@ -37,12 +36,12 @@ private:
     };
 
     void readRows(XmlPart& part);
-    bool enterRow(const QXmlStreamAttributes& attributes);
+    bool enterRow(XmlPart& part);
     void readCells(XmlPart& part);
     void readCell(XmlPart& part);
     Content readContent(XmlPart& part);
     static CellType typeOf(const QStringRef& text);
-    Head headOf(const QXmlStreamAttributes& attributes) const;
+    Head headOf(XmlPart& part) const;
     bool store(const Head& head, const Content& content);
     void wantText(CellPosition at, const QString& index);
     QString numberCell(const Head& head, const QString& stored);
@@ -54,7 +53,9 @@ private:
     SharedTexts& mTexts;
     int mRow = -1;
     int mColumn = -1;
-    bool mPastEnd = false; ///< a row beyond the ones wanted was met
+    bool mIsRising = true; ///< no row so far stood behind a later one
+    int mLateRows = 0;     ///< beyond the ones wanted
+    bool mPastEnd = false; ///< no row follows that is wanted
 };
 
 } // namespace table_reader

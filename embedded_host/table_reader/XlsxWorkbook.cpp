@@ -35,7 +35,7 @@ void readSheetList(XmlPart& part, QVector<SheetEntry>& sheets)
         if (part.is(Sheet, QLatin1String("sheet"))) {
             sheets.append(entryOf(part.attributes()));
             if (sheets.size() > limits::SheetNames) {
-                part.fail(message::tooLarge(QStringLiteral("工作表过多")));
+                part.fail(message::tooManySheets());
             }
         }
         part.skip();
@@ -94,7 +94,7 @@ QString chooseSheet(const QVector<SheetEntry>& sheets, const QVector<PartReferen
         }
         const PartReference* const reference = find(references, sheet.id);
         if (!reference) {
-            return message::missingPart(sheet.name);
+            return message::missingSheet(sheet.name);
         }
         if (reference->kind != QLatin1String("worksheet")) {
             continue;
@@ -170,13 +170,7 @@ QVector<NumberFormat> readXlsxStyles(ZipArchive& archive, const QString& name, Q
         }
     }
     error = part.finish();
-    QVector<NumberFormat> styles;
-    styles.reserve(numbers.size());
-    for (const int number : numbers) {
-        const auto custom = formats.constFind(number);
-        styles.append(custom == formats.cend() ? builtInFormat(number) : *custom);
-    }
-    return styles;
+    return formatsOf(numbers, formats);
 }
 
 } // namespace table_reader

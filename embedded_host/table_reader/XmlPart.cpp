@@ -1,11 +1,24 @@
 #include "embedded_host/table_reader/XmlPart.h"
 
-#include "embedded_host/table_reader/Limits.h"
 #include "embedded_host/table_reader/Messages.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 
 namespace table_reader {
+namespace {
+
+/// Whether markup is the same bytes in this encoding as in ASCII, which PartStream counts on. Empty: UTF-8.
+bool keepsAscii(const QString& encoding)
+{
+    static const QRegularExpression known(
+        QStringLiteral("^(UTF-?8|(US-)?ASCII|ISO-8859-\\d+|windows-\\d+|GB2312|GBK|GB18030)?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return known.match(encoding).hasMatch();
+}
+
+} // namespace
 
 XmlPart::XmlPart(ZipArchive& archive, const QString& name) : mStream(archive, name) {}
 
@@ -17,7 +30,7 @@ bool XmlPart::begin(const XmlNamespace& space, QLatin1String root)
     }
     mXml.setDevice(&mStream);
     if (nextChild() && !is(space, root)) {
-        fail(message::unexpectedXml(mStream.name()));
+        fail(message::unexpectedXml(partName()));
     }
     return !hasError();
 }
@@ -27,16 +40,19 @@ QXmlStreamReader::TokenType XmlPart::advance()
     mStream.beginToken();
     const QXmlStreamReader::TokenType token = mXml.readNext();
     switch (token) {
-    case QXmlStreamReader::StartElement:
-        if (++mDepth > limits::NestingDepth) {
-            fail(message::nestedTooDeep(mStream.name()));
+    case QXmlStreamReader::StartDocument:
+        if (!keepsAscii(mXml.documentEncoding().toString())) {
+            fail(message::foreignEncoding(partName()));
         }
+        break;
+    case QXmlStreamReader::StartElement:
+        enterElement();
         break;
     case QXmlStreamReader::EndElement:
         --mDepth;
         break;
     case QXmlStreamReader::DTD:
-        fail(message::documentType(mStream.name()));
+        fail(message::documentType(partName()));
         break;
     case QXmlStreamReader::Invalid:
         noteXmlError();
@@ -47,25 +63,30 @@ QXmlStreamReader::TokenType XmlPart::advance()
     return hasError() ? QXmlStreamReader::Invalid : token;
 }
 
+void XmlPart::enterElement()
+{
+    if (++mDepth > limits::NestingDepth) {
+        fail(message::nestedTooDeep(partName()));
+        return;
+    }
+    const auto depth = static_cast<std::size_t>(mDepth);
+    mNamespaces[depth] = mNamespaces[depth - 1] + mXml.namespaceDeclarations().size();
+    if (mNamespaces[depth] > limits::Namespaces) {
+        fail(message::tooManyNamespaces(partName()));
+    }
+}
+
 void XmlPart::noteXmlError()
 {
-    fail(mStream.failure().isEmpty()
-             ? message::damagedXml(mStream.name(), mXml.lineNumber(), mXml.columnNumber())
-             : mStream.failure());
+    fail(mStream.failure().isEmpty() ? message::damagedXml(partName(), mXml.lineNumber(), mXml.columnNumber())
+                                     : mStream.failure());
 }
 
 bool XmlPart::nextChild()
 {
-    while (!hasError()) {
-        switch (advance()) {
-        case QXmlStreamReader::StartElement:
+    while (nextContent()) {
+        if (!isText()) {
             return true;
-        case QXmlStreamReader::EndElement:
-        case QXmlStreamReader::EndDocument:
-        case QXmlStreamReader::Invalid:
-            return false;
-        default:
-            break;
         }
     }
     return false;
@@ -111,7 +132,7 @@ QString XmlPart::readText()
         } else if (text.size() + mXml.text().size() <= limits::TokenBytes) {
             text += mXml.text();
         } else {
-            fail(message::partTooLarge(mStream.name()));
+            fail(message::partTooLarge(partName()));
         }
     }
     return text;
@@ -126,7 +147,9 @@ void XmlPart::fail(const QString& error)
 
 QString XmlPart::finish()
 {
-    fail(hasError() ? QString() : mStream.finish());
+    if (!hasError()) {
+        mError = mStream.finish();
+    }
     return mError;
 }
 

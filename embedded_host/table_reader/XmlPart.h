@@ -1,9 +1,12 @@
 #pragma once
 
+#include "embedded_host/table_reader/Limits.h"
 #include "embedded_host/table_reader/ZipArchive.h"
 
 #include <QLatin1String>
 #include <QXmlStreamReader>
+
+#include <array>
 
 namespace table_reader {
 
@@ -27,14 +30,16 @@ inline bool same(const QStringRef& text, QLatin1String latin)
     return difference == 0;
 }
 
-/// A namespace in its usual spelling and the one of the strict ISO edition; both mean the same.
+/// A namespace in its usual spelling and the one of the strict ISO edition, if it has one; both mean the
+/// same.
 struct XmlNamespace {
     QLatin1String usual;
     QLatin1String strict;
-    bool is(const QStringRef& uri) const { return same(uri, usual) || same(uri, strict); }
+    bool is(const QStringRef& uri) const { return !uri.isEmpty() && (same(uri, usual) || same(uri, strict)); }
 };
 
-/// Walks the XML of a part from element to element, within the limits. Refuses document type declarations.
+/// Walks the XML of a part from element to element, within the limits. Refuses document type declarations,
+/// and encodings in which markup is not ASCII.
 ///
 ///     XmlPart part(archive, name);
 ///     if (!part.begin(…)) return part.error();
@@ -74,17 +79,21 @@ public:
     void fail(const QString& error);
     bool hasError() const { return !mError.isEmpty(); }
     const QString& error() const { return mError; }
-    /// Checks length and checksum of the part. Empty, or the first complaint.
+    const QString& partName() const { return mStream.name(); }
+    /// Checks length and checksum of the part, whether it was read to its end or not. Empty, or the first
+    /// complaint.
     QString finish();
 
 private:
     QXmlStreamReader::TokenType advance();
+    void enterElement();
     void noteXmlError();
 
     PartStream mStream;
     QXmlStreamReader mXml;
     QString mError;
     int mDepth = 0;
+    std::array<int, limits::NestingDepth + 1> mNamespaces = {}; ///< declared down to this depth
 };
 
 /// The value of an attribute as an unsigned number below 2^31; otherwise the fallback.

@@ -7,16 +7,17 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace table_reader {
 namespace {
 
-/// Lets libzip read from a QIODevice; it never writes.
+/// Lets libzip read from a QIODevice, no more bytes than are left; it never writes.
 class DeviceSource {
 public:
-    static zip_source_t* create(QIODevice& device)
+    static zip_source_t* create(QIODevice& device, qint64& bytesLeft)
     {
-        auto* source = new DeviceSource(device);
+        auto* source = new DeviceSource(device, bytesLeft);
         zip_source_t* made = zip_source_function_create(&DeviceSource::answer, source, nullptr);
         if (made == nullptr) {
             delete source;
@@ -25,7 +26,10 @@ public:
     }
 
 private:
-    explicit DeviceSource(QIODevice& device) : mDevice(device) { zip_error_init(&mError); }
+    DeviceSource(QIODevice& device, qint64& bytesLeft) : mDevice(device), mBytesLeft(bytesLeft)
+    {
+        zip_error_init(&mError);
+    }
     ~DeviceSource() { zip_error_fini(&mError); }
 
     static zip_int64_t answer(void* self, void* data, zip_uint64_t length, zip_source_cmd_t command)
@@ -36,10 +40,8 @@ private:
             return source.mDevice.seek(0) ? 0 : source.fail(ZIP_ER_SEEK);
         case ZIP_SOURCE_CLOSE:
             return 0;
-        case ZIP_SOURCE_READ: {
-            const qint64 got = source.mDevice.read(static_cast<char*>(data), static_cast<qint64>(length));
-            return got >= 0 ? got : source.fail(ZIP_ER_READ);
-        }
+        case ZIP_SOURCE_READ:
+            return source.read(static_cast<char*>(data), static_cast<qint64>(length));
         case ZIP_SOURCE_STAT:
             return source.stat(data);
         case ZIP_SOURCE_SEEK:
@@ -66,6 +68,13 @@ private:
         return -1;
     }
 
+    zip_int64_t read(char* data, qint64 length)
+    {
+        const qint64 got = mDevice.read(data, length);
+        mBytesLeft -= std::max<qint64>(got, 0);
+        return got >= 0 && mBytesLeft >= 0 ? got : fail(ZIP_ER_READ);
+    }
+
     zip_int64_t stat(void* data) const
     {
         auto& answered = *static_cast<zip_stat_t*>(data);
@@ -87,6 +96,7 @@ private:
     }
 
     QIODevice& mDevice;
+    qint64& mBytesLeft;
     zip_error_t mError;
 };
 
@@ -102,17 +112,23 @@ void ZipCloser::operator()(zip_file* part) const
     zip_fclose(part);
 }
 
+ZipArchive::ZipArchive(QIODevice& file) : mFile(file), mBytesLeft(limits::DirectoryBytes) {}
+
 QString ZipArchive::open()
 {
-    zip_source_t* source = DeviceSource::create(mFile);
+    if (mFile.size() > limits::ZipFileBytes) {
+        return message::fileTooLarge();
+    }
+    zip_source_t* source = DeviceSource::create(mFile, mBytesLeft);
     if (source == nullptr) {
         return message::damagedArchive();
     }
     mZip.reset(zip_open_from_source(source, ZIP_RDONLY, nullptr));
     if (!mZip) {
         zip_source_free(source);
-        return message::damagedArchive();
+        return mBytesLeft < 0 ? message::tooManyParts() : message::damagedArchive();
     }
+    mBytesLeft = std::numeric_limits<qint64>::max();
     const qint64 entries = zip_get_num_entries(mZip.get(), 0);
     return entries > limits::ArchiveEntries ? message::tooManyParts() : readDirectory(entries);
 }
@@ -166,19 +182,48 @@ QString PartStream::begin()
 
 qint64 PartStream::readData(char* data, qint64 maximum)
 {
-    const qint64 got =
-        mFailure.isEmpty() ? zip_fread(mPart.get(), data, static_cast<zip_uint64_t>(maximum)) : -1;
-    mSound = mSound && got >= 0;
+    const qint64 got = mFailure.isEmpty() ? inflate(data, maximum) : -1;
     if (got <= 0) {
         return -1;
     }
-    mRead += got;
     mTokenBytes += got;
-    if (mRead > limits::PartBytes || mTokenBytes > limits::TokenBytes || isSuspicious()) {
-        mFailure = message::partTooLarge(mName);
-        return -1;
-    }
+    const bool isTooLarge = mRead > limits::PartBytes || mTokenBytes > limits::TokenBytes || isSuspicious();
+    mFailure = isTooLarge ? message::partTooLarge(mName) : lookAt(data, got);
+    return mFailure.isEmpty() ? got : -1;
+}
+
+qint64 PartStream::inflate(char* data, qint64 maximum)
+{
+    const qint64 got = zip_fread(mPart.get(), data, static_cast<zip_uint64_t>(maximum));
+    mRead += std::max<qint64>(got, 0);
     return got;
+}
+
+/// Qt's XML reader compares each attribute of a tag with each before it shows any, so they are counted before
+/// it sees them, by their opening quotes. Every "<" begins anew, since none can stand within a tag; thus
+/// comments and the like, which are taken for tags, do no harm. A zero byte tells an encoding in which all
+/// this looks otherwise.
+QString PartStream::lookAt(const char* bytes, qint64 length)
+{
+    for (const char* at = bytes; at != bytes + length; ++at) {
+        if (*at == '<') {
+            mIsInTag = true;
+            mQuote = '\0';
+            mAttributes = 0;
+        } else if (*at == '\0') {
+            return message::foreignEncoding(mName);
+        } else if (mIsInTag && mQuote != '\0') {
+            mQuote = *at == mQuote ? '\0' : mQuote;
+        } else if (mIsInTag && (*at == '"' || *at == '\'')) {
+            mQuote = *at;
+            if (++mAttributes > limits::TagAttributes) {
+                return message::tooManyAttributes(mName);
+            }
+        } else if (*at == '>') {
+            mIsInTag = false;
+        }
+    }
+    return QString();
 }
 
 bool PartStream::isSuspicious() const
@@ -188,15 +233,18 @@ bool PartStream::isSuspicious() const
 
 QString PartStream::finish()
 {
-    std::array<char, 32768> rest;
-    do {
-        beginToken();
-    } while (read(rest.data(), rest.size()) > 0);
     if (!mFailure.isEmpty()) {
         return mFailure;
     }
+    std::array<char, 32768> rest;
+    const qint64 end = mRead + limits::RestBytes;
+    qint64 got = 1;
+    while (got > 0 && mRead < end) {
+        got = inflate(rest.data(), rest.size());
+    }
     mPart.reset();
-    return mSound && mRead == mSize ? QString() : message::damagedPart(mName);
+    const bool isSound = got > 0 || (got == 0 && mRead == mSize); // libzip compares the checksum at the end
+    return isSound ? QString() : message::damagedPart(mName);
 }
 
 } // namespace table_reader

@@ -21,7 +21,7 @@ struct ZipCloser {
 /// and the direction of slashes do not count. Of parts with the same name the last one is taken.
 class ZipArchive {
 public:
-    explicit ZipArchive(QIODevice& file) : mFile(file) {}
+    explicit ZipArchive(QIODevice& file);
 
     /// Reads the directory. Empty, or the sentence that says what is wrong.
     QString open();
@@ -34,12 +34,14 @@ private:
     qint64 entryOf(const QString& name) const { return mParts.value(key(name), -1); }
 
     QIODevice& mFile;
+    qint64 mBytesLeft; ///< that may still be read; bounds what the directory takes
     std::unique_ptr<zip, ZipCloser> mZip;
     QHash<QString, qint64> mParts; ///< number of the entry
 };
 
 /// One part, inflated as it is read, never whole in memory. Reading fails beyond the limits; finish() checks
-/// the length and the checksum. Only one stream of an archive may be open at a time.
+/// the length and the checksum. The bytes must be XML in an encoding that leaves ASCII as it is, or plain
+/// ASCII. Only one stream of an archive may be open at a time.
 class PartStream : public QIODevice {
     Q_OBJECT
 
@@ -51,7 +53,8 @@ public:
     QString begin();
     /// Forgets the bytes counted for the current token; see limits::TokenBytes.
     void beginToken() { mTokenBytes = 0; }
-    /// Reads what is left, then checks length and checksum. Empty, or what is wrong.
+    /// Reads what is left without a look at it, then checks length and checksum. Empty, or what is wrong. A
+    /// rest longer than limits::RestBytes is left, and the part taken as it is.
     QString finish();
     /// What stopped the reading, if anything did.
     const QString& failure() const { return mFailure; }
@@ -64,7 +67,9 @@ protected:
     qint64 writeData(const char*, qint64) override { return -1; }
 
 private:
+    qint64 inflate(char* data, qint64 maximum);
     bool isSuspicious() const;
+    QString lookAt(const char* bytes, qint64 length);
 
     ZipArchive& mArchive;
     QString mName;
@@ -73,8 +78,10 @@ private:
     qint64 mSize = 0;
     qint64 mCompressed = 0;
     qint64 mRead = 0;
-    bool mSound = true; ///< no error while inflating, checksum included
     qint64 mTokenBytes = 0;
+    bool mIsInTag = false;
+    char mQuote = '\0';  ///< that is open within the tag
+    int mAttributes = 0; ///< of the tag
 };
 
 } // namespace table_reader

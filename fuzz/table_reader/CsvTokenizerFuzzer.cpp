@@ -16,7 +16,7 @@ struct Records {
 /// Splits the text, fed in pieces of this many characters.
 Records split(const QString& text, int piece)
 {
-    CsvTokenizer csv(QLatin1Char(','));
+    table_reader::CsvTokenizer csv(QLatin1Char(','));
     Records records;
     QStringList cells;
     const auto take = [&] {

@@ -53,6 +53,15 @@ TEST(CsvEncoding, TellsUtf16WithoutMarkByItsZeroBytes)
     EXPECT_EQ(HeaderShown, shown(utf16(Header, true)));
 }
 
+TEST(CsvEncoding, DoesNotTakeAStrayZeroByteForUtf16)
+{
+    const QString header = QStringLiteral("证券代码名称市场委托数量委托价格投资备注指令序号\n");
+    EXPECT_EQ("! 文件不是文本，也不是可识别的表格（含有值为零的字节）",
+              shown(encoded(header, "GB18030") + QByteArray("0\0\n", 3)));
+    EXPECT_EQ("! 文件不是文本，也不是可识别的表格（含有值为零的字节）", shown(utf16(Header, false) + "\n"));
+    EXPECT_EQ("证券代码|市场\n", shown(utf16(QStringLiteral("证券代码,市场\n"), false)));
+}
+
 TEST(CsvEncoding, ReadsWhatIsNotUtf8AsGb18030)
 {
     const Table table = tableOf(encoded(Header, "GB18030"));

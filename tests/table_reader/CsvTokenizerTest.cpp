@@ -4,6 +4,8 @@
 
 #include <string>
 
+using table_reader::CsvTokenizer;
+
 namespace {
 
 struct Split {

@@ -105,6 +105,17 @@ TEST(NumberFormats, OfTheWorkbookAreDatesByTheirLetters)
     EXPECT_EQ(NumberFormat::Elapsed, format("[mm]"));
 }
 
+TEST(NumberFormats, OfEasternYearsAndWeekdaysAreDates)
+{
+    for (const char* const code : {"[$-804]aaaa;@", "aaa", "e\"年\"", "[$-1030000]b", "bbbb", "[$-411]ee"}) {
+        EXPECT_EQ(NumberFormat::Date, format(code)) << code;
+    }
+    for (const char* const code : {"0.00E+00", "##0.0e-0", "0 b", "Geral", "AA", "General\"e\""}) {
+        EXPECT_EQ(NumberFormat::Plain, format(code)) << code;
+    }
+    EXPECT_EQ(NumberFormat::Time, format("h:mm A/P"));
+}
+
 TEST(NumberFormats, DoNotBecomeDatesByTextColoursOrLaterSections)
 {
     for (const char* const code :
@@ -152,6 +163,16 @@ TEST(TimesOfDay, AreShownWithoutADay)
               shownNumber(44197 + 9.5 / 24, NumberFormat::Time, DateSystem::From1900).toStdString());
 }
 
+TEST(TimesOfDay, AreNeverAWholeDay)
+{
+    const double almost = 0.9999999999;
+    for (const NumberFormat format : {NumberFormat::Time, NumberFormat::Date}) {
+        EXPECT_EQ("23:59:59", shownNumber(almost, format, DateSystem::From1900).toStdString());
+    }
+    EXPECT_EQ("24:00:00", shownNumber(almost, NumberFormat::Elapsed, DateSystem::From1900).toStdString());
+    EXPECT_EQ("23:59:59", iso("23:59:59.9999"));
+}
+
 TEST(TimesOfDay, RunOnBeyondADayWhereTheFormatSaysSo)
 {
     EXPECT_EQ(
@@ -168,6 +189,9 @@ TEST(IsoDates, AreBroughtIntoTheReadersForm)
     EXPECT_EQ("2021-01-02T00:00:00.000", iso("2021-01-01T23:59:59.9999"));
     EXPECT_EQ("2021-13-01", iso("2021-13-01"));
     EXPECT_EQ("tomorrow", iso("tomorrow"));
+    EXPECT_EQ("2021-01-01T00:00:00.000", iso("  2021-01-01 "));
+    EXPECT_EQ("10:10:10.00000000000000000000000000000000000000000000000000",
+              iso("10:10:10.00000000000000000000000000000000000000000000000000"));
 }
 
 TEST(CellAddress, IsReadAndWritten)

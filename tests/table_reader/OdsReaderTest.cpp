@@ -54,6 +54,24 @@ TEST(OdsCells, ShowTheTextOfAnError)
                                     "<text:p>#N/A</text:p>")));
 }
 
+TEST(OdsCells, ShowTheTextOfAnErrorThatIsStoredAsANumber)
+{
+    EXPECT_EQ("#DIV/0!|Err:502|5\n", cells(value("float", "office:value=\"0\"", "<text:p>#DIV/0!</text:p>") +
+                                           value("float", "office:value=\"0\"", "<text:p>Err:502</text:p>") +
+                                           value("float", "office:value=\"5\"", "<text:p>#5</text:p>")));
+}
+
+TEST(OdsCells, ShowTheirParagraphsWhereTheStoredTextIsEmpty)
+{
+    EXPECT_EQ("#N/A\n", cells(value("string", "office:string-value=\"\"", "<text:p>#N/A</text:p>")));
+}
+
+TEST(OdsCells, KeepTimesBelowADayBelowIt)
+{
+    EXPECT_EQ("23:59:59|24:00:00\n", cells(value("time", "office:time-value=\"PT23H59M59.9999S\"") +
+                                           value("time", "office:time-value=\"PT24H\"")));
+}
+
 TEST(OdsCells, KeepTimesBeyondADay)
 {
     EXPECT_EQ("26:00:30|25:00:00\n", cells(value("time", "office:time-value=\"PT26H00M30.000S\"") +
@@ -103,7 +121,7 @@ TEST(OdsRepetition, StopsBehindTheRowsWanted)
 TEST(OdsRepetition, BeyondTheColumnsOfASheetIsRefused)
 {
     EXPECT_EQ(
-        "! 文件超出读取限制：列数过多",
+        "! 文件超出读取限制：第1行超过16384列",
         cells("<table:table-cell table:number-columns-repeated=\"99999999\" office:value-type=\"string\">"
               "<text:p>x</text:p></table:table-cell>"));
 }
@@ -146,4 +164,13 @@ TEST(OdsInspection, TellsHiddenRowsMergedAreasAndStoredNumbers)
     EXPECT_EQ(QSet<int>{0}, read.inspection.hiddenRows);
     EXPECT_EQ(QList<QRect>{QRect(1, 0, 2, 3)}, read.inspection.mergedAreas);
     EXPECT_EQ("1e2", (read.inspection.numbers.value({0, 0}).toStdString()));
+}
+
+TEST(OdsInspection, TellsMergedAreasNoLongerThanASheet)
+{
+    const Table read = inspect(
+        ods(table("<table:table-row><table:table-cell table:number-columns-repeated=\"9\"/><table:table-cell "
+                  "table:number-columns-spanned=\"2147483647\" table:number-rows-spanned=\"2147483647\"/>"
+                  "</table:table-row>")));
+    EXPECT_EQ(QList<QRect>{QRect(9, 0, 1 << 20, 1 << 20)}, read.inspection.mergedAreas);
 }

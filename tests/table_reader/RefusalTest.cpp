@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 using namespace samples;
 using table_reader::readTable;
@@ -90,12 +91,17 @@ TEST(RefusedTexts, EachHaveTheirSentence)
     EXPECT_EQ("! 文件内容是PDF文档，不是表格", shown("%PDF-1.4\n"));
     EXPECT_EQ("! 文件内容是单个文件网页（MHTML），请另存为xlsx或csv后再导入",
               shown("MIME-Version: 1.0\nX: y\n"));
+    EXPECT_EQ("! 文件内容是单个文件网页（MHTML），请另存为xlsx或csv后再导入",
+              shown("From: <Saved>\r\nSubject: a, b\r\n c\r\nMIME-Version: 1.0\r\n\r\n"));
+    EXPECT_EQ("! 文件内容是XML，不是表格，请另存为xlsx或csv后再导入", shown("<!-- x, y -->\n<p>a</p>"));
 }
 
 TEST(RefusedTexts, AreNotHeadersInAngleBrackets)
 {
     EXPECT_EQ("<TICKER>|<DATE>\n600000|20210101\n", shown("<TICKER>,<DATE>\n600000,20210101\n"));
     EXPECT_EQ("<title>|<table>\n", shown("<title>,<table>\n"));
+    EXPECT_EQ("<code>|note\n1|</x>\n", shown("<code>,note\n1,</x>\n"));
+    EXPECT_EQ("a|b: c\nMIME-Version:|1\n", shown("a,b: c\nMIME-Version:,1\n"));
 }
 
 TEST(RefusedTexts, HaveZeroBytes)
@@ -171,6 +177,60 @@ TEST(DamagedArchives, AreRefusedByTheChecksumAlone)
     EXPECT_EQ("! 文件已损坏，无法读取：部件xl/worksheets/sheet1.xml校验失败", shown(damaged));
 }
 
+TEST(DamagedArchives, AreRefusedByTheChecksumOfTextsReadInPart)
+{
+    Xlsx sample = oneCell();
+    sample.sheetData = "<row><c t=\"s\"><v>0</v></c></row>";
+    sample.texts = "<si><t>600000</t></si><si><t>that nobody wants</t></si>";
+    QByteArray damaged = zip(sample.parts(), false);
+    ASSERT_EQ("600000\n", shown(damaged));
+    damaged.replace("600000", "600001");
+    EXPECT_EQ("! 文件已损坏，无法读取：部件xl/sharedStrings.xml校验失败", shown(damaged));
+}
+
+TEST(DamagedArchives, AreRefusedByTheChecksumThoughRowsAreLeftUnread)
+{
+    Xlsx sample;
+    sample.sheetData = QByteArray("<row><c><v>12345</v></c></row>").repeated(1100);
+    QByteArray damaged = zip(sample.parts(), false);
+    damaged.replace(damaged.indexOf("12345"), 5, "12346");
+    EXPECT_EQ("! 文件已损坏，无法读取：部件xl/worksheets/sheet1.xml校验失败", shown(damaged));
+}
+
+TEST(DamagedArchives, AreRefusedByTheChecksumThoughEmptyRowsFillTheSheet)
+{
+    const QByteArray tables =
+        "<table:table><table:table-row><table:table-cell office:value-type=\"float\" "
+        "office:value=\"600000\"/>"
+        "</table:table-row><table:table-row table:number-rows-repeated=\"1048575\"/></table:table>";
+    QByteArray damaged = ods(tables, "", "", false);
+    ASSERT_EQ("600000\n", shown(damaged));
+    damaged.replace("600000", "600001");
+    EXPECT_EQ("! 文件已损坏，无法读取：部件content.xml校验失败", shown(damaged));
+}
+
+TEST(DamagedArchives, AreReadWhereTheFaultLiesFarBehindTheTextsWanted)
+{
+    Xlsx sample;
+    sample.sheetData = "<row><c t=\"s\"><v>0</v></c></row>";
+    sample.texts = "<si><t>a</t></si>" + QByteArray(20 << 20, ' ') + "<!--far behind-->";
+    QByteArray damaged = zip(sample.parts(), false);
+    damaged.replace("far behind", "FAR BEHIND");
+    EXPECT_EQ("a\n", shown(damaged));
+}
+
+TEST(DamagedParts, AreInAnEncodingWithoutAscii)
+{
+    const char sentence[] = "! 部件xl/s.xml的文字编码不受支持，请用电子表格程序另存后再导入";
+    QByteArray wide("\xFF\xFE");
+    for (const char c : worksheet("")) {
+        wide.append(c).append('\0');
+    }
+    EXPECT_EQ(sentence, shown(withSheet(wide)));
+    EXPECT_EQ(sentence, shown(withSheet(worksheet("").replace("UTF-8", "ISO-2022-JP"))));
+    EXPECT_EQ("", shown(withSheet(worksheet("").replace("UTF-8", "GB18030"))));
+}
+
 TEST(DamagedParts, NameThePartLineAndColumn)
 {
     EXPECT_EQ("! 文件已损坏，无法读取：部件xl/s.xml第2行第4列不是有效的XML",
@@ -228,10 +288,56 @@ TEST(Limits, RefuseDeepNesting)
     EXPECT_EQ("! 文件超出读取限制：部件xl/s.xml嵌套过深", shown(withSheet(worksheet(deep))));
 }
 
+TEST(Limits, RefuseTagsOfManyAttributes)
+{
+    const auto row = [](int attributes) {
+        QByteArray tag = "<row";
+        for (int number = 0; number < attributes; ++number) {
+            tag += " a" + QByteArray::number(number) + " = '>'";
+        }
+        return withSheet(worksheet(tag + "><c t='str'><v>1 = \"2\"</v></c></row>"));
+    };
+    EXPECT_EQ("1 = \"2\"\n", shown(row(100)));
+    EXPECT_EQ("! 文件超出读取限制：部件xl/s.xml的一个标签中属性过多", shown(row(101)));
+}
+
+TEST(Limits, RefuseManyNamespacesAtOnePlace)
+{
+    const auto declared = [](int depth, char letter) {
+        QByteArray tag = "<a";
+        for (int number = 0; number < depth; ++number) {
+            tag += QByteArray(" xmlns:") + letter + QByteArray::number(number) + "=\"u\"";
+        }
+        return tag + ">";
+    };
+    const QByteArray nested = declared(60, 'x') + declared(60, 'y') + "</a></a>";
+    EXPECT_EQ("! 文件超出读取限制：部件xl/s.xml的命名空间过多", shown(withSheet(worksheet(nested))));
+    const QByteArray beside = declared(60, 'x') + "</a>" + declared(60, 'y') + "</a>";
+    EXPECT_EQ("", shown(withSheet(worksheet(beside))));
+}
+
+TEST(Limits, RefuseArchivesOfManyParts)
+{
+    Parts parts;
+    for (int number = 0; number < 150; ++number) {
+        parts.append({QString::number(number).rightJustified(60000, QLatin1Char('a')), QByteArray()});
+    }
+    EXPECT_EQ("! 文件超出读取限制：压缩包内文件过多", shown(zip(parts)));
+}
+
+TEST(Limits, RefuseArchivesOfManyMegabytes)
+{
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write(oneCell().file());
+    ASSERT_TRUE(file.resize(Q_INT64_C(300) << 20)); // takes no room on the disk
+    EXPECT_EQ("! 文件超出读取限制：文件过大", shown(readTable(file.fileName())));
+}
+
 TEST(Limits, RefuseTooManyColumns)
 {
-    EXPECT_EQ("! 文件超出读取限制：列数过多", shown(QByteArray(20000, ',')));
-    EXPECT_EQ("! 文件超出读取限制：列数过多",
+    EXPECT_EQ("! 文件超出读取限制：第2行超过16384列", shown("a\n" + QByteArray(20000, ',')));
+    EXPECT_EQ("! 文件超出读取限制：第1行超过16384列",
               shown(withSheet(worksheet("<row>" + QByteArray("<c/>").repeated(16385) + "</row>"))));
 }
 

@@ -91,7 +91,8 @@ Parts Xlsx::parts() const
     return parts + more;
 }
 
-QByteArray ods(const QByteArray& tables, const QByteArray& styles, const QByteArray& manifest)
+QByteArray ods(const QByteArray& tables, const QByteArray& styles, const QByteArray& manifest,
+               bool compressed)
 {
     const QByteArray content =
         XmlHead +
@@ -113,7 +114,7 @@ QByteArray ods(const QByteArray& tables, const QByteArray& styles, const QByteAr
                           "xmlns:manifest=\"urn:oasis:names:tc:opendocument:xmlns:manifest:1.0\">" +
                           manifest + "</manifest:manifest>"});
     }
-    return zip(parts);
+    return zip(parts, compressed);
 }
 
 QByteArray word(int value)

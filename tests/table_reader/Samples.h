@@ -36,7 +36,7 @@ QByteArray worksheet(const QByteArray& sheetData, const QByteArray& behind = QBy
 
 /// An OpenDocument spreadsheet; `tables` are table:table elements, `styles` stand in office:automatic-styles.
 QByteArray ods(const QByteArray& tables, const QByteArray& styles = QByteArray(),
-               const QByteArray& manifest = QByteArray());
+               const QByteArray& manifest = QByteArray(), bool compressed = true);
 
 /// Records of a workbook stream, numbers little endian.
 class Biff {

@@ -78,6 +78,8 @@ TEST(TableLint, FindsNumbersInExponentFormOrWithTooManyDigits)
     EXPECT_EQ(
         "number.exponent B2 6E+05\nnumber.digits C2 1234567890123456\n",
         found("证券代码,市场,委托数量\nx,6E+05,1234567890123456\nx,0000000000000000012,123456789012345\n"));
+    EXPECT_EQ("number.digits A2 -0.1234567890123456\n",
+              found("证券代码\n-0.1234567890123456\n1.2.34567890123456789\n"));
 }
 
 TEST(TableLint, FindsBlanksThatCannotBeSeenAndFullWidthDigits)
@@ -110,6 +112,21 @@ TEST(TableLint, StopsAtAThousandFindings)
 {
     EXPECT_EQ(MaxFindings,
               lint(inspect("市场\n" + QByteArray("１,１,\n").repeated(900)), expectation()).size());
+}
+
+TEST(TableLint, StopsAtAThousandFindingsOfTitlesToo)
+{
+    EXPECT_EQ(MaxFindings, lint(inspect(QByteArray("x,").repeated(3000)), expectation()).size());
+}
+
+TEST(TableLint, FindsValuesUnderAnyOfTheMergedAreasOverARow)
+{
+    table_reader::Table table;
+    table.rows = {{QStringLiteral("市场"), QStringLiteral("a"), QStringLiteral("b")},
+                  {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}};
+    table.inspection.mergedAreas = {QRect(0, 0, 1, 2), QRect(2, 0, 9, 1), QRect(1, 1, 1, 1),
+                                    QRect(2, 1, 5, 5)};
+    EXPECT_EQ("title.unknown B1 a\ntitle.unknown C1 b\nmerged.hidden A2 1\n", found(table));
 }
 
 TEST(NearestTitle, ToleratesAThirdOfTheCharacters)

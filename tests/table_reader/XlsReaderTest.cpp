@@ -163,9 +163,24 @@ TEST(XlsBiff5, ReadsByteTextsByTheCodePage)
     EXPECT_EQ("买入|ab|卖|2021-01-01T00:00:00.000\n", shown(workbook5(records, globals)));
 }
 
+TEST(XlsBiff5, RefusesTextsThatAreCutOff)
+{
+    const char sentence[] = "! 文件已损坏，无法读取：工作簿数据不完整";
+    EXPECT_EQ(sentence, shown(workbook5(Biff().cell(biff::Label, 0, 0, 0, word(6) + "6000").bytes())));
+    EXPECT_EQ(sentence, shown(workbook5(QByteArray(),
+                                        Biff().record(biff::Format, word(164) + char(9) + "0.00").bytes())));
+}
+
 TEST(XlsBiff5, ReadsWesternTextsWithoutCodePage)
 {
     EXPECT_EQ("\xC3\xA9\n", shown(workbook5(Biff().cell(biff::Label, 0, 0, 0, text5("\xE9")).bytes())));
+}
+
+TEST(XlsSheets, ThatHaveACutNameAreAnError)
+{
+    const QByteArray entry = dword(0) + char(0) + char(0) + char(9) + char(0) + "cut";
+    EXPECT_EQ("! 文件已损坏，无法读取：工作簿数据不完整",
+              shown(xls(Here, Biff().record(biff::BoundSheet, entry).bytes())));
 }
 
 TEST(XlsSheets, AreTheFirstThatCanBeSeen)
@@ -210,6 +225,17 @@ TEST(XlsContainers, GiveTheNewerOfTwoWorkbooks)
     EXPECT_EQ("here\n", shown(ole({{QStringLiteral("Book"), older}, {QStringLiteral("Workbook"), newer}})));
 }
 
+TEST(XlsContainers, AreRefusedWhereTheNewerWorkbookIsDamaged)
+{
+    const QByteArray records = Biff().number(0, 0, 5).bytes();
+    const QByteArray older = workbookStream(biff::Version5, QByteArray(), {{"a", records}});
+    const QByteArray newer = workbookStream(biff::Version8, QByteArray(), {{"a", Here}});
+    QByteArray file = ole({{QStringLiteral("Book"), older}, {QStringLiteral("Workbook"), newer}});
+    constexpr int SizeOffset = 0x78; // of a directory entry, which begins with the name
+    file.replace(file.indexOf(QByteArray("W\0o\0r\0k\0", 8)) + SizeOffset, 4, dword(0x7FFFFFFF));
+    EXPECT_EQ("! 文件已损坏，无法读取：复合文档结构不完整", shown(file));
+}
+
 TEST(XlsContainers, AreNotNeeded)
 {
     EXPECT_EQ("here\n", shown(workbookStream(biff::Version8, QByteArray(), {{"a", Here}})));
@@ -221,14 +247,15 @@ TEST(XlsRows, StopBehindTheOnesWanted)
     for (int row = 0; row < 1100; ++row) {
         rowWise.number(row, 0, row).number(row, 1, row);
     }
-    EXPECT_EQ(1002, tableOf(xls(rowWise.bytes() + "never read")).rows.size());
+    EXPECT_EQ(1002, tableOf(xls(rowWise.bytes())).rows.size());
 }
 
 TEST(XlsRows, WrittenColumnByColumnAreReadWhole)
 {
     Biff columnWise;
+    columnWise.number(0, 0, 7).number(0, 1, 8); // the header alone was written as a row
     for (int column = 0; column < 2; ++column) {
-        for (int row = 0; row < 1100; ++row) {
+        for (int row = 1; row < 1100; ++row) {
             columnWise.number(row, column, row);
         }
     }
@@ -241,8 +268,8 @@ TEST(XlsRows, AreTheSameWhenInspectedThoughRowsComeOutOfOrder)
 {
     const QByteArray file =
         xls(Biff().number(0, 0, 1).number(0, 1, 2).number(2000, 0, 3).number(1, 0, 4).bytes());
-    EXPECT_EQ("1|2\n", shown(file));
-    EXPECT_EQ("1|2\n", shown(inspect(file)));
+    EXPECT_EQ("1|2\n4\n", shown(file));
+    EXPECT_EQ("1|2\n4\n", shown(inspect(file)));
 }
 
 TEST(XlsInspection, TellsHiddenRowsMergedAreasAndStoredNumbers)

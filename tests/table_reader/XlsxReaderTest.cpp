@@ -57,6 +57,19 @@ TEST(XlsxCells, FollowOneAnotherWithoutAddresses)
                                     "<row r=\"4\"><c><v>4</v></c></row>"));
 }
 
+TEST(XlsxCells, AreRefusedAtAddressesThatAreNone)
+{
+    EXPECT_EQ("! 文件已损坏，无法读取：部件xl/worksheets/sheet1.xml的单元格地址“7B”无效",
+              rows("<row><c r=\"7B\"><v>1</v></c></row>"));
+    EXPECT_EQ("! 文件已损坏，无法读取：部件xl/worksheets/sheet1.xml的单元格地址“XFE1”无效",
+              rows("<row><c r=\"XFE1\"><v>1</v></c></row>"));
+    for (const char* const number : {"x", "0", "-1", ""}) {
+        EXPECT_EQ(std::string("! 文件已损坏，无法读取：部件xl/worksheets/sheet1.xml的行号“") + number +
+                      "”无效",
+                  rows(QByteArray("<row r=\"") + number + "\"><c><v>1</v></c></row>"));
+    }
+}
+
 TEST(XlsxCells, AreEmptyWithoutValueOrWithAnEmptyOne)
 {
     EXPECT_EQ("1||2\n",
@@ -82,6 +95,7 @@ TEST(XlsxTexts, AreJoinedFromRunsWithoutPhonetics)
 TEST(XlsxTexts, DecodeEscapedCharacters)
 {
     EXPECT_EQ("a\rb_x000D_c_x12_\n", cell("t=\"inlineStr\"><is><t>a_x000D_b_x005F_x000D_c_x12_</t></is>"));
+    EXPECT_EQ("_x 12A_ _x0x1A_\n", cell("t=\"inlineStr\"><is><t>_x 12A_ _x0x1A_</t></is>"));
 }
 
 TEST(XlsxTexts, AreReadOnlyAsFarAsCellsWantThem)
@@ -196,6 +210,13 @@ TEST(XlsxParts, ThatAreReferencedAndMissingAreAnError)
     EXPECT_EQ("! 文件已损坏，无法读取：缺少部件xl/styles.xml", shown(sample.file()));
 }
 
+TEST(XlsxParts, ThatNoReferenceLeadsToAreAnError)
+{
+    Xlsx sample;
+    sample.references = QByteArray();
+    EXPECT_EQ("! 文件已损坏，无法读取：缺少工作表“委托”的内容", shown(sample.file()));
+}
+
 TEST(XlsxParts, LeadToTheWorkbookByContentTypeTooWithMacrosOrWithout)
 {
     for (const char* const type : {"vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml",
@@ -224,6 +245,27 @@ TEST(XlsxRows, StopBehindTheOnesWanted)
     EXPECT_EQ("", table.error.toStdString());
     ASSERT_EQ(1002, table.rows.size());
     EXPECT_EQ("1002", table.rows.last().first().toStdString());
+}
+
+TEST(XlsxRows, StopBehindTheOnesWantedThoughThereAreGaps)
+{
+    QByteArray data;
+    for (int row = 1; row <= 1201; row += 2) {
+        data += "<row r=\"" + QByteArray::number(row) + "\"><c><v>1</v></c></row>";
+    }
+    Xlsx sample;
+    sample.sheetData = data + "<never read";
+    EXPECT_EQ(1001, tableOf(sample.file()).rows.size());
+}
+
+TEST(XlsxRows, AreReadWhereverTheyStand)
+{
+    const auto row = [](int number) {
+        return "<row r=\"" + QByteArray::number(number) + "\"><c><v>" + QByteArray::number(number) +
+               "</v></c></row>";
+    };
+    EXPECT_EQ("1\n2\n", rows(row(1) + row(2000) + row(2001) + row(2)));
+    EXPECT_EQ("1\n2\n3\n", rows(row(3) + row(2) + row(2000) + row(2001) + row(1)));
 }
 
 TEST(XlsxRows, ThatAreEmptyAtTheEndAreDropped)

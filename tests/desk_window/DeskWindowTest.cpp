@@ -66,9 +66,9 @@ TEST_F(DeskWindowTest, NamesWhatItShowsForThoseWhoDoNotSeeIt)
     }
 }
 
-TEST_F(DeskWindowTest, WithoutALedgerShowsTheParametersThatWereHandedOver)
+TEST_F(DeskWindowTest, ShowsTheParametersThatWereHandedOver)
 {
-    openWithoutLedger();
+    open();
     drop(writeFile({row("600000"_s, "300"_s), row("688001"_s, "400"_s)}));
     pressConfirm();
     const FilteredTable& table = *window->importPage()->handedOver();

@@ -6,6 +6,7 @@
 #include "host/SolveyAccountComboBox.h"
 #include "tests/desk_window/DeskWindowFixture.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
@@ -63,6 +64,18 @@ TEST_F(DeskWindowTest, NamesWhatItShowsForThoseWhoDoNotSeeIt)
     }
     for (const FilteredTable* table : window->findChildren<FilteredTable*>()) {
         EXPECT_FALSE(table->filter()->accessibleName().isEmpty());
+    }
+}
+
+TEST_F(DeskWindowTest, ReadsTheStatusBarOutAsItStands)
+{
+    open();
+    drop(writeFile({row()}));
+    QTest::keyClick(window.get(), Qt::Key_F5);
+    for (const char* name : {"label_message", "label_refreshed"}) {
+        auto* label = child<QLabel>(name);
+        EXPECT_FALSE(label->text().isEmpty()) << name;
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), label->text());
     }
 }
 

@@ -27,19 +27,19 @@ table_lint::Expectation expectationOf(const QStringList& titles, const Reference
         [byCode = securitiesByCode(data)](const QString& code) { return QStringList(byCode.values(code)); }};
 }
 
-/// The import's own rule for notes, for the rows that it takes.
-bool isFilledNote(const QStringList& cells)
+/// Meets the import's rule for notes; one with a single text, as templates have them, is no order.
+bool isSkippedOrder(const QStringList& cells)
 {
     const auto filled = [](const QString& cell) { return !cell.trimmed().isEmpty(); };
     return cells.size() > 2 && !filled(cells.at(0)) && !filled(cells.at(1)) &&
-           std::any_of(cells.begin(), cells.end(), filled);
+           std::count_if(cells.begin(), cells.end(), filled) > 1;
 }
 
-int noteRowCountOf(const QList<QStringList>& rows)
+int skippedRowCountOf(const QList<QStringList>& rows)
 {
     constexpr int most = table_reader::MaxRows - 2; // the header and the row that is one too many
     const QList<QStringList> data = rows.mid(1, most);
-    return int(std::count_if(data.begin(), data.end(), isFilledNote));
+    return int(std::count_if(data.begin(), data.end(), isSkippedOrder));
 }
 
 } // namespace
@@ -64,7 +64,7 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     report.separator = table.separator;
     report.sheet = table.sheet;
     report.rowCount = table.rows.size();
-    report.noteRowCount = noteRowCountOf(table.rows);
+    report.skippedRowCount = skippedRowCountOf(table.rows);
     report.error = table.error;
     if (table.error.isEmpty()) {
         report.findings = table_lint::lint(table, expectationOf(titles, referenceData));

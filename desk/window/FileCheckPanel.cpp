@@ -62,6 +62,11 @@ QString rowCountText(int rows)
                                         : QStringLiteral("至少 %1（含表头）").arg(rows);
 }
 
+QString skippedText(int rows)
+{
+    return rows == 0 ? QString() : QStringLiteral("%1 行").arg(rows);
+}
+
 /// What is known of the file; empty for none.
 QString factsOf(const FileReport& report)
 {
@@ -71,8 +76,7 @@ QString factsOf(const FileReport& report)
         {QStringLiteral("分隔符"), separatorName(report.separator)},
         {QStringLiteral("工作表"), report.sheet},
         {QStringLiteral("行数"), report.format.isEmpty() ? QString() : rowCountText(report.rowCount)},
-        {QStringLiteral("跳过备注"),
-         report.noteRowCount == 0 ? QString() : QString::number(report.noteRowCount)},
+        {QStringLiteral("前两格为空而跳过"), skippedText(report.skippedRowCount)},
         {QStringLiteral("SHA-256"), report.sha256}};
     QStringList known;
     for (const auto& fact : all) {

@@ -131,13 +131,13 @@ void ImportPage::showImported()
 QString ImportPage::importSummary() const
 {
     const int rows = mFrame->rowCount();
-    const int notes = mFileCheck->report().noteRowCount;
+    const int skipped = mFileCheck->report().skippedRowCount;
     QStringList facts{rows == 0 ? QStringLiteral("未导入任何行") : QStringLiteral("已导入 %1 行").arg(rows)};
     if (rows > 0 || !mProblems->problems().isEmpty()) {
         facts.append(QStringLiteral("%1 个问题").arg(mProblems->problems().size()));
     }
-    if (notes > 0) {
-        facts.append(QStringLiteral("跳过 %1 行备注").arg(notes));
+    if (skipped > 0) {
+        facts.append(QStringLiteral("前两格为空而跳过 %1 行").arg(skipped));
     }
     return facts.join(QStringLiteral("，")) + QStringLiteral(" · ") + mFile;
 }

@@ -156,7 +156,7 @@ TEST_F(DialogFrameTest, SaysThatNothingWasImportedOfAFileThatCannotBeRead)
         << "whatever the dialog kept of the file before";
 }
 
-TEST_F(DialogFrameTest, TellsOfFilledRowsThatWerePassedOverAsNotes)
+TEST_F(DialogFrameTest, TellsOfRowsThatWerePassedOverThoughTheyLookLikeOrders)
 {
     open();
     QStringList withoutCode = row();
@@ -164,10 +164,12 @@ TEST_F(DialogFrameTest, TellsOfFilledRowsThatWerePassedOverAsNotes)
     withoutCode[1].clear();
     const QStringList blank =
         QStringList(withoutCode).replaceInStrings(QRegularExpression(".+"_s), QString());
-    const QString path = writeFile({row(), withoutCode, blank, row()});
+    QStringList note = blank;
+    note[2] = "备注：一行一个实例"_s;
+    const QString path = writeFile({row(), note, withoutCode, blank, row()});
     drop(path);
-    EXPECT_EQ(message(), "已导入 2 行，0 个问题，跳过 1 行备注 · "_s + path);
-    EXPECT_TRUE(child<QLabel>("label_fileFacts")->text().contains("跳过备注 1"_s));
+    EXPECT_EQ(message(), "已导入 2 行，0 个问题，前两格为空而跳过 1 行 · "_s + path);
+    EXPECT_TRUE(child<QLabel>("label_fileFacts")->text().contains("前两格为空而跳过 1 行"_s));
 }
 
 TEST_F(DialogFrameTest, ATemplateThatCannotBeSavedIsNoProblemOfTheBatch)

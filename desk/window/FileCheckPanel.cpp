@@ -98,7 +98,7 @@ FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget
       mFacts(new QLabel(this))
 {
     mModel->setTint([this](int row, int column) { return tintOf(row, column); });
-    mTable->view()->horizontalHeader()->setStretchLastSection(true);
+    mTable->view()->horizontalHeader()->setSectionResizeMode(Sentence, QHeaderView::Stretch);
     mFacts->setObjectName(QStringLiteral("label_fileFacts"));
     mFacts->setTextFormat(Qt::PlainText);
     mFacts->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

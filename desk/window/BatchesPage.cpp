@@ -137,13 +137,13 @@ void BatchesPage::undo()
         return;
     }
     const ledger::Outcome<ledger::UndoReport> report = mBooks.ledger->undo(*batch);
+    reload();
+    emit changed();
     if (report.ok()) {
         tellUndone(report.value);
     } else {
         ZelMessageBox(QStringLiteral("未撤销"), report.error, 1, this).showModally();
     }
-    reload();
-    emit changed();
 }
 
 bool BatchesPage::isUndoWanted()

@@ -193,7 +193,7 @@ void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
 {
     mDiff->show(diff);
     mLower->setTabText(DiffTab, QStringLiteral("与批次 %1 的变更").arg(batch));
-    if (mProblems->problems().isEmpty()) {
+    if (mProblems->problems().isEmpty() && !mFileCheck->report().hasErrors()) {
         mLower->setCurrentIndex(DiffTab);
     }
 }

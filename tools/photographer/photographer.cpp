@@ -23,6 +23,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -39,6 +40,7 @@ constexpr int SettleMs = 300; // the fingerprint of a file comes from a thread
 constexpr int PollMs = 50;
 constexpr int DarkPercent = 150;
 constexpr int MostColours = 256;
+constexpr int Common = 4000;   // pixels of a colour that is drawn as it is, such as a background
 constexpr qreal PointSize = 9; // off screen there is no system that would say
 
 /// The amount that must be typed once more: small, so that a sample reaches it.
@@ -63,8 +65,9 @@ void setFontSize()
     QApplication::setFont(font);
 }
 
-/// With its commonest colours only, which makes the file less than half as large.
-QImage withFewColours(const QImage& image)
+/// The commonest colours, none of them next to another one, so that a rare colour keeps its place beside the
+/// shades of common ones.
+QVector<QRgb> palette(const QImage& image)
 {
     QHash<QRgb, int> counts;
     for (int y = 0; y < image.height(); ++y) {
@@ -76,8 +79,23 @@ QImage withFewColours(const QImage& image)
     std::sort(colours.begin(), colours.end(), [&counts](QRgb a, QRgb b) {
         return std::make_pair(counts.value(a), a) > std::make_pair(counts.value(b), b);
     });
-    colours.resize(qMin(colours.size(), MostColours));
-    return image.convertToFormat(QImage::Format_Indexed8, colours, Qt::AvoidDither);
+    QSet<QRgb> taken;
+    QVector<QRgb> chosen;
+    for (const QRgb colour : qAsConst(colours)) {
+        const QRgb neighbourhood = colour & 0xf0f0f0;
+        if (chosen.size() < MostColours &&
+            (counts.value(colour) > Common || !taken.contains(neighbourhood))) {
+            taken.insert(neighbourhood);
+            chosen.append(colour);
+        }
+    }
+    return chosen;
+}
+
+/// Half as large a file.
+QImage withFewColours(const QImage& image)
+{
+    return image.convertToFormat(QImage::Format_Indexed8, palette(image), Qt::AvoidDither);
 }
 
 /// A file of samples/.

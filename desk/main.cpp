@@ -39,8 +39,18 @@ int runHeadless(int& argc, char** argv, const QStringList& arguments)
 
 int complain(const QString& error)
 {
-    std::fprintf(stderr, "%s\n", qPrintable(error));
+    std::fprintf(stderr, "%s\n", error.toUtf8().constData());
     return runner::Refused;
+}
+
+/// Off screen nobody would answer a box.
+int complainInWindow(const QString& error)
+{
+    const int status = complain(error);
+    if (QGuiApplication::platformName() != QLatin1String("offscreen")) {
+        desk_application::tellFault(error);
+    }
+    return status;
 }
 
 bool hasDisplay()
@@ -71,11 +81,11 @@ int runDesk(int& argc, char** argv, const QStringList& arguments)
     desk_application::prepare(application);
     const std::unique_ptr<EmbeddedHost> host = runner::openDeskHost(*line, error);
     if (!host) {
-        return complain(error);
+        return complainInWindow(error);
     }
     const auto books = openDeskBooks(runner::homeFolder(*line), runner::referenceDataFolder(*line), error);
     if (!books) {
-        return complain(error);
+        return complainInWindow(error);
     }
     DeskWindow window(*host, *books);
     window.show();

@@ -54,6 +54,21 @@ table_lint::Expectation expectationOf(const QString& strategy, const QStringList
     return expected;
 }
 
+/// Meets the import's rule for notes; one with a single text, as templates have them, is no order.
+bool isSkippedOrder(const QStringList& cells)
+{
+    const auto filled = [](const QString& cell) { return !cell.trimmed().isEmpty(); };
+    return cells.size() > 2 && !filled(cells.at(0)) && !filled(cells.at(1)) &&
+           std::count_if(cells.begin(), cells.end(), filled) > 1;
+}
+
+int skippedRowCountOf(const QList<QStringList>& rows)
+{
+    constexpr int most = table_reader::MaxRows - 2; // the header and the row that is one too many
+    const QList<QStringList> data = rows.mid(1, most);
+    return int(std::count_if(data.begin(), data.end(), isSkippedOrder));
+}
+
 } // namespace
 
 bool FileReport::hasErrors() const
@@ -76,6 +91,7 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     report.separator = table.separator;
     report.sheet = table.sheet;
     report.rowCount = table.rows.size();
+    report.skippedRowCount = skippedRowCountOf(table.rows);
     report.error = table.error;
     if (table.error.isEmpty()) {
         report.findings = table_lint::lint(table, expectationOf(strategy, titles, referenceData));

@@ -22,7 +22,10 @@ struct FileReport {
     /// its first rows.
     QString sha256;
     int rowCount = 0; ///< rows read, the header among them; never above table_reader::MaxRows
-    QString error;    ///< a Chinese sentence where the file cannot be read; then there are no findings
+    /// Rows that the import passes over as notes, since their first two cells are empty, though more than one
+    /// of the others is filled: a note, or an order that lost its code.
+    int skippedRowCount = 0;
+    QString error; ///< a Chinese sentence where the file cannot be read; then there are no findings
     QList<table_lint::Finding> findings;
 
     /// A finding that spoils the import; an unreadable file has none.

@@ -8,7 +8,7 @@
 
 class QWidget;
 
-/// From a confirmed batch to instances in the ledger, past the guard and the user's last word.
+/// From a confirmed batch to instances in the ledger, where the guard and the user let it pass.
 class BatchCreator {
 public:
     BatchCreator(const DeskBooks& books, QWidget* parent) : mBooks(books), mParent(parent) {}

@@ -1,6 +1,7 @@
 #include "desk/window/BatchesPage.h"
 
 #include "desk/window/FilteredTable.h"
+#include "desk/window/Money.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
 #include "host/ZelMessageBox.h"
@@ -26,12 +27,9 @@ const QStringList& titles()
     return texts;
 }
 
-QString undoneLines(const QString& title, const QList<ledger::UndoneInstance>& instances)
+QString undoneLines(const QList<ledger::UndoneInstance>& instances)
 {
-    if (instances.isEmpty()) {
-        return {};
-    }
-    QString text = title.arg(instances.size()) + QLatin1Char('\n');
+    QString text;
     for (const ledger::UndoneInstance& instance : instances) {
         text += QStringLiteral("  %1  %2\n")
                     .arg(instance.id.text(), instance.symbols.join(QStringLiteral(" / ")));
@@ -43,10 +41,9 @@ QString undoneLines(const QString& title, const QList<ledger::UndoneInstance>& i
 
 BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent), mHost(host), mBooks(books), mModel(new TextTable(titles(), this)),
-      mTable(new FilteredTable(
-          mModel, {QStringLiteral("批次"), books.ledger ? QStringLiteral("还没有批次") : books.ledgerError},
-          prompts, this))
+      mTable(new FilteredTable(mModel, {QStringLiteral("批次"), QString()}, prompts, this))
 {
+    mTable->setSingleSelection();
     mModel->setNumeric({Number, Rows, Buy, Sell});
     mModel->setTint([this](int row, int column) { return tintOf(row, column); });
     QPushButton* look = mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"));
@@ -58,40 +55,42 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
     column->addWidget(mTable);
 
     const auto lookInto = [this] {
-        if (const auto batch = currentBatch()) {
+        if (const auto batch = selectedBatch()) {
             emit instancesWanted(*batch);
         }
     };
     connect(look, &QPushButton::clicked, this, lookInto);
-    connect(mTable->view(), &QTableView::doubleClicked, this, lookInto);
+    connect(mTable->view(), &QTableView::activated, this, lookInto);
     connect(compare, &QPushButton::clicked, this, [this] {
-        if (const auto batch = currentBatch()) {
+        if (const auto batch = selectedBatch()) {
             emit comparisonWanted(*batch);
         }
     });
     connect(take, &QPushButton::clicked, this, &BatchesPage::undo);
-    connect(mTable, &FilteredTable::currentRowChanged, this, &BatchesPage::enableButtons);
+    connect(mTable, &FilteredTable::selectionChanged, this, &BatchesPage::enableButtons);
     connect(mTable, &FilteredTable::said, this, &BatchesPage::said);
     reload();
 }
 
 void BatchesPage::reload()
 {
+    ledger::Outcome<QList<ledger::Batch>> batches{{}, mBooks.ledgerError};
     if (mBooks.ledger) {
-        ledger::Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
-        if (!batches.ok()) {
-            emit said(batches.error);
-            return;
-        }
-        std::reverse(batches.value.begin(), batches.value.end());
-        QList<QStringList> rows;
-        for (const ledger::Batch& batch : qAsConst(batches.value)) {
-            rows.append(rowOf(batch));
-        }
-        mModel->setRows(rows);
-        mTable->fitColumnsOnce();
+        batches = mBooks.ledger->batches();
     }
+    std::reverse(batches.value.begin(), batches.value.end());
+    QList<QStringList> rows;
+    for (const ledger::Batch& batch : qAsConst(batches.value)) {
+        rows.append(rowOf(batch));
+    }
+    mError = batches.error;
+    mTable->setEmptyText(mError.isEmpty() ? QStringLiteral("还没有批次") : mError);
+    mModel->setRows(rows);
+    mTable->fitColumnsOnce();
     enableButtons();
+    if (!mError.isEmpty()) {
+        emit said(mError);
+    }
 }
 
 QStringList BatchesPage::rowOf(const ledger::Batch& batch)
@@ -103,8 +102,8 @@ QStringList BatchesPage::rowOf(const ledger::Batch& batch)
             batch.account,
             batch.strategy,
             QString::number(batch.rowCount),
-            QString::number(batch.expectedBuy, 'f', 2),
-            QString::number(batch.expectedSell, 'f', 2),
+            money::shown(batch.expectedBuy),
+            money::shown(batch.expectedSell),
             batch.createdBy,
             batch.fileSha256};
 }
@@ -117,15 +116,15 @@ QColor BatchesPage::tintOf(int row, int column) const
                : QColor();
 }
 
-std::optional<qint64> BatchesPage::currentBatch() const
+std::optional<qint64> BatchesPage::selectedBatch() const
 {
-    const int row = mTable->currentRow();
+    const int row = mTable->selectedRow();
     return row < 0 ? std::nullopt : std::optional<qint64>(mModel->rows().at(row).at(Number).toLongLong());
 }
 
 void BatchesPage::enableButtons()
 {
-    const bool chosen = currentBatch().has_value();
+    const bool chosen = selectedBatch().has_value();
     for (QPushButton* button : qAsConst(mBatchButtons)) {
         button->setEnabled(chosen);
     }
@@ -133,24 +132,27 @@ void BatchesPage::enableButtons()
 
 void BatchesPage::undo()
 {
-    const std::optional<qint64> batch = currentBatch();
-    if (!batch || !isUndoWanted(*batch)) {
+    const std::optional<qint64> batch = selectedBatch();
+    if (!batch || !isUndoWanted()) {
         return;
     }
     const ledger::Outcome<ledger::UndoReport> report = mBooks.ledger->undo(*batch);
+    reload();
+    emit changed();
     if (report.ok()) {
         tellUndone(report.value);
     } else {
         ZelMessageBox(QStringLiteral("未撤销"), report.error, ZelMessageBox::Error, this).showModally();
     }
-    reload();
-    emit changed();
 }
 
-bool BatchesPage::isUndoWanted(qint64 batch)
+bool BatchesPage::isUndoWanted()
 {
+    const QStringList& cells = mModel->rows().at(mTable->selectedRow());
     const QString question =
-        QStringLiteral("撤销批次 %1？未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。").arg(batch);
+        QStringLiteral("撤销批次 %1？\n文件 %2\n账户 %3，算法 %4，%5 行\n")
+            .arg(cells.at(Number), cells.at(File), cells.at(Account), cells.at(Strategy), cells.at(Rows)) +
+        QStringLiteral("未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。");
     ZelMessageBox box(QStringLiteral("撤销批次"), question, ZelMessageBox::Question, this);
     return box.showModally() == QDialog::Accepted;
 }
@@ -164,9 +166,8 @@ void BatchesPage::tellUndone(const ledger::UndoReport& report)
                                 .arg(report.notReversed.size());
     emit said(summary);
     if (!report.notReversed.isEmpty()) {
-        const QString text =
-            summary + QStringLiteral("\n\n") +
-            undoneLines(QStringLiteral("以下 %1 个实例已完成，其成交不能撤销："), report.notReversed);
+        const QString text = summary + QStringLiteral("\n\n以下实例已完成，其成交不能撤销：\n") +
+                             undoneLines(report.notReversed);
         ZelMessageBox(QStringLiteral("撤销批次"), text, ZelMessageBox::Error, this).showModally();
     }
 }

@@ -21,10 +21,12 @@ public:
     BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts, QWidget* parent = nullptr);
 
     FilteredTable* table() const { return mTable; }
+    /// Why the batches could not be read; empty when they could.
+    QString error() const { return mError; }
 
 public slots:
     void reload();
-    /// Asks once more, takes the current batch back and tells what could not be reversed.
+    /// Asks once more, takes the selected batch back and tells what could not be reversed.
     void undo();
 
 signals:
@@ -37,9 +39,9 @@ signals:
 private:
     static QStringList rowOf(const ledger::Batch& batch);
     QColor tintOf(int row, int column) const;
-    std::optional<qint64> currentBatch() const;
+    std::optional<qint64> selectedBatch() const;
     void enableButtons();
-    bool isUndoWanted(qint64 batch);
+    bool isUndoWanted();
     void tellUndone(const ledger::UndoReport& report);
 
     EmbeddedHost& mHost;
@@ -47,4 +49,5 @@ private:
     TextTable* mModel;
     FilteredTable* mTable;
     QList<QPushButton*> mBatchButtons;
+    QString mError;
 };

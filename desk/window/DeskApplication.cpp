@@ -3,22 +3,21 @@
 #include <QApplication>
 #include <QFont>
 #include <QLibraryInfo>
+#include <QMessageBox>
 #include <QTranslator>
 
 namespace desk_application {
 
 namespace {
 
-constexpr qreal PointSize = 9;
-
-// Without the SC face first, a system that holds all the Noto faces draws Japanese forms of Chinese signs.
+// The size is the system's. Without the SC face first, a system that holds all the Noto faces draws Japanese
+// forms of Chinese signs.
 QFont textFont()
 {
     QFont font;
     font.setFamilies({QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Source Han Sans SC"),
                       QStringLiteral("Microsoft YaHei"), QStringLiteral("PingFang SC"),
                       QStringLiteral("WenQuanYi Micro Hei"), font.family()});
-    font.setPointSizeF(PointSize);
     return font;
 }
 
@@ -33,6 +32,13 @@ void prepare(QApplication& application)
     if (texts->load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(texts);
     }
+}
+
+void tellFault(const QString& error)
+{
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("算法交易台"), error);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 } // namespace desk_application

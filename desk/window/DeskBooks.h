@@ -9,11 +9,10 @@
 #include <memory>
 #include <optional>
 
-/// Where the desk writes its batches, and the ceilings that it holds them against. Without a ledger and
-/// without an error the desk only shows what was handed over.
+/// Where the desk writes its batches, and the ceilings that it holds them against.
 struct DeskBooks {
     std::shared_ptr<ledger::Ledger> ledger; ///< null: nothing can be created
-    QString ledgerError;                    ///< why there is none, for the user
+    QString ledgerError;                    ///< why there is none, for the user; empty with a ledger
     QList<ledger::LimitScope> limits;
 };
 

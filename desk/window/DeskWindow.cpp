@@ -4,24 +4,24 @@
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/BatchCreator.h"
 #include "desk/window/BatchesPage.h"
+#include "desk/window/DeskMenus.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/FilteredTable.h"
 #include "desk/window/ImportPage.h"
 #include "desk/window/InstancesPage.h"
-#include "desk/window/ProblemsPanel.h"
 #include "desk/window/QuotesPage.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
+#include "embedded_host/widgets/PlainToolTip.h"
 
-#include <QActionGroup>
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTabBar>
@@ -33,7 +33,6 @@ namespace {
 const QSize FirstSize(1280, 800);
 const QString StyleSheetPath = QStringLiteral("desk/desk.css");
 const QString LightSkin = QStringLiteral("light");
-const QString DarkSkin = QStringLiteral("dark");
 
 /// The one local file of a drag; empty when it is anything else.
 QString draggedFile(const QMimeData* data)
@@ -53,12 +52,11 @@ DeskWindow::DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* pare
     setWindowTitle(QStringLiteral("算法交易台"));
     setAcceptDrops(true);
     makePages();
-    makeFileMenu();
-    makeViewMenu();
-    makeProblemMenu();
+    new DeskMenus(*this);
     makeStatusBar();
     host.skins().addView(this, StyleSheetPath);
     restoreLayout();
+    say(mBooks.ledgerError);
 }
 
 DeskWindow::~DeskWindow()
@@ -100,99 +98,16 @@ void DeskWindow::makePages()
     mPages->addTab(mQuotes, QStringLiteral("行情"));
 }
 
-QAction* DeskWindow::addAction(QMenu* menu, const QString& text, const QKeySequence& key)
-{
-    QAction* action = menu->addAction(text);
-    action->setShortcut(key);
-    return action;
-}
-
-void DeskWindow::makeFileMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
-    connect(addAction(menu, QStringLiteral("新建批量导入(&N)"), QKeySequence::New), &QAction::triggered, this,
-            [this] {
-                showPage(ImportPageIndex);
-                mImport->open();
-            });
-    connect(addAction(menu, QStringLiteral("导入算法(&O)…"), QKeySequence::Open), &QAction::triggered, this,
-            [this] {
-                showPage(ImportPageIndex);
-                mImport->import();
-            });
-    connect(addAction(menu, QStringLiteral("确定提交(&C)"), QKeySequence(Qt::CTRL + Qt::Key_Return)),
-            &QAction::triggered, mImport, &ImportPage::confirm);
-    menu->addSeparator();
-    connect(addAction(menu, QStringLiteral("导出当前列表(&E)…"), QKeySequence(Qt::CTRL + Qt::Key_E)),
-            &QAction::triggered, this, [this] {
-                if (FilteredTable* table = currentTable()) {
-                    table->exportRows();
-                }
-            });
-    menu->addSeparator();
-    connect(addAction(menu, QStringLiteral("退出(&Q)"), QKeySequence::Quit), &QAction::triggered, this,
-            &QWidget::close);
-}
-
-void DeskWindow::makeViewMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("视图(&V)"));
-    for (int page = 0; page < mPages->count(); ++page) {
-        connect(addAction(menu, mPages->tabText(page), QKeySequence(Qt::CTRL + Qt::Key_1 + page)),
-                &QAction::triggered, this, [this, page] { showPage(page); });
-    }
-    menu->addSeparator();
-    connect(addAction(menu, QStringLiteral("刷新预计金额(&R)"), QKeySequence(Qt::Key_F5)),
-            &QAction::triggered, this, &DeskWindow::refresh);
-    connect(addAction(menu, QStringLiteral("筛选(&F)"), QKeySequence::Find), &QAction::triggered, this,
-            [this] {
-                if (FilteredTable* table = currentTable()) {
-                    table->filter()->setFocus(Qt::ShortcutFocusReason);
-                    table->filter()->selectAll();
-                }
-            });
-    menu->addSeparator();
-    auto* skins = new QActionGroup(this);
-    for (const QString& name : SkinService::names()) {
-        QAction* action = menu->addAction(name == DarkSkin ? QStringLiteral("深色") : QStringLiteral("浅色"));
-        action->setCheckable(true);
-        action->setData(name);
-        action->setObjectName(QStringLiteral("action_skin_") + name);
-        skins->addAction(action);
-    }
-    connect(skins, &QActionGroup::triggered, this,
-            [this](QAction* action) { setSkin(action->data().toString()); });
-}
-
-void DeskWindow::makeProblemMenu()
-{
-    ProblemsPanel* problems = mImport->problems();
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("问题(&P)"));
-    connect(addAction(menu, QStringLiteral("下一个问题(&N)"), QKeySequence(Qt::Key_F8)), &QAction::triggered,
-            this, [this, problems] {
-                showPage(ImportPageIndex);
-                problems->goToNext();
-            });
-    connect(addAction(menu, QStringLiteral("上一个问题(&P)"), QKeySequence(Qt::SHIFT + Qt::Key_F8)),
-            &QAction::triggered, this, [this, problems] {
-                showPage(ImportPageIndex);
-                problems->goToPrevious();
-            });
-    connect(
-        addAction(menu, QStringLiteral("保存问题行(&S)…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S)),
-        &QAction::triggered, problems, &ProblemsPanel::saveRejects);
-}
-
 void DeskWindow::makeStatusBar()
 {
     mMessage = new QLabel(this);
+    mMessage->setObjectName(QStringLiteral("label_message"));
     mMessage->setTextFormat(Qt::PlainText);
-    mMessage->setAccessibleName(QStringLiteral("消息"));
     auto* user = new QLabel(QStringLiteral("用户 %1").arg(mHost.options().loginAccount), this);
     user->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(mMessage, 1);
     mRefreshed = new QLabel(this);
-    mRefreshed->setAccessibleName(QStringLiteral("预计金额刷新时间"));
+    mRefreshed->setObjectName(QStringLiteral("label_refreshed"));
     statusBar()->addPermanentWidget(mRefreshed);
     statusBar()->addPermanentWidget(user);
     statusBar()->setSizeGripEnabled(false);
@@ -200,6 +115,7 @@ void DeskWindow::makeStatusBar()
         mRefreshed->setText(QStringLiteral("预计金额刷新于 %1")
                                 .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
     });
+    connect(mImport, &ImportPage::cleared, mRefreshed, &QLabel::clear);
 }
 
 FilteredTable* DeskWindow::currentTable() const
@@ -220,6 +136,15 @@ QList<QPair<DeskWindow::Page, FilteredTable*>> DeskWindow::pageLists() const
             {QuotesPageIndex, mQuotes->table()}};
 }
 
+QStringList DeskWindow::pageTitles() const
+{
+    QStringList titles;
+    for (int page = 0; page < mPages->count(); ++page) {
+        titles.append(mPages->tabText(page));
+    }
+    return titles;
+}
+
 void DeskWindow::loadSkin(const QVariant& style)
 {
     if (style.isValid()) {
@@ -232,6 +157,32 @@ void DeskWindow::showPage(int page)
     mPages->setCurrentIndex(page);
 }
 
+// One chord must not create a batch that the user does not see.
+void DeskWindow::confirm()
+{
+    if (mPages->currentIndex() == ImportPageIndex) {
+        mImport->frame()->confirm();
+    } else {
+        showPage(ImportPageIndex);
+        say(QStringLiteral("请先核对批次，再提交"));
+    }
+}
+
+void DeskWindow::exportList()
+{
+    if (FilteredTable* table = currentTable()) {
+        table->exportRows();
+    }
+}
+
+void DeskWindow::focusFilter()
+{
+    if (FilteredTable* table = currentTable()) {
+        table->filter()->setFocus(Qt::ShortcutFocusReason);
+        table->filter()->selectAll();
+    }
+}
+
 void DeskWindow::refresh()
 {
     mImport->amounts()->refreshNow();
@@ -240,16 +191,18 @@ void DeskWindow::refresh()
 void DeskWindow::say(const QString& text)
 {
     mMessage->setText(text);
-    mMessage->setToolTip(text.toHtmlEscaped());
+    mMessage->setToolTip(plainToolTip(text));
+}
+
+void DeskWindow::sayToo(const QString& text)
+{
+    if (!text.isEmpty()) {
+        say(mMessage->text() + QStringLiteral(" · ") + text);
+    }
 }
 
 void DeskWindow::takeBatch(const HandOver& batch)
 {
-    if (!mBooks.ledger && mBooks.ledgerError.isEmpty()) {
-        mImport->finish(batch, true);
-        say(QStringLiteral("已提交 %1 个实例的参数").arg(batch.content.parameterMaps.size()));
-        return;
-    }
     const std::optional<ledger::Batch> created = BatchCreator(mBooks, this).create(batch);
     mImport->finish(batch, created.has_value());
     if (!created) {
@@ -258,19 +211,23 @@ void DeskWindow::takeBatch(const HandOver& batch)
     }
     mInstances->showBatch(std::nullopt);
     mBatches->reload();
+    const QString fault = mBatches->error().isEmpty() ? mInstances->error() : mBatches->error();
     say(QStringLiteral("批次 %1：已创建 %2 个实例").arg(created->number).arg(created->rowCount));
+    sayToo(fault);
 }
 
-// An edited file is imported again under its old name.
+// An edited file is imported again under its old name. What was taken back is no batch to compare with.
 void DeskWindow::compareWithEarlier()
 {
     if (!mBooks.ledger || mImport->currentTable().rows.isEmpty()) {
         return;
     }
-    const QString strategy = mImport->dialog()->getStrategy().name();
-    const QList<ledger::Batch> batches = mBooks.ledger->batches().value;
-    for (auto batch = batches.crbegin(); batch != batches.crend(); ++batch) {
-        if (batch->strategy == strategy && batch->fileName == mImport->fileName()) {
+    const ledger::DialogContent now = mImport->frame()->content();
+    const ledger::Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
+    sayToo(batches.error);
+    for (auto batch = batches.value.crbegin(); batch != batches.value.crend(); ++batch) {
+        if (batch->strategy == now.strategy && batch->account == now.account &&
+            batch->fileName == mImport->fileName() && batch->state != ledger::BatchState::Withdrawn) {
             compareWith(batch->number);
             return;
         }
@@ -342,5 +299,5 @@ void DeskWindow::dropEvent(QDropEvent* event)
     }
     event->acceptProposedAction();
     showPage(ImportPageIndex);
-    mImport->importFile(path);
+    mImport->frame()->importFile(path);
 }

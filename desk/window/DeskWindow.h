@@ -30,20 +30,28 @@ class DeskWindow : public QMainWindow, public IZelSkin {
 public:
     enum Page { ImportPageIndex, InstancesPageIndex, BatchesPageIndex, QuotesPageIndex };
 
-    explicit DeskWindow(EmbeddedHost& host, const DeskBooks& books = {}, QWidget* parent = nullptr);
+    DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* parent = nullptr);
     ~DeskWindow() override;
 
     ImportPage* importPage() const { return mImport; }
     InstancesPage* instancesPage() const { return mInstances; }
     BatchesPage* batchesPage() const { return mBatches; }
     QuotesPage* quotesPage() const { return mQuotes; }
+    QStringList pageTitles() const;
     void loadSkin(const QVariant& style) override;
 
 public slots:
     void showPage(int page);
+    /// Ctrl+Enter: confirms the batch that is in front; from another page only shows it.
+    void confirm();
+    /// Ctrl+E and Ctrl+F: of the list in front.
+    void exportList();
+    void focusFilter();
     /// F5: the expected amounts on the import page.
     void refresh();
     void say(const QString& text);
+    /// Remembered for the next session.
+    void setSkin(const QString& name);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -52,17 +60,13 @@ protected:
 
 private:
     void makePages();
-    void makeFileMenu();
-    void makeViewMenu();
-    void makeProblemMenu();
     void makeStatusBar();
-    QAction* addAction(QMenu* menu, const QString& text, const QKeySequence& key);
     FilteredTable* currentTable() const;
     QList<QPair<Page, FilteredTable*>> pageLists() const;
+    void sayToo(const QString& text);
     void takeBatch(const HandOver& batch);
     void compareWithEarlier();
     void compareWith(qint64 batch);
-    void setSkin(const QString& name);
     void restoreLayout();
     void saveLayout();
 

@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -59,24 +60,28 @@ DiffPanel::DiffPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget* parent)
       mModel(new TextTable({QStringLiteral("变更"), QStringLiteral("原行"), QStringLiteral("现行"),
                             QStringLiteral("列"), QStringLiteral("原值"), QStringLiteral("新值")},
                            this)),
-      mTable(new FilteredTable(mModel, {QStringLiteral("变更"), QStringLiteral("没有变更")}, prompts, this))
+      mTable(new FilteredTable(mModel, {QStringLiteral("变更"), QString()}, prompts, this))
 {
     mModel->setNumeric({OldRow, NewRow});
     mModel->setTint([this](int row, int column) { return tintOf(row, column); });
     mTable->view()->horizontalHeader()->setStretchLastSection(true);
     auto* column = new QVBoxLayout(this);
     column->addWidget(mTable);
+    clear();
 }
 
 void DiffPanel::show(const ledger::BatchDiff& diff)
 {
     mModel->setRows(linesOf(diff));
+    mTable->filter()->clear();
+    mTable->setEmptyText(QStringLiteral("没有变更"));
     mTable->fitColumns();
 }
 
 void DiffPanel::clear()
 {
     mModel->setRows({});
+    mTable->setEmptyText(QStringLiteral("没有可比较的批次"));
 }
 
 QColor DiffPanel::tintOf(int row, int column) const

@@ -18,6 +18,7 @@ public:
 
     FilteredTable* table() const { return mTable; }
     void show(const ledger::BatchDiff& diff);
+    /// Nothing was compared.
     void clear();
 
 private:

@@ -8,6 +8,7 @@
 #include <QColor>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMap>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -61,6 +62,11 @@ QString rowCountText(int rows)
                                         : QStringLiteral("至少 %1（含表头）").arg(rows);
 }
 
+QString skippedText(int rows)
+{
+    return rows == 0 ? QString() : QStringLiteral("%1 行").arg(rows);
+}
+
 /// What is known of the file; empty for none.
 QString factsOf(const FileReport& report)
 {
@@ -70,6 +76,7 @@ QString factsOf(const FileReport& report)
         {QStringLiteral("分隔符"), separatorName(report.separator)},
         {QStringLiteral("工作表"), report.sheet},
         {QStringLiteral("行数"), report.format.isEmpty() ? QString() : rowCountText(report.rowCount)},
+        {QStringLiteral("前两格为空而跳过"), skippedText(report.skippedRowCount)},
         {QStringLiteral("SHA-256"), report.sha256}};
     QStringList known;
     for (const auto& fact : all) {
@@ -87,12 +94,11 @@ FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget
       mModel(new TextTable({QStringLiteral("严重程度"), QStringLiteral("位置"), QStringLiteral("原文"),
                             QStringLiteral("说明"), QStringLiteral("建议")},
                            this)),
-      mTable(
-          new FilteredTable(mModel, {QStringLiteral("文件检查"), QStringLiteral("没有发现")}, prompts, this)),
+      mTable(new FilteredTable(mModel, {QStringLiteral("文件检查"), QString()}, prompts, this)),
       mFacts(new QLabel(this))
 {
     mModel->setTint([this](int row, int column) { return tintOf(row, column); });
-    mTable->view()->horizontalHeader()->setStretchLastSection(true);
+    mTable->view()->horizontalHeader()->setSectionResizeMode(Sentence, QHeaderView::Stretch);
     mFacts->setObjectName(QStringLiteral("label_fileFacts"));
     mFacts->setTextFormat(Qt::PlainText);
     mFacts->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -104,12 +110,15 @@ FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget
     column->setSpacing(4);
     column->addWidget(mFacts);
     column->addWidget(mTable, 1);
+    clear();
 }
 
 void FileCheckPanel::show(const FileReport& report)
 {
     mReport = report;
     mModel->setTable(mModel->columns(), linesOf(report));
+    mTable->filter()->clear();
+    mTable->setEmptyText(QStringLiteral("没有发现"));
     mTable->fitColumns();
     showFacts();
     emit countChanged(mModel->rowCount());
@@ -118,6 +127,7 @@ void FileCheckPanel::show(const FileReport& report)
 void FileCheckPanel::clear()
 {
     show(FileReport());
+    mTable->setEmptyText(QStringLiteral("导入文件后，检查结果显示在这里"));
 }
 
 void FileCheckPanel::showDigest(const QString& sha256)

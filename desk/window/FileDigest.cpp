@@ -51,20 +51,23 @@ void FileDigest::announce()
 QString FileDigest::wait(QWidget* parent, bool& cancelled) const
 {
     cancelled = false;
-    if (!mWork) {
+    const std::shared_ptr<Work> work = mWork; // another file may be started while events are processed
+    if (!work) {
         return {};
     }
     QProgressDialog progress(QStringLiteral("正在计算文件指纹…"), QStringLiteral("取消"), 0, 0, parent);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(PatienceMs);
-    while (!mWork->done) {
+    while (!work->done) {
         progress.setValue(0);
-        QCoreApplication::processEvents(QEventLoop::AllEvents, PollMs);
+        // Until the progress keeps them from the window, clicks and keys wait.
+        QCoreApplication::processEvents(
+            progress.isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents, PollMs);
         if (progress.wasCanceled()) {
             cancelled = true;
             return {};
         }
         QThread::msleep(PollMs);
     }
-    return mWork->digest;
+    return work->digest;
 }

@@ -41,6 +41,7 @@ FilteredTable::FilteredTable(TextTable* source, const Words& words, UserPrompts&
     mProxy->setSourceModel(source);
     mProxy->setFilterKeyColumn(-1);
     mProxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    mProxy->setSortRole(TextTable::PlainText);
     mBehaviour->setSortable(true);
     mBehaviour->setEmptyText(words.emptyText);
     mView->setAccessibleName(words.name);
@@ -53,13 +54,15 @@ FilteredTable::FilteredTable(TextTable* source, const Words& words, UserPrompts&
     column->addLayout(mToolRow);
     column->addWidget(mView, 1);
 
-    connect(mFilter, &QLineEdit::textChanged, mProxy, &QSortFilterProxyModel::setFilterFixedString);
+    connect(mFilter, &QLineEdit::textChanged, this, &FilteredTable::applyFilter);
     for (auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
         connect(mProxy, changed, this, &FilteredTable::showCount);
     }
     connect(mProxy, &QAbstractItemModel::modelReset, this, &FilteredTable::showCount);
     connect(mView->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this] { emit currentRowChanged(currentRow()); });
+    connect(mView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &FilteredTable::selectionChanged);
     showCount();
 }
 
@@ -99,6 +102,37 @@ QPushButton* FilteredTable::addButton(const QString& text, const QString& object
     return button;
 }
 
+void FilteredTable::setSingleSelection()
+{
+    mView->setSelectionMode(QAbstractItemView::SingleSelection);
+}
+
+void FilteredTable::setEmptyText(const QString& text)
+{
+    mBehaviour->setEmptyText(text);
+}
+
+QString FilteredTable::emptyText() const
+{
+    return mBehaviour->emptyText();
+}
+
+// A view whose current row is filtered out would choose another one in its place.
+void FilteredTable::applyFilter(const QString& text)
+{
+    const QPersistentModelIndex chosen = mProxy->mapToSource(mView->currentIndex());
+    mProxy->setFilterFixedString(text);
+    if (!mProxy->mapFromSource(chosen).isValid()) {
+        mView->selectionModel()->clear();
+    }
+}
+
+int FilteredTable::selectedRow() const
+{
+    const QModelIndexList rows = mView->selectionModel()->selectedRows();
+    return rows.size() == 1 ? mProxy->mapToSource(rows.first()).row() : -1;
+}
+
 int FilteredTable::currentRow() const
 {
     return mProxy->mapToSource(mView->currentIndex()).row();
@@ -133,7 +167,7 @@ QList<QStringList> FilteredTable::shownRows() const
     for (int row = 0; row < mProxy->rowCount(); ++row) {
         QStringList cells;
         for (const int column : qAsConst(columns)) {
-            cells.append(mProxy->index(row, column).data().toString());
+            cells.append(mProxy->index(row, column).data(TextTable::PlainText).toString());
         }
         rows.append(cells);
     }

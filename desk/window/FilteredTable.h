@@ -33,11 +33,20 @@ public:
     /// Puts a button at the left end of those above the table.
     QPushButton* addButton(const QString& text, const QString& objectName);
 
+    /// For a list of which one row at a time is dealt with.
+    void setSingleSelection();
+    /// What stands in place of the rows while the source has none.
+    void setEmptyText(const QString& text);
+    /// What stands there now; empty where rows are shown.
+    QString emptyText() const;
+
     /// The row of the source that has the focus; -1 for none.
     int currentRow() const;
+    /// The one row of the source that is selected; -1 for none or several.
+    int selectedRow() const;
     /// Selects and shows a row of the source; a filter that hides it is cleared.
     void setCurrentRow(int sourceRow);
-    /// Title row and the rows as shown: filtered, sorted, without hidden columns.
+    /// Title row and the rows as shown: filtered, sorted, without hidden columns; numbers without commas.
     QList<QStringList> shownRows() const;
     /// Columns as wide as their contents, within reason.
     void fitColumns();
@@ -54,12 +63,14 @@ public slots:
 
 signals:
     void currentRowChanged(int sourceRow);
+    void selectionChanged();
     /// A line for the status bar.
     void said(const QString& text);
 
 private:
     QHBoxLayout* makeToolRow();
     QPushButton* makeButton(const QString& text, const QString& objectName);
+    void applyFilter(const QString& text);
     void showCount();
 
     TextTable* mSource;

@@ -10,20 +10,10 @@
 #include "desk/window/ParameterTable.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
-#include "host/AlgoConstants.h"
-#include "host/AlgoTradeLogicNew.h"
-#include "host/SolveyAccountComboBox.h"
-#include "host/ZelMessageBox.h"
 #include "host/ZelTableView.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDoubleSpinBox>
 #include <QFileInfo>
-#include <QLabel>
-#include <QPushButton>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -32,201 +22,132 @@ namespace {
 enum LowerTab { ProblemsTab, FileCheckTab, DiffTab, HandedOverTab };
 
 const QList<int> FirstSizes{520, 230};
-constexpr int WidestAccountBox = 240; // pixels; name and number together are longer than the form allows for
-
-const QString AccountBox = QStringLiteral("combx_account");
-const QString StrategyBox = QStringLiteral("cbx_algoType");
-const QString ParameterTable = QStringLiteral("table_paramSettings");
 
 } // namespace
 
 ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mHost(host), mPrompts(prompts), mAmounts(new AmountRefresher(host.quotes(), this)),
-      mProblems(new ProblemsPanel(prompts)), mHandedOverModel(new TextTable({})),
+    : QWidget(parent), mHost(host), mFrame(new DialogFrame(host, prompts)),
+      mAmounts(new AmountRefresher(host.quotes(), this)), mProblems(new ProblemsPanel(prompts)),
+      mHandedOverModel(new TextTable({})),
       mHandedOver(new FilteredTable(
           mHandedOverModel, {QStringLiteral("已提交参数"), QStringLiteral("确定后，提交的参数显示在这里")},
           prompts)),
       mDiff(new DiffPanel(host, prompts)), mFileCheck(new FileCheckPanel(host, prompts)),
-      mLower(new QTabWidget), mUpper(new QStackedWidget), mSplitter(new QSplitter(Qt::Vertical, this))
+      mLower(new QTabWidget), mSplitter(new QSplitter(Qt::Vertical, this))
 {
     mHandedOverModel->setParent(mHandedOver);
-    mUpper->addWidget(makeClosedPage());
-    mSplitter->addWidget(mUpper);
-    mSplitter->addWidget(makeLowerPart());
+    makeLowerPart();
+    mSplitter->addWidget(mFrame);
+    mSplitter->addWidget(mLower);
     mSplitter->setStretchFactor(0, 1);
     mSplitter->setSizes(FirstSizes);
     mSplitter->setChildrenCollapsible(false);
+    mSplitter->restoreState(DeskSettings(mHost).importSplitter());
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(mSplitter);
-
-    connect(&prompts, &DeskPrompts::fileChosen, this, &ImportPage::takeFile);
-    connect(&prompts, &DeskPrompts::messageComing, this, &ImportPage::takeMessage);
-    connect(mProblems, &ProblemsPanel::countChanged, this, &ImportPage::showProblemCount);
-    connect(mProblems, &ProblemsPanel::said, this, &ImportPage::said);
-    connect(mFileCheck, &FileCheckPanel::countChanged, this, &ImportPage::showFindingCount);
-    connect(mFileCheck->table(), &FilteredTable::said, this, &ImportPage::said);
-    connect(&mDigest, &FileDigest::taken, mFileCheck, &FileCheckPanel::showDigest);
-    connect(mHandedOver, &FilteredTable::said, this, &ImportPage::said);
-    connect(mProblems, &ProblemsPanel::currentChanged, this, [this](const Problem& problem) {
-        ZelTableView* table = parameterTable();
-        if (table && problem.place == Problem::Place::BatchRow) {
-            table->selectRecord(problem.line - 1);
-        }
-    });
-    restoreLayout();
-    open();
+    listenToFrame();
+    listenToPanels();
+    mFrame->open();
 }
 
 ImportPage::~ImportPage() = default;
 
-QWidget* ImportPage::makeClosedPage()
-{
-    auto* page = new QWidget;
-    auto* text = new QLabel(QStringLiteral("批量导入已关闭。可在“算法实例”中查看已创建的实例。"), page);
-    text->setProperty("role", QStringLiteral("caption"));
-    auto* button = new QPushButton(QStringLiteral("新建批量导入"), page);
-    button->setObjectName(QStringLiteral("button_open"));
-    connect(button, &QPushButton::clicked, this, &ImportPage::open);
-    auto* column = new QVBoxLayout(page);
-    column->addStretch();
-    column->addWidget(text, 0, Qt::AlignHCenter);
-    column->addWidget(button, 0, Qt::AlignHCenter);
-    column->addStretch();
-    return page;
-}
-
-QWidget* ImportPage::makeLowerPart()
+void ImportPage::makeLowerPart()
 {
     mLower->setDocumentMode(true);
     for (QWidget* page : QList<QWidget*>{mProblems, mFileCheck, mDiff, mHandedOver}) {
         page->layout()->setContentsMargins(9, 6, 9, 6);
+        mLower->addTab(page, QString());
     }
-    mLower->addTab(mProblems, QString());
-    mLower->addTab(mFileCheck, QString());
-    mLower->addTab(mDiff, QStringLiteral("变更"));
-    mLower->addTab(mHandedOver, QStringLiteral("已提交参数"));
+    mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数"));
     showProblemCount(0);
     showFindingCount(0);
-    return mLower;
+    forgetDiff();
 }
 
-void ImportPage::open()
+void ImportPage::listenToFrame()
 {
-    if (mDialog) {
-        return;
-    }
-    mDialog = new AlgoBatchImportParamSetting(this, SelectableStrategy);
-    AlgoTradeLogicNew* catalogue = AlgoTradeLogicNew::GetInstance();
-    AesStrategy strategy = catalogue->GetStrategy(DeskSettings(mHost).lastStrategy());
-    if (strategy.name().isEmpty()) {
-        strategy = catalogue->GetAllStrategies(Algo_Values::AlgoGlobalType::algo).value(0);
-    }
-    mDialog->CreateStrategyInitWidget(strategy);
-    if (auto* accounts = mDialog->findChild<SolveyAccountComboBox*>(AccountBox)) {
-        accounts->SetCurTradingAccount(DeskSettings(mHost).lastAccount());
-        accounts->setMinimumWidth(qMin(accounts->sizeHint().width(), WidestAccountBox));
-    }
-    if (ZelTableView* table = parameterTable()) {
-        table->setEmptyText(QStringLiteral("尚未导入\n按“导入算法”选择文件，或把文件拖到窗口上"));
-        table->setAccessibleName(QStringLiteral("参数表"));
-    }
-    listenToDialog();
-    mUpper->addWidget(mDialog);
-    mUpper->setCurrentWidget(mDialog);
-    mAmounts->setDialog(mDialog);
+    connect(mFrame, &DialogFrame::opened, this, [this] { mAmounts->setDialog(mFrame->dialog()); });
+    connect(mFrame, &DialogFrame::closed, this, [this] { mAmounts->setDialog(nullptr); });
+    connect(mFrame, &DialogFrame::closed, this, &ImportPage::forgetFile);
+    connect(mFrame, &DialogFrame::strategyChanged, this, &ImportPage::forgetFile);
+    connect(mFrame, &DialogFrame::accountChanging, mProblems, &ProblemsPanel::forgetBatch);
+    connect(mFrame, &DialogFrame::importStarted, this, &ImportPage::takeFile);
+    connect(mFrame, &DialogFrame::importEnded, this, &ImportPage::showImported);
+    connect(mFrame, &DialogFrame::complained, this, &ImportPage::showProblem);
+    connect(mFrame, &DialogFrame::confirmed, this, &ImportPage::takeConfirmation);
+    connect(mFrame, &DialogFrame::said, this, &ImportPage::said);
 }
 
-void ImportPage::listenToDialog()
+void ImportPage::listenToPanels()
 {
-    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, this, &ImportPage::takeConfirmation);
-    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, this, &ImportPage::close);
-    // The dialog connected its own slot first, so that here the import is over.
-    if (auto* button = mDialog->findChild<QAbstractButton*>(QStringLiteral("btn_import"))) {
-        connect(button, &QAbstractButton::clicked, this, &ImportPage::showImported);
-    }
-    if (auto* strategies = mDialog->findChild<QComboBox*>(StrategyBox)) {
-        strategies->setAccessibleName(QStringLiteral("算法类型"));
-        connect(strategies, QOverload<int>::of(&QComboBox::activated), this, &ImportPage::clearFindings);
-    }
-    if (auto* accounts = mDialog->findChild<SolveyAccountComboBox*>(AccountBox)) {
-        accounts->setAccessibleName(QStringLiteral("账户名称"));
-    }
-}
-
-void ImportPage::import()
-{
-    open();
-    press(QStringLiteral("btn_import"));
-}
-
-void ImportPage::importFile(const QString& path)
-{
-    mPrompts.answerNextOpenWith(path);
-    import();
-}
-
-void ImportPage::confirm()
-{
-    press(QStringLiteral("btn_ok"));
-}
-
-void ImportPage::press(const QString& button)
-{
-    auto* found = mDialog ? mDialog->findChild<QAbstractButton*>(button) : nullptr;
-    if (found) {
-        found->click();
+    connect(mProblems, &ProblemsPanel::countChanged, this, &ImportPage::showProblemCount);
+    connect(mProblems, &ProblemsPanel::currentChanged, this, &ImportPage::showRecord);
+    connect(mProblems, &ProblemsPanel::said, this, &ImportPage::said);
+    connect(mFileCheck, &FileCheckPanel::countChanged, this, &ImportPage::showFindingCount);
+    connect(&mDigest, &FileDigest::taken, mFileCheck, &FileCheckPanel::showDigest);
+    for (const FilteredTable* table : {mFileCheck->table(), mDiff->table(), mHandedOver}) {
+        connect(table, &FilteredTable::said, this, &ImportPage::said);
     }
 }
 
 void ImportPage::takeFile(const QString& path)
 {
+    forgetFile();
     mFile = path;
     mProblems->begin(path);
-    mDiff->clear();
-    mLower->setTabText(DiffTab, QStringLiteral("变更"));
     mDigest.start(path);
-    QApplication::setOverrideCursor(Qt::WaitCursor); // until it is imported or has something to say
     checkFile();
 }
 
 void ImportPage::checkFile()
 {
-    const ZelTableView* table = parameterTable();
-    const QStringList titles = table ? table->headNames() : QStringList();
-    const QString strategy = mDialog ? mDialog->getStrategy().name() : QString();
-    mFileCheck->show(fileReport(mFile, QString(), strategy, titles, mHost.referenceData()));
+    mFileCheck->show(fileReport(mFile, QString(), mFrame->dialog()->getStrategy().name(),
+                                mFrame->table()->headNames(), mHost.referenceData()));
 }
 
-void ImportPage::takeMessage(const QString& text, int type)
+void ImportPage::showProblem(const QString& text, DialogFrame::Subject subject)
 {
-    QApplication::restoreOverrideCursor();
-    if (type == ZelMessageBox::Error) {
-        mProblems->add(text);
-        mLower->setCurrentIndex(ProblemsTab);
+    if (subject == DialogFrame::Subject::File) {
+        mProblems->addOfFile(text);
+    } else {
+        mProblems->showOfBatch(text);
     }
+    mLower->setCurrentIndex(ProblemsTab);
 }
 
 void ImportPage::showImported()
 {
-    QApplication::restoreOverrideCursor();
-    if (!mDialog || mFile.isEmpty()) {
-        return;
+    emit said(importSummary());
+    if (mFrame->rowCount() == 0 && mProblems->problems().isEmpty()) {
+        mProblems->clear(); // the user declined: there is no file without problems
     }
-    emit said(QStringLiteral("已导入 %1 行，%2 个问题 · %3")
-                  .arg(mDialog->getWidgetData().size())
-                  .arg(mProblems->problems().size())
-                  .arg(mFile));
     if (mProblems->problems().isEmpty() && mFileCheck->report().hasErrors()) {
         mLower->setCurrentIndex(FileCheckTab); // the import did not see it, the user should
     }
     emit imported();
 }
 
+QString ImportPage::importSummary() const
+{
+    const int rows = mFrame->rowCount();
+    const int skipped = mFileCheck->report().skippedRowCount;
+    QStringList facts{rows == 0 ? QStringLiteral("未导入任何行") : QStringLiteral("已导入 %1 行").arg(rows)};
+    if (rows > 0 || !mProblems->problems().isEmpty()) {
+        facts.append(QStringLiteral("%1 个问题").arg(mProblems->problems().size()));
+    }
+    if (skipped > 0) {
+        facts.append(QStringLiteral("前两格为空而跳过 %1 行").arg(skipped));
+    }
+    return facts.join(QStringLiteral("，")) + QStringLiteral(" · ") + mFile;
+}
+
 void ImportPage::takeConfirmation(bool closeAfterwards)
 {
     mProblems->forgetBatch();
-    HandOver batch = gatherBatch(closeAfterwards);
+    HandOver batch{mFrame->content(), closeAfterwards};
+    batch.content.filePath = mFile;
     bool cancelled = false;
     batch.content.fileSha256 = mDigest.wait(this, cancelled);
     if (cancelled) {
@@ -236,34 +157,15 @@ void ImportPage::takeConfirmation(bool closeAfterwards)
     }
 }
 
-HandOver ImportPage::gatherBatch(bool closeAfterwards) const
-{
-    HandOver batch;
-    batch.closeAfterwards = closeAfterwards;
-    ledger::DialogContent& content = batch.content;
-    content.strategy = mDialog->getStrategy().name();
-    content.account = currentAccount();
-    content.filePath = mFile;
-    content.createdBy = mHost.options().loginAccount;
-    content.expectedBuy = amountIn(QStringLiteral("expectBuyLine"));
-    content.expectedSell = amountIn(QStringLiteral("expectSellLine"));
-    content.parameterMaps = mDialog->getWidgetData();
-    if (const ZelTableView* table = parameterTable()) {
-        content.columns = table->headNames();
-        content.records = table->getViewData();
-    }
-    return batch;
-}
-
 void ImportPage::finish(const HandOver& batch, bool created)
 {
     if (created) {
         showHandedOver(batch);
     }
     if (created && batch.closeAfterwards) {
-        close();
-    } else if (mDialog) {
-        mDialog->slotResetOkBtn();
+        mFrame->close();
+    } else if (dialog()) {
+        dialog()->slotResetOkBtn();
     }
 }
 
@@ -279,7 +181,7 @@ void ImportPage::showHandedOver(const HandOver& batch)
 
 ledger::BatchTable ImportPage::currentTable() const
 {
-    const ZelTableView* table = parameterTable();
+    const ZelTableView* table = mFrame->table();
     return table ? ledger::shownTable(table->headNames(), table->getViewData()) : ledger::BatchTable();
 }
 
@@ -292,8 +194,15 @@ void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
 {
     mDiff->show(diff);
     mLower->setTabText(DiffTab, QStringLiteral("与批次 %1 的变更").arg(batch));
-    if (mProblems->problems().isEmpty()) {
+    if (mProblems->problems().isEmpty() && !mFileCheck->report().hasErrors()) {
         mLower->setCurrentIndex(DiffTab);
+    }
+}
+
+void ImportPage::showRecord(const Problem& problem)
+{
+    if (mFrame->table() && problem.place == Problem::Place::BatchRow) {
+        mFrame->table()->selectRecord(problem.line - 1);
     }
 }
 
@@ -309,56 +218,23 @@ void ImportPage::showFindingCount(int count)
     mLower->setTabText(FileCheckTab, count == 0 ? name : QStringLiteral("%1 %2").arg(name).arg(count));
 }
 
-void ImportPage::clearFindings()
+void ImportPage::forgetDiff()
 {
+    mDiff->clear();
+    mLower->setTabText(DiffTab, QStringLiteral("变更"));
+}
+
+void ImportPage::forgetFile()
+{
+    mFile.clear();
     mProblems->clear();
     mFileCheck->clear();
-}
-
-void ImportPage::close()
-{
-    if (!mDialog) {
-        return;
-    }
-    saveLayout();
-    mAmounts->setDialog(nullptr);
-    mUpper->setCurrentIndex(0);
-    mUpper->removeWidget(mDialog);
-    mDialog->setParent(nullptr); // hidden, and no longer found in the window
-    mDialog->deleteLater();      // it is in the midst of a signal of its own
-    mDialog.clear();
-    clearFindings();
-    mFile.clear();
-}
-
-QString ImportPage::currentAccount() const
-{
-    const auto* accounts = mDialog ? mDialog->findChild<SolveyAccountComboBox*>(AccountBox) : nullptr;
-    return accounts ? accounts->GetCurTradingAccount() : QString();
-}
-
-ZelTableView* ImportPage::parameterTable() const
-{
-    return mDialog ? mDialog->findChild<ZelTableView*>(ParameterTable) : nullptr;
-}
-
-double ImportPage::amountIn(const QString& box) const
-{
-    const auto* amount = mDialog->findChild<QDoubleSpinBox*>(box);
-    return amount ? amount->value() : 0.0;
+    forgetDiff();
+    emit cleared();
 }
 
 void ImportPage::saveLayout() const
 {
-    DeskSettings settings(mHost);
-    settings.setImportSplitter(mSplitter->saveState());
-    if (mDialog) {
-        settings.setLastStrategy(mDialog->getCurrentAlgoName());
-        settings.setLastAccount(currentAccount());
-    }
-}
-
-void ImportPage::restoreLayout()
-{
-    mSplitter->restoreState(DeskSettings(mHost).importSplitter());
+    DeskSettings(mHost).setImportSplitter(mSplitter->saveState());
+    mFrame->saveChoice();
 }

@@ -1,31 +1,25 @@
 #pragma once
 
 #include "desk/ledger/BatchDiff.h"
+#include "desk/window/DialogFrame.h"
 #include "desk/window/FileDigest.h"
 #include "desk/window/HandOver.h"
-#include "dialog/AlgoBatchImportParamSetting.h"
 
-#include <QPointer>
 #include <QString>
 #include <QWidget>
 
 class AmountRefresher;
-class DeskPrompts;
 class DiffPanel;
-class EmbeddedHost;
 class FileCheckPanel;
 class FilteredTable;
 class ProblemsPanel;
-class QPushButton;
 class QSplitter;
-class QStackedWidget;
 class QTabWidget;
 class TextTable;
-class ZelTableView;
+struct Problem;
 
-/// The dialog in a frame, and below it the problems of its last file, the report on it and what was handed
-/// over last. It does for the dialog what a host must: opens it with a strategy, listens to it, closes it
-/// when it asks.
+/// The dialog in its frame, and below it the problems of its last file, the report on it and what was handed
+/// over last.
 class ImportPage : public QWidget {
     Q_OBJECT
 
@@ -33,10 +27,12 @@ public:
     ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent = nullptr);
     ~ImportPage() override;
 
+    DialogFrame* frame() const { return mFrame; }
     /// Null while the dialog is closed.
-    AlgoBatchImportParamSetting* dialog() const { return mDialog; }
+    AlgoBatchImportParamSetting* dialog() const { return mFrame->dialog(); }
     ProblemsPanel* problems() const { return mProblems; }
     FileCheckPanel* fileCheck() const { return mFileCheck; }
+    DiffPanel* diff() const { return mDiff; }
     AmountRefresher* amounts() const { return mAmounts; }
     FilteredTable* handedOver() const { return mHandedOver; }
 
@@ -51,46 +47,34 @@ public:
     /// Keeps strategy, account and splitter for the next session.
     void saveLayout() const;
 
-public slots:
-    /// Opens the dialog with the strategy and account of the last time; nothing happens where it is open.
-    void open();
-    /// Presses the dialog's import button; the user is asked for a file.
-    void import();
-    /// The same with a file at hand.
-    void importFile(const QString& path);
-    void confirm();
-
 signals:
     /// The user confirmed a batch that passed every check; answer with finish().
     void confirmed(const HandOver& batch);
     /// An import came to its end, with or without problems.
     void imported();
+    /// The table that was shown so far is gone.
+    void cleared();
     void said(const QString& text);
 
 private:
-    QWidget* makeClosedPage();
-    QWidget* makeLowerPart();
-    void restoreLayout();
-    void listenToDialog();
+    void makeLowerPart();
+    void listenToFrame();
+    void listenToPanels();
     void takeFile(const QString& path);
     void checkFile();
-    void takeMessage(const QString& text, int type);
+    void showProblem(const QString& text, DialogFrame::Subject subject);
     void showImported();
+    QString importSummary() const;
     void showHandedOver(const HandOver& batch);
     void showProblemCount(int count);
     void showFindingCount(int count);
-    void clearFindings();
+    void forgetDiff();
+    void forgetFile();
     void takeConfirmation(bool closeAfterwards);
-    HandOver gatherBatch(bool closeAfterwards) const;
-    void close();
-    QString currentAccount() const;
-    ZelTableView* parameterTable() const;
-    double amountIn(const QString& box) const;
-    void press(const QString& button);
+    void showRecord(const Problem& problem);
 
     EmbeddedHost& mHost;
-    DeskPrompts& mPrompts;
-    QPointer<AlgoBatchImportParamSetting> mDialog;
+    DialogFrame* mFrame;
     AmountRefresher* mAmounts;
     ProblemsPanel* mProblems;
     TextTable* mHandedOverModel;
@@ -98,7 +82,6 @@ private:
     DiffPanel* mDiff;
     FileCheckPanel* mFileCheck;
     QTabWidget* mLower;
-    QStackedWidget* mUpper;
     QSplitter* mSplitter;
     QString mFile;
     FileDigest mDigest;

@@ -52,20 +52,34 @@ QString withoutLineEnd(QString text)
     return text;
 }
 
+/// Not every check ends a row's text with a line end. Raw cells, which may hold anything, stand only in the
+/// errors of a file, and there each row does.
+QStringList linesOf(QString text, bool ofFile)
+{
+    static const QRegularExpression nextRow(QStringLiteral("(?=第(?:\\d+|%)行：)"));
+    if (!ofFile) {
+        text.replace(nextRow, QStringLiteral("\n"));
+    }
+    return text.split(QLatin1Char('\n'));
+}
+
 } // namespace
 
 QList<Problem> fromBoxText(const QString& text)
 {
-    static const QRegularExpression rowStart(QStringLiteral("^第(\\d+)行：(.*)$"));
+    // A check that does not know the row leaves a % in its place.
+    static const QRegularExpression rowStart(QStringLiteral("^第(\\d+|%)行：(.*)$"));
     const bool ofFile = text.startsWith(FileErrorsHead);
     QList<Problem> problems;
-    for (QString line : text.split(QLatin1Char('\n'))) {
+    for (QString line : linesOf(text, ofFile)) {
         line = withoutLineEnd(line);
         const QRegularExpressionMatch match = rowStart.match(line);
         if (match.hasMatch()) {
             Problem problem;
-            problem.place = ofFile ? Problem::Place::FileRow : Problem::Place::BatchRow;
             problem.line = match.captured(1).toInt();
+            problem.place = problem.line == 0 ? Problem::Place::Whole
+                            : ofFile          ? Problem::Place::FileRow
+                                              : Problem::Place::BatchRow;
             problem.reason = match.captured(2);
             problems.append(problem);
         } else if (!problems.isEmpty()) {

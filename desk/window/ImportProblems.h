@@ -14,9 +14,9 @@ struct Problem {
 
     Place place = Place::Whole;
     int line = 0;
-    QString
-        column;   ///< title in the file, or of the strategy where the file has no such title; empty: unknown
-    QString cell; ///< what stands in the file at that place, as it stands
+    /// Title in the file, or of the strategy where the file has no such title; empty: unknown.
+    QString column;
+    QString cell;   ///< what stands in the file at that place, as it stands
     QString reason; ///< as the dialog put it
 };
 
@@ -26,7 +26,7 @@ struct Problem {
 ///     第3行：风格参数不支持，目前支持：激进-aggressive,平稳-neutral,
 namespace import_problems {
 
-/// One problem a line that names a row; a text that names none is one problem of the whole.
+/// One problem for every row named; a text that names none is one problem of the whole.
 QList<Problem> fromBoxText(const QString& text);
 
 /// Fills in the column titles and raw cells of the problems of file rows. `rows` are the file's, header

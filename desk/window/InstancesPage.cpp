@@ -1,6 +1,7 @@
 #include "desk/window/InstancesPage.h"
 
 #include "desk/window/FilteredTable.h"
+#include "desk/window/Money.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
 #include "host/AlgoConstants.h"
@@ -43,7 +44,7 @@ QString numberText(double number)
 
 QString moneyText(double amount)
 {
-    return amount == 0.0 ? QString() : QString::number(amount, 'f', 2);
+    return amount == 0.0 ? QString() : money::shown(amount);
 }
 
 bool isOver(const QString& shownState)
@@ -67,10 +68,7 @@ template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf
 InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts,
                              QWidget* parent)
     : QWidget(parent), mHost(host), mBooks(books), mModel(new TextTable(titles(), this)),
-      mTable(new FilteredTable(
-          mModel,
-          {QStringLiteral("算法实例"), books.ledger ? QStringLiteral("还没有实例") : books.ledgerError},
-          prompts, this)),
+      mTable(new FilteredTable(mModel, {QStringLiteral("算法实例"), QString()}, prompts, this)),
       mAllBatches(mTable->addButton(QStringLiteral("显示全部批次"), QStringLiteral("button_allBatches")))
 {
     mModel->setNumeric({Quantity, Limit, Amount});
@@ -91,20 +89,21 @@ void InstancesPage::showBatch(std::optional<qint64> batch)
 void InstancesPage::reload()
 {
     mAllBatches->setVisible(mBatch.has_value());
-    if (!mBooks.ledger) {
-        return;
-    }
-    const ledger::Outcome<QList<ledger::Instance>> instances = mBooks.ledger->instances(mBatch);
-    if (!instances.ok()) {
-        emit said(instances.error);
-        return;
+    ledger::Outcome<QList<ledger::Instance>> instances{{}, mBooks.ledgerError};
+    if (mBooks.ledger) {
+        instances = mBooks.ledger->instances(mBatch);
     }
     QList<QStringList> rows;
-    for (const ledger::Instance& instance : instances.value) {
+    for (const ledger::Instance& instance : qAsConst(instances.value)) {
         rows.append(rowOf(instance));
     }
+    mError = instances.error;
+    mTable->setEmptyText(mError.isEmpty() ? QStringLiteral("还没有实例") : mError);
     mModel->setRows(rows);
     mTable->fitColumnsOnce();
+    if (!mError.isEmpty()) {
+        emit said(mError);
+    }
 }
 
 QStringList InstancesPage::rowOf(const ledger::Instance& instance) const
@@ -137,9 +136,10 @@ QColor InstancesPage::tintOf(int row, int column) const
     if (column != Direction) {
         return {};
     }
-    const bool buys = cells.at(Direction).startsWith(QStringLiteral("买"));
-    const bool sells = cells.at(Direction).startsWith(QStringLiteral("卖"));
-    return buys    ? colours.colour(QStringLiteral("buy"))
-           : sells ? colours.colour(QStringLiteral("sell"))
-                   : QColor();
+    const bool buys = cells.at(Direction).contains(QStringLiteral("买"));
+    const bool sells = cells.at(Direction).contains(QStringLiteral("卖"));
+    if (buys == sells) {
+        return {}; // neither, or one leg of each
+    }
+    return colours.colour(buys ? QStringLiteral("buy") : QStringLiteral("sell"));
 }

@@ -21,6 +21,8 @@ public:
                   QWidget* parent = nullptr);
 
     FilteredTable* table() const { return mTable; }
+    /// Why the instances could not be read; empty when they could.
+    QString error() const { return mError; }
     /// Nothing: of all batches.
     void showBatch(std::optional<qint64> batch);
 
@@ -39,5 +41,6 @@ private:
     TextTable* mModel;
     FilteredTable* mTable;
     QPushButton* mAllBatches;
+    QString mError;
     std::optional<qint64> mBatch;
 };

@@ -7,6 +7,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -35,7 +36,7 @@ ProblemsPanel::ProblemsPanel(UserPrompts& prompts, QWidget* parent)
       mModel(new TextTable(
           {QStringLiteral("位置"), QStringLiteral("列"), QStringLiteral("原值"), QStringLiteral("原因")},
           this)),
-      mTable(new FilteredTable(mModel, {QStringLiteral("问题"), QStringLiteral("没有问题")}, prompts, this)),
+      mTable(new FilteredTable(mModel, {QStringLiteral("问题"), QString()}, prompts, this)),
       mDetail(new QLabel(this)),
       mSave(mTable->addButton(QStringLiteral("保存问题行"), QStringLiteral("button_saveRejects")))
 {
@@ -45,7 +46,6 @@ ProblemsPanel::ProblemsPanel(UserPrompts& prompts, QWidget* parent)
     mDetail->setTextFormat(Qt::PlainText);
     mDetail->setTextInteractionFlags(Qt::TextSelectableByMouse);
     mDetail->setProperty("role", QStringLiteral("caption"));
-    mDetail->setAccessibleName(QStringLiteral("问题所在行的原文"));
     mDetail->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 
     auto* column = new QVBoxLayout(this);
@@ -65,49 +65,53 @@ void ProblemsPanel::begin(const QString& path)
 {
     clear();
     mPath = path;
+    show();
 }
 
-void ProblemsPanel::add(const QString& boxText)
+void ProblemsPanel::addOfFile(const QString& boxText)
 {
-    QList<Problem> problems = import_problems::fromBoxText(boxText);
-    const bool namesFileRows = std::any_of(problems.cbegin(), problems.cend(), [](const Problem& problem) {
-        return problem.place == Problem::Place::FileRow;
-    });
-    if (namesFileRows && mFileRows.isEmpty()) {
+    mOfFile.append(import_problems::fromBoxText(boxText));
+    if (namesFileRows() && mFileRows.isEmpty()) {
         readFileRows();
     }
-    import_problems::locate(problems, mFileRows);
-    dropProblemsOfBatch(); // what a check said before, it says again or not
-    mProblems.append(problems);
+    import_problems::locate(mOfFile, mFileRows);
+    show();
+}
+
+void ProblemsPanel::showOfBatch(const QString& boxText)
+{
+    mOfBatch = import_problems::fromBoxText(boxText);
     show();
 }
 
 void ProblemsPanel::forgetBatch()
 {
-    dropProblemsOfBatch();
-    show();
-}
-
-void ProblemsPanel::dropProblemsOfBatch()
-{
-    const auto gone = std::remove_if(mProblems.begin(), mProblems.end(), [](const Problem& problem) {
-        return problem.place != Problem::Place::FileRow;
-    });
-    mProblems.erase(gone, mProblems.end());
+    if (!mOfBatch.isEmpty()) {
+        mOfBatch.clear();
+        show();
+    }
 }
 
 void ProblemsPanel::clear()
 {
     mPath.clear();
     mFileRows.clear();
-    mProblems.clear();
+    mReadError.clear();
+    mOfFile.clear();
+    mOfBatch.clear();
     show();
+}
+
+bool ProblemsPanel::namesFileRows() const
+{
+    return std::any_of(mOfFile.cbegin(), mOfFile.cend(),
+                       [](const Problem& problem) { return problem.place == Problem::Place::FileRow; });
 }
 
 void ProblemsPanel::saveRejects()
 {
     if (mFileRows.isEmpty()) {
-        emit said(QStringLiteral("没有问题行"));
+        emit said(mReadError.isEmpty() ? QStringLiteral("没有问题行") : mReadError);
         return;
     }
     const QString path = mPrompts.chooseSaveFile(this, QStringLiteral("保存问题行"),
@@ -128,22 +132,25 @@ void ProblemsPanel::readFileRows()
 {
     const table_reader::Table table = table_reader::readTable(mPath);
     mFileRows = table.rows;
+    mReadError = table.error;
     mIsSpreadsheet = table.format != QLatin1String("csv");
 }
 
 void ProblemsPanel::show()
 {
+    mProblems = mOfFile + mOfBatch;
     QList<QStringList> rows;
     for (const Problem& problem : qAsConst(mProblems)) {
         QString reason = problem.reason;
         rows.append({placeText(problem), problem.column, problem.cell,
                      reason.replace(QLatin1Char('\n'), QLatin1Char(' '))});
     }
+    mTable->filter()->clear(); // it was typed for other problems, and would hide these
+    mTable->setEmptyText(mPath.isEmpty() ? QStringLiteral("导入文件后，其中的问题显示在这里")
+                                         : QStringLiteral("没有问题"));
     mModel->setTable(mModel->columns(), rows);
     mTable->fitColumns();
-    mSave->setEnabled(std::any_of(mProblems.cbegin(), mProblems.cend(), [](const Problem& problem) {
-        return problem.place == Problem::Place::FileRow;
-    }));
+    mSave->setEnabled(namesFileRows());
     showDetail(-1);
     emit countChanged(mProblems.size());
 }
@@ -152,7 +159,7 @@ void ProblemsPanel::step(int by)
 {
     const int count = mProblems.size();
     if (count == 0) {
-        emit said(QStringLiteral("没有问题"));
+        emit said(mTable->emptyText());
         return;
     }
     const int current = mTable->currentRow();

@@ -23,9 +23,11 @@ public:
 
     /// A new file is imported; its path is where the reject file is suggested.
     void begin(const QString& path);
-    /// Adds what a message box says about the file or the batch. Reads the file's rows where it names any.
-    void add(const QString& boxText);
-    /// The batch passed its checks: what they said before no longer holds.
+    /// Adds what a message box says about the file. Reads the file's rows where it names any.
+    void addOfFile(const QString& boxText);
+    /// Shows what a message box says about the batch, in place of what one said of it before.
+    void showOfBatch(const QString& boxText);
+    /// What was said of the batch no longer holds.
     void forgetBatch();
     void clear();
 
@@ -47,7 +49,7 @@ signals:
     void said(const QString& text);
 
 private:
-    void dropProblemsOfBatch();
+    bool namesFileRows() const;
     void readFileRows();
     void show();
     void step(int by);
@@ -61,6 +63,9 @@ private:
     QPushButton* mSave;
     QString mPath;
     QList<QStringList> mFileRows;
+    QString mReadError; ///< why the rows could not be read again
     bool mIsSpreadsheet = false;
-    QList<Problem> mProblems;
+    QList<Problem> mOfFile;
+    QList<Problem> mOfBatch;
+    QList<Problem> mProblems; ///< both, as shown
 };

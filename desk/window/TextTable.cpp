@@ -47,6 +47,10 @@ QVariant TextTable::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return mRows.at(index.row()).value(index.column());
+    case PlainText: {
+        QString text = mRows.at(index.row()).value(index.column());
+        return mNumeric.contains(index.column()) ? text.remove(QLatin1Char(',')) : text;
+    }
     case Qt::ToolTipRole:
         return plainToolTip(mRows.at(index.row()).value(index.column()));
     case Qt::TextAlignmentRole:

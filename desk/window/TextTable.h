@@ -12,6 +12,9 @@ class TextTable : public QAbstractTableModel {
     Q_OBJECT
 
 public:
+    /// The cell's text with its numbers as other programs read them, without commas between the thousands.
+    static constexpr int PlainText = Qt::UserRole;
+
     /// The colour of a cell's text; invalid: the palette's.
     using Tint = std::function<QColor(int row, int column)>;
 

@@ -112,11 +112,11 @@ void VerdictDialog::addAmount(QVBoxLayout* column)
 
 void VerdictDialog::addButtons(QVBoxLayout* column)
 {
-    auto* cancel =
+    mCancel =
         new QPushButton(mReview.verdict.refuses() ? QStringLiteral("关闭") : QStringLiteral("取消"), this);
-    cancel->setObjectName(QStringLiteral("button_cancel"));
-    cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    mCancel->setObjectName(QStringLiteral("button_cancel"));
+    mCancel->setAutoDefault(false);
+    connect(mCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addStretch();
     if (!mReview.verdict.refuses()) {
@@ -127,17 +127,20 @@ void VerdictDialog::addButtons(QVBoxLayout* column)
         connect(mCreate, &QPushButton::clicked, this, &QDialog::accept);
         row->addWidget(mCreate);
     }
-    row->addWidget(cancel);
+    row->addWidget(mCancel);
     column->addSpacing(6);
     column->addLayout(row);
     // A warning read in haste is answered by Enter: let that be the harmless answer.
-    cancel->setDefault(true);
-    (mAmount ? static_cast<QWidget*>(mAmount) : cancel)->setFocus();
+    mCancel->setDefault(true);
+    (mAmount ? static_cast<QWidget*>(mAmount) : mCancel)->setFocus();
 }
 
 void VerdictDialog::showWhetherAllowed()
 {
     if (mCreate && mAmount) {
-        mCreate->setEnabled(ledger::isConfirmedBy(mReview.verdict, mAmount->text()));
+        const bool allowed = ledger::isConfirmedBy(mReview.verdict, mAmount->text());
+        mCreate->setEnabled(allowed);
+        mCreate->setDefault(allowed); // who typed the whole amount means it
+        mCancel->setDefault(!allowed);
     }
 }

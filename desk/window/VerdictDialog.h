@@ -32,5 +32,6 @@ private:
 
     ledger::Review mReview;
     QLineEdit* mAmount = nullptr;
-    QPushButton* mCreate = nullptr;
+    QPushButton* mCreate = nullptr; ///< null where the guard refuses
+    QPushButton* mCancel = nullptr;
 };

@@ -18,6 +18,8 @@ namespace {
 constexpr int NoColumn = -1;
 constexpr int LinePadding = 2; // of a row, above and below its text together
 
+const QString AllFilteredOut = QStringLiteral("没有符合筛选的行");
+
 // A cell may hold tabs and line ends of its own; pasted as they are they would make cells and rows.
 QString onOneLine(QString text)
 {
@@ -60,6 +62,21 @@ void TableBehaviour::setSortable(bool sortable)
     if (!sortable) {
         resetOrder();
     }
+}
+
+void TableBehaviour::setEmptyText(const QString& text)
+{
+    mEmptyText = text;
+    mView->viewport()->update();
+}
+
+QString TableBehaviour::emptyText() const
+{
+    if (mProxy->rowCount() > 0) {
+        return {};
+    }
+    const QAbstractItemModel* source = mProxy->sourceModel();
+    return source && source->rowCount() > 0 ? AllFilteredOut : mEmptyText;
 }
 
 void TableBehaviour::resetOrder()
@@ -106,7 +123,7 @@ bool TableBehaviour::eventFilter(QObject* watched, QEvent* event)
     if (watched == mView) {
         return event->type() == QEvent::KeyPress && copyOnKey(static_cast<QKeyEvent*>(event));
     }
-    if (event->type() == QEvent::Paint && mProxy->rowCount() == 0 && !mEmptyText.isEmpty()) {
+    if (event->type() == QEvent::Paint && !emptyText().isEmpty()) {
         paintEmptyText();
     }
     return QObject::eventFilter(watched, event);
@@ -155,5 +172,5 @@ void TableBehaviour::paintEmptyText()
 {
     QPainter painter(mView->viewport());
     painter.setOpacity(0.55); // whatever colour a style sheet gives the text
-    painter.drawText(mView->viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, mEmptyText);
+    painter.drawText(mView->viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText());
 }

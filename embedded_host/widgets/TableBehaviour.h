@@ -20,8 +20,11 @@ public:
     void setSortable(bool sortable);
     /// Back to the source's order, as if no title had been clicked.
     void resetOrder();
-    /// Shown in the middle of a table without rows.
-    void setEmptyText(const QString& text) { mEmptyText = text; }
+    /// Shown in the middle of a table whose source has no rows.
+    void setEmptyText(const QString& text);
+    /// What stands there now: of rows that a filter hides it is not said that there are none. Empty where
+    /// rows are shown.
+    QString emptyText() const;
 
     /// The selected rows as shown: shown columns separated by tabs, lines by line feeds, the serial number
     /// left out.

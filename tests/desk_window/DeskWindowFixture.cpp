@@ -23,16 +23,6 @@ void DeskWindowFixture::open()
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         books.ledger = opened.value;
     }
-    show();
-}
-
-void DeskWindowFixture::openWithoutLedger()
-{
-    show();
-}
-
-void DeskWindowFixture::show()
-{
     EmbeddedHost::Options options;
     options.home = home.path();
     host = std::make_unique<EmbeddedHost>(ReferenceData(tables), options);

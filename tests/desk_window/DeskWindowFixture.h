@@ -13,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -27,7 +28,6 @@ protected:
 
     /// Opens the window with a ledger in the home; a test may set `books` before to have another.
     void open();
-    void openWithoutLedger();
     void closeWindow();
 
     /// A csv file of the ordinary columns in the test's folder.
@@ -48,6 +48,8 @@ protected:
         return window->findChild<Widget*>(QString::fromLatin1(name));
     }
     ZelTableView* parameterTable() { return child<ZelTableView>("table_paramSettings"); }
+    /// What the status bar says.
+    QString message() { return child<QLabel>("label_message")->text(); }
     /// Cells of a column as shown.
     static QStringList shown(const FilteredTable& table, int column);
 
@@ -59,7 +61,5 @@ protected:
     std::unique_ptr<DeskWindow> window;
 
 private:
-    void show();
-
     int mAwaited = 0;
 };

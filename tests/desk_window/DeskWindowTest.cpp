@@ -6,6 +6,7 @@
 #include "host/SolveyAccountComboBox.h"
 #include "tests/desk_window/DeskWindowFixture.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
@@ -66,9 +67,21 @@ TEST_F(DeskWindowTest, NamesWhatItShowsForThoseWhoDoNotSeeIt)
     }
 }
 
-TEST_F(DeskWindowTest, WithoutALedgerShowsTheParametersThatWereHandedOver)
+TEST_F(DeskWindowTest, ReadsTheStatusBarOutAsItStands)
 {
-    openWithoutLedger();
+    open();
+    drop(writeFile({row()}));
+    QTest::keyClick(window.get(), Qt::Key_F5);
+    for (const char* name : {"label_message", "label_refreshed"}) {
+        auto* label = child<QLabel>(name);
+        EXPECT_FALSE(label->text().isEmpty()) << name;
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), label->text());
+    }
+}
+
+TEST_F(DeskWindowTest, ShowsTheParametersThatWereHandedOver)
+{
+    open();
     drop(writeFile({row("600000"_s, "300"_s), row("688001"_s, "400"_s)}));
     pressConfirm();
     const FilteredTable& table = *window->importPage()->handedOver();

@@ -1,6 +1,7 @@
 #include "desk/window/FileCheckPanel.h"
 
 #include "desk/ledger/DraftBuilder.h"
+#include "desk/window/DiffPanel.h"
 #include "desk/window/ProblemsPanel.h"
 #include "tests/desk_window/DeskWindowFixture.h"
 
@@ -46,6 +47,17 @@ TEST_F(FileCheckPanelTest, ComesToTheFrontWhereTheImportSawNoneOfTheErrors)
     open();
     importSuspectFile();
     ASSERT_TRUE(window->importPage()->problems()->problems().isEmpty());
+    EXPECT_EQ(tabs().currentWidget(), window->importPage()->fileCheck());
+}
+
+TEST_F(FileCheckPanelTest, StaysInFrontOfAComparisonWithTheBatchBefore)
+{
+    open();
+    importSuspectFile();
+    pressConfirm();
+    window->importPage()->frame()->open();
+    importSuspectFile();
+    EXPECT_EQ(window->importPage()->diff()->table()->emptyText(), "没有变更"_s);
     EXPECT_EQ(tabs().currentWidget(), window->importPage()->fileCheck());
 }
 

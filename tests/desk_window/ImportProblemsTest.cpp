@@ -98,3 +98,34 @@ TEST(ImportProblemsTest, LeavesTheCellEmptyWhereTheFileHasNone)
     EXPECT_TRUE(problems.at(0).cell.isEmpty()) << "the row is shorter than the header";
     EXPECT_EQ(problems.at(1).line, 99) << "the file has no such row any more";
 }
+
+TEST(ImportProblemsTest, KeepsRowsApartThatACheckPutOnOneLine)
+{
+    const QList<Problem> problems = located(
+        "第1行：00700.HK标的仅是深港通标的！第2行：08001.HK标的仅是沪港通标的！第3行：委托属性与交易方向不一致\r\n"_s);
+    ASSERT_EQ(problems.size(), 3);
+    EXPECT_EQ(problems.at(0).line, 1);
+    EXPECT_EQ(problems.at(0).reason, "00700.HK标的仅是深港通标的！"_s);
+    EXPECT_EQ(problems.at(1).line, 2);
+    EXPECT_EQ(problems.at(1).reason, "08001.HK标的仅是沪港通标的！"_s);
+    EXPECT_EQ(problems.at(2).line, 3);
+    EXPECT_EQ(problems.at(2).reason, "委托属性与交易方向不一致"_s);
+}
+
+TEST(ImportProblemsTest, TakesWhatLooksLikeARowInARawCellAsPartOfTheCell)
+{
+    const QList<Problem> problems =
+        located("导入文件中包含以下错误:\r\n第2行：证券代码第9行：不合法，未获取到市场\r\n"_s);
+    ASSERT_EQ(problems.size(), 1);
+    EXPECT_EQ(problems.at(0).line, 2);
+}
+
+TEST(ImportProblemsTest, TakesARowThatACheckDoesNotNameAsAProblemOfItsOwn)
+{
+    const QList<Problem> problems =
+        located("第1行：委托属性与交易方向不一致\r\n第%行：未获取到账号类型!\r\n"_s);
+    ASSERT_EQ(problems.size(), 2);
+    EXPECT_EQ(problems.at(0).reason, "委托属性与交易方向不一致"_s);
+    EXPECT_EQ(problems.at(1).place, Place::Whole);
+    EXPECT_EQ(problems.at(1).reason, "未获取到账号类型!"_s);
+}

@@ -168,3 +168,45 @@ TEST_F(ProblemsPanelTest, ShowsTextsThatLookLikeMarkupAsTheyStand)
     EXPECT_TRUE(
         table().view()->model()->index(0, 2).data(Qt::ToolTipRole).toString().contains("&lt;b&gt;"_s));
 }
+
+TEST_F(ProblemsPanelTest, AFilterTypedForOtherProblemsHidesNoneOfTheNext)
+{
+    open();
+    importFaultyFile();
+    table().filter()->setText("999999"_s);
+    EXPECT_EQ(table().shownRows().size(), 1 + 1);
+    importFaultyFile();
+    EXPECT_EQ(table().shownRows().size(), 1 + 2);
+}
+
+TEST_F(ProblemsPanelTest, KeepsWhatAFileSuffersFromWhileABatchIsChecked)
+{
+    open();
+    answer("button_ok"_s);
+    drop(writeTable({{"a"_s, "b"_s}, {"1"_s, "2"_s}}, "foreign.csv"_s));
+    answer("button_ok"_s);
+    pressConfirm();
+    ASSERT_EQ(shown(table(), 3).size(), 2);
+    EXPECT_TRUE(shown(table(), 3).first().startsWith("导入文件表头缺少"_s));
+    EXPECT_EQ(shown(table(), 3).last(), "未获取到数据！"_s);
+}
+
+TEST_F(ProblemsPanelTest, SaysWhyARejectFileCannotBeWrittenWhereTheFileIsGone)
+{
+    open();
+    QList<QStringList> rows{row("999999"_s)};
+    while (rows.size() <= 1000) {
+        rows.append(row());
+    }
+    const QString path = writeFile(rows);
+    whenModal([this, path](QWidget& modal) {
+        QFile::remove(path); // after it was read, before its problems are known
+        answer("button_ok"_s);
+        QTest::mouseClick(modal.findChild<QAbstractButton*>("button_yes"_s), Qt::LeftButton);
+    });
+    drop(path);
+    EXPECT_EQ(shown(table(), 0), QStringList{"文件第 2 行"_s});
+    QTest::mouseClick(child<QAbstractButton>("button_saveRejects"), Qt::LeftButton);
+    EXPECT_NE(message(), "没有问题行"_s);
+    EXPECT_EQ(message(), table_reader::readTable(path).error);
+}

@@ -74,3 +74,18 @@ TEST(VerdictDialogTest, EnterPressedInHasteCreatesNothing)
     EXPECT_EQ(dialog.result(), int(QDialog::Rejected));
     EXPECT_FALSE(dialog.isVisible());
 }
+
+TEST(VerdictDialogTest, EnterCreatesOnceTheAmountIsTypedAgain)
+{
+    ledger::Review review;
+    review.verdict.confirmationAmount = 1234567;
+    VerdictDialog dialog(review);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    QTest::keyClicks(dialog.focusWidget(), "1234567"_s);
+    EXPECT_TRUE(button(dialog, "button_create")->isDefault());
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Backspace);
+    EXPECT_TRUE(button(dialog, "button_cancel")->isDefault());
+    QTest::keyClicks(dialog.focusWidget(), "7\r"_s);
+    EXPECT_EQ(dialog.result(), int(QDialog::Accepted));
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "desk/ledger/DraftBuilder.h"
+#include "dialog/AlgoBatchImportParamSetting.h"
+
+#include <QPointer>
+#include <QStackedWidget>
+#include <QString>
+
+class DeskPrompts;
+class EmbeddedHost;
+class QAbstractButton;
+class SolveyAccountComboBox;
+class ZelTableView;
+
+/// The dialog's place on the desk, or a page that offers a new one while it is closed. It does for the dialog
+/// what a host must: opens it with a strategy, closes it when it asks, and tells from its buttons and message
+/// boxes what happens in it.
+class DialogFrame : public QStackedWidget {
+    Q_OBJECT
+
+public:
+    /// What the dialog's message boxes speak of: it depends on what was touched last.
+    enum class Subject {
+        Nothing, ///< neither of the two, such as a template that could not be saved
+        File,    ///< the file that is being imported
+        Batch    ///< the batch that stands in the table
+    };
+
+    DialogFrame(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent = nullptr);
+
+    /// Null while the dialog is closed.
+    AlgoBatchImportParamSetting* dialog() const { return mDialog; }
+    /// The dialog's table; null while it is closed.
+    ZelTableView* table() const;
+    /// Rows of the table.
+    int rowCount() const;
+    /// What the open dialog holds; of which file it came, the dialog does not know.
+    ledger::DialogContent content() const;
+    /// Keeps strategy and account for the next time.
+    void saveChoice() const;
+
+public slots:
+    /// Opens the dialog with the strategy and account of the last time.
+    void open();
+    void close();
+    /// Presses the dialog's import button; the user is asked for a file.
+    void import();
+    /// The same with a file at hand.
+    void importFile(const QString& path);
+    /// Presses the dialog's 确定; says why where it cannot be pressed.
+    void confirm();
+
+signals:
+    void opened();
+    void closed();
+    /// The batch that stood in the table is gone.
+    void strategyChanged();
+    /// What the dialog said of the batch on another account no longer holds.
+    void accountChanging();
+    void importStarted(const QString& path);
+    /// With or without complaints, or given up.
+    void importEnded();
+    /// An error box is about to be shown.
+    void complained(const QString& text, DialogFrame::Subject subject);
+    /// The user confirmed a batch that passed every check.
+    void confirmed(bool closeAfterwards);
+    void said(const QString& text);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* makeClosedPage();
+    void dressAccountBox();
+    void listenToButtons();
+    void listenToBoxes();
+    void startImport(const QString& path);
+    void endImport();
+    void takeMessage(const QString& text, int type);
+    QAbstractButton* button(const QString& name) const;
+    SolveyAccountComboBox* accountBox() const;
+    double amountIn(const QString& box) const;
+
+    EmbeddedHost& mHost;
+    DeskPrompts& mPrompts;
+    QPointer<AlgoBatchImportParamSetting> mDialog;
+    Subject mSubject = Subject::Nothing;
+};

@@ -1,0 +1,316 @@
+// Walks through the desk as a trader would, and takes a picture of every step.
+//
+//     photographer light|dark FOLDER
+
+#include "desk/window/BatchesPage.h"
+#include "desk/window/DeskApplication.h"
+#include "desk/window/DeskWindow.h"
+#include "desk/window/FilteredTable.h"
+#include "desk/window/ImportPage.h"
+#include "desk/window/ProblemsPanel.h"
+#include "embedded_host/EmbeddedHost.h"
+#include "embedded_host/reference_data/ReferenceFolder.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QFont>
+#include <QHash>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPixmap>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+const QString Root = QStringLiteral(SOURCE_ROOT "/");
+const QString Orders = QStringLiteral("AITWAP.csv");
+const QSize WindowSize(1280, 800);
+constexpr int SettleMs = 300; // the fingerprint of a file comes from a thread
+constexpr int PollMs = 50;
+constexpr int DarkPercent = 150;
+constexpr int MostColours = 256;
+constexpr int Common = 4000;   // pixels of a colour that is drawn as it is, such as a background
+constexpr qreal PointSize = 9; // off screen there is no system that would say
+
+/// The amount that must be typed once more: small, so that a sample reaches it.
+QList<ledger::LimitScope> limits()
+{
+    ledger::LimitScope all;
+    all.limits.confirmAmount = 100000;
+    return {all};
+}
+
+void settle()
+{
+    QEventLoop loop;
+    QTimer::singleShot(SettleMs, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void setFontSize()
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(PointSize);
+    QApplication::setFont(font);
+}
+
+/// The commonest colours, none of them next to another one, so that a rare colour keeps its place beside the
+/// shades of common ones.
+QVector<QRgb> palette(const QImage& image)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            ++counts[image.pixel(x, y)];
+        }
+    }
+    QVector<QRgb> colours = counts.keys().toVector();
+    std::sort(colours.begin(), colours.end(), [&counts](QRgb a, QRgb b) {
+        return std::make_pair(counts.value(a), a) > std::make_pair(counts.value(b), b);
+    });
+    QSet<QRgb> taken;
+    QVector<QRgb> chosen;
+    for (const QRgb colour : qAsConst(colours)) {
+        const QRgb neighbourhood = colour & 0xf0f0f0;
+        if (chosen.size() < MostColours &&
+            (counts.value(colour) > Common || !taken.contains(neighbourhood))) {
+            taken.insert(neighbourhood);
+            chosen.append(colour);
+        }
+    }
+    return chosen;
+}
+
+/// Half as large a file.
+QImage withFewColours(const QImage& image)
+{
+    return image.convertToFormat(QImage::Format_Indexed8, palette(image), Qt::AvoidDither);
+}
+
+/// A file of samples/.
+QByteArray sample(const QString& name)
+{
+    QFile file(Root + QStringLiteral("samples/") + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class Walk {
+public:
+    Walk(DeskWindow& window, const QString& skin, const QString& pictures)
+        : mWindow(window), mSkin(skin), mPictures(pictures)
+    {
+    }
+
+    bool go();
+
+private:
+    enum class In { Light, BothSkins };
+
+    void importFaults();
+    void createBatch();
+    void look();
+    void importRevision();
+    void takeBatchBack();
+    void importSuspectFile();
+
+    void take(const QString& name, In skins);
+    void whenModal(const std::function<void(QWidget&)>& act);
+    void import(const QString& name, const QByteArray& bytes);
+    static void press(const QWidget& in, const QString& button);
+
+    DeskWindow& mWindow;
+    const QString mSkin;
+    const QDir mPictures;
+    bool mSaved = true;
+};
+
+bool Walk::go()
+{
+    mWindow.setSkin(mSkin);
+    take(QStringLiteral("01-start"), In::Light);
+    importFaults();
+    createBatch();
+    look();
+    importRevision();
+    takeBatchBack();
+    importSuspectFile();
+    return mSaved;
+}
+
+void Walk::importFaults()
+{
+    whenModal([this](QWidget& box) {
+        take(QStringLiteral("02-row-errors"), In::Light);
+        press(box, QStringLiteral("button_ok"));
+    });
+    import(QStringLiteral("mixed.csv"), sample(QStringLiteral("faulty/AITWAP-mixed.csv")));
+    mWindow.importPage()->problems()->goToNext();
+    take(QStringLiteral("03-problems"), In::BothSkins);
+}
+
+void Walk::createBatch()
+{
+    import(QStringLiteral("orders.csv"), sample(Orders));
+    whenModal([this](QWidget& verdict) {
+        auto* amount = verdict.findChild<QLineEdit*>(QStringLiteral("edit_amount"));
+        for (const QLabel* label : verdict.findChildren<QLabel*>()) {
+            if (label->text().startsWith(QStringLiteral("金额较大"))) {
+                amount->setText(label->text().section(QStringLiteral("："), -1));
+            }
+        }
+        take(QStringLiteral("04-guard"), In::BothSkins);
+        press(verdict, QStringLiteral("button_create"));
+    });
+    mWindow.confirm();
+    take(QStringLiteral("05-created"), In::Light);
+}
+
+void Walk::look()
+{
+    mWindow.showPage(DeskWindow::InstancesPageIndex);
+    take(QStringLiteral("06-instances"), In::BothSkins);
+    mWindow.showPage(DeskWindow::QuotesPageIndex);
+    take(QStringLiteral("09-quotes"), In::BothSkins);
+    mWindow.showPage(DeskWindow::ImportPageIndex);
+}
+
+/// The same file with a row less and some cells changed.
+void Walk::importRevision()
+{
+    QList<QByteArray> lines = sample(Orders).split('\n');
+    for (int i = lines.size() - 1; i >= 0; --i) {
+        if (lines.at(i).startsWith("688001")) {
+            lines.removeAt(i);
+        } else if (lines.at(i).startsWith("000001")) {
+            lines[i].replace(",2500,", ",2600,");
+        } else if (lines.at(i).startsWith("430047")) {
+            lines[i].replace("neutral", "aggressive");
+        }
+    }
+    import(QStringLiteral("orders.csv"), lines.join('\n'));
+    take(QStringLiteral("10-revision"), In::Light);
+}
+
+void Walk::takeBatchBack()
+{
+    mWindow.showPage(DeskWindow::BatchesPageIndex);
+    mWindow.batchesPage()->table()->setCurrentRow(0);
+    whenModal([this](QWidget& question) {
+        take(QStringLiteral("07-undo"), In::Light);
+        press(question, QStringLiteral("button_yes"));
+    });
+    mWindow.batchesPage()->undo();
+    take(QStringLiteral("08-batches"), In::Light);
+    mWindow.showPage(DeskWindow::ImportPageIndex);
+}
+
+/// A title with a wrong character, a code without its zeros, a number in full-width digits, an order without
+/// its code.
+void Walk::importSuspectFile()
+{
+    QByteArray orders = sample(Orders);
+    orders.replace("实例备注", "实例备住");
+    orders.replace("\n000001,", "\n1,");
+    orders.replace(",1000,", ",１０００,");
+    orders.replace("\n430047,京样生物,", "\n,,");
+    import(QStringLiteral("suspect.csv"), orders);
+    take(QStringLiteral("11-file-check"), In::Light);
+}
+
+/// The window, and a modal one above it in its middle, since off screen there is no desktop to show both.
+void Walk::take(const QString& name, In skins)
+{
+    const bool dark = mSkin != QLatin1String("light");
+    if (dark && skins == In::Light) {
+        return;
+    }
+    settle();
+    QPixmap picture = mWindow.grab();
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        const QPoint place = mWindow.rect().center() - modal->rect().center();
+        QPainter painter(&picture);
+        painter.drawPixmap(place, modal->grab());
+        painter.setPen(QColor(0x80, 0x88, 0x90));
+        painter.drawRect(QRect(place, modal->size()).adjusted(-1, -1, 0, 0));
+    }
+    const QString file =
+        name + QLatin1Char('-') + mSkin + (dark ? QStringLiteral("-%1").arg(DarkPercent) : QString());
+    const QString path = mPictures.filePath(file + QStringLiteral(".png"));
+    mSaved = withFewColours(picture.toImage()).save(path, "PNG", 0) && mSaved;
+}
+
+void Walk::whenModal(const std::function<void(QWidget&)>& act)
+{
+    auto* timer = new QTimer(&mWindow);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (modal && modal->isVisible()) {
+            timer->stop();
+            timer->deleteLater();
+            act(*modal);
+        }
+    });
+    timer->start(PollMs);
+}
+
+/// By its bare name, so that the pictures show no folder of the machine that they were taken on.
+void Walk::import(const QString& name, const QByteArray& bytes)
+{
+    QFile file(name);
+    mSaved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && mSaved;
+    file.close();
+    mWindow.importPage()->frame()->importFile(name);
+}
+
+void Walk::press(const QWidget& in, const QString& button)
+{
+    in.findChild<QAbstractButton*>(button)->click();
+}
+
+int fail(const QString& error)
+{
+    std::fprintf(stderr, "%s\n", error.toUtf8().constData());
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    desk_application::prepare(application);
+    QApplication::setCursorFlashTime(0);
+    setFontSize();
+    const QStringList arguments = QApplication::arguments();
+    const QTemporaryDir home;
+    QString error;
+    auto tables = readReferenceFolder(Root + QStringLiteral("reference_data"), error);
+    if (arguments.size() != 3 || !tables || !home.isValid()) {
+        return fail(error.isEmpty() ? QStringLiteral("photographer light|dark FOLDER") : error);
+    }
+    EmbeddedHost::Options options;
+    options.home = home.path();
+    EmbeddedHost host(ReferenceData(std::move(*tables)), options);
+    const ledger::Outcome<std::shared_ptr<ledger::Ledger>> opened = ledger::Ledger::open(home.path());
+    if (!opened.ok()) {
+        return fail(opened.error);
+    }
+    DeskWindow window(host, {opened.value, QString(), limits()});
+    window.resize(WindowSize);
+    window.show();
+    const QString pictures = QDir(arguments.at(2)).absolutePath();
+    QDir::setCurrent(home.path());
+    const bool saved = Walk(window, arguments.at(1), pictures).go();
+    return saved ? 0 : fail(QStringLiteral("a picture could not be saved"));
+}

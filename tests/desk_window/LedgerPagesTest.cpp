@@ -152,7 +152,9 @@ TEST_F(LedgerPagesTest, TheSameFileImportedAgainChangesNothing)
 TEST_F(LedgerPagesTest, AFileIsNotComparedWithABatchOfAnotherAccountOrOneThatWasTakenBack)
 {
     open();
-    createBatch({row()});
+    QStringList notStarted = row();
+    notStarted.last() = "0"_s; // a started one may have traded, and is compared for ever
+    createBatch({notStarted});
     window->importPage()->frame()->open();
     child<SolveyAccountComboBox>("combx_account")->SetCurTradingAccount("NOHK"_s);
     drop(writeFile({row()}));

@@ -55,7 +55,7 @@ void DeskMenus::makeViewMenu()
     QMenu* menu = mWindow.menuBar()->addMenu(QStringLiteral("视图(&V)"));
     const QStringList titles = mWindow.pageTitles();
     for (int page = 0; page < titles.size(); ++page) {
-        add(menu, titles.at(page), QKeySequence(Qt::CTRL + Qt::Key_1 + page),
+        add(menu, titles.at(page), QKeySequence(QStringLiteral("Ctrl+%1").arg(page + 1)),
             [this, page] { mWindow.showPage(page); });
     }
     menu->addSeparator();

@@ -16,7 +16,7 @@
 namespace table_reader {
 namespace {
 
-constexpr qint64 PieceBytes = 64 * 1024;
+constexpr qint64 PieceBytes = qint64(64) * 1024;
 
 /// Comma; where the first line has none outside quotes, tab or semicolon.
 QChar separatorOf(const QString& text)

@@ -12,7 +12,7 @@
 namespace table_reader {
 namespace {
 
-constexpr qint64 DayMilliseconds = 24 * 60 * 60 * 1000;
+constexpr qint64 DayMilliseconds = qint64(24) * 60 * 60 * 1000;
 constexpr double LastSerial1900 = 2958466; // the day after 31 December 9999
 constexpr qint64 LeapDay1900 = 60;
 

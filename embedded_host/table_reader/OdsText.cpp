@@ -44,8 +44,11 @@ void Paragraph::readContent()
 void Paragraph::readElement()
 {
     using namespace ods;
-    if (!mPart.space().startsWith(QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:"))) {
-        mPart.skip(); // a remark, a drawing
+    const bool isText =
+        mPart.space().startsWith(QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:"));
+    const bool isAside = mPart.name() == QLatin1String("note") || mPart.name() == QLatin1String("ruby-text");
+    if (!isText || isAside) { // no text: a remark, a drawing
+        mPart.skip();
     } else if (mPart.name() == QLatin1String("s")) {
         const int count = intValue(value(mPart.attributes(), Text, "c"), 1);
         append(QString(static_cast<int>(std::min<qint64>(count, limits::CellCharacters)), QLatin1Char(' ')));
@@ -55,8 +58,6 @@ void Paragraph::readElement()
         mPart.skip();
     } else if (mPart.name() == QLatin1String("line-break")) {
         append(QStringLiteral("\n"));
-        mPart.skip();
-    } else if (mPart.name() == QLatin1String("note") || mPart.name() == QLatin1String("ruby-text")) {
         mPart.skip();
     } else {
         readContent(); // a span, a link, a field; as deep as limits::NestingDepth lets it be

@@ -73,8 +73,8 @@ void SheetRows::noteMergedArea(const QRect& area)
 void SheetRows::finish()
 {
     mTable.rows.reserve(mRows.size());
-    for (QStringList& row : mRows) {
-        mTable.rows.append(std::move(row));
+    for (const QStringList& row : mRows) {
+        mTable.rows.append(row);
     }
     mRows.clear();
 }

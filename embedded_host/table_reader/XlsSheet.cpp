@@ -39,7 +39,7 @@ double unpack(quint32 packed)
 {
     double value = 0;
     if ((packed & 2) != 0) {
-        value = static_cast<qint32>(packed & ~quint32(3)) / 4;
+        value = static_cast<qint32>(packed & ~quint32(3)) / 4.0;
     } else {
         const quint64 bits = static_cast<quint64>(packed & ~quint32(3)) << 32;
         std::memcpy(&value, &bits, sizeof value);
@@ -52,7 +52,6 @@ int cellBytes(quint16 type)
 {
     switch (type) {
     case biff::Number:
-        return 14;
     case biff::Formula:
     case biff::FormulaOf3:
     case biff::FormulaOf4:

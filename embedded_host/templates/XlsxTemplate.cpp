@@ -176,6 +176,7 @@ private:
             return;
         }
         std::vector<QByteArray> texts;
+        texts.reserve(std::size_t(column.accepted.size()));
         for (const QString& value : column.accepted) {
             texts.push_back(value.toUtf8());
         }

@@ -62,11 +62,11 @@ bool isSkippedOrder(const QStringList& cells)
            std::count_if(cells.begin(), cells.end(), filled) > 1;
 }
 
-int skippedRowCountOf(const QList<QStringList>& rows)
+/// The rows that an import looks at.
+QList<QStringList> dataRows(const QList<QStringList>& rows)
 {
     constexpr int most = table_reader::MaxRows - 2; // the header and the row that is one too many
-    const QList<QStringList> data = rows.mid(1, most);
-    return int(std::count_if(data.begin(), data.end(), isSkippedOrder));
+    return rows.mid(1, most);
 }
 
 } // namespace
@@ -91,7 +91,9 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     report.separator = table.separator;
     report.sheet = table.sheet;
     report.rowCount = table.rows.size();
-    report.skippedRowCount = skippedRowCountOf(table.rows);
+    const QList<QStringList> data = dataRows(table.rows);
+    report.orderCount = data.size() - int(std::count_if(data.begin(), data.end(), table_lint::isPassedOver));
+    report.skippedRowCount = int(std::count_if(data.begin(), data.end(), isSkippedOrder));
     report.error = table.error;
     if (table.error.isEmpty()) {
         report.findings = table_lint::lint(table, expectationOf(strategy, titles, referenceData));

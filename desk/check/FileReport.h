@@ -21,7 +21,8 @@ struct FileReport {
     /// Hexadecimal digits; left to the caller, since it takes a whole large file where the report takes only
     /// its first rows.
     QString sha256;
-    int rowCount = 0; ///< rows read, the header among them; never above table_reader::MaxRows
+    int rowCount = 0;   ///< rows read, the header among them; never above table_reader::MaxRows
+    int orderCount = 0; ///< rows that the import takes for orders, of those that it looks at
     /// Rows that the import passes over as notes, since their first two cells are empty, though more than one
     /// of the others is filled: a note, or an order that lost its code.
     int skippedRowCount = 0;

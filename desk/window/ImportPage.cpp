@@ -13,6 +13,7 @@
 #include "host/ZelTableView.h"
 
 #include <QFileInfo>
+#include <QSet>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -117,8 +118,26 @@ void ImportPage::showProblem(const QString& text, DialogFrame::Subject subject)
     mLower->setCurrentIndex(ProblemsTab);
 }
 
+/// An import that a row ends tells of the faulty rows before it, and not of what it left unread.
+void ImportPage::tellOfLostRows()
+{
+    QSet<int> lines;
+    for (const Problem& problem : mProblems->problems()) {
+        if (problem.place == Problem::Place::FileRow) {
+            lines.insert(problem.line);
+        }
+    }
+    const int told = mFrame->rowCount() + lines.size();
+    const int lost = mFileCheck->report().orderCount - told;
+    if (told > 0 && lost > 0) {
+        mProblems->addOfFile(QStringLiteral("另有 %1 行既未导入，也未列出原因，请核对文件").arg(lost));
+        mLower->setCurrentIndex(ProblemsTab);
+    }
+}
+
 void ImportPage::showImported()
 {
+    tellOfLostRows();
     emit said(importSummary());
     if (mFrame->rowCount() == 0 && mProblems->problems().isEmpty()) {
         mProblems->clear(); // the user declined: there is no file without problems

@@ -64,6 +64,7 @@ private:
     void checkFile();
     void showProblem(const QString& text, DialogFrame::Subject subject);
     void showImported();
+    void tellOfLostRows();
     QString importSummary() const;
     void showHandedOver(const HandOver& batch);
     void showProblemCount(int count);

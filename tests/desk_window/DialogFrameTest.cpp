@@ -172,6 +172,20 @@ TEST_F(DialogFrameTest, TellsOfRowsThatWerePassedOverThoughTheyLookLikeOrders)
     EXPECT_TRUE(child<QLabel>("label_fileFacts")->text().contains("前两格为空而跳过 1 行"_s));
 }
 
+TEST_F(DialogFrameTest, TellsOfRowsThatAnImportLostBehindTheOneThatEndedIt)
+{
+    open();
+    strategies().setCurrentIndex(strategies().findData("LOCAL"_s)); // takes no Hong Kong securities
+    QStringList hongKong = row("00700"_s);
+    hongKong[2] = "HKSH"_s;
+    const QString path = writeFile({row("999999"_s), row(), hongKong, row()});
+    answer("button_ok"_s);
+    drop(path);
+    EXPECT_EQ(message(), "已导入 1 行，2 个问题 · "_s + path);
+    ASSERT_EQ(problems().problems().size(), 2);
+    EXPECT_EQ(problems().problems().last().reason, "另有 2 行既未导入，也未列出原因，请核对文件"_s);
+}
+
 TEST_F(DialogFrameTest, ATemplateThatCannotBeSavedIsNoProblemOfTheBatch)
 {
     open();

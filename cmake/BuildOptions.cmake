@@ -1,6 +1,7 @@
 # Compiler settings that every target of the house shares.
 
 option(ALGO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(ALGO_TESTS_IN_SHARDS "Run each test program a few times instead of once for every test" OFF)
 option(ALGO_BUILD_BENCH "Build the benchmarks" OFF)
 option(ALGO_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
 option(ALGO_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)

@@ -30,12 +30,12 @@ protected:
             dialog->selectNameFilter(filter);
             emit dialog->filterSelected(filter); // as a click on the filter does
             dialog->findChild<QLineEdit*>("fileNameEdit"_s)->setText(name);
-            QTimer::singleShot(0, [this, dialog] { refuseQuestion(dialog); });
+            QTimer::singleShot(0, dialog, [this, dialog] { refuseQuestion(dialog); });
             QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"_s), Qt::Key_Return);
         });
         return prompts.chooseSaveFile(nullptr, "导出"_s, folder.filePath("模板"_s), Filters.join(";;"_s));
     }
-    /// Where a file would be replaced the dialog asks; the user says no, and gives up.
+    /// Where a file would be replaced the dialog stays and asks; the user says no, and gives up.
     void refuseQuestion(QFileDialog* dialog)
     {
         if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {

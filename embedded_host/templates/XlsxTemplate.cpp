@@ -181,6 +181,7 @@ private:
             texts.push_back(value.toUtf8());
         }
         std::vector<char*> list;
+        list.reserve(texts.size() + 1);
         for (QByteArray& text : texts) {
             list.push_back(text.data());
         }

@@ -22,6 +22,7 @@ QMap<QString, QStringList> arrows()
     for (const QString& room : dialogRooms) {
         map[room] = dialogRooms;
     }
+    map[QStringLiteral("table")] = QStringList{QStringLiteral("table")};
     map[QStringLiteral("host")] = QStringList{QStringLiteral("host")};
     map[QStringLiteral("embedded_host")] =
         QStringList{QStringLiteral("embedded_host"), QStringLiteral("host")};

@@ -24,8 +24,11 @@ QMap<QString, QStringList> arrows()
             {QStringLiteral("schema"), rooms("amounts strategy table host")},
             {QStringLiteral("import"), rooms("schema amounts validation strategy table host")},
             {QStringLiteral("dialog"), rooms("import schema amounts validation strategy table host")},
-            {QStringLiteral("embedded_host"), rooms("strategy table host")},
-            {QStringLiteral("desk"), rooms("embedded_host import validation strategy table host")}};
+            {QStringLiteral("files"), rooms("table")},
+            {QStringLiteral("ledger"), rooms("table")},
+            {QStringLiteral("embedded_host"), rooms("files strategy table host")},
+            {QStringLiteral("desk"),
+             rooms("ledger embedded_host files import amounts validation strategy table host")}};
 }
 
 /// Headers beyond the rooms of a room's arrows.

@@ -1,37 +1,21 @@
-#include "desk/window/ParameterTable.h"
+#include "desk/models/ParametersModel.h"
 
 #include "host/AlgoConstants.h"
-
-namespace parameter_table {
 
 namespace {
 
 const QString& LegsKey = Algo_Values::AlgoParamId::AlgoSecurityList;
 
-void addNew(QStringList& columns, const QStringList& keys)
+void addNew(QStringList& keys, const QStringList& more)
 {
-    for (const QString& key : keys) {
-        if (key != LegsKey && !columns.contains(key)) {
-            columns.append(key);
+    for (const QString& key : more) {
+        if (key != LegsKey && !keys.contains(key)) {
+            keys.append(key);
         }
     }
 }
 
-QString cellOf(const QMap<QString, QVariant>& map, const QString& column)
-{
-    QStringList ofLegs;
-    for (const QVariant& leg : map.value(LegsKey).toList()) {
-        const QVariantMap values = leg.toMap();
-        if (values.contains(column)) {
-            ofLegs.append(values.value(column).toString());
-        }
-    }
-    return ofLegs.isEmpty() ? map.value(column).toString() : ofLegs.join(QStringLiteral(" / "));
-}
-
-} // namespace
-
-QStringList columnsOf(const QList<QMap<QString, QVariant>>& maps)
+QStringList keysOf(const QList<ParameterMap>& maps)
 {
     // The first things that one looks for, whatever the alphabet says.
     const QStringList first{Algo_Fields::AlgoInstContentInfo::Symbol,
@@ -39,34 +23,48 @@ QStringList columnsOf(const QList<QMap<QString, QVariant>>& maps)
                             Algo_Fields::AlgoInstContentInfo::Quantity,
                             Algo_Fields::AlgoInstContentInfo::Quantity_Amount};
     QStringList present;
-    for (const QMap<QString, QVariant>& map : maps) {
+    for (const ParameterMap& map : maps) {
         for (const QVariant& leg : map.value(LegsKey).toList()) {
             addNew(present, leg.toMap().keys());
         }
         addNew(present, map.keys());
     }
-    QStringList columns;
-    for (const QString& column : first) {
-        if (present.removeOne(column)) {
-            columns.append(column);
+    QStringList keys;
+    for (const QString& key : first) {
+        if (present.removeOne(key)) {
+            keys.append(key);
         }
     }
-    return columns + present;
+    return keys + present;
 }
 
-QList<QStringList> rowsOf(const QList<QMap<QString, QVariant>>& maps, const QStringList& columns)
+} // namespace
+
+ParametersModel::ParametersModel(QObject* parent) : RecordModel({}, parent) {}
+
+void ParametersModel::setMaps(const QList<ParameterMap>& maps)
 {
-    QList<QStringList> rows;
-    rows.reserve(maps.size());
-    for (const QMap<QString, QVariant>& map : maps) {
-        QStringList row;
-        row.reserve(columns.size());
-        for (const QString& column : columns) {
-            row.append(cellOf(map, column));
-        }
-        rows.append(row);
+    setRecords({});
+    mKeys = keysOf(maps);
+    QList<Column> columns;
+    for (const QString& key : qAsConst(mKeys)) {
+        columns.append({key});
     }
-    return rows;
+    beginResetModel();
+    setColumns(columns);
+    endResetModel();
+    setRecords(maps);
 }
 
-} // namespace parameter_table
+ListModel::Cell ParametersModel::cellOf(const ParameterMap& map, int column) const
+{
+    const QString& key = mKeys.at(column);
+    QStringList ofLegs;
+    for (const QVariant& leg : map.value(LegsKey).toList()) {
+        const QVariantMap values = leg.toMap();
+        if (values.contains(key)) {
+            ofLegs.append(values.value(key).toString());
+        }
+    }
+    return {ofLegs.isEmpty() ? map.value(key).toString() : ofLegs.join(QStringLiteral(" / "))};
+}

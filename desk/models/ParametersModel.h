@@ -1,16 +1,23 @@
 #pragma once
 
-#include <QList>
+#include "desk/models/RecordModel.h"
+
 #include <QMap>
-#include <QString>
-#include <QStringList>
-#include <QVariant>
 
-/// The parameter maps as a table, one instance a row: a column for every parameter that any of them has, what
-/// one looks for first in front. The values of two legs stand in one cell, separated by a slash.
-namespace parameter_table {
+using ParameterMap = QMap<QString, QVariant>;
 
-QStringList columnsOf(const QList<QMap<QString, QVariant>>& maps);
-QList<QStringList> rowsOf(const QList<QMap<QString, QVariant>>& maps, const QStringList& columns);
+/// The parameter maps that were handed over, one instance a row: a column for every parameter that any of
+/// them has, what one looks for first in front. The values of two legs stand in one cell, separated by a
+/// slash.
+class ParametersModel : public RecordModel<ParameterMap> {
+public:
+    explicit ParametersModel(QObject* parent = nullptr);
 
-} // namespace parameter_table
+    void setMaps(const QList<ParameterMap>& maps);
+
+protected:
+    Cell cellOf(const ParameterMap& map, int column) const override;
+
+private:
+    QStringList mKeys; ///< a column each
+};

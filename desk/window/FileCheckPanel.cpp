@@ -1,11 +1,10 @@
 #include "desk/window/FileCheckPanel.h"
 
+#include "desk/models/FindingsModel.h"
 #include "desk/window/FilteredTable.h"
-#include "embedded_host/EmbeddedHost.h"
-#include "embedded_host/skin/SkinService.h"
 #include "embedded_host/table_reader/TableReader.h"
+#include "embedded_host/widgets/PlainToolTip.h"
 
-#include <QColor>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,37 +14,16 @@
 
 namespace {
 
-enum Column { Severity, Place, Raw, Sentence, Suggestions };
-
-const QString ErrorText = QStringLiteral("错误");
-const QString WarningText = QStringLiteral("警告");
-const QString WholeFile = QStringLiteral("整个文件");
-
-QString placeText(const table_lint::Finding& finding)
+/// Of a file that cannot be read, the reason is the only one.
+QList<table_lint::Finding> findingsOf(const FileReport& report)
 {
-    if (finding.address.isEmpty()) {
-        return WholeFile;
+    if (report.error.isEmpty()) {
+        return report.findings;
     }
-    if (finding.line > 0) {
-        return QStringLiteral("%1（文件第 %2 行）").arg(finding.address).arg(finding.line);
-    }
-    const bool wholeRow = finding.address.at(0).isDigit();
-    const QString address = wholeRow ? QStringLiteral("第 %1 行").arg(finding.address) : finding.address;
-    return finding.sheet.isEmpty() ? address : finding.sheet + QLatin1Char('!') + address;
-}
-
-QList<QStringList> linesOf(const FileReport& report)
-{
-    QList<QStringList> lines;
-    if (!report.error.isEmpty()) {
-        lines.append({ErrorText, WholeFile, QString(), report.error, QString()});
-    }
-    for (const table_lint::Finding& finding : report.findings) {
-        const bool error = finding.severity == table_lint::Severity::Error;
-        lines.append({error ? ErrorText : WarningText, placeText(finding), finding.raw, finding.chinese,
-                      finding.suggestions.join(QStringLiteral("，"))});
-    }
-    return lines;
+    table_lint::Finding unreadable;
+    unreadable.severity = table_lint::Severity::Error;
+    unreadable.chinese = report.error;
+    return {unreadable};
 }
 
 QString separatorName(const QString& separator)
@@ -90,15 +68,12 @@ QString factsOf(const FileReport& report)
 } // namespace
 
 FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mHost(host),
-      mModel(new TextTable({QStringLiteral("严重程度"), QStringLiteral("位置"), QStringLiteral("原文"),
-                            QStringLiteral("说明"), QStringLiteral("建议")},
-                           this)),
+    : QWidget(parent), mModel(new FindingsModel(this)),
       mTable(new FilteredTable(mModel, {QStringLiteral("文件检查"), QString()}, prompts, this)),
       mFacts(new QLabel(this))
 {
-    mModel->setTint([this](int row, int column) { return tintOf(row, column); });
-    mTable->view()->horizontalHeader()->setSectionResizeMode(Sentence, QHeaderView::Stretch);
+    mTable->setColoursOf(host);
+    mTable->view()->horizontalHeader()->setSectionResizeMode(FindingsModel::Sentence, QHeaderView::Stretch);
     mFacts->setObjectName(QStringLiteral("label_fileFacts"));
     mFacts->setTextFormat(Qt::PlainText);
     mFacts->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -116,7 +91,7 @@ FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget
 void FileCheckPanel::show(const FileReport& report)
 {
     mReport = report;
-    mModel->setTable(mModel->columns(), linesOf(report));
+    mModel->setRecords(findingsOf(report));
     mTable->filter()->clear();
     mTable->setEmptyText(QStringLiteral("没有发现"));
     mTable->fitColumns();
@@ -143,15 +118,6 @@ void FileCheckPanel::showFacts()
 {
     const QString facts = factsOf(mReport);
     mFacts->setText(facts);
-    mFacts->setToolTip(facts.toHtmlEscaped());
+    mFacts->setToolTip(plainToolTip(facts));
     mFacts->setAccessibleDescription(facts); // its name hides the text from a screen reader
-}
-
-QColor FileCheckPanel::tintOf(int row, int column) const
-{
-    if (column != Severity) {
-        return {};
-    }
-    const bool error = mModel->rows().at(row).at(Severity) == ErrorText;
-    return mHost.skins().colours().colour(error ? QStringLiteral("error") : QStringLiteral("warning"));
 }

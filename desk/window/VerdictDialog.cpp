@@ -1,6 +1,6 @@
 #include "desk/window/VerdictDialog.h"
 
-#include "desk/window/Money.h"
+#include "desk/models/Money.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/BatchDiff.h"
+#include "ledger/draft/BatchDiff.h"
 #include "desk/models/RecordModel.h"
 
 /// One change of a table against an earlier one.

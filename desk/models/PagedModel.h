@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/LedgerRecords.h"
+#include "ledger/records/Records.h"
 #include "desk/models/RecordModel.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 /// Gives records a page at a time, in an order of its own: at most `count` of those behind `last`; null: from
 /// the first one. A page that is not full is the last.
 template <typename Record>
-using Pages = std::function<ledger::Outcome<QList<Record>>(const Record* last, int count)>;
+using Pages = std::function<Outcome<QList<Record>>(const Record* last, int count)>;
 
 /// A list that fetches its records as they are looked at, since a ledger may hold a million of them.
 template <typename Record> class PagedModel : public RecordModel<Record> {
@@ -55,7 +55,7 @@ public:
 private:
     QList<Record> fetch(const Record* last, int count)
     {
-        ledger::Outcome<QList<Record>> page;
+        Outcome<QList<Record>> page;
         if (mPages) {
             page = mPages(last, count);
         }
@@ -72,16 +72,16 @@ private:
 /// Pages of a list that can only be read whole: it is read with the first page, and forgotten by nobody until
 /// then.
 template <typename Record>
-Pages<Record> pagesOf(const std::function<ledger::Outcome<QList<Record>>()>& readAll)
+Pages<Record> pagesOf(const std::function<Outcome<QList<Record>>()>& readAll)
 {
     struct Rest {
         QList<Record> records;
         int given = 0;
     };
     auto rest = std::make_shared<Rest>();
-    return [rest, readAll](const Record* last, int count) -> ledger::Outcome<QList<Record>> {
+    return [rest, readAll](const Record* last, int count) -> Outcome<QList<Record>> {
         if (last == nullptr) {
-            const ledger::Outcome<QList<Record>> all = readAll();
+            const Outcome<QList<Record>> all = readAll();
             if (!all.ok()) {
                 return all;
             }

@@ -57,9 +57,9 @@ DialogProbe::Expected DialogProbe::expectedSell() const
     return {part<SolveyDecimalLineEdit>("expectSellLine"), part<QLabel>("label_sWarning")};
 }
 
-ledger::DialogContent DialogProbe::content(const Origin& origin) const
+batch::DialogContent DialogProbe::content(const Origin& origin) const
 {
-    ledger::DialogContent content;
+    batch::DialogContent content;
     content.strategy = mDialog.getStrategy().name();
     content.account = accounts().GetCurTradingAccount();
     content.filePath = origin.filePath;
@@ -75,5 +75,5 @@ ledger::DialogContent DialogProbe::content(const Origin& origin) const
 
 ledger::BatchTable DialogProbe::shownTable() const
 {
-    return ledger::shownTable(table().headNames(), table().getViewData());
+    return batch::shownTable(table().headNames(), table().getViewData());
 }

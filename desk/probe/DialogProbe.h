@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 
 class QAbstractButton;
@@ -16,7 +16,7 @@ class ZelTableView;
 ///
 ///     DialogProbe probe(dialog);
 ///     probe.importButton().click();
-///     ledger::BatchDraft draft = ledger::makeDraft(probe.content({path, sha256, user}));
+///     ledger::BatchDraft draft = batch::makeDraft(probe.content({path, sha256, user}));
 class DialogProbe {
 public:
     /// An expected amount and the sign beside it that some row has no price.
@@ -44,7 +44,7 @@ public:
     Expected expectedSell() const;
 
     /// All that a draft needs.
-    ledger::DialogContent content(const Origin& origin) const;
+    batch::DialogContent content(const Origin& origin) const;
     /// The table as it is shown.
     ledger::BatchTable shownTable() const;
 

@@ -44,7 +44,7 @@ QString DialogDriver::unknownName() const
 void DialogDriver::importFile()
 {
     if (mLine.create) {
-        mSha256 = ledger::sha256OfFile(mPath); // of what is read now, whatever becomes of the file meanwhile
+        mSha256 = batch::sha256OfFile(mPath); // of what is read now, whatever becomes of the file meanwhile
     }
     mDialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
     QObject::connect(mDialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked,
@@ -84,7 +84,7 @@ QJsonArray DialogDriver::boxes() const
     return boxesToJson(mPrompts.boxes());
 }
 
-ledger::DialogContent DialogDriver::content()
+batch::DialogContent DialogDriver::content()
 {
     return DialogProbe(*mDialog).content({mPath, mSha256, mHost.options().loginAccount});
 }

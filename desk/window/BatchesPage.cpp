@@ -79,12 +79,12 @@ void BatchesPage::tellState()
     }
 }
 
-ledger::Outcome<QList<ledger::Batch>> BatchesPage::batches() const
+Outcome<QList<ledger::Batch>> BatchesPage::batches() const
 {
     if (!mBooks.ledger) {
         return {{}, mBooks.ledgerError};
     }
-    ledger::Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
+    Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
     std::reverse(batches.value.begin(), batches.value.end());
     return batches;
 }
@@ -109,7 +109,7 @@ void BatchesPage::undo()
     if (!batch || !isUndoWanted()) {
         return;
     }
-    const ledger::Outcome<ledger::UndoReport> report = mBooks.ledger->undo(*batch);
+    const Outcome<ledger::UndoReport> report = mBooks.ledger->undo(*batch);
     reload();
     emit changed();
     if (report.ok()) {

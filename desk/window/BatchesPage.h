@@ -37,7 +37,7 @@ signals:
     void comparisonWanted(qint64 batch);
 
 private:
-    ledger::Outcome<QList<ledger::Batch>> batches() const;
+    Outcome<QList<ledger::Batch>> batches() const;
     void tellState();
     std::optional<qint64> selectedBatch() const;
     void enableButtons();

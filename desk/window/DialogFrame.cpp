@@ -182,7 +182,7 @@ void DialogFrame::takeMessage(const QString& text, int type)
     }
 }
 
-ledger::DialogContent DialogFrame::content(const QString& filePath, const QString& fileSha256) const
+batch::DialogContent DialogFrame::content(const QString& filePath, const QString& fileSha256) const
 {
     return probe().content({filePath, fileSha256, mHost.options().loginAccount});
 }

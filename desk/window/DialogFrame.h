@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 
 #include <QPointer>
@@ -35,7 +35,7 @@ public:
     /// Rows of the table.
     int rowCount() const;
     /// What the open dialog holds, with the file that it came of.
-    ledger::DialogContent content(const QString& filePath, const QString& fileSha256) const;
+    batch::DialogContent content(const QString& filePath, const QString& fileSha256) const;
     /// The table as it is shown; without rows and columns while the dialog is closed.
     ledger::BatchTable shownTable() const;
     /// Keeps strategy and account for the next time.

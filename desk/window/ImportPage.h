@@ -1,9 +1,9 @@
 #pragma once
 
-#include "desk/ledger/BatchDiff.h"
 #include "desk/window/DialogFrame.h"
 #include "desk/window/FileDigest.h"
 #include "desk/window/HandOver.h"
+#include "ledger/draft/BatchDiff.h"
 
 #include <QString>
 #include <QWidget>
@@ -43,7 +43,7 @@ public:
     ledger::BatchTable currentTable() const;
     QString fileName() const;
     /// What the open dialog holds.
-    ledger::DialogContent content() const { return mFrame->content(mFile, QString()); }
+    batch::DialogContent content() const { return mFrame->content(mFile, QString()); }
     /// What the table changes against a batch.
     void showDiff(const ledger::BatchDiff& diff, qint64 batch);
     /// Keeps strategy, account and splitter for the next session.

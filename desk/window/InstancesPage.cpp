@@ -64,12 +64,12 @@ void InstancesPage::tellState()
     }
 }
 
-ledger::Outcome<QList<ledger::Instance>> InstancesPage::instancesOf(std::optional<qint64> batch) const
+Outcome<QList<ledger::Instance>> InstancesPage::instancesOf(std::optional<qint64> batch) const
 {
     if (!mBooks.ledger) {
         return {{}, mBooks.ledgerError};
     }
-    ledger::Outcome<QList<ledger::Instance>> instances = mBooks.ledger->instances(batch);
+    Outcome<QList<ledger::Instance>> instances = mBooks.ledger->instances(batch);
     sortNewestFirst(instances.value);
     return instances;
 }

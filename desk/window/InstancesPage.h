@@ -33,7 +33,7 @@ signals:
     void said(const QString& text);
 
 private:
-    ledger::Outcome<QList<ledger::Instance>> instancesOf(std::optional<qint64> batch) const;
+    Outcome<QList<ledger::Instance>> instancesOf(std::optional<qint64> batch) const;
     QString nameOf(const QString& symbol) const;
     void tellState();
 

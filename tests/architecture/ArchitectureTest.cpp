@@ -26,8 +26,10 @@ QMap<QString, QStringList> arrows()
     map[QStringLiteral("host")] = QStringList{QStringLiteral("host")};
     map[QStringLiteral("embedded_host")] =
         QStringList{QStringLiteral("embedded_host"), QStringLiteral("host")};
+    map[QStringLiteral("ledger")] = QStringList{QStringLiteral("ledger"), QStringLiteral("table")};
     map[QStringLiteral("desk")] =
-        QStringList{QStringLiteral("desk"), QStringLiteral("embedded_host"), QStringLiteral("host")};
+        QStringList{QStringLiteral("desk"), QStringLiteral("embedded_host"), QStringLiteral("host"),
+                    QStringLiteral("ledger"), QStringLiteral("table")};
     return map;
 }
 

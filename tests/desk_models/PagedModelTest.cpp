@@ -24,15 +24,15 @@ protected:
         model.setPages([this](const int* last, int count) { return page(last, count); });
     }
 
-    ledger::Outcome<QList<int>> page(const int* last, int count)
+    Outcome<QList<int>> page(const int* last, int count)
     {
         ++asked;
         QList<int> numbers;
         for (int next = last == nullptr ? 0 : *last + 1; next < end && numbers.size() < count; ++next) {
             numbers.append(next);
         }
-        return error.isEmpty() ? ledger::Outcome<QList<int>>{numbers, {}}
-                               : ledger::Outcome<QList<int>>{{}, error};
+        return error.isEmpty() ? Outcome<QList<int>>{numbers, {}}
+                               : Outcome<QList<int>>{{}, error};
     }
 
     int end = 1200;
@@ -99,7 +99,7 @@ TEST_F(PagedModelTest, TellsWhyFurtherRowsCannotBeFetchedAndKeepsThoseThatItHas)
 TEST(PagesOfTest, CutsAListThatIsReadWholeIntoPages)
 {
     int reads = 0;
-    const Pages<int> pages = pagesOf<int>([&reads]() -> ledger::Outcome<QList<int>> {
+    const Pages<int> pages = pagesOf<int>([&reads]() -> Outcome<QList<int>> {
         ++reads;
         return {{1, 2, 3}, {}};
     });

@@ -1,7 +1,6 @@
 #include "desk/window/BatchesPage.h"
 
 #include "desk/window/FilteredTable.h"
-#include "desk/window/Money.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
 #include "host/ZelMessageBox.h"
@@ -102,8 +101,8 @@ QStringList BatchesPage::rowOf(const ledger::Batch& batch)
             batch.account,
             batch.strategy,
             QString::number(batch.rowCount),
-            money::shown(batch.expectedBuy),
-            money::shown(batch.expectedSell),
+            batch.expectedBuy.shown(2),
+            batch.expectedSell.shown(2),
             batch.createdBy,
             batch.fileSha256};
 }

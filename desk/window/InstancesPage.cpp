@@ -1,7 +1,6 @@
 #include "desk/window/InstancesPage.h"
 
 #include "desk/window/FilteredTable.h"
-#include "desk/window/Money.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
 #include "host/AlgoConstants.h"
@@ -37,14 +36,14 @@ QString shownDirection(const QString& sent)
 }
 
 // Zero stands for none.
-QString numberText(double number)
+QString numberText(const ledger::Decimal& number)
 {
-    return number == 0.0 ? QString() : QString::number(number, 'g', 15);
+    return number == 0 ? QString() : number.text();
 }
 
-QString moneyText(double amount)
+QString moneyText(const ledger::Decimal& amount)
 {
-    return amount == 0.0 ? QString() : money::shown(amount);
+    return amount == 0 ? QString() : amount.shown(2);
 }
 
 bool isOver(const QString& shownState)

@@ -21,19 +21,19 @@ QString shownDirection(const QString& sent)
 }
 
 // Zero stands for none.
-QString numberText(double number)
+QString numberText(const ledger::Decimal& number)
 {
-    return number == 0.0 ? QString() : QString::number(number, 'g', 15);
+    return number == 0 ? QString() : number.text();
 }
 
-QString moneyText(double amount)
+QString moneyText(const ledger::Decimal& amount)
 {
-    return amount == 0.0 ? QString() : money::shown(amount);
+    return amount == 0 ? QString() : money::shown(amount);
 }
 
-QString plainMoneyText(double amount)
+QString plainMoneyText(const ledger::Decimal& amount)
 {
-    return amount == 0.0 ? QString() : money::plain(amount);
+    return amount == 0 ? QString() : money::plain(amount);
 }
 
 template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf textOf)

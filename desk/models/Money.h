@@ -1,22 +1,21 @@
 #pragma once
 
-#include <QLocale>
-#include <QString>
+#include "ledger/values/Decimal.h"
 
 /// Sums of money, in every locale alike.
 namespace money {
 
 /// As a trader reads them: 1,234,567.00.
-inline QString shown(double amount, int decimals = 2)
+inline QString shown(const ledger::Decimal& amount)
 {
-    QLocale locale(QLocale::English, QLocale::UnitedStates);
-    return locale.toString(amount, 'f', decimals);
+    constexpr int cents = 2;
+    return amount.shown(cents);
 }
 
 /// As other programs read them: 1234567.00.
-inline QString plain(double amount, int decimals = 2)
+inline QString plain(const ledger::Decimal& amount)
 {
-    return QString::number(amount, 'f', decimals);
+    return shown(amount).remove(QLatin1Char(','));
 }
 
 } // namespace money

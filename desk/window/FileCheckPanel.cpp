@@ -3,7 +3,7 @@
 #include "desk/window/FilteredTable.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
-#include "embedded_host/table_reader/TableReader.h"
+#include "table/FaultCatalogue.h"
 
 #include <QColor>
 #include <QHeaderView>
@@ -21,17 +21,17 @@ const QString ErrorText = QStringLiteral("错误");
 const QString WarningText = QStringLiteral("警告");
 const QString WholeFile = QStringLiteral("整个文件");
 
-QString placeText(const table_lint::Finding& finding)
+QString placeText(const table_lint::Finding& finding, const FileReport& report)
 {
     if (finding.address.isEmpty()) {
         return WholeFile;
     }
-    if (finding.line > 0) {
-        return QStringLiteral("%1（文件第 %2 行）").arg(finding.address).arg(finding.line);
+    if (!report.isSpreadsheet()) {
+        return QStringLiteral("%1（文件第 %2 行）").arg(finding.address).arg(finding.fault.line);
     }
     const bool wholeRow = finding.address.at(0).isDigit();
     const QString address = wholeRow ? QStringLiteral("第 %1 行").arg(finding.address) : finding.address;
-    return finding.sheet.isEmpty() ? address : finding.sheet + QLatin1Char('!') + address;
+    return report.sheet.isEmpty() ? address : report.sheet + QLatin1Char('!') + address;
 }
 
 QList<QStringList> linesOf(const FileReport& report)
@@ -41,9 +41,9 @@ QList<QStringList> linesOf(const FileReport& report)
         lines.append({ErrorText, WholeFile, QString(), report.error, QString()});
     }
     for (const table_lint::Finding& finding : report.findings) {
-        const bool error = finding.severity == table_lint::Severity::Error;
-        lines.append({error ? ErrorText : WarningText, placeText(finding), finding.raw, finding.chinese,
-                      finding.suggestions.join(QStringLiteral("，"))});
+        const bool error = finding.fault.severity == table::Severity::Error;
+        lines.append({error ? ErrorText : WarningText, placeText(finding, report), finding.fault.cell,
+                      table::sentence(finding.fault), finding.suggestions.join(QStringLiteral("，"))});
     }
     return lines;
 }
@@ -58,8 +58,8 @@ QString separatorName(const QString& separator)
 
 QString rowCountText(int rows)
 {
-    return rows < table_reader::MaxRows ? QStringLiteral("%1（含表头）").arg(rows)
-                                        : QStringLiteral("至少 %1（含表头）").arg(rows);
+    return rows < table::RowsToRead ? QStringLiteral("%1（含表头）").arg(rows)
+                                    : QStringLiteral("至少 %1（含表头）").arg(rows);
 }
 
 QString skippedText(int rows)

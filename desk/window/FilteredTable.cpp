@@ -1,6 +1,6 @@
 #include "desk/window/FilteredTable.h"
 
-#include "embedded_host/table_reader/CsvText.h"
+#include "embedded_host/table_writer/CsvText.h"
 #include "embedded_host/UserPrompts.h"
 #include "embedded_host/widgets/NaturalOrderProxy.h"
 #include "embedded_host/widgets/TableBehaviour.h"
@@ -210,7 +210,7 @@ void FilteredTable::exportRows()
     if (path.isEmpty()) {
         return;
     }
-    const Outcome<void> saved = files::save(path, table_reader::harmlessCsvText(shownRows()));
+    const Outcome<void> saved = files::save(path, table_writer::harmlessCsvText(shownRows()));
     emit said(saved.ok() ? QStringLiteral("已导出到 %1").arg(path) : files::cannotWrite(path, saved.error));
 }
 

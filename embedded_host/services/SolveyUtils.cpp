@@ -61,7 +61,7 @@ QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg 
 {
     record("SolveyUtils::ReadTableData", path, cfg);
     // Whatever `cfg` says: this host reads one sheet.
-    table_reader::Table table = table_reader::readTable(path);
+    table::Table table = table_reader::readTable(path);
     error = table.error;
     return table.rows;
 }

@@ -3,14 +3,14 @@
 #include "embedded_host/table_reader/ods/OdsReader.h"
 #include "embedded_host/table_reader/shared/Messages.h"
 #include "embedded_host/table_reader/shared/ZipArchive.h"
+#include "embedded_host/table_reader/TableFile.h"
 #include "embedded_host/table_reader/text/CsvReader.h"
 #include "embedded_host/table_reader/text/TextKind.h"
 #include "embedded_host/table_reader/xls/XlsReader.h"
 #include "embedded_host/table_reader/xlsx/Package.h"
 #include "embedded_host/table_reader/xlsx/XlsxReader.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include <QIODevice>
 
 namespace table_reader {
 namespace {
@@ -60,13 +60,6 @@ QString readAny(QIODevice& file, const ReadOptions& options, table::Table& table
     return refusal.isEmpty() ? readCsv(file, options, table) : refusal;
 }
 
-table::Table refused(const QString& error)
-{
-    table::Table table;
-    table.error = error;
-    return table;
-}
-
 } // namespace
 
 table::Table readTable(QIODevice& file, const ReadOptions& options)
@@ -84,21 +77,7 @@ table::Table readTable(QIODevice& file, const ReadOptions& options)
 
 table::Table readTable(const QString& path, const ReadOptions& options)
 {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        return refused(message::missing());
-    }
-    if (info.isDir()) {
-        return refused(message::isDirectory());
-    }
-    if (!info.isFile()) {
-        return refused(message::notRegular()); // a pipe could keep us waiting for ever
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return refused(message::unreadable(file.errorString()));
-    }
-    return readTable(file, options);
+    return TableFile(path).read(options);
 }
 
 } // namespace table_reader

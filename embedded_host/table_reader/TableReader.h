@@ -15,8 +15,7 @@ struct ReadOptions {
     bool inspect = false; ///< fill Table::inspection and sheets too; costs time, so plain reads leave it away
 };
 
-/// Never throws, never hangs; memory stays bounded whatever the file holds. A file of no bytes is a table of
-/// no rows.
+/// See TableFile, which also gives the digest.
 table::Table readTable(const QString& path, const ReadOptions& options = {});
 
 /// The same from an open, seekable device.

@@ -23,6 +23,10 @@ inline QString unreadable(const QString& reason)
 {
     return QStringLiteral("文件无法打开，可能正被其他程序占用或没有读取权限：%1").arg(reason);
 }
+inline QString changed()
+{
+    return QStringLiteral("文件在读取之后被修改，请重新导入");
+}
 
 inline QString encrypted()
 {

@@ -1,6 +1,7 @@
 #include "desk/check/FileReport.h"
 
 #include "embedded_host/reference_data/ReferenceData.h"
+#include "embedded_host/table_reader/TableReader.h"
 #include "host/AlgoConstants.h"
 #include "host/ImportTable.h"
 
@@ -65,8 +66,7 @@ bool isSkippedOrder(const QStringList& cells)
 /// The rows that an import looks at.
 QList<QStringList> dataRows(const QList<QStringList>& rows)
 {
-    constexpr int most = table_reader::MaxRows - 2; // the header and the row that is one too many
-    return rows.mid(1, most);
+    return rows.mid(1, table::MostOrders);
 }
 
 } // namespace
@@ -74,7 +74,7 @@ QList<QStringList> dataRows(const QList<QStringList>& rows)
 bool FileReport::hasErrors() const
 {
     return std::any_of(findings.begin(), findings.end(), [](const table_lint::Finding& finding) {
-        return finding.severity == table_lint::Severity::Error;
+        return finding.fault.severity == table::Severity::Error;
     });
 }
 
@@ -84,7 +84,7 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     table_reader::ReadOptions options;
     options.encoding = encoding;
     options.inspect = true;
-    const table_reader::Table table = table_reader::readTable(path, options);
+    const table::Table table = table_reader::readTable(path, options);
     FileReport report;
     report.format = table.format;
     report.encoding = table.encoding;
@@ -92,7 +92,7 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     report.sheet = table.sheet;
     report.rowCount = table.rows.size();
     const QList<QStringList> data = dataRows(table.rows);
-    report.orderCount = data.size() - int(std::count_if(data.begin(), data.end(), table_lint::isPassedOver));
+    report.orderCount = data.size() - int(std::count_if(data.begin(), data.end(), table::isBlankOrNote));
     report.skippedRowCount = int(std::count_if(data.begin(), data.end(), isSkippedOrder));
     report.error = table.error;
     if (table.error.isEmpty()) {

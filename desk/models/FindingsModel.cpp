@@ -1,25 +1,15 @@
 #include "desk/models/FindingsModel.h"
 
+#include "table/CheckRules.h"
+#include "table/FaultCatalogue.h"
+
 namespace {
 
-ListModel::Cell shownSeverity(table_lint::Severity severity)
+ListModel::Cell shownSeverity(table::Severity severity)
 {
-    return severity == table_lint::Severity::Error
+    return severity == table::Severity::Error
                ? ListModel::Cell{QStringLiteral("错误"), {}, QStringLiteral("error")}
                : ListModel::Cell{QStringLiteral("警告"), {}, QStringLiteral("warning")};
-}
-
-QString placeText(const table_lint::Finding& finding)
-{
-    if (finding.address.isEmpty()) {
-        return QStringLiteral("整个文件");
-    }
-    if (finding.line > 0) {
-        return QStringLiteral("%1（文件第 %2 行）").arg(finding.address).arg(finding.line);
-    }
-    const bool wholeRow = finding.address.at(0).isDigit();
-    const QString address = wholeRow ? QStringLiteral("第 %1 行").arg(finding.address) : finding.address;
-    return finding.sheet.isEmpty() ? address : finding.sheet + QLatin1Char('!') + address;
 }
 
 } // namespace
@@ -34,17 +24,41 @@ FindingsModel::FindingsModel(QObject* parent)
 {
 }
 
+void FindingsModel::show(const FileReport& report)
+{
+    mSheet = report.sheet;
+    mIsSpreadsheet = report.isSpreadsheet();
+    if (report.error.isEmpty()) {
+        setRecords(report.findings);
+        return;
+    }
+    setRecords({{table::fault(table::rule::UnreadableFile, {report.error}), QString(), {}}});
+}
+
+QString FindingsModel::placeOf(const table_lint::Finding& finding) const
+{
+    if (finding.address.isEmpty()) {
+        return QStringLiteral("整个文件");
+    }
+    if (!mIsSpreadsheet) {
+        return QStringLiteral("%1（文件第 %2 行）").arg(finding.address).arg(finding.fault.line);
+    }
+    const bool wholeRow = finding.address.at(0).isDigit();
+    const QString address = wholeRow ? QStringLiteral("第 %1 行").arg(finding.address) : finding.address;
+    return mSheet.isEmpty() ? address : mSheet + QLatin1Char('!') + address;
+}
+
 ListModel::Cell FindingsModel::cellOf(const table_lint::Finding& finding, int column) const
 {
     switch (Column(column)) {
     case Severity:
-        return shownSeverity(finding.severity);
+        return shownSeverity(finding.fault.severity);
     case Place:
-        return {placeText(finding)};
+        return {placeOf(finding)};
     case Raw:
-        return {finding.raw};
+        return {finding.fault.cell};
     case Sentence:
-        return {finding.chinese};
+        return {table::sentence(finding.fault)};
     case Suggestions:
         return {finding.suggestions.join(QStringLiteral("，"))};
     }
@@ -53,5 +67,5 @@ ListModel::Cell FindingsModel::cellOf(const table_lint::Finding& finding, int co
 
 QVariant FindingsModel::roleOf(const table_lint::Finding& finding, int role) const
 {
-    return role == StateRole ? QVariant(int(finding.severity)) : QVariant();
+    return role == StateRole ? QVariant(int(finding.fault.severity)) : QVariant();
 }

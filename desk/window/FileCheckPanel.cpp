@@ -2,7 +2,6 @@
 
 #include "desk/models/FindingsModel.h"
 #include "desk/window/FilteredTable.h"
-#include "embedded_host/table_reader/TableReader.h"
 #include "embedded_host/widgets/PlainToolTip.h"
 
 #include <QHeaderView>
@@ -14,18 +13,6 @@
 
 namespace {
 
-/// Of a file that cannot be read, the reason is the only one.
-QList<table_lint::Finding> findingsOf(const FileReport& report)
-{
-    if (report.error.isEmpty()) {
-        return report.findings;
-    }
-    table_lint::Finding unreadable;
-    unreadable.severity = table_lint::Severity::Error;
-    unreadable.chinese = report.error;
-    return {unreadable};
-}
-
 QString separatorName(const QString& separator)
 {
     static const QMap<QString, QString> names = {{QStringLiteral(","), QStringLiteral("逗号")},
@@ -36,8 +23,8 @@ QString separatorName(const QString& separator)
 
 QString rowCountText(int rows)
 {
-    return rows < table_reader::MaxRows ? QStringLiteral("%1（含表头）").arg(rows)
-                                        : QStringLiteral("至少 %1（含表头）").arg(rows);
+    return rows < table::RowsToRead ? QStringLiteral("%1（含表头）").arg(rows)
+                                    : QStringLiteral("至少 %1（含表头）").arg(rows);
 }
 
 QString skippedText(int rows)
@@ -91,7 +78,7 @@ FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget
 void FileCheckPanel::show(const FileReport& report)
 {
     mReport = report;
-    mModel->setRecords(findingsOf(report));
+    mModel->show(report);
     mTable->filter()->clear();
     mTable->setEmptyText(QStringLiteral("没有发现"));
     mTable->fitColumns();

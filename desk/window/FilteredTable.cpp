@@ -3,7 +3,7 @@
 #include "desk/window/ListProxy.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
-#include "embedded_host/table_reader/CsvText.h"
+#include "embedded_host/table_writer/CsvText.h"
 #include "embedded_host/UserPrompts.h"
 #include "embedded_host/widgets/TableBehaviour.h"
 #include "files/Save.h"
@@ -222,7 +222,7 @@ void FilteredTable::exportRows()
         return;
     }
     mProxy->fetchAll();
-    const Outcome<void> saved = files::save(path, table_reader::harmlessCsvText(shownRows()));
+    const Outcome<void> saved = files::save(path, table_writer::harmlessCsvText(shownRows()));
     emit said(saved.ok() ? QStringLiteral("已导出到 %1").arg(path) : files::cannotWrite(path, saved.error));
 }
 

@@ -111,7 +111,7 @@ void ProblemsPanel::saveRejects()
 
 void ProblemsPanel::readFileRows()
 {
-    const table_reader::Table table = table_reader::readTable(mPath);
+    const table::Table table = table_reader::readTable(mPath);
     mFileRows = table.rows;
     mReadError = table.error;
     mIsSpreadsheet = table.format != QLatin1String("csv");

@@ -1,9 +1,9 @@
 // The menu under 导出模板. The files and the save dialog are the host's.
 
 #include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/StrategyLists.h"
 #include "host/SolveyConstants.h"
 #include "host/SolveyUtils.h"
+#include "strategy/Traits.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QAction>
@@ -29,7 +29,7 @@ void AlgoBatchImportParamSetting::slotBtnExportClicked()
 
     QAction current(QStringLiteral("当前算法模板"), this);
     connect(&current, &QAction::triggered, this, [this] { download(this, ui->cbx_algoType->currentText()); });
-    if (SingleTemplateStrategyList.contains(mStrategy.name())) {
+    if (strategy::traitsOf(mStrategy.name()).has(strategy::OwnTemplate)) {
         menu.addAction(&current);
     }
     menu.exec(mapToGlobal(ui->pb_exportModules->pos() + UnderTheButton));

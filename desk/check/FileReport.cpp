@@ -3,7 +3,9 @@
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "embedded_host/table_reader/TableReader.h"
 #include "host/AlgoConstants.h"
-#include "host/ImportTable.h"
+#include "strategy/ColumnRules.h"
+#include "strategy/Traits.h"
+#include "table/Table.h"
 
 #include <QMultiHash>
 
@@ -29,10 +31,10 @@ QMap<QString, table_lint::NumberKind> numberColumns()
     QMap<QString, NumberKind> kinds = {{Info::PriceLimits, NumberKind::Price},
                                        {Info::Quantity_Amount, NumberKind::Amount},
                                        {columns::SealingAmount, NumberKind::Amount}};
-    for (const QString& title : WholeNumberColumns) {
+    for (const QString& title : strategy::WholeNumberColumns) {
         kinds[title] = NumberKind::Whole;
     }
-    for (auto alias = HeadAliases.cbegin(); alias != HeadAliases.cend(); ++alias) {
+    for (auto alias = strategy::HeadAliases.cbegin(); alias != strategy::HeadAliases.cend(); ++alias) {
         if (kinds.contains(*alias)) {
             kinds[alias.key()] = kinds.value(*alias);
         }
@@ -45,13 +47,13 @@ table_lint::Expectation expectationOf(const QString& strategy, const QStringList
 {
     table_lint::Expectation expected;
     expected.titles = titles;
-    expected.aliases = HeadAliases;
+    expected.aliases = strategy::HeadAliases;
     expected.codeTitle = Algo_Fields::AlgoInstContentInfo::Symbol;
     expected.securities = [byCode = securitiesByCode(data)](const QString& code) {
         return QStringList(byCode.values(code));
     };
     expected.numbers = numberColumns();
-    expected.pairedPrices = strategy.isEmpty() || AilockStrategyList.contains(strategy);
+    expected.pairedPrices = strategy.isEmpty() || strategy::traitsOf(strategy).has(strategy::Lock);
     return expected;
 }
 

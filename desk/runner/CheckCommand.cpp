@@ -4,6 +4,7 @@
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
+#include "strategy/Strategy.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
 
@@ -55,6 +56,17 @@ QJsonObject toJson(const FileReport& report)
             {QStringLiteral("error"), report.error},         {QStringLiteral("findings"), findings}};
 }
 
+/// Of the strategy's table; empty where its document cannot be read.
+QStringList titlesOf(const QString& code, const EmbeddedHost& host)
+{
+    const AesStrategy* offered = host.referenceData().strategy(code);
+    if (offered == nullptr) {
+        return {};
+    }
+    return strategy::Strategy::parse(offered->name(), offered->alias(), offered->paramFormats())
+        .value.titles();
+}
+
 } // namespace
 
 /// Reads the file, says what looks wrong in it, and with a strategy and an account what the import says.
@@ -78,7 +90,7 @@ Result checkFile(const CommandLine& line)
             return refuse(driver.unknownName());
         }
         driver.importFile();
-        titles = driver.content().columns;
+        titles = titlesOf(line.strategy, *host);
         boxes = driver.boxes();
     }
     const QString& path = line.files.first();

@@ -1,6 +1,6 @@
 #include "desk/window/ImportProblems.h"
 
-#include "host/ImportTable.h"
+#include "strategy/ColumnRules.h"
 
 #include <QRegularExpression>
 
@@ -103,8 +103,10 @@ int columnOf(const QString& title, const QStringList& header)
     if (exact >= 0) {
         return exact;
     }
-    const int byName = title.isEmpty() ? -1 : header.indexOf(HeadAliases.value(title, title));
-    return byName >= 0 || HeadAliases.key(title).isEmpty() ? byName : header.indexOf(HeadAliases.key(title));
+    const int byName = title.isEmpty() ? -1 : header.indexOf(strategy::HeadAliases.value(title, title));
+    return byName >= 0 || strategy::HeadAliases.key(title).isEmpty()
+               ? byName
+               : header.indexOf(strategy::HeadAliases.key(title));
 }
 
 void locate(QList<Problem>& problems, const QList<QStringList>& rows)

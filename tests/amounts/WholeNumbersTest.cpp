@@ -1,4 +1,4 @@
-#include "schema/TolerantTruncation.h"
+#include "amounts/WholeNumbers.h"
 
 #include <gtest/gtest.h>
 
@@ -33,38 +33,54 @@ TEST(TolerantTruncation, TruncatesTowardZeroWithASmallToleranceInsteadOfRounding
                           {2147483646.5, 2147483646},
                           {1500.9, 1500}};
     for (const Case& c : cases) {
-        EXPECT_EQ(schema::tolerantTruncation(c.number), c.whole) << c.number;
+        EXPECT_EQ(amounts::tolerantTruncation(c.number), c.whole) << c.number;
     }
 }
 
 TEST(TolerantTruncation, StepsUpwardFromNumbersThatAreNegativeByLessThanTheThreshold)
 {
-    EXPECT_EQ(schema::tolerantTruncation(-1e-11), 0);
-    EXPECT_EQ(schema::tolerantTruncation(-1e-9), 0);
+    EXPECT_EQ(amounts::tolerantTruncation(-1e-11), 0);
+    EXPECT_EQ(amounts::tolerantTruncation(-1e-9), 0);
 }
 
 TEST(TolerantTruncation, HoldsTheBoundsOfItsIntegerAndGivesTheLeastOneBeyondThem)
 {
-    EXPECT_EQ(schema::tolerantTruncation(2147483647.0), 2147483647);
-    EXPECT_EQ(schema::tolerantTruncation(-2147483648.0), Least32);
-    EXPECT_EQ(schema::tolerantTruncation(-2147483647.0), -2147483647);
+    EXPECT_EQ(amounts::tolerantTruncation(2147483647.0), 2147483647);
+    EXPECT_EQ(amounts::tolerantTruncation(-2147483648.0), Least32);
+    EXPECT_EQ(amounts::tolerantTruncation(-2147483647.0), -2147483647);
     for (const double number : {2147483648.0, 1e10, -2147483650.0, -1e300, NotANumber, Infinite, -Infinite}) {
-        EXPECT_EQ(schema::tolerantTruncation(number), Least32) << number;
+        EXPECT_EQ(amounts::tolerantTruncation(number), Least32) << number;
     }
 }
 
 TEST(Truncation64, TruncatesTowardZeroWithoutATolerance)
 {
-    EXPECT_EQ(schema::truncation64(99.9999995), 99);
-    EXPECT_EQ(schema::truncation64(-99.9), -99);
-    EXPECT_EQ(schema::truncation64(9e15), 9000000000000000);
+    EXPECT_EQ(amounts::truncation64(99.9999995), 99);
+    EXPECT_EQ(amounts::truncation64(-99.9), -99);
+    EXPECT_EQ(amounts::truncation64(9e15), 9000000000000000);
 }
 
 TEST(Truncation64, GivesTheLeastIntegerForWhatItCannotHold)
 {
-    EXPECT_EQ(schema::truncation64(-9223372036854775808.0), Least64);
-    EXPECT_EQ(schema::truncation64(9223372036854774784.0), 9223372036854774784);
+    EXPECT_EQ(amounts::truncation64(-9223372036854775808.0), Least64);
+    EXPECT_EQ(amounts::truncation64(9223372036854774784.0), 9223372036854774784);
     for (const double number : {9223372036854775808.0, 1e300, -1e300, NotANumber, Infinite, -Infinite}) {
-        EXPECT_EQ(schema::truncation64(number), Least64) << number;
+        EXPECT_EQ(amounts::truncation64(number), Least64) << number;
     }
+}
+
+TEST(WholeNumbers, DividesTowardZeroWithinThirtyTwoBits)
+{
+    constexpr qint32 least = std::numeric_limits<qint32>::min();
+    EXPECT_EQ(10, amounts::quotient(1099, 100));
+    EXPECT_EQ(-10, amounts::quotient(-1099, 100));
+    EXPECT_EQ(-1099, amounts::quotient(1099, -1));
+    EXPECT_EQ(least, amounts::quotient(least, -1)) << "no quantity must not become one";
+}
+
+TEST(WholeNumbers, ADivisorOfZeroIsOne)
+{
+    EXPECT_EQ(1, amounts::guardedDivisor(0, QStringLiteral("600000.SH")));
+    EXPECT_EQ(100, amounts::guardedDivisor(100, QString()));
+    EXPECT_EQ(-3, amounts::guardedDivisor(-3, QString()));
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "host/ImportTable.h"
-#include "host/SolveyConstants.h"
-
 #include <QString>
 
-/// Columns of the parameter table that are the dialog's own: the host defines no constant for them. (Those
-/// that it does define stand in host/AlgoConstants.h and host/ImportTable.h.)
+/// Columns of the parameter table that are the import's own: the host defines no constant for them. (Those
+/// that it does define stand in host/AlgoConstants.h.)
 namespace columns {
 
+inline const QString SecurityName = QStringLiteral("证券名称");
+inline const QString CreateAndStart = QStringLiteral("创建后是否立即启动");
+inline const QString SealingAmount = QStringLiteral("封单金额");
 inline const QString Style = QStringLiteral("风格参数");
 inline const QString Code = QStringLiteral("代码");
 inline const QString Limit = QStringLiteral("限价");
@@ -25,5 +25,3 @@ inline const QString BatchCreate = QStringLiteral("BatchCreate");
 inline const QString SealingAmountInTenThousands = QStringLiteral("封单金额1");
 
 } // namespace instance_keys
-
-using SolveyConstants::MarketNameSection;

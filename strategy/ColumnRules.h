@@ -3,19 +3,15 @@
 #include "host/AlgoConstants.h"
 #include "host/NorvikConstants.h"
 #include "host/SolveyConstants.h"
+#include "strategy/ColumnNames.h"
 
 #include <QMap>
 #include <QString>
 #include <QStringList>
 
-/// What the import of a table and whatever the host offers around it (templates, checks of a file) agree on,
-/// beside the names of host/AlgoConstants.h.
-
-namespace columns {
-inline const QString SecurityName = QStringLiteral("证券名称");
-inline const QString CreateAndStart = QStringLiteral("创建后是否立即启动");
-inline const QString SealingAmount = QStringLiteral("封单金额");
-} // namespace columns
+/// What holds of columns under every strategy. The import of a table and whatever is offered around it
+/// (templates, checks of a file) agree on it.
+namespace strategy {
 
 /// Columns that must have a value wherever a strategy has them.
 inline const QStringList CompulsoryColumns = {Algo_Values::AlgoParamId::traderOrder,
@@ -39,8 +35,8 @@ inline const QStringList WholeNumberColumns = {
 inline const QMap<QString, QString> HeadAliases = {
     {QStringLiteral("方向"), Algo_Values::AlgoParamId::traderOrder},
     {QStringLiteral("数量"), Algo_Fields::AlgoInstContentInfo::Quantity},
-    {QStringLiteral("限价"), Algo_Fields::AlgoInstContentInfo::PriceLimits},
-    {QStringLiteral("代码"), Algo_Fields::AlgoInstContentInfo::Symbol},
+    {columns::Limit, Algo_Fields::AlgoInstContentInfo::PriceLimits},
+    {columns::Code, Algo_Fields::AlgoInstContentInfo::Symbol},
     {QStringLiteral("扫盘比例(%)"), QStringLiteral("扫盘比例（%）")},
     {QStringLiteral("备注"), QStringLiteral("实例备注")},
     {QStringLiteral("名称"), columns::SecurityName}};
@@ -54,10 +50,4 @@ inline const QMap<QString, QString> TypedDirections = {
     {Solvey_Values::SideUnion::closeBuy, Algo_Values::FutureSide::BuyCloseChi},
     {Solvey_Values::SideUnion::closeSell, Algo_Values::FutureSide::SellCloseChi}};
 
-/// Strategies that trade one security on two legs at once; their cells may hold two values separated by "/".
-inline const QStringList AilockStrategyList = {QStringLiteral("AILOCK"), QStringLiteral("AILOCKPLUS"),
-                                               QStringLiteral("AILOCK3")};
-
-/// Strategies that always start on creation: their files have no column for it.
-inline const QStringList StartOnCreateStrategyList = {QStringLiteral("KF_TWAPPLUS"),
-                                                      QStringLiteral("KF_VWAPPLUS")};
+} // namespace strategy

@@ -1,4 +1,4 @@
-#include "dialog/QuoteSubscription.h"
+#include "amounts/QuoteSubscription.h"
 
 #include "host/CommonQuotaHandler.h"
 

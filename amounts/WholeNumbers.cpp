@@ -1,8 +1,10 @@
-#include "schema/TolerantTruncation.h"
+#include "amounts/WholeNumbers.h"
+
+#include "amounts/Logging.h"
 
 #include <limits>
 
-namespace schema {
+namespace amounts {
 
 namespace {
 
@@ -32,4 +34,20 @@ qint64 truncation64(double number)
     return truncated<qint64>(number);
 }
 
-} // namespace schema
+int guardedDivisor(int divisor, const QString& origin)
+{
+    if (divisor == 0) {
+        qCDebug(lcAmounts) << "divisor is 0, taken as 1"
+                           << " symbol: " << origin;
+        return 1;
+    }
+    return divisor;
+}
+
+qint32 quotient(qint32 quantity, int divisor)
+{
+    const bool overflows = divisor == -1 && quantity == std::numeric_limits<qint32>::min();
+    return overflows ? quantity : quantity / divisor;
+}
+
+} // namespace amounts

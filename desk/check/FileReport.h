@@ -12,7 +12,7 @@ class ReferenceData;
 /// wrong in it. Nothing is imported and no value changed.
 ///
 ///     FileReport report = fileReport(path, {}, strategy, titlesOfTheStrategy, host.referenceData());
-///     report.sha256 = ledger::sha256OfFile(path);
+///     report.sha256 = batch::sha256OfFile(path);
 struct FileReport {
     QString format;    ///< csv, xlsx, xls, ods; empty when the file is none of them
     QString encoding;  ///< of csv

@@ -1,5 +1,5 @@
+#include "desk/batch/DraftBuilder.h"
 #include "desk/check/FileReport.h"
-#include "desk/ledger/DraftBuilder.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/Runner.h"
@@ -80,7 +80,7 @@ Result checkFile(const CommandLine& line)
     }
     const QString& path = line.files.first();
     FileReport report = fileReport(path, line.encoding, line.strategy, titles, host->referenceData());
-    report.sha256 = ledger::sha256OfFile(path);
+    report.sha256 = batch::sha256OfFile(path);
     QJsonObject json = toJson(report);
     json[QStringLiteral("file")] = path;
     json[QStringLiteral("messageBoxes")] = boxes;

@@ -45,7 +45,7 @@ QString DialogDriver::unknownName() const
 void DialogDriver::importFile()
 {
     if (mLine.create) {
-        mSha256 = ledger::sha256OfFile(mPath); // of what is read now, whatever becomes of the file meanwhile
+        mSha256 = batch::sha256OfFile(mPath); // of what is read now, whatever becomes of the file meanwhile
     }
     mDialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
     QObject::connect(mDialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked,
@@ -83,10 +83,10 @@ QJsonArray DialogDriver::boxes() const
     return boxesToJson(mPrompts.boxes());
 }
 
-ledger::DialogContent DialogDriver::content()
+batch::DialogContent DialogDriver::content()
 {
     const auto& table = child<ZelTableView>(*mDialog, "table_paramSettings");
-    ledger::DialogContent content;
+    batch::DialogContent content;
     content.strategy = mDialog->getStrategy().name();
     content.account = child<SolveyAccountComboBox>(*mDialog, "combx_account").GetCurTradingAccount();
     content.filePath = mPath;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 #include "desk/runner/CommandLine.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "embedded_host/EmbeddedHost.h"
@@ -40,7 +40,7 @@ public:
     QJsonArray boxes() const;
     const QList<ShownBox>& shownBoxes() const { return mPrompts.boxes(); }
     /// What the desk takes over on confirmation.
-    ledger::DialogContent content();
+    batch::DialogContent content();
     /// As the file dialog gave it: absolute, without "." and ".." steps.
     QString path() const { return mPath; }
 

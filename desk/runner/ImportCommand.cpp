@@ -1,14 +1,15 @@
-#include "desk/ledger/LedgerJson.h"
-#include "desk/ledger/LedgerTexts.h"
-#include "desk/ledger/Limits.h"
+#include "desk/batch/HostPrices.h"
+#include "desk/batch/LimitsFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
+#include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 #include "desk/window/ImportProblems.h"
 #include "desk/window/RejectFile.h"
 #include "embedded_host/table_reader/RejectFile.h"
 #include "embedded_host/table_reader/TableReader.h"
+#include "ledger/LedgerTexts.h"
 
 #include <QFileInfo>
 
@@ -36,20 +37,20 @@ QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const QLi
 {
     const QString stopped = objection(driver, line);
     if (!stopped.isEmpty()) {
-        return ledger::noCreationToJson(stopped);
+        return noCreationToJson(stopped);
     }
     const auto opened = Ledger::open(homeFolder(line));
     if (!opened.ok()) {
-        return ledger::noCreationToJson(opened.error);
+        return noCreationToJson(opened.error);
     }
-    const ledger::BatchDraft draft = ledger::makeDraft(driver.content());
-    const ledger::Outcome<Review> review =
-        ledger::reviewBatch(*opened.value, draft, limits, ledger::hostPrices(draft));
+    const ledger::BatchDraft draft = batch::makeDraft(driver.content());
+    const Outcome<Review> review =
+        ledger::reviewBatch(*opened.value, draft, limits, batch::hostPrices(draft));
     if (!review.ok()) {
-        return ledger::noCreationToJson(review.error);
+        return noCreationToJson(review.error);
     }
-    return ledger::creationToJson(
-        review.value.verdict, ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount}));
+    return creationToJson(review.value.verdict,
+                          ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount}));
 }
 
 /// Why the refused rows cannot go to that file; empty where they can.
@@ -113,7 +114,7 @@ Result importFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
-    const std::optional<QList<LimitScope>> limits = ledger::readLimits(referenceDataFolder(line), error);
+    const std::optional<QList<LimitScope>> limits = batch::readLimits(referenceDataFolder(line), error);
     if (!limits) {
         return refuse(error);
     }

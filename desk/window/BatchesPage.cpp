@@ -74,7 +74,7 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
 
 void BatchesPage::reload()
 {
-    ledger::Outcome<QList<ledger::Batch>> batches{{}, mBooks.ledgerError};
+    Outcome<QList<ledger::Batch>> batches{{}, mBooks.ledgerError};
     if (mBooks.ledger) {
         batches = mBooks.ledger->batches();
     }
@@ -136,7 +136,7 @@ void BatchesPage::undo()
     if (!batch || !isUndoWanted()) {
         return;
     }
-    const ledger::Outcome<ledger::UndoReport> report = mBooks.ledger->undo(*batch);
+    const Outcome<ledger::UndoReport> report = mBooks.ledger->undo(*batch);
     reload();
     emit changed();
     if (report.ok()) {

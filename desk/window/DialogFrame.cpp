@@ -184,9 +184,9 @@ void DialogFrame::takeMessage(const QString& text, int type)
     }
 }
 
-ledger::DialogContent DialogFrame::content() const
+batch::DialogContent DialogFrame::content() const
 {
-    ledger::DialogContent content;
+    batch::DialogContent content;
     content.strategy = mDialog->getStrategy().name();
     content.account = accountBox()->GetCurTradingAccount();
     content.createdBy = mHost.options().loginAccount;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 
 #include <QPointer>
@@ -36,7 +36,7 @@ public:
     /// Rows of the table.
     int rowCount() const;
     /// What the open dialog holds; of which file it came, the dialog does not know.
-    ledger::DialogContent content() const;
+    batch::DialogContent content() const;
     /// Keeps strategy and account for the next time.
     void saveChoice() const;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/BatchDiff.h"
+#include "ledger/draft/BatchDiff.h"
 
 #include <QWidget>
 

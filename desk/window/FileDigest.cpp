@@ -1,6 +1,6 @@
 #include "desk/window/FileDigest.h"
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -34,7 +34,7 @@ void FileDigest::start(const QString& path)
     mWork = work;
     // Nothing waits for it at the end of the program: it only reads, into memory that it shares.
     std::thread([work, path] {
-        work->digest = ledger::sha256OfFile(path);
+        work->digest = batch::sha256OfFile(path);
         work->done = true;
     }).detach();
     mPoll.start(); // the thread may outlive this object, so it is asked and does not call

@@ -4,13 +4,13 @@
 #include "embedded_host/UserPrompts.h"
 #include "embedded_host/widgets/NaturalOrderProxy.h"
 #include "embedded_host/widgets/TableBehaviour.h"
+#include "files/Save.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -20,16 +20,6 @@ constexpr int NarrowestColumn = 64;
 constexpr int WidestColumn = 320;
 constexpr int FilterWidth = 220;
 constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the buttons
-
-// Replaces the file only once the new one is whole. Empty, or a sentence for the user.
-QString saved(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return QStringLiteral("无法写入文件“%1”：%2").arg(path, file.errorString());
-    }
-    return {};
-}
 
 } // namespace
 
@@ -220,8 +210,8 @@ void FilteredTable::exportRows()
     if (path.isEmpty()) {
         return;
     }
-    const QString error = saved(path, table_reader::harmlessCsvText(shownRows()));
-    emit said(error.isEmpty() ? QStringLiteral("已导出到 %1").arg(path) : error);
+    const Outcome<void> saved = files::save(path, table_reader::harmlessCsvText(shownRows()));
+    emit said(saved.ok() ? QStringLiteral("已导出到 %1").arg(path) : files::cannotWrite(path, saved.error));
 }
 
 void FilteredTable::showCount()

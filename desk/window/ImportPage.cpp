@@ -201,7 +201,7 @@ void ImportPage::showHandedOver(const HandOver& batch)
 ledger::BatchTable ImportPage::currentTable() const
 {
     const ZelTableView* table = mFrame->table();
-    return table ? ledger::shownTable(table->headNames(), table->getViewData()) : ledger::BatchTable();
+    return table ? batch::shownTable(table->headNames(), table->getViewData()) : ledger::BatchTable();
 }
 
 QString ImportPage::fileName() const

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "desk/ledger/BatchDiff.h"
 #include "desk/window/DialogFrame.h"
 #include "desk/window/FileDigest.h"
 #include "desk/window/HandOver.h"
+#include "ledger/draft/BatchDiff.h"
 
 #include <QString>
 #include <QWidget>

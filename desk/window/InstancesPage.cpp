@@ -89,7 +89,7 @@ void InstancesPage::showBatch(std::optional<qint64> batch)
 void InstancesPage::reload()
 {
     mAllBatches->setVisible(mBatch.has_value());
-    ledger::Outcome<QList<ledger::Instance>> instances{{}, mBooks.ledgerError};
+    Outcome<QList<ledger::Instance>> instances{{}, mBooks.ledgerError};
     if (mBooks.ledger) {
         instances = mBooks.ledger->instances(mBatch);
     }

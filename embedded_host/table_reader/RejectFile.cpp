@@ -5,20 +5,14 @@
 #include "embedded_host/table_reader/HarmlessCell.h"
 #include "embedded_host/table_reader/SpreadsheetText.h"
 #include "embedded_host/table_reader/XlsxDraft.h"
+#include "files/Save.h"
 
 #include <xlsxwriter.h>
 
-#include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace table_writer {
 namespace {
-
-QString cannotWrite(const QString& path, const QString& reason)
-{
-    return QStringLiteral("无法写入文件%1：%2").arg(QDir::toNativeSeparators(path), reason);
-}
 
 /// The header, then each row filled up to its width, with the reason behind.
 QList<QStringList> tableOf(QStringList header, const QList<RefusedRow>& rows)
@@ -38,12 +32,10 @@ QList<QStringList> tableOf(QStringList header, const QList<RefusedRow>& rows)
     return table;
 }
 
-/// Replaces `path` by these bytes, whole or not at all.
 QString save(const QString& path, const QByteArray& bytes)
 {
-    QSaveFile file(path);
-    const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-    return saved ? QString() : cannotWrite(path, file.errorString());
+    const Outcome<void> saved = files::save(path, bytes);
+    return saved.ok() ? QString() : files::cannotWrite(path, saved.error);
 }
 
 /// Empty, or the address of the cell that xlsx cannot hold.
@@ -77,9 +69,9 @@ QString writeXlsx(const QString& path, const QList<QStringList>& table)
     QString error;
     const QByteArray bytes = draft.close(error);
     if (!refused.isEmpty()) {
-        return cannotWrite(path, QStringLiteral("单元格%1过长").arg(refused));
+        return files::cannotWrite(path, QStringLiteral("单元格%1过长").arg(refused));
     }
-    return error.isEmpty() ? save(path, bytes) : cannotWrite(path, error);
+    return error.isEmpty() ? save(path, bytes) : files::cannotWrite(path, error);
 }
 
 } // namespace

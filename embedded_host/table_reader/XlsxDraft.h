@@ -25,7 +25,7 @@ public:
 
     /// Null where memory or the temporary folder is missing; close() then says so.
     lxw_workbook* workbook() const { return mWorkbook; }
-    /// The finished file, once. Empty with `error` on failure.
+    /// The finished file, once, and whole. Empty with `error` on failure.
     QByteArray close(QString& error);
 
 private:

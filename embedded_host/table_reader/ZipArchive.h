@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QIODevice>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -26,6 +27,8 @@ public:
     /// Reads the directory. Empty, or the sentence that says what is wrong.
     QString open();
     bool contains(const QString& name) const { return mParts.contains(key(name)); }
+    /// Of all parts, in no order.
+    QStringList names() const { return mParts.keys(); }
 
 private:
     friend class PartStream;

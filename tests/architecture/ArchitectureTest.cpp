@@ -22,12 +22,16 @@ QMap<QString, QStringList> arrows()
     for (const QString& room : dialogRooms) {
         map[room] = dialogRooms;
     }
+    const QStringList values = {QStringLiteral("table"), QStringLiteral("files")};
     map[QStringLiteral("table")] = QStringList{QStringLiteral("table")};
+    map[QStringLiteral("files")] = values;
     map[QStringLiteral("host")] = QStringList{QStringLiteral("host")};
     map[QStringLiteral("embedded_host")] =
-        QStringList{QStringLiteral("embedded_host"), QStringLiteral("host")};
-    map[QStringLiteral("desk")] =
-        QStringList{QStringLiteral("desk"), QStringLiteral("embedded_host"), QStringLiteral("host")};
+        QStringList{QStringLiteral("embedded_host"), QStringLiteral("host")} + values;
+    map[QStringLiteral("ledger")] = QStringList{QStringLiteral("ledger"), QStringLiteral("table")};
+    map[QStringLiteral("desk")] = QStringList{QStringLiteral("desk"), QStringLiteral("embedded_host"),
+                                              QStringLiteral("host"), QStringLiteral("ledger")} +
+                                  values;
     return map;
 }
 

@@ -1,6 +1,6 @@
 #include "desk/window/FileDigest.h"
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ TEST_F(FileDigestTest, IsThatOfTheFileWaitedForWhateverIsStartedMeanwhile)
 {
     const QString first = makePipe();
     const QString second = makeFile("second"_s, "B");
-    const QString expected = ledger::sha256OfFile(makeFile("same"_s, "A"));
+    const QString expected = batch::sha256OfFile(makeFile("same"_s, "A"));
     digest.start(first);
     QTimer::singleShot(50, &window, [&] {
         digest.start(second);
@@ -56,7 +56,7 @@ TEST_F(FileDigestTest, IsThatOfTheFileWaitedForWhateverIsStartedMeanwhile)
     });
     EXPECT_EQ(digest.wait(&window, cancelled), expected);
     EXPECT_FALSE(cancelled);
-    EXPECT_EQ(digest.wait(&window, cancelled), ledger::sha256OfFile(second));
+    EXPECT_EQ(digest.wait(&window, cancelled), batch::sha256OfFile(second));
 }
 
 TEST_F(FileDigestTest, IsGivenUpWhereTheUserDoesNotWant)

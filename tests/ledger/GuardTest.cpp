@@ -1,4 +1,4 @@
-#include "desk/ledger/BatchCreation.h"
+#include "ledger/BatchCreation.h"
 #include "tests/ledger/SampleDrafts.h"
 
 #include <gtest/gtest.h>
@@ -323,7 +323,7 @@ TEST(Guard, RefusesARowWithoutQuantityAndAmount)
 TEST(Guard, OnlyWarnsOfNoQuantityWhereTheStrategyHasNoColumnOfThem)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 0)});
-    draft.table.columns[2] = "封单金额"_s;
+    draft.asksQuantity = false;
     const Verdict verdict = verdictOn(draft);
     EXPECT_FALSE(verdict.refuses());
     EXPECT_EQ(rulesOf(verdict.warnings), QStringList{"noQuantity"_s});
@@ -333,12 +333,12 @@ TEST(Guard, WarnsOfAnEndBeforeTheStart)
 {
     BatchDraft draft = sampleDraft(3);
     for (InstanceDraft& instance : draft.instances) {
-        instance.parameters["开始时间"_s] = "2025-11-03 14:30:00"_s;
-        instance.parameters["结束时间"_s] = "2025-11-03 14:57:00"_s;
+        instance.start = QDateTime(QDate(2025, 11, 3), QTime(14, 30));
+        instance.end = QDateTime(QDate(2025, 11, 3), QTime(14, 57));
     }
     EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
-    draft.instances[1].parameters["结束时间"_s] = "2025-11-03 09:57:00"_s;
-    draft.instances[2].parameters["结束时间"_s] = ""_s;
+    draft.instances[1].end = QDateTime(QDate(2025, 11, 3), QTime(9, 57));
+    draft.instances[2].end = QDateTime();
     const Verdict verdict = verdictOn(draft);
     ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"endBeforeStart"_s});
     EXPECT_EQ(verdict.warnings.first().rows, QList<int>{2});

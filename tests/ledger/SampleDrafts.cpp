@@ -1,7 +1,5 @@
 #include "tests/ledger/SampleDrafts.h"
 
-#include "host/AlgoConstants.h"
-
 #include <QLocale>
 
 #include <ostream>
@@ -9,8 +7,6 @@
 using namespace ledger;
 
 namespace {
-
-namespace Info = Algo_Fields::AlgoInstContentInfo;
 
 QString digits(double value)
 {
@@ -30,12 +26,12 @@ InstanceDraft sampleInstance(const SampleRow& row)
     InstanceDraft instance;
     instance.legs = {leg};
     instance.startsNow = row.startsNow;
-    const QMap<QString, QVariant> security{{Info::Symbol, row.symbol},
-                                           {Info::Quantity, digits(row.quantity)},
-                                           {Info::PriceLimits, digits(row.limitPrice)}};
-    instance.parameters = {{Algo_Values::AlgoParamId::AlgoSecurityList, QVariantList{security}},
-                           {Algo_Values::AlgoParamId::traderOrder, row.direction},
-                           {Info::TradingAccount, "1001"_s},
+    const QMap<QString, QVariant> security{{"证券代码"_s, row.symbol},
+                                           {"委托数量"_s, digits(row.quantity)},
+                                           {"委托限价"_s, digits(row.limitPrice)}};
+    instance.parameters = {{"证券代码和委托数量"_s, QVariantList{security}},
+                           {"交易方向"_s, row.direction},
+                           {"交易账号"_s, "1001"_s},
                            {"BatchCreate"_s, ""_s}};
     return instance;
 }
@@ -50,7 +46,7 @@ BatchDraft sampleDraft(const QList<SampleRow>& rows)
     draft.strategy = "AITWAP"_s;
     draft.createdBy = "trader"_s;
     draft.expectedBuy = 10000.0;
-    draft.table.columns = QStringList{Info::Symbol, Algo_Values::AlgoParamId::traderOrder, Info::Quantity};
+    draft.table.columns = QStringList{"证券代码"_s, "交易方向"_s, "委托数量"_s};
     for (const SampleRow& row : rows) {
         draft.instances.append(sampleInstance(row));
         draft.table.rows.append({row.symbol, row.direction, digits(row.quantity)});

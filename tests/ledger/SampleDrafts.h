@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/Ledger.h"
+#include "ledger/Ledger.h"
 #include "tests/support/Text.h"
 
 #include <QTemporaryDir>
@@ -44,4 +44,4 @@ private:
 };
 
 /// Opens for reading.
-ledger::Outcome<std::shared_ptr<ledger::Ledger>> openToRead(const QString& home);
+Outcome<std::shared_ptr<ledger::Ledger>> openToRead(const QString& home);

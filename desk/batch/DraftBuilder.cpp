@@ -1,0 +1,158 @@
+#include "desk/batch/DraftBuilder.h"
+
+#include "host/AlgoConstants.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QtNumeric>
+
+#include <cmath>
+
+namespace batch {
+
+using namespace ledger;
+
+namespace {
+
+namespace Info = Algo_Fields::AlgoInstContentInfo;
+namespace Id = Algo_Values::AlgoParamId;
+
+const QString OrderDirection = QStringLiteral("委托方向");
+const QString StartsAtOnce = QStringLiteral("创建后是否立即启动");
+
+const QString ShownRole = QString::number(Qt::DisplayRole);
+const QString ValueRole = QString::number(Qt::UserRole);
+
+/// Size of a number, 0 for a text that is none: no sign and no "nan" slips past a ceiling.
+double sizeOf(const QString& text)
+{
+    const double number = text.toDouble();
+    return qIsFinite(number) ? std::fabs(number) : 0.0;
+}
+
+/// One row of the dialog: its record by column name, and its parameter map.
+class Row {
+public:
+    Row(const QStringList& columns, const RecordData& record, const QMap<QString, QVariant>& parameters)
+        : mColumns(columns), mRecord(record), mParameters(parameters)
+    {
+    }
+
+    /// The value of a cell; empty where the table has no such column.
+    QString cell(const QString& column) const
+    {
+        return mRecord.value(mColumns.indexOf(column)).value(ValueRole).toString();
+    }
+
+    /// A leg's own parameter, else the instance's, else the cell of that name.
+    QString text(const QMap<QString, QVariant>& leg, const QString& name) const
+    {
+        for (const QString& text :
+             {leg.value(name).toString(), mParameters.value(name).toString(), cell(name)}) {
+            if (!text.isEmpty()) {
+                return text;
+            }
+        }
+        return QString();
+    }
+
+    InstanceDraft instance() const
+    {
+        InstanceDraft instance;
+        instance.parameters = mParameters;
+        instance.startsNow = text({}, StartsAtOnce) == Algo_Values::AlgoInstruction::StartOnCreate;
+        instance.start = time(Info::AlgoStartTime);
+        instance.end = time(Info::AlgoEndTime);
+        const QVariantList legs = mParameters.value(Id::AlgoSecurityList).toList();
+        for (const QVariant& leg : legs) {
+            instance.legs.append(legOf(leg.toMap()));
+        }
+        return instance;
+    }
+
+private:
+    QDateTime time(const QString& name) const
+    {
+        return QDateTime::fromString(mParameters.value(name).toString(),
+                                     QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    }
+
+    Leg legOf(const QMap<QString, QVariant>& parameters) const
+    {
+        Leg leg;
+        leg.symbol = text(parameters, Info::Symbol);
+        leg.exchange = text(parameters, Info::Exchange);
+        leg.direction = text(parameters, Id::traderOrder);
+        if (leg.direction.isEmpty()) {
+            leg.direction = text(parameters, OrderDirection);
+        }
+        const QString limit = text(parameters, Info::PriceLimits);
+        leg.limitPrice = sizeOf(limit);
+        leg.hasZeroLimit = !limit.isEmpty() && leg.limitPrice <= 0.0;
+        leg.typedAmount = sizeOf(cell(Info::Quantity_Amount));
+        // The cell counts in units, while a leg counts in the security's display factor.
+        const QString quantity = cell(Info::Quantity);
+        leg.quantity = sizeOf(quantity.isEmpty() ? parameters.value(Info::Quantity).toString() : quantity);
+        return leg;
+    }
+
+    const QStringList& mColumns;
+    const RecordData mRecord;
+    const QMap<QString, QVariant>& mParameters;
+};
+
+} // namespace
+
+BatchDraft makeDraft(const DialogContent& content)
+{
+    BatchDraft draft;
+    draft.id = QUuid::createUuid();
+    draft.fileName = QFileInfo(content.filePath).fileName();
+    draft.fileSha256 = content.fileSha256.isEmpty() ? sha256OfFile(content.filePath) : content.fileSha256;
+    draft.account = content.account;
+    draft.strategy = content.strategy;
+    draft.createdBy = content.createdBy;
+    draft.expectedBuy = content.expectedBuy;
+    draft.expectedSell = content.expectedSell;
+    for (int i = 0; i < content.parameterMaps.size(); ++i) {
+        draft.instances.append(
+            Row(content.columns, content.records.value(i), content.parameterMaps.at(i)).instance());
+    }
+    draft.table = shownTable(content.columns, content.records);
+    draft.asksQuantity =
+        content.columns.contains(Info::Quantity) || content.columns.contains(Info::Quantity_Amount);
+    return draft;
+}
+
+BatchTable shownTable(const QStringList& columns, const RecordDataList& records)
+{
+    BatchTable table;
+    table.columns = columns;
+    for (const RecordData& record : records) {
+        QStringList row;
+        for (int column = 0; column < columns.size(); ++column) {
+            row.append(record.value(column).value(ShownRole).toString());
+        }
+        table.rows.append(row);
+    }
+    return table;
+}
+
+const QStringList& orderColumns()
+{
+    static const QStringList names{Info::Symbol, Info::Exchange, Id::traderOrder, OrderDirection};
+    return names;
+}
+
+QString sha256OfFile(const QString& path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) {
+        return QString();
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+} // namespace batch

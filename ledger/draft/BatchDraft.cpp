@@ -1,0 +1,48 @@
+#include "ledger/draft/BatchDraft.h"
+
+#include <QCryptographicHash>
+
+namespace ledger {
+
+namespace {
+
+const QLatin1String Buy("Buy");
+const QLatin1String Sell("Sell");
+const QLatin1String BothSides("Buy/Sell");
+
+} // namespace
+
+bool Leg::hasKnownSide() const
+{
+    return direction.startsWith(Buy) || direction.startsWith(Sell);
+}
+
+bool Leg::buys() const
+{
+    return !direction.startsWith(Sell);
+}
+
+bool Leg::sells() const
+{
+    return !direction.startsWith(Buy) || direction == BothSides;
+}
+
+QString rowKey(const QString& strategy, const InstanceDraft& instance)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    const auto add = [&hash](const QString& text) {
+        hash.addData(text.toUtf8());
+        hash.addData("\0", 1); // so that no two fields run into each other
+    };
+    add(strategy);
+    for (const Leg& leg : instance.legs) {
+        add(leg.symbol);
+        add(leg.direction);
+        for (const double number : {leg.quantity, leg.limitPrice, leg.typedAmount}) {
+            add(QString::number(number, 'g', 15));
+        }
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+} // namespace ledger

@@ -17,6 +17,7 @@
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QStyle>
+#include <QTextDocument>
 
 namespace {
 
@@ -193,9 +194,11 @@ ExpectedAmounts pricedAmounts(const RecordDataList& rows, const AmountColumns& a
     return amounts;
 }
 
+/// A tool tip, in which Qt would draw a symbol that looks like markup as markup.
 QString notPriced(const QStringList& failures)
 {
-    return NotPriced.arg(failures.join(QStringLiteral("、")));
+    const QString text = NotPriced.arg(failures.join(QStringLiteral("、")));
+    return Qt::mightBeRichText(text) ? QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped()) : text;
 }
 
 void display(const ExpectedSide& side, QWidget* dialog, SolveyDecimalLineEdit* box, QLabel* warning)

@@ -15,7 +15,7 @@
 #include "import/TableReading.h"
 #include "strategy/Strategy.h"
 #include "table/FaultCatalogue.h"
-#include "table/RowLimit.h"
+#include "table/Table.h"
 #include "table/Rules.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
@@ -83,9 +83,9 @@ QString AlgoBatchImportParamSetting::importDataInfo(const QString& path, RecordD
     if (rows.isEmpty()) {
         return sentenceOf(table::rule::ReadFailed);
     }
-    constexpr int headerAndData = 1 + table::MaxDataRows;
+    constexpr int headerAndData = 1 + table::MostOrders;
     if (rows.size() > headerAndData) {
-        if (!error_box::ask(import::TooManyRows.arg(table::MaxDataRows), this)) {
+        if (!error_box::ask(import::TooManyRows.arg(table::MostOrders), this)) {
             return import::Declined;
         }
         rows.erase(rows.begin() + headerAndData, rows.end());

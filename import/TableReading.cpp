@@ -3,7 +3,7 @@
 #include "host/AlgoConstants.h"
 #include "schema/DateTimeFormat.h"
 #include "table/FaultCatalogue.h"
-#include "table/RowLimit.h"
+#include "table/Table.h"
 #include "table/Rules.h"
 #include "validation/LegSplitting.h"
 
@@ -19,7 +19,7 @@ const QString SpreadsheetDateTimeFormat = QStringLiteral("yyyy-M-dTH:m:s.z");
 
 DataRows dataRows(const table::Table& table)
 {
-    return {table.rows.mid(1, table::MaxDataRows), table.lines.mid(1, table::MaxDataRows)};
+    return {table.rows.mid(1, table::MostOrders), table.lines.mid(1, table::MaxDataRows)};
 }
 
 Reading ended(table::Fault fault, int line)

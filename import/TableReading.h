@@ -27,7 +27,7 @@ struct Reading {
 };
 
 /// Matches the header, reads the rows and splits legs. Takes the rows that an import takes, the first
-/// table::MaxDataRows behind the header. Asks the host for securities, accounts and snapshots, but neither
+/// table::MostOrders behind the header. Asks the host for securities, accounts and snapshots, but neither
 /// subscribes nor waits nor has a notice shown: whoever needs amounts converted has subscribed before, as the
 /// dialog has when it was given the same file. `dateTimeFormat`: dateTimeFormatOf(path).
 Reading readRows(const strategy::Strategy& strategy, const table::Table& table, const Account& account,

@@ -2,8 +2,6 @@
 
 #include "ledger/LedgerTexts.h"
 
-#include <QLocale>
-
 namespace ledger {
 
 namespace {
@@ -27,7 +25,7 @@ QString objection(const Verdict& verdict, const Consent& consent)
         return texts::warningsOpen(joined(verdict.warnings));
     }
     if (!isConfirmedBy(verdict, consent.typedAmount)) {
-        return texts::amountNotTyped(QLocale(QLocale::English).toString(verdict.confirmationAmount));
+        return texts::amountNotTyped(Decimal(verdict.confirmationAmount).shown(0));
     }
     return QString();
 }

@@ -122,6 +122,21 @@ inline QString noQuantity(int count)
     return QStringLiteral("%1 行既没有委托数量也没有委托金额").arg(count);
 }
 
+inline QString negative(int count)
+{
+    return QStringLiteral("%1 行委托数量、金额或限价为负数").arg(count);
+}
+
+inline QString batchRows(int count, const QString& limit)
+{
+    return QStringLiteral("批次有 %1 行，超过单批上限 %2 行").arg(count).arg(limit);
+}
+
+inline QString participation(int count, const QString& limit)
+{
+    return QStringLiteral("%1 行最大市场占比超过上限 %2%").arg(count).arg(limit);
+}
+
 inline QString rowQuantity(int count, const QString& limit)
 {
     return QStringLiteral("%1 行委托数量超过单行上限 %2").arg(count).arg(limit);

@@ -12,6 +12,11 @@
 /// mended it.
 namespace table {
 
+/// Orders that an import takes; of a longer file it asks whether to take these alone.
+constexpr int MostOrders = 1000;
+/// What is read of a file at most: the header, the orders, and one row more that tells of too many.
+constexpr int RowsToRead = MostOrders + 2;
+
 /// (row, column), both from 0, those of Table::rows.
 using Cell = QPair<int, int>;
 

@@ -1,6 +1,9 @@
 # Shared by ./run, ./test and the scripts in tools/: installs what is missing and builds. Sourced, not run.
 # Everything that it prints goes to standard error, so that standard output belongs to the program.
 
+# ccache, where somebody has it, keeps files with precompiled headers only when it is told to.
+export CCACHE_SLOPPINESS="${CCACHE_SLOPPINESS:+$CCACHE_SLOPPINESS,}pch_defines,time_macros"
+
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # missing_packages [SCOPE…]: the names in packages.txt that are not installed; those marked with a scope, such as "test",

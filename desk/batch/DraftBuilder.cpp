@@ -7,8 +7,6 @@
 #include <QFileInfo>
 #include <QtNumeric>
 
-#include <cmath>
-
 namespace batch {
 
 using namespace ledger;
@@ -24,11 +22,18 @@ const QString StartsAtOnce = QStringLiteral("创建后是否立即启动");
 const QString ShownRole = QString::number(Qt::DisplayRole);
 const QString ValueRole = QString::number(Qt::UserRole);
 
-/// Size of a number, 0 for a text that is none: no sign and no "nan" slips past a ceiling.
-double sizeOf(const QString& text)
+/// Size of a number, 0 for a text that is none: no sign and no "nan" slips past a ceiling. One that is too
+/// long is Decimal::none(), which no ceiling lets pass.
+Decimal sizeOf(const QString& text)
 {
-    const double number = text.toDouble();
-    return qIsFinite(number) ? std::fabs(number) : 0.0;
+    bool isNumber = false;
+    const bool isFinite = qIsFinite(text.toDouble(&isNumber));
+    return isNumber && isFinite ? Decimal::fromText(text).abs() : Decimal();
+}
+
+bool isNegative(const QString& text)
+{
+    return Decimal::fromText(text) < 0;
 }
 
 /// One row of the dialog: its record by column name, and its parameter map.
@@ -64,6 +69,7 @@ public:
         instance.startsNow = text({}, StartsAtOnce) == Algo_Values::AlgoInstruction::StartOnCreate;
         instance.start = time(Info::AlgoStartTime);
         instance.end = time(Info::AlgoEndTime);
+        instance.participation = sizeOf(text({}, Info::participationrate));
         const QVariantList legs = mParameters.value(Id::AlgoSecurityList).toList();
         for (const QVariant& leg : legs) {
             instance.legs.append(legOf(leg.toMap()));
@@ -89,11 +95,16 @@ private:
         }
         const QString limit = text(parameters, Info::PriceLimits);
         leg.limitPrice = sizeOf(limit);
-        leg.hasZeroLimit = !limit.isEmpty() && leg.limitPrice <= 0.0;
-        leg.typedAmount = sizeOf(cell(Info::Quantity_Amount));
+        leg.hasZeroLimit = !limit.isEmpty() && leg.limitPrice == 0;
+        const QString amount = cell(Info::Quantity_Amount);
+        leg.typedAmount = sizeOf(amount);
         // The cell counts in units, while a leg counts in the security's display factor.
-        const QString quantity = cell(Info::Quantity);
-        leg.quantity = sizeOf(quantity.isEmpty() ? parameters.value(Info::Quantity).toString() : quantity);
+        QString quantity = cell(Info::Quantity);
+        if (quantity.isEmpty()) {
+            quantity = parameters.value(Info::Quantity).toString();
+        }
+        leg.quantity = sizeOf(quantity);
+        leg.isNegative = isNegative(quantity) || isNegative(limit) || isNegative(amount);
         return leg;
     }
 
@@ -113,8 +124,8 @@ BatchDraft makeDraft(const DialogContent& content)
     draft.account = content.account;
     draft.strategy = content.strategy;
     draft.createdBy = content.createdBy;
-    draft.expectedBuy = content.expectedBuy;
-    draft.expectedSell = content.expectedSell;
+    draft.expectedBuy = Decimal::fromDouble(content.expectedBuy);
+    draft.expectedSell = Decimal::fromDouble(content.expectedSell);
     for (int i = 0; i < content.parameterMaps.size(); ++i) {
         draft.instances.append(
             Row(content.columns, content.records.value(i), content.parameterMaps.at(i)).instance());

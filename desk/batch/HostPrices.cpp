@@ -13,7 +13,7 @@ using namespace ledger;
 
 namespace {
 
-constexpr double BondRepoFaceValue = 100.0;
+constexpr int BondRepoFaceValue = 100;
 
 bool isHongKong(const QString& symbol)
 {
@@ -33,8 +33,8 @@ void addExchangeRates(Price& price, const QString& exchange, const HKExchangeRat
     }
     namespace Rate = Solvey_Fields::HKSExchgRate;
     const QMap<QString, QVariant> ofExchange = rates.value(exchange);
-    price.buyFactor = ofExchange.value(Rate::HKSExchgRateSell).toDouble();
-    price.sellFactor = ofExchange.value(Rate::HKSExchgRateBuy).toDouble();
+    price.buyFactor = Decimal::fromDouble(ofExchange.value(Rate::HKSExchgRateSell).toDouble());
+    price.sellFactor = Decimal::fromDouble(ofExchange.value(Rate::HKSExchgRateBuy).toDouble());
 }
 
 Price priceOf(const Leg& leg, const HKExchangeRateTable& rates)
@@ -45,9 +45,10 @@ Price priceOf(const Leg& leg, const HKExchangeRateTable& rates)
         price.isNominal = true;
         return price;
     }
-    price.last = CommonQuotaHandler::getLastPriceFromTick(
-        CommonQuotaHandler::instance()->GetQuotaSnapshot(leg.symbol, 0));
-    price.buyFactor = FuturesLogicInterface::GetFuturesBaseData(leg.symbol).contractMultiplier;
+    price.last = Decimal::fromDouble(CommonQuotaHandler::getLastPriceFromTick(
+        CommonQuotaHandler::instance()->GetQuotaSnapshot(leg.symbol, 0)));
+    price.buyFactor =
+        Decimal::fromDouble(FuturesLogicInterface::GetFuturesBaseData(leg.symbol).contractMultiplier);
     price.sellFactor = price.buyFactor;
     if (isHongKong(leg.symbol)) {
         addExchangeRates(price, leg.exchange, rates);
@@ -65,7 +66,7 @@ Prices hostPrices(const BatchDraft& draft)
     for (const InstanceDraft& instance : draft.instances) {
         for (const Leg& leg : instance.legs) {
             Price& price = prices[{leg.symbol, leg.exchange}];
-            if (price.last <= 0.0) {
+            if (!(price.last > 0)) {
                 price = priceOf(leg, rates);
             }
         }

@@ -4,7 +4,6 @@
 #include "ledger/LedgerTexts.h"
 
 #include <QFile>
-#include <QtNumeric>
 
 namespace batch {
 
@@ -27,13 +26,12 @@ ReferenceColumn<LimitScope> ceilingColumn(const Ceiling& ceiling)
     const QString name = QString::fromLatin1(ceiling.column);
     return {name,
             [name, field = ceiling.value](LimitScope& row, const QString& cell) {
-                bool isNumber = false;
-                const double value = cell.toDouble(&isNumber);
-                if (!isNumber || !qIsFinite(value)) {
+                const Decimal value = Decimal::fromText(cell);
+                if (!value.isNumber()) {
                     return reference_faults::notNumber(name, cell);
                 }
                 row.limits.*field = value;
-                return value < 0.0 ? texts::negativeLimit(name, cell) : QString();
+                return value < 0 ? texts::negativeLimit(name, cell) : QString();
             },
             nullptr};
 }

@@ -1,10 +1,10 @@
 #include "desk/check/FileReport.h"
 
 #include "embedded_host/reference_data/ReferenceData.h"
+#include "embedded_host/table_reader/TableReader.h"
 #include "host/AlgoConstants.h"
 #include "strategy/ColumnRules.h"
 #include "strategy/Traits.h"
-#include "table/RowLimit.h"
 #include "table/Table.h"
 
 #include <QMultiHash>
@@ -68,7 +68,7 @@ bool isSkippedOrder(const QStringList& cells)
 /// The rows that an import looks at.
 QList<QStringList> dataRows(const QList<QStringList>& rows)
 {
-    return rows.mid(1, table::MaxDataRows);
+    return rows.mid(1, table::MostOrders);
 }
 
 } // namespace
@@ -76,7 +76,7 @@ QList<QStringList> dataRows(const QList<QStringList>& rows)
 bool FileReport::hasErrors() const
 {
     return std::any_of(findings.begin(), findings.end(), [](const table_lint::Finding& finding) {
-        return finding.severity == table_lint::Severity::Error;
+        return finding.fault.severity == table::Severity::Error;
     });
 }
 
@@ -86,7 +86,7 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     table_reader::ReadOptions options;
     options.encoding = encoding;
     options.inspect = true;
-    const table_reader::Table table = table_reader::readTable(path, options);
+    const table::Table table = table_reader::readTable(path, options);
     FileReport report;
     report.format = table.format;
     report.encoding = table.encoding;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "embedded_host/table_reader/TableLint.h"
+#include "embedded_host/table_check/TableLint.h"
 
 #include <QList>
 #include <QString>
@@ -21,7 +21,7 @@ struct FileReport {
     /// Hexadecimal digits; left to the caller, since it takes a whole large file where the report takes only
     /// its first rows.
     QString sha256;
-    int rowCount = 0;   ///< rows read, the header among them; never above table_reader::MaxRows
+    int rowCount = 0;   ///< rows read, the header among them; never above table::RowsToRead
     int orderCount = 0; ///< rows that the import takes for orders, of those that it looks at
     /// Rows that the import passes over as notes, since their first two cells are empty, though more than one
     /// of the others is filled: a note, or an order that lost its code.
@@ -29,6 +29,7 @@ struct FileReport {
     QString error; ///< a Chinese sentence where the file cannot be read; then there are no findings
     QList<table_lint::Finding> findings;
 
+    bool isSpreadsheet() const { return format != QLatin1String("csv"); }
     /// A finding that spoils the import; an unreadable file has none.
     bool hasErrors() const;
 };

@@ -5,6 +5,8 @@
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 #include "strategy/Strategy.h"
+#include "table/CheckRules.h"
+#include "table/FaultCatalogue.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -16,17 +18,18 @@ namespace {
 /// Exit statuses of a report; 2 is the runner's own Refused.
 enum CheckStatus { Clean = 0, Warnings = 1, Errors = 3, Unreadable = 4 };
 
-QJsonObject toJson(const table_lint::Finding& finding)
+/// The line is told of csv alone: in a sheet the address says it.
+QJsonObject toJson(const table_lint::Finding& finding, const FileReport& report)
 {
-    const bool error = finding.severity == table_lint::Severity::Error;
-    return {{QStringLiteral("code"), finding.code},
-            {QStringLiteral("severity"), error ? QStringLiteral("error") : QStringLiteral("warning")},
-            {QStringLiteral("chinese"), finding.chinese},
-            {QStringLiteral("english"), finding.english},
-            {QStringLiteral("sheet"), finding.sheet},
+    const table::Fault& fault = finding.fault;
+    return {{QStringLiteral("code"), table::rule::codeOf(fault.rule)},
+            {QStringLiteral("severity"), table::nameOf(fault.severity)},
+            {QStringLiteral("chinese"), table::sentence(fault)},
+            {QStringLiteral("english"), table::sentence(fault, table::Language::English)},
+            {QStringLiteral("sheet"), report.sheet},
             {QStringLiteral("address"), finding.address},
-            {QStringLiteral("line"), finding.line},
-            {QStringLiteral("raw"), finding.raw},
+            {QStringLiteral("line"), report.isSpreadsheet() ? 0 : fault.line},
+            {QStringLiteral("raw"), fault.cell},
             {QStringLiteral("suggestions"), QJsonArray::fromStringList(finding.suggestions)}};
 }
 
@@ -45,7 +48,7 @@ QJsonObject toJson(const FileReport& report)
 {
     QJsonArray findings;
     for (const table_lint::Finding& finding : report.findings) {
-        findings.append(toJson(finding));
+        findings.append(toJson(finding, report));
     }
     return {{QStringLiteral("format"), report.format},       {QStringLiteral("encoding"), report.encoding},
             {QStringLiteral("separator"), report.separator}, {QStringLiteral("sheet"), report.sheet},

@@ -1,6 +1,9 @@
 #include "desk/runner/CommandLine.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+
+#include <algorithm>
 
 namespace runner {
 
@@ -58,6 +61,12 @@ QList<Option> optionsOf(const Command& command)
         }
     }
     return options;
+}
+
+/// A path as the shell means it: to Qt, what begins with a colon is a resource of the program's own.
+QString asFile(const QString& path)
+{
+    return path.startsWith(QLatin1Char(':')) ? QDir::currentPath() + QLatin1Char('/') + path : path;
 }
 
 /// Takes an option over where it was given; false where its value is empty, or the option that follows.
@@ -120,6 +129,10 @@ std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const 
             return std::nullopt;
         }
     }
+    for (QString* path : {&line.dataFolder, &line.home, &line.rejects}) {
+        *path = asFile(*path);
+    }
+    std::transform(line.files.begin(), line.files.end(), line.files.begin(), asFile);
     error = line.help ? QString() : faultOf(line, command);
     return error.isEmpty() ? std::make_optional(line) : std::nullopt;
 }

@@ -1,15 +1,14 @@
 #include "desk/runner/DialogDriver.h"
 
+#include "desk/probe/DialogProbe.h"
 #include "desk/runner/Session.h"
 #include "desk/runner/WidgetJson.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
-#include "host/SolveyDecimalLineEdit.h"
-#include "host/ZelTableView.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QFileInfo>
-#include <QPushButton>
 
 namespace runner {
 
@@ -54,17 +53,19 @@ void DialogDriver::importFile()
                                                {QStringLiteral("createdClose"), createdClose}};
                      });
     mDialog->CreateStrategyInitWidget(AlgoTradeLogicNew::GetInstance()->GetStrategy(mLine.strategy));
-    child<SolveyAccountComboBox>(*mDialog, "combx_account").SetCurTradingAccount(mLine.account);
-    child<QPushButton>(*mDialog, "btn_import").click();
+    const DialogProbe probe(*mDialog);
+    probe.accounts().SetCurTradingAccount(mLine.account);
+    probe.importButton().click();
 }
 
 void DialogDriver::switchAccountAndConfirm()
 {
+    const DialogProbe probe(*mDialog);
     if (!mLine.switchAccount.isEmpty()) {
-        child<SolveyAccountComboBox>(*mDialog, "combx_account").SetCurTradingAccount(mLine.switchAccount);
+        probe.accounts().SetCurTradingAccount(mLine.switchAccount);
     }
     if (mLine.confirm) {
-        child<QPushButton>(*mDialog, "btn_ok").click();
+        probe.confirmButton().click();
     }
 }
 
@@ -85,19 +86,7 @@ QJsonArray DialogDriver::boxes() const
 
 batch::DialogContent DialogDriver::content()
 {
-    const auto& table = child<ZelTableView>(*mDialog, "table_paramSettings");
-    batch::DialogContent content;
-    content.strategy = mDialog->getStrategy().name();
-    content.account = child<SolveyAccountComboBox>(*mDialog, "combx_account").GetCurTradingAccount();
-    content.filePath = mPath;
-    content.fileSha256 = mSha256;
-    content.createdBy = mHost.options().loginAccount;
-    content.expectedBuy = child<SolveyDecimalLineEdit>(*mDialog, "expectBuyLine").value();
-    content.expectedSell = child<SolveyDecimalLineEdit>(*mDialog, "expectSellLine").value();
-    content.columns = table.headNames();
-    content.records = table.getViewData();
-    content.parameterMaps = mDialog->getWidgetData();
-    return content;
+    return DialogProbe(*mDialog).content({mPath, mSha256, mHost.options().loginAccount});
 }
 
 } // namespace runner

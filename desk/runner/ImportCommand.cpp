@@ -7,8 +7,8 @@
 #include "desk/runner/Session.h"
 #include "desk/window/ImportProblems.h"
 #include "desk/window/RejectFile.h"
-#include "embedded_host/table_reader/RejectFile.h"
 #include "embedded_host/table_reader/TableReader.h"
+#include "embedded_host/table_writer/RejectFile.h"
 #include "ledger/LedgerTexts.h"
 
 #include <QFileInfo>
@@ -87,7 +87,7 @@ QJsonObject rejectsToJson(const QString& out, int rows, const QString& error)
 /// The refused rows of the file with their reasons, as a file to mend and import again.
 QJsonObject writeRejects(const DialogDriver& driver, const QString& out)
 {
-    const table_reader::Table table = table_reader::readTable(driver.path());
+    const table::Table table = table_reader::readTable(driver.path());
     if (!table.error.isEmpty()) {
         return rejectsToJson(out, 0, table.error);
     }

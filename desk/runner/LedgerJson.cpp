@@ -29,9 +29,9 @@ QJsonObject legToJson(const Leg& leg)
 {
     return {{key("symbol"), leg.symbol},
             {key("direction"), leg.direction},
-            {key("quantity"), leg.quantity},
-            {key("limitPrice"), leg.limitPrice},
-            {key("amount"), leg.amount}};
+            {key("quantity"), leg.quantity.toDouble()},
+            {key("limitPrice"), leg.limitPrice.toDouble()},
+            {key("amount"), leg.amount.toDouble()}};
 }
 
 QJsonObject findingToJson(const Finding& finding)
@@ -83,8 +83,8 @@ QJsonObject toJson(const Batch& batch)
             {key("account"), batch.account},
             {key("strategy"), batch.strategy},
             {key("rowCount"), batch.rowCount},
-            {key("expectedBuy"), batch.expectedBuy},
-            {key("expectedSell"), batch.expectedSell},
+            {key("expectedBuy"), batch.expectedBuy.toDouble()},
+            {key("expectedSell"), batch.expectedSell.toDouble()},
             {key("createdAt"), utc(batch.createdAt)},
             {key("createdBy"), batch.createdBy},
             {key("state"), nameOf(batch.state)}};
@@ -107,8 +107,8 @@ QJsonObject toJson(const Verdict& verdict)
 {
     return {{key("refusals"), arrayOf(verdict.refusals, findingToJson)},
             {key("warnings"), arrayOf(verdict.warnings, findingToJson)},
-            {key("grossBuy"), verdict.grossBuy},
-            {key("grossSell"), verdict.grossSell},
+            {key("grossBuy"), verdict.grossBuy.toDouble()},
+            {key("grossSell"), verdict.grossSell.toDouble()},
             {key("confirmationAmount"), verdict.confirmationAmount}};
 }
 

@@ -8,9 +8,8 @@
 #include <QString>
 
 class DeskPrompts;
+class DialogProbe;
 class EmbeddedHost;
-class QAbstractButton;
-class SolveyAccountComboBox;
 class ZelTableView;
 
 /// The dialog's place on the desk, or a page that offers a new one while it is closed. It does for the dialog
@@ -35,8 +34,10 @@ public:
     ZelTableView* table() const;
     /// Rows of the table.
     int rowCount() const;
-    /// What the open dialog holds; of which file it came, the dialog does not know.
-    batch::DialogContent content() const;
+    /// What the open dialog holds, with the file that it came of.
+    batch::DialogContent content(const QString& filePath, const QString& fileSha256) const;
+    /// The table as it is shown; without rows and columns while the dialog is closed.
+    ledger::BatchTable shownTable() const;
     /// Keeps strategy and account for the next time.
     void saveChoice() const;
 
@@ -78,9 +79,7 @@ private:
     void startImport(const QString& path);
     void endImport();
     void takeMessage(const QString& text, int type);
-    QAbstractButton* button(const QString& name) const;
-    SolveyAccountComboBox* accountBox() const;
-    double amountIn(const QString& box) const;
+    DialogProbe probe() const; ///< of the open dialog
 
     EmbeddedHost& mHost;
     DeskPrompts& mPrompts;

@@ -1,8 +1,10 @@
 #include "desk/window/FilteredTable.h"
 
-#include "embedded_host/table_reader/CsvText.h"
+#include "desk/window/ListProxy.h"
+#include "embedded_host/EmbeddedHost.h"
+#include "embedded_host/skin/SkinService.h"
+#include "embedded_host/table_writer/CsvText.h"
 #include "embedded_host/UserPrompts.h"
-#include "embedded_host/widgets/NaturalOrderProxy.h"
 #include "embedded_host/widgets/TableBehaviour.h"
 #include "files/Save.h"
 
@@ -23,15 +25,15 @@ constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the 
 
 } // namespace
 
-FilteredTable::FilteredTable(TextTable* source, const Words& words, UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mSource(source), mWords(words), mPrompts(prompts), mProxy(new NaturalOrderProxy(this)),
+FilteredTable::FilteredTable(ListModel* source, const Words& words, UserPrompts& prompts, QWidget* parent)
+    : QWidget(parent), mSource(source), mWords(words), mPrompts(prompts), mProxy(new ListProxy(this)),
       mView(new QTableView(this)), mFilter(new QLineEdit(this)), mCount(new QLabel(this)),
       mToolRow(makeToolRow()), mBehaviour(new TableBehaviour(mView, mProxy))
 {
     mProxy->setSourceModel(source);
     mProxy->setFilterKeyColumn(-1);
     mProxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
-    mProxy->setSortRole(TextTable::PlainText);
+    mProxy->setSortRole(ListModel::PlainRole);
     mBehaviour->setSortable(true);
     mBehaviour->setEmptyText(words.emptyText);
     mView->setAccessibleName(words.name);
@@ -92,6 +94,11 @@ QPushButton* FilteredTable::addButton(const QString& text, const QString& object
     return button;
 }
 
+void FilteredTable::setColoursOf(EmbeddedHost& host)
+{
+    mProxy->setColours([&host](const QString& name) { return host.skins().colours().colour(name); });
+}
+
 void FilteredTable::setSingleSelection()
 {
     mView->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -111,6 +118,9 @@ QString FilteredTable::emptyText() const
 void FilteredTable::applyFilter(const QString& text)
 {
     const QPersistentModelIndex chosen = mProxy->mapToSource(mView->currentIndex());
+    if (!text.isEmpty()) {
+        mProxy->fetchAll();
+    }
     mProxy->setFilterFixedString(text);
     if (!mProxy->mapFromSource(chosen).isValid()) {
         mView->selectionModel()->clear();
@@ -147,17 +157,18 @@ QList<QStringList> FilteredTable::shownRows() const
 {
     QList<int> columns;
     QStringList titles;
-    for (int column = 0; column < mSource->columns().size(); ++column) {
+    const QStringList all = mSource->titles();
+    for (int column = 0; column < all.size(); ++column) {
         if (!mView->isColumnHidden(column)) {
             columns.append(column);
-            titles.append(mSource->columns().at(column));
+            titles.append(all.at(column));
         }
     }
     QList<QStringList> rows{titles};
     for (int row = 0; row < mProxy->rowCount(); ++row) {
         QStringList cells;
         for (const int column : qAsConst(columns)) {
-            cells.append(mProxy->index(row, column).data(TextTable::PlainText).toString());
+            cells.append(mProxy->index(row, column).data(ListModel::PlainRole).toString());
         }
         rows.append(cells);
     }
@@ -188,7 +199,7 @@ void FilteredTable::fitColumns()
 {
     mFitted = true;
     mView->resizeColumnsToContents();
-    for (int column = 0; column < mSource->columns().size(); ++column) {
+    for (int column = 0; column < mSource->columnCount(); ++column) {
         mView->setColumnWidth(column, qBound(NarrowestColumn, mView->columnWidth(column) + 8, WidestColumn));
     }
 }
@@ -210,7 +221,8 @@ void FilteredTable::exportRows()
     if (path.isEmpty()) {
         return;
     }
-    const Outcome<void> saved = files::save(path, table_reader::harmlessCsvText(shownRows()));
+    mProxy->fetchAll();
+    const Outcome<void> saved = files::save(path, table_writer::harmlessCsvText(shownRows()));
     emit said(saved.ok() ? QStringLiteral("已导出到 %1").arg(path) : files::cannotWrite(path, saved.error));
 }
 
@@ -218,6 +230,7 @@ void FilteredTable::showCount()
 {
     const int all = mSource->rowCount();
     const int shown = mProxy->rowCount();
-    mCount->setText(shown == all ? QStringLiteral("共 %1 行").arg(all)
-                                 : QStringLiteral("%1 / %2 行").arg(shown).arg(all));
+    const QString total =
+        mSource->canFetchMore({}) ? QStringLiteral("前 %1 行").arg(all) : QStringLiteral("共 %1 行").arg(all);
+    mCount->setText(shown == all ? total : QStringLiteral("%1 / %2 行").arg(shown).arg(all));
 }

@@ -1,13 +1,13 @@
 #include "desk/window/ImportPage.h"
 
 #include "desk/check/FileReport.h"
+#include "desk/models/ParametersModel.h"
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/DiffPanel.h"
 #include "desk/window/FileCheckPanel.h"
 #include "desk/window/FilteredTable.h"
-#include "desk/window/ParameterTable.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "host/ZelTableView.h"
@@ -29,7 +29,7 @@ const QList<int> FirstSizes{520, 230};
 ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
     : QWidget(parent), mHost(host), mFrame(new DialogFrame(host, prompts)),
       mAmounts(new AmountRefresher(host.quotes(), this)), mProblems(new ProblemsPanel(prompts)),
-      mHandedOverModel(new TextTable({})),
+      mHandedOverModel(new ParametersModel),
       mHandedOver(new FilteredTable(
           mHandedOverModel, {QStringLiteral("已提交参数"), QStringLiteral("确定后，提交的参数显示在这里")},
           prompts)),
@@ -165,10 +165,9 @@ QString ImportPage::importSummary() const
 void ImportPage::takeConfirmation(bool closeAfterwards)
 {
     mProblems->forgetBatch();
-    HandOver batch{mFrame->content(), closeAfterwards};
-    batch.content.filePath = mFile;
+    HandOver batch{content(), closeAfterwards};
     bool cancelled = false;
-    batch.content.fileSha256 = mDigest.wait(this, cancelled);
+    batch.content.fileSha256 = mDigest.wait(this, cancelled); // the user may wait for it, the batch stands
     if (cancelled) {
         finish(batch, false);
     } else {
@@ -191,8 +190,7 @@ void ImportPage::finish(const HandOver& batch, bool created)
 void ImportPage::showHandedOver(const HandOver& batch)
 {
     const auto& maps = batch.content.parameterMaps;
-    const QStringList columns = parameter_table::columnsOf(maps);
-    mHandedOverModel->setTable(columns, parameter_table::rowsOf(maps, columns));
+    mHandedOverModel->setMaps(maps);
     mHandedOver->fitColumns();
     mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数 %1").arg(maps.size()));
     mLower->setCurrentIndex(HandedOverTab);
@@ -200,8 +198,7 @@ void ImportPage::showHandedOver(const HandOver& batch)
 
 ledger::BatchTable ImportPage::currentTable() const
 {
-    const ZelTableView* table = mFrame->table();
-    return table ? batch::shownTable(table->headNames(), table->getViewData()) : ledger::BatchTable();
+    return mFrame->shownTable();
 }
 
 QString ImportPage::fileName() const

@@ -12,10 +12,10 @@ class AmountRefresher;
 class DiffPanel;
 class FileCheckPanel;
 class FilteredTable;
+class ParametersModel;
 class ProblemsPanel;
 class QSplitter;
 class QTabWidget;
-class TextTable;
 struct Problem;
 
 /// The dialog in its frame, and below it the problems of its last file, the report on it and what was handed
@@ -42,6 +42,8 @@ public:
     /// The table as it stands; without rows before an import.
     ledger::BatchTable currentTable() const;
     QString fileName() const;
+    /// What the open dialog holds.
+    batch::DialogContent content() const { return mFrame->content(mFile, QString()); }
     /// What the table changes against a batch.
     void showDiff(const ledger::BatchDiff& diff, qint64 batch);
     /// Keeps strategy, account and splitter for the next session.
@@ -78,7 +80,7 @@ private:
     DialogFrame* mFrame;
     AmountRefresher* mAmounts;
     ProblemsPanel* mProblems;
-    TextTable* mHandedOverModel;
+    ParametersModel* mHandedOverModel;
     FilteredTable* mHandedOver;
     DiffPanel* mDiff;
     FileCheckPanel* mFileCheck;

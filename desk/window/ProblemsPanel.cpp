@@ -1,5 +1,6 @@
 #include "desk/window/ProblemsPanel.h"
 
+#include "desk/models/ProblemsModel.h"
 #include "desk/window/FilteredTable.h"
 #include "desk/window/RejectFile.h"
 #include "embedded_host/table_reader/TableReader.h"
@@ -14,28 +15,8 @@
 
 #include <algorithm>
 
-namespace {
-
-QString placeText(const Problem& problem)
-{
-    switch (problem.place) {
-    case Problem::Place::FileRow:
-        return QStringLiteral("文件第 %1 行").arg(problem.line);
-    case Problem::Place::BatchRow:
-        return QStringLiteral("表格第 %1 行").arg(problem.line);
-    case Problem::Place::Whole:
-        break;
-    }
-    return QStringLiteral("整体");
-}
-
-} // namespace
-
 ProblemsPanel::ProblemsPanel(UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mPrompts(prompts),
-      mModel(new TextTable(
-          {QStringLiteral("位置"), QStringLiteral("列"), QStringLiteral("原值"), QStringLiteral("原因")},
-          this)),
+    : QWidget(parent), mPrompts(prompts), mModel(new ProblemsModel(this)),
       mTable(new FilteredTable(mModel, {QStringLiteral("问题"), QString()}, prompts, this)),
       mDetail(new QLabel(this)),
       mSave(mTable->addButton(QStringLiteral("保存问题行"), QStringLiteral("button_saveRejects")))
@@ -130,7 +111,7 @@ void ProblemsPanel::saveRejects()
 
 void ProblemsPanel::readFileRows()
 {
-    const table_reader::Table table = table_reader::readTable(mPath);
+    const table::Table table = table_reader::readTable(mPath);
     mFileRows = table.rows;
     mReadError = table.error;
     mIsSpreadsheet = table.format != QLatin1String("csv");
@@ -139,16 +120,10 @@ void ProblemsPanel::readFileRows()
 void ProblemsPanel::show()
 {
     mProblems = mOfFile + mOfBatch;
-    QList<QStringList> rows;
-    for (const Problem& problem : qAsConst(mProblems)) {
-        QString reason = problem.reason;
-        rows.append({placeText(problem), problem.column, problem.cell,
-                     reason.replace(QLatin1Char('\n'), QLatin1Char(' '))});
-    }
     mTable->filter()->clear(); // it was typed for other problems, and would hide these
     mTable->setEmptyText(mPath.isEmpty() ? QStringLiteral("导入文件后，其中的问题显示在这里")
                                          : QStringLiteral("没有问题"));
-    mModel->setTable(mModel->columns(), rows);
+    mModel->setRecords(mProblems);
     mTable->fitColumns();
     mSave->setEnabled(namesFileRows());
     showDetail(-1);

@@ -8,9 +8,9 @@
 #include <QWidget>
 
 class FilteredTable;
+class ProblemsModel;
 class QLabel;
 class QPushButton;
-class TextTable;
 class UserPrompts;
 
 /// The problems of the last import or confirmation, one a line; the row of the file that the current one
@@ -57,7 +57,7 @@ private:
     QString detailOf(const Problem& problem) const;
 
     UserPrompts& mPrompts;
-    TextTable* mModel;
+    ProblemsModel* mModel;
     FilteredTable* mTable;
     QLabel* mDetail;
     QPushButton* mSave;

@@ -1,7 +1,7 @@
 #include "desk/window/RejectFile.h"
 
-#include "embedded_host/table_reader/TableLint.h"
 #include "host/AlgoConstants.h"
+#include "table/Table.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -24,7 +24,7 @@ QString withoutT(const QString& cell)
 }
 
 constexpr int FirstLine = 2;   // of data; the header is line 1
-constexpr int MostRows = 1000; // that an import takes
+constexpr int MostRows = table::MostOrders;
 
 /// As the import puts it where the legs of a lock strategy cannot be told apart.
 const QString FaultyLegs = QStringLiteral("导入方向、委托属性、限价中，某字段格式错误");
@@ -65,7 +65,7 @@ bool addFaultyLegs(const QList<Problem>& problems, const QList<QStringList>& fil
     int number = FirstLine;
     for (int line = FirstLine; line <= qMin(fileRows.size(), MostRows + 1) && !told.isEmpty(); ++line) {
         const QStringList& row = fileRows.at(line - 1);
-        if (table_lint::isPassedOver(row) || reasons.contains(line)) {
+        if (table::isBlankOrNote(row) || reasons.contains(line)) {
             continue;
         }
         if (!hasTwoLegs(row, fileRows.first())) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desk/window/ImportProblems.h"
-#include "embedded_host/table_reader/RejectFile.h"
+#include "embedded_host/table_writer/RejectFile.h"
 
 #include <QList>
 #include <QString>

@@ -27,6 +27,18 @@ bool Leg::sells() const
     return !direction.startsWith(Buy) || direction == BothSides;
 }
 
+Gross grossOf(const QList<InstanceDraft>& instances)
+{
+    Gross gross;
+    for (const InstanceDraft& instance : instances) {
+        for (const Leg& leg : instance.legs) {
+            gross.buy += leg.buys() ? leg.amount : Decimal();
+            gross.sell += leg.sells() ? leg.amount : Decimal();
+        }
+    }
+    return gross;
+}
+
 QString rowKey(const QString& strategy, const InstanceDraft& instance)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
@@ -38,8 +50,8 @@ QString rowKey(const QString& strategy, const InstanceDraft& instance)
     for (const Leg& leg : instance.legs) {
         add(leg.symbol);
         add(leg.direction);
-        for (const double number : {leg.quantity, leg.limitPrice, leg.typedAmount}) {
-            add(QString::number(number, 'g', 15));
+        for (const Decimal& number : {leg.quantity, leg.limitPrice, leg.typedAmount}) {
+            add(number.text());
         }
     }
     return QString::fromLatin1(hash.result().toHex());

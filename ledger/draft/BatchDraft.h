@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ledger/values/Decimal.h"
+
 #include <QDateTime>
 #include <QList>
 #include <QMap>
@@ -13,14 +15,15 @@ namespace ledger {
 
 /// One security of an instance. A paired instance has two, any other one.
 struct Leg {
-    QString symbol;    ///< such as 600000.SH
-    QString exchange;  ///< market code of the row; decides the exchange rate of a Hong Kong security
-    QString direction; ///< as it is sent: Buy, Sell, BuyOpen, …, or Buy/Sell
-    double quantity = 0.0;
-    double limitPrice = 0.0;   ///< 0: none
+    QString symbol;            ///< such as 600000.SH
+    QString exchange;          ///< market code of the row; decides the exchange rate of a Hong Kong security
+    QString direction;         ///< as it is sent: Buy, Sell, BuyOpen, …, or Buy/Sell
+    Decimal quantity;          ///< its size; see isNegative
+    Decimal limitPrice;        ///< 0: none
     bool hasZeroLimit = false; ///< a limit price is named, and it is none: 0, or what the import made 0
-    double typedAmount = 0.0;  ///< money, where the row names an amount instead of a quantity; else 0
-    double amount = 0.0;       ///< money in CNY, filled by valueLegs(); 0: no price was to be had
+    bool isNegative = false;   ///< quantity, limit price or amount has a minus sign
+    Decimal typedAmount;       ///< money, where the row names an amount instead of a quantity; else 0
+    Decimal amount;            ///< money in CNY, filled by valueLegs(); 0: no price was to be had
 
     /// A direction of neither side counts on both: no ceiling is passed by a text that nobody knows.
     bool buys() const;
@@ -34,6 +37,7 @@ struct InstanceDraft {
     bool startsNow = false; ///< created and started at once
     QDateTime start;        ///< as the row names them; invalid: it does not
     QDateTime end;
+    Decimal participation; ///< per cent of the market that the row may take part with; 0: it names none
 };
 
 /// The imported table as it was shown.
@@ -50,12 +54,19 @@ struct BatchDraft {
     QString account;
     QString strategy;
     QString createdBy;
-    double expectedBuy = 0.0;
-    double expectedSell = 0.0;
+    Decimal expectedBuy;
+    Decimal expectedSell;
     bool asksQuantity = true; ///< the strategy has a column of quantities or amounts
     QList<InstanceDraft> instances;
     BatchTable table;
 };
+
+/// CNY that a draft buys and sells for; its legs have their amounts.
+struct Gross {
+    Decimal buy;
+    Decimal sell;
+};
+Gross grossOf(const QList<InstanceDraft>& instances);
 
 /// What makes two rows the same order: strategy, securities, directions, quantities, limit prices and typed
 /// amounts; prices of the day and times play no part. SHA-256 in hexadecimal digits.

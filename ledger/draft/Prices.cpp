@@ -1,28 +1,27 @@
 #include "ledger/draft/Prices.h"
 
-#include <QtNumeric>
-
 namespace ledger {
 
 namespace {
 
 /// A paired or unknown direction is valued at the dearer side.
-double factorOf(const Leg& leg, const Price& price)
+Decimal factorOf(const Leg& leg, const Price& price)
 {
     if (leg.buys() && leg.sells()) {
-        return qMax(price.buyFactor, price.sellFactor);
+        return price.sellFactor > price.buyFactor ? price.sellFactor : price.buyFactor;
     }
     return leg.buys() ? price.buyFactor : price.sellFactor;
 }
 
-double amountOf(const Leg& leg, const Price& price)
+/// None, which no ceiling lets pass, where it has more digits than any money.
+Decimal amountOf(const Leg& leg, const Price& price)
 {
-    if (leg.typedAmount > 0.0) {
+    if (leg.typedAmount > 0) {
         return leg.typedAmount;
     }
-    const double unitPrice = price.last > 0.0 ? price.last : leg.limitPrice;
-    const double amount = unitPrice * leg.quantity * factorOf(leg, price);
-    return qIsFinite(amount) ? qMax(amount, 0.0) : 0.0;
+    const Decimal factor = factorOf(leg, price);
+    const Decimal unitPrice = price.last > 0 ? price.last : leg.limitPrice;
+    return factor > 0 ? unitPrice * leg.quantity * factor : Decimal();
 }
 
 } // namespace

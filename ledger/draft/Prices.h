@@ -8,11 +8,11 @@
 namespace ledger {
 
 struct Price {
-    double last = 0.0; ///< last price, else the previous close; 0: none
-    double buyFactor =
-        1.0; ///< money in CNY per price and unit: exchange rate or contract multiplier; 0: not known
-    double sellFactor = 1.0; ///< likewise for a sale
-    bool isNominal = false;  ///< `last` is a face value, and limit prices are interest rates
+    Decimal last; ///< last price, else the previous close; 0: none
+    Decimal buyFactor =
+        1; ///< money in CNY per price and unit: exchange rate or contract multiplier; 0: not known
+    Decimal sellFactor = 1; ///< likewise for a sale
+    bool isNominal = false; ///< `last` is a face value, and limit prices are interest rates
 };
 
 /// By symbol and exchange.

@@ -1,7 +1,6 @@
 #include "ledger/guard/GuardRules.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace ledger {
 
@@ -15,32 +14,20 @@ guard::AmountsBySecurity amountsBySecurity(const BatchDraft& draft)
     guard::AmountsBySecurity amounts;
     for (const InstanceDraft& instance : draft.instances) {
         for (const Leg& leg : instance.legs) {
-            amounts[leg.symbol].bought += leg.buys() ? leg.amount : 0.0;
-            amounts[leg.symbol].sold += leg.sells() ? leg.amount : 0.0;
+            amounts[leg.symbol].bought += leg.buys() ? leg.amount : Decimal();
+            amounts[leg.symbol].sold += leg.sells() ? leg.amount : Decimal();
         }
     }
     return amounts;
-}
-
-double toleranceOf(double ceiling)
-{
-    constexpr double Least = 1e-6;
-    constexpr double Share = 1e-12; // of a sum over a thousand rows, with some digits to spare
-    return qMax(Least, std::fabs(ceiling) * Share);
 }
 
 } // namespace
 
 namespace guard {
 
-bool exceeds(double value, const std::optional<double>& ceiling)
+bool exceeds(const Decimal& value, const std::optional<Decimal>& ceiling)
 {
-    return ceiling && !(value <= *ceiling + toleranceOf(*ceiling));
-}
-
-bool reaches(double value, double threshold)
-{
-    return value >= threshold - toleranceOf(threshold);
+    return ceiling && !(value <= *ceiling);
 }
 
 void report(QList<Finding>& findings, const char* rule, int count, const QString& text,
@@ -71,7 +58,7 @@ QList<int> rowsWithLeg(const BatchDraft& draft, const std::function<bool(const L
 
 bool isUnpriced(const Leg& leg)
 {
-    return leg.quantity > 0.0 && !(leg.amount > 0.0);
+    return leg.quantity > 0 && !(leg.amount > 0);
 }
 
 QString someOf(const QStringList& names)
@@ -87,16 +74,15 @@ Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& 
 {
     Verdict verdict;
     const guard::AmountsBySecurity amounts = amountsBySecurity(draft);
-    for (const guard::SecurityAmounts& security : amounts) {
-        verdict.grossBuy += security.bought;
-        verdict.grossSell += security.sold;
-    }
+    const Gross gross = grossOf(draft.instances);
+    verdict.grossBuy = gross.buy;
+    verdict.grossSell = gross.sell;
     guard::refuse(draft, limits, prices, amounts, verdict);
     guard::warn(draft, limits, earlier, verdict);
 
-    const double gross = verdict.grossBuy + verdict.grossSell;
-    if (limits.confirmAmount && gross > 0.0 && guard::reaches(gross, *limits.confirmAmount)) {
-        verdict.confirmationAmount = qMax(qint64(1), qRound64(gross)); // 0 would ask for nothing
+    const Decimal sum = gross.buy + gross.sell;
+    if (limits.confirmAmount && sum > 0 && sum >= *limits.confirmAmount) {
+        verdict.confirmationAmount = qMax(qint64(1), qRound64(sum.toDouble())); // 0 would ask for nothing
     }
     return verdict;
 }
@@ -109,10 +95,8 @@ bool isConfirmedBy(const Verdict& verdict, const QString& typed)
             digits.append(character);
         }
     }
-    bool isNumber = false;
-    const double amount = digits.toDouble(&isNumber);
-    const double asked = static_cast<double>(verdict.confirmationAmount);
-    return verdict.confirmationAmount == 0 || (isNumber && std::fabs(amount - asked) < 1.0);
+    const Decimal difference = Decimal::fromText(digits) - Decimal(verdict.confirmationAmount);
+    return verdict.confirmationAmount == 0 || difference.abs() < 1;
 }
 
 } // namespace ledger

@@ -29,8 +29,8 @@ struct Finding {
 struct Verdict {
     QList<Finding> refusals;       ///< nobody can override them
     QList<Finding> warnings;       ///< one a rule, worst first
-    double grossBuy = 0.0;         ///< CNY
-    double grossSell = 0.0;        ///< CNY
+    Decimal grossBuy;              ///< CNY
+    Decimal grossSell;             ///< CNY
     qint64 confirmationAmount = 0; ///< whole CNY to be typed once more; 0: not asked for
 
     bool refuses() const { return !refusals.isEmpty(); }

@@ -1,24 +1,18 @@
 #include "ledger/guard/GuardRules.h"
 #include "ledger/LedgerTexts.h"
 
-#include <QLocale>
-
-#include <cmath>
-
 namespace ledger::guard {
 
 namespace {
 
-QString figure(double value)
+QString figure(const Decimal& value)
 {
-    const QLocale grouped(QLocale::English);
-    const bool isWhole = std::floor(value) == value;
-    return grouped.toString(value, 'f', isWhole ? 0 : 2);
+    return value.shown(value.isWhole() ? 0 : 2);
 }
 
-double amountOf(const InstanceDraft& instance)
+Decimal amountOf(const InstanceDraft& instance)
 {
-    double sum = 0.0;
+    Decimal sum;
     for (const Leg& leg : instance.legs) {
         sum += leg.amount;
     }
@@ -41,9 +35,33 @@ void checkEverythingIsShown(const BatchDraft& draft, Verdict& verdict)
 void checkQuantities(const BatchDraft& draft, Verdict& verdict)
 {
     const QList<int> rows =
-        rowsWithLeg(draft, [](const Leg& leg) { return !(leg.quantity > 0.0) && !(leg.typedAmount > 0.0); });
+        rowsWithLeg(draft, [](const Leg& leg) { return !(leg.quantity > 0) && !(leg.typedAmount > 0); });
     report(draft.asksQuantity ? verdict.refusals : verdict.warnings, "noQuantity", rows.size(),
            texts::noQuantity(rows.size()), rows);
+}
+
+/// The import takes a minus sign for what it is, and the market has no orders of less than nothing.
+void checkSigns(const BatchDraft& draft, Verdict& verdict)
+{
+    const QList<int> rows = rowsWithLeg(draft, [](const Leg& leg) { return leg.isNegative; });
+    report(verdict.refusals, "negative", rows.size(), texts::negative(rows.size()), rows);
+}
+
+void checkSize(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const int count = draft.instances.size();
+    if (exceeds(count, limits.batchRows)) {
+        report(verdict.refusals, "batchRows", count, texts::batchRows(count, figure(*limits.batchRows)));
+    }
+}
+
+void checkParticipation(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const QList<int> rows = rowsWhere(draft, [&](const InstanceDraft& instance) {
+        return exceeds(instance.participation, limits.participation);
+    });
+    report(verdict.refusals, "participation", rows.size(),
+           texts::participation(rows.size(), figure(limits.participation.value_or(Decimal()))), rows);
 }
 
 void checkRows(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
@@ -51,11 +69,11 @@ void checkRows(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
     const QList<int> large =
         rowsWithLeg(draft, [&](const Leg& leg) { return exceeds(leg.quantity, limits.rowQuantity); });
     report(verdict.refusals, "rowQuantity", large.size(),
-           texts::rowQuantity(large.size(), figure(limits.rowQuantity.value_or(0.0))), large);
+           texts::rowQuantity(large.size(), figure(limits.rowQuantity.value_or(Decimal()))), large);
     const QList<int> dear = rowsWhere(
         draft, [&](const InstanceDraft& instance) { return exceeds(amountOf(instance), limits.rowAmount); });
     report(verdict.refusals, "rowAmount", dear.size(),
-           texts::rowAmount(dear.size(), figure(limits.rowAmount.value_or(0.0))), dear);
+           texts::rowAmount(dear.size(), figure(limits.rowAmount.value_or(Decimal()))), dear);
 }
 
 void checkSecurities(const AmountsBySecurity& amounts, const Limits& limits, Verdict& verdict)
@@ -68,7 +86,8 @@ void checkSecurities(const AmountsBySecurity& amounts, const Limits& limits, Ver
         }
     }
     report(verdict.refusals, "securityAmount", broken.size(),
-           texts::securityAmount(broken.size(), figure(limits.securityAmount.value_or(0.0)), someOf(broken)));
+           texts::securityAmount(broken.size(), figure(limits.securityAmount.value_or(Decimal())),
+                                 someOf(broken)));
 }
 
 void checkGross(const Limits& limits, Verdict& verdict)
@@ -87,12 +106,15 @@ void checkPriceDistance(const BatchDraft& draft, const Limits& limits, const Pri
 {
     const auto isFar = [&](const Leg& leg) {
         const Price price = prices.value({leg.symbol, leg.exchange});
-        return leg.limitPrice > 0.0 && price.last > 0.0 && !price.isNominal &&
-               exceeds(std::fabs(leg.limitPrice / price.last - 1.0) * 100.0, limits.priceDistance);
+        if (!limits.priceDistance || leg.limitPrice == 0 || !(price.last > 0) || price.isNominal) {
+            return false;
+        }
+        // without a division, which may have no end
+        return exceeds((leg.limitPrice - price.last).abs() * 100, *limits.priceDistance * price.last);
     };
     const QList<int> rows = rowsWithLeg(draft, isFar);
     report(verdict.refusals, "priceDistance", rows.size(),
-           texts::priceDistance(rows.size(), figure(limits.priceDistance.value_or(0.0))), rows);
+           texts::priceDistance(rows.size(), figure(limits.priceDistance.value_or(Decimal()))), rows);
 }
 
 void checkPrices(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
@@ -108,10 +130,13 @@ void refuse(const BatchDraft& draft, const Limits& limits, const Prices& prices,
 {
     checkEverythingIsShown(draft, verdict);
     checkQuantities(draft, verdict);
+    checkSigns(draft, verdict);
+    checkSize(draft, limits, verdict);
     checkRows(draft, limits, verdict);
     checkSecurities(amounts, limits, verdict);
     checkGross(limits, verdict);
     checkPriceDistance(draft, limits, prices, verdict);
+    checkParticipation(draft, limits, verdict);
     checkPrices(draft, limits, verdict);
 }
 

@@ -9,8 +9,8 @@ namespace ledger::guard {
 
 /// Money per security on either side.
 struct SecurityAmounts {
-    double bought = 0.0;
-    double sold = 0.0;
+    Decimal bought;
+    Decimal sold;
 };
 using AmountsBySecurity = QMap<QString, SecurityAmounts>;
 
@@ -21,10 +21,8 @@ void refuse(const BatchDraft& draft, const Limits& limits, const Prices& prices,
 void warn(const BatchDraft& draft, const Limits& limits, const QList<EarlierBatch>& earlier,
           Verdict& verdict);
 
-/// Whether a value is above a ceiling, or at a threshold or above it. Sums of binary fractions may miss by a
-/// little what they meet exactly. What is no number is above every ceiling.
-bool exceeds(double value, const std::optional<double>& ceiling);
-bool reaches(double value, double threshold);
+/// Whether a value is above a ceiling. What is no number is above every one.
+bool exceeds(const Decimal& value, const std::optional<Decimal>& ceiling);
 
 /// Adds a finding where anything is concerned.
 void report(QList<Finding>& findings, const char* rule, int count, const QString& text,

@@ -3,17 +3,15 @@
 
 #include <QSet>
 
-#include <cmath>
-
 namespace ledger::guard {
 
 namespace {
 
 /// From this on, a row's quantity looks like money where limits.csv names no amount of its own.
-constexpr double MoneyLikeAmount = 1e8;
+constexpr int MoneyLikeAmount = 100000000;
 /// A quantity in full ten thousands that is worth this much is more likely to be an amount.
-constexpr double RoundQuantityAmount = 1e7;
-constexpr double RoundQuantityStep = 1e4;
+constexpr int RoundQuantityAmount = 10000000;
+constexpr int RoundQuantityStep = 10000;
 
 void warnOfSameFile(const BatchDraft& draft, const QList<EarlierBatch>& earlier, Verdict& verdict)
 {
@@ -80,11 +78,11 @@ void warnOfBothSides(const BatchDraft& draft, Verdict& verdict)
 
 void warnOfMoney(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
 {
-    const double beyondReason = limits.moneyLikeAmount.value_or(MoneyLikeAmount);
+    const Decimal beyondReason = limits.moneyLikeAmount.value_or(MoneyLikeAmount);
     const QList<int> rows = rowsWithLeg(draft, [&](const Leg& leg) {
-        const bool isRound = std::fmod(leg.quantity, RoundQuantityStep) == 0.0;
-        return leg.typedAmount <= 0.0 && leg.quantity > 0.0 &&
-               (reaches(leg.amount, beyondReason) || (isRound && reaches(leg.amount, RoundQuantityAmount)));
+        const bool isRound = leg.quantity.isMultipleOf(RoundQuantityStep);
+        return leg.typedAmount == 0 && leg.quantity > 0 &&
+               (leg.amount >= beyondReason || (isRound && leg.amount >= RoundQuantityAmount));
     });
     report(verdict.warnings, "moneyLikeQuantity", rows.size(), texts::moneyLikeQuantity(rows.size()), rows);
 }

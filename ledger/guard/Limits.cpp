@@ -11,7 +11,7 @@ bool covers(const QString& scope, const QString& name)
     return scope == Everything || scope == name;
 }
 
-void tighten(std::optional<double>& ceiling, const std::optional<double>& other)
+void tighten(std::optional<Decimal>& ceiling, const std::optional<Decimal>& other)
 {
     if (other && (!ceiling || *other < *ceiling)) {
         ceiling = other;
@@ -23,10 +23,21 @@ void tighten(std::optional<double>& ceiling, const std::optional<double>& other)
 const QList<Ceiling>& ceilings()
 {
     static const QList<Ceiling> list{
-        {"maxRowQuantity", &Limits::rowQuantity},       {"maxRowAmount", &Limits::rowAmount},
-        {"maxSecurityAmount", &Limits::securityAmount}, {"maxGrossBuy", &Limits::grossBuy},
-        {"maxGrossSell", &Limits::grossSell},           {"maxPriceDistance", &Limits::priceDistance},
-        {"confirmAmount", &Limits::confirmAmount},      {"moneyLikeAmount", &Limits::moneyLikeAmount},
+        {"maxRowQuantity", &Limits::rowQuantity},
+        {"maxRowAmount", &Limits::rowAmount},
+        {"maxSecurityAmount", &Limits::securityAmount},
+        {"maxGrossBuy", &Limits::grossBuy},
+        {"maxGrossSell", &Limits::grossSell},
+        {"maxPriceDistance", &Limits::priceDistance},
+        {"confirmAmount", &Limits::confirmAmount},
+        {"moneyLikeAmount", &Limits::moneyLikeAmount},
+        {"maxDayBuy", &Limits::dayBuy},
+        {"maxDaySell", &Limits::daySell},
+        {"maxDayInstances", &Limits::dayInstances},
+        {"maxBatchRows", &Limits::batchRows},
+        {"maxParticipation", &Limits::participation},
+        {"maxOrdersPerSecond", &Limits::ordersPerSecond},
+        {"approvalAmount", &Limits::approvalAmount},
     };
     return list;
 }

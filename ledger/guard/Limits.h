@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ledger/values/Decimal.h"
+
 #include <QList>
 #include <QString>
 
@@ -10,21 +12,28 @@ namespace ledger {
 
 /// Ceilings of one scope, or those in force for a batch. An absent value is no ceiling.
 struct Limits {
-    std::optional<double> rowQuantity;     ///< units, of one row
-    std::optional<double> rowAmount;       ///< CNY, of one row
-    std::optional<double> securityAmount;  ///< CNY, of one security and side over the batch
-    std::optional<double> grossBuy;        ///< CNY, of the batch
-    std::optional<double> grossSell;       ///< CNY, of the batch
-    std::optional<double> priceDistance;   ///< per cent of the last price that a limit price may be away
-    std::optional<double> confirmAmount;   ///< CNY gross from which the amount is typed once more
-    std::optional<double> moneyLikeAmount; ///< CNY of one row from which its quantity looks like money
-    bool refusesUnpriced = false;          ///< a row without any price is refused, instead of warned of
+    std::optional<Decimal> rowQuantity;     ///< units, of one row
+    std::optional<Decimal> rowAmount;       ///< CNY, of one row
+    std::optional<Decimal> securityAmount;  ///< CNY, of one security and side over the batch
+    std::optional<Decimal> grossBuy;        ///< CNY, of the batch
+    std::optional<Decimal> grossSell;       ///< CNY, of the batch
+    std::optional<Decimal> priceDistance;   ///< per cent of the last price that a limit price may be away
+    std::optional<Decimal> confirmAmount;   ///< CNY gross from which the amount is typed once more
+    std::optional<Decimal> moneyLikeAmount; ///< CNY of one row from which its quantity looks like money
+    std::optional<Decimal> dayBuy;          ///< CNY of an account and exchange day, this batch included
+    std::optional<Decimal> daySell;         ///< likewise
+    std::optional<Decimal> dayInstances;    ///< of an account and exchange day, this batch included
+    std::optional<Decimal> batchRows;       ///< instances of the batch
+    std::optional<Decimal> participation;   ///< per cent of the market, of one row
+    std::optional<Decimal> ordersPerSecond; ///< that the gateway sends
+    std::optional<Decimal> approvalAmount;  ///< CNY gross from which a second person approves
+    bool refusesUnpriced = false;           ///< a row without any price is refused, instead of warned of
 };
 
 /// A ceiling by its column's name in limits.csv.
 struct Ceiling {
     const char* column;
-    std::optional<double> Limits::*value;
+    std::optional<Decimal> Limits::*value;
 };
 const QList<Ceiling>& ceilings();
 

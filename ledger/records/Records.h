@@ -28,8 +28,8 @@ struct Batch {
     QString account;
     QString strategy;
     int rowCount = 0;
-    double expectedBuy = 0.0;
-    double expectedSell = 0.0;
+    Decimal expectedBuy;
+    Decimal expectedSell;
     QDateTime createdAt; ///< UTC
     QString createdBy;
     BatchState state = BatchState::Created;

@@ -25,6 +25,12 @@ QDateTime timeOf(const QVariant& value)
     return QDateTime::fromMSecsSinceEpoch(value.toLongLong(), Qt::UTC);
 }
 
+Decimal decimalOf(const QVariant& value)
+{
+    return value.type() == QVariant::Double ? Decimal::fromDouble(value.toDouble())
+                                            : Decimal::fromText(value.toString());
+}
+
 /// A null text would be stored as NULL, which no column of texts takes.
 QString text(const QString& value)
 {
@@ -60,8 +66,8 @@ Batch batchOf(const QSqlQuery& row)
     batch.account = row.value(4).toString();
     batch.strategy = row.value(5).toString();
     batch.rowCount = row.value(6).toInt();
-    batch.expectedBuy = row.value(7).toDouble();
-    batch.expectedSell = row.value(8).toDouble();
+    batch.expectedBuy = decimalOf(row.value(7));
+    batch.expectedSell = decimalOf(row.value(8));
     batch.createdAt = timeOf(row.value(9));
     batch.createdBy = row.value(10).toString();
     batch.state = stateNamed(row.value(11).toString(), BatchState::PartlyReversed);
@@ -85,9 +91,9 @@ Leg legOf(const QSqlQuery& row)
     Leg leg;
     leg.symbol = row.value(2).toString();
     leg.direction = row.value(3).toString();
-    leg.quantity = row.value(4).toDouble();
-    leg.limitPrice = row.value(5).toDouble();
-    leg.amount = row.value(6).toDouble();
+    leg.quantity = decimalOf(row.value(4));
+    leg.limitPrice = decimalOf(row.value(5));
+    leg.amount = decimalOf(row.value(6));
     return leg;
 }
 
@@ -265,9 +271,9 @@ void insertBatch(Statements& statements, const Batch& batch)
             "expected_buy, expected_sell, created_at, created_by, state) "
             "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
         {batch.number, batch.draftId.toString(QUuid::WithoutBraces), text(batch.fileName),
-         text(batch.fileSha256), text(batch.account), text(batch.strategy), batch.rowCount, batch.expectedBuy,
-         batch.expectedSell, batch.createdAt.toMSecsSinceEpoch(), text(batch.createdBy),
-         nameOf(batch.state)});
+         text(batch.fileSha256), text(batch.account), text(batch.strategy), batch.rowCount,
+         batch.expectedBuy.text(), batch.expectedSell.text(), batch.createdAt.toMSecsSinceEpoch(),
+         text(batch.createdBy), nameOf(batch.state)});
 }
 
 void insertInstances(Statements& statements, const Batch& batch, const QList<InstanceDraft>& instances)
@@ -288,8 +294,9 @@ void insertInstances(Statements& statements, const Batch& batch, const QList<Ins
                                              rowKey(batch.strategy, instance)});
         int legNumber = 0;
         for (const Leg& leg : instance.legs) {
-            statements.runAgain(insertLeg, {batch.number, row, ++legNumber, text(leg.symbol),
-                                            text(leg.direction), leg.quantity, leg.limitPrice, leg.amount});
+            statements.runAgain(insertLeg,
+                                {batch.number, row, ++legNumber, text(leg.symbol), text(leg.direction),
+                                 leg.quantity.text(), leg.limitPrice.text(), leg.amount.text()});
         }
     }
 }

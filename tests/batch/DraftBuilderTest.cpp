@@ -48,9 +48,9 @@ TEST(Draft, ReadsTheLegFromRecordAndParameterMap)
     EXPECT_EQ(leg.symbol, "600000.SH"_s);
     EXPECT_EQ(leg.exchange, "SH"_s);
     EXPECT_EQ(leg.direction, "Buy"_s);
-    EXPECT_EQ(leg.quantity, 1000.0) << "units, not displayed ones";
-    EXPECT_EQ(leg.limitPrice, 10.5);
-    EXPECT_EQ(leg.typedAmount, 0.0);
+    EXPECT_EQ(leg.quantity, 1000) << "units, not displayed ones";
+    EXPECT_EQ(leg.limitPrice, 10.5_d);
+    EXPECT_EQ(leg.typedAmount, 0);
     EXPECT_FALSE(draft.instances.first().startsNow);
     EXPECT_EQ(draft.table.rows, (QList<QStringList>{{"600000"_s, "上海"_s, "1000"_s, "买入"_s}}));
 }
@@ -68,8 +68,8 @@ TEST(Draft, TakesDirectionAndLimitPriceOfAPairFromEachLeg)
     ASSERT_EQ(legs.size(), 2);
     EXPECT_EQ(legs.at(0).direction, "Buy"_s);
     EXPECT_EQ(legs.at(1).direction, "Sell"_s);
-    EXPECT_EQ(legs.at(1).limitPrice, 10.6);
-    EXPECT_EQ(legs.at(1).quantity, 1000.0);
+    EXPECT_EQ(legs.at(1).limitPrice, 10.6_d);
+    EXPECT_EQ(legs.at(1).quantity, 1000);
 }
 
 TEST(Draft, KnowsAnAmountFromAQuantity)
@@ -79,8 +79,8 @@ TEST(Draft, KnowsAnAmountFromAQuantity)
     content.records[0][2] = cell("50000"_s, "50000"_s);
     content.parameterMaps[0].insert("委托数量"_s, "50000"_s);
     const InstanceDraft instance = makeDraft(content).instances.first();
-    EXPECT_EQ(instance.legs.first().typedAmount, 50000.0);
-    EXPECT_EQ(instance.legs.first().quantity, 100.0);
+    EXPECT_EQ(instance.legs.first().typedAmount, 50000);
+    EXPECT_EQ(instance.legs.first().quantity, 100);
 }
 
 TEST(Draft, StartsRowsThatSaySeven)
@@ -98,10 +98,10 @@ TEST(Draft, TakesNoTextThatIsNoNumberPastACeiling)
     DialogContent content = ordinaryContent();
     for (const QString& text : {"nan"_s, "inf"_s, "abc"_s}) {
         content.records[0][2] = cell(text, text);
-        EXPECT_EQ(makeDraft(content).instances.first().legs.first().quantity, 0.0) << text.toStdString();
+        EXPECT_EQ(makeDraft(content).instances.first().legs.first().quantity, 0) << text.toStdString();
     }
     content.records[0][2] = cell("-300"_s, "-300"_s);
-    EXPECT_EQ(makeDraft(content).instances.first().legs.first().quantity, 300.0);
+    EXPECT_EQ(makeDraft(content).instances.first().legs.first().quantity, 300);
 }
 
 TEST(Draft, KnowsALimitThatBecameNoneFromOneThatWasNotNamed)

@@ -1,19 +1,6 @@
 #include "tests/ledger/SampleDrafts.h"
 
-#include <QLocale>
-
-#include <ostream>
-
 using namespace ledger;
-
-namespace {
-
-QString digits(double value)
-{
-    return QString::number(value, 'f', QLocale::FloatingPointShortest);
-}
-
-} // namespace
 
 InstanceDraft sampleInstance(const SampleRow& row)
 {
@@ -27,8 +14,8 @@ InstanceDraft sampleInstance(const SampleRow& row)
     instance.legs = {leg};
     instance.startsNow = row.startsNow;
     const QMap<QString, QVariant> security{{"证券代码"_s, row.symbol},
-                                           {"委托数量"_s, digits(row.quantity)},
-                                           {"委托限价"_s, digits(row.limitPrice)}};
+                                           {"委托数量"_s, row.quantity.text()},
+                                           {"委托限价"_s, row.limitPrice.text()}};
     instance.parameters = {{"证券代码和委托数量"_s, QVariantList{security}},
                            {"交易方向"_s, row.direction},
                            {"交易账号"_s, "1001"_s},
@@ -45,11 +32,11 @@ BatchDraft sampleDraft(const QList<SampleRow>& rows)
     draft.account = "1001"_s;
     draft.strategy = "AITWAP"_s;
     draft.createdBy = "trader"_s;
-    draft.expectedBuy = 10000.0;
+    draft.expectedBuy = 10000;
     draft.table.columns = QStringList{"证券代码"_s, "交易方向"_s, "委托数量"_s};
     for (const SampleRow& row : rows) {
         draft.instances.append(sampleInstance(row));
-        draft.table.rows.append({row.symbol, row.direction, digits(row.quantity)});
+        draft.table.rows.append({row.symbol, row.direction, row.quantity.text()});
     }
     return draft;
 }

@@ -21,8 +21,8 @@ Verdict severeVerdict()
 {
     BatchDraft draft = sampleDraft({SampleRow(), {"600000.SH"_s, "Sell"_s}});
     Limits limits;
-    limits.rowAmount = 1.0;
-    limits.confirmAmount = 1.0;
+    limits.rowAmount = 1;
+    limits.confirmAmount = 1;
     valueLegs(draft, {});
     return checkBatch(draft, limits, {}, {});
 }

@@ -1,4 +1,4 @@
-#include "embedded_host/table_reader/BiffStream.h"
+#include "embedded_host/table_reader/xls/BiffStream.h"
 #include "tests/support/RestrictedPath.h"
 #include "tests/table_reader/Reading.h"
 #include "tests/table_reader/Samples.h"
@@ -10,8 +10,8 @@
 #include <QTemporaryFile>
 
 using namespace samples;
+using table::Table;
 using table_reader::readTable;
-using table_reader::Table;
 namespace biff = table_reader::biff;
 
 namespace {

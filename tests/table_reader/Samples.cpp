@@ -1,6 +1,6 @@
 #include "tests/table_reader/Samples.h"
 
-#include "embedded_host/table_reader/BiffStream.h"
+#include "embedded_host/table_reader/xls/BiffStream.h"
 
 #include <zip.h>
 

@@ -1,0 +1,184 @@
+#include "embedded_host/table_reader/ods/OdsReader.h"
+
+#include "embedded_host/table_reader/ods/OdsNames.h"
+#include "embedded_host/table_reader/ods/OdsSheet.h"
+#include "embedded_host/table_reader/shared/Messages.h"
+
+namespace table_reader {
+namespace {
+
+using ods::value;
+
+const QString ContentPart = QStringLiteral("content.xml");
+const QString ManifestPart = QStringLiteral("META-INF/manifest.xml");
+const QString TypePart = QStringLiteral("mimetype");
+constexpr QLatin1String SpreadsheetType = latin1("application/vnd.oasis.opendocument.spreadsheet");
+
+/// What the manifest says of the archive.
+struct ManifestFacts {
+    QString type;
+    bool encrypted = false;
+};
+
+ManifestFacts readManifest(ZipArchive& archive, QString& error)
+{
+    ManifestFacts facts;
+    XmlPart part(archive, ManifestPart);
+    if (!archive.contains(ManifestPart)) {
+        return facts;
+    }
+    part.begin(ods::Manifest, QLatin1String("manifest"));
+    while (!part.hasError() && part.nextChild()) {
+        const QXmlStreamAttributes attributes = part.attributes();
+        if (value(attributes, ods::Manifest, "full-path") == QLatin1String("/")) {
+            facts.type = value(attributes, ods::Manifest, "media-type").toString();
+        }
+        while (part.nextChild()) {
+            facts.encrypted = facts.encrypted || part.is(ods::Manifest, QLatin1String("encryption-data"));
+            part.skip();
+        }
+    }
+    error = part.finish();
+    return facts;
+}
+
+/// Hidden sheets are told by their style: style:table-properties table:display="false".
+void readTableStyle(XmlPart& part, QSet<QString>& hidden)
+{
+    const QXmlStreamAttributes attributes = part.attributes();
+    const QString name = value(attributes, ods::Style, "name").toString();
+    const bool isTable = value(attributes, ods::Style, "family") == QLatin1String("table");
+    while (part.nextChild()) {
+        if (isTable && part.is(ods::Style, QLatin1String("table-properties")) &&
+            value(part.attributes(), ods::TableSpace, "display") == QLatin1String("false")) {
+            hidden.insert(name);
+        }
+        part.skip();
+    }
+}
+
+void readStyles(XmlPart& part, QSet<QString>& hidden)
+{
+    while (part.nextChild()) {
+        if (part.is(ods::Style, QLatin1String("style"))) {
+            readTableStyle(part, hidden);
+        } else {
+            part.skip();
+        }
+    }
+}
+
+class OdsContent {
+public:
+    /// `sheet`: number of the sheet to read; -1: the first that can be seen.
+    OdsContent(const ReadOptions& options, int sheet) : mOptions(options), mWanted(sheet) {}
+
+    QString read(ZipArchive& archive, table::Table& table);
+    bool found() const { return mFound; }
+    int sheets() const { return mSheets; }
+
+private:
+    void readBody(XmlPart& part, table::Table& table);
+    void readSheets(XmlPart& part, table::Table& table);
+    bool isWanted(const QXmlStreamAttributes& attributes) const;
+
+    const ReadOptions& mOptions;
+    int mWanted;
+    int mSheets = 0;
+    bool mFound = false;
+    bool mStopped = false; ///< behind the last row wanted
+    QSet<QString> mHiddenStyles;
+};
+
+QString OdsContent::read(ZipArchive& archive, table::Table& table)
+{
+    XmlPart part(archive, ContentPart);
+    if (!part.begin(ods::Office, QLatin1String("document-content"))) {
+        return part.error();
+    }
+    while (!mStopped && part.nextChild()) {
+        if (part.is(ods::Office, QLatin1String("automatic-styles"))) {
+            readStyles(part, mHiddenStyles);
+        } else if (part.is(ods::Office, QLatin1String("body"))) {
+            readBody(part, table);
+        } else {
+            part.skip();
+        }
+    }
+    return part.finish();
+}
+
+void OdsContent::readBody(XmlPart& part, table::Table& table)
+{
+    while (!mStopped && part.nextChild()) {
+        if (part.is(ods::Office, QLatin1String("spreadsheet"))) {
+            readSheets(part, table);
+        } else {
+            part.skip();
+        }
+    }
+}
+
+void OdsContent::readSheets(XmlPart& part, table::Table& table)
+{
+    while (!mStopped && part.nextChild()) {
+        if (!part.is(ods::TableSpace, QLatin1String("table"))) {
+            part.skip();
+            continue;
+        }
+        const QXmlStreamAttributes attributes = part.attributes();
+        if (!isWanted(attributes)) {
+            part.skip();
+        } else {
+            mFound = true;
+            table.sheet = value(attributes, ods::TableSpace, "name").toString();
+            SheetRows rows(mOptions, table);
+            OdsSheet sheet(part, rows);
+            sheet.read();
+            rows.finish();
+            mStopped = sheet.isFull();
+        }
+        ++mSheets;
+    }
+}
+
+bool OdsContent::isWanted(const QXmlStreamAttributes& attributes) const
+{
+    if (mFound) {
+        return false;
+    }
+    return mWanted < 0 ? !mHiddenStyles.contains(value(attributes, ods::TableSpace, "style-name").toString())
+                       : mWanted == mSheets;
+}
+
+} // namespace
+
+bool isOdsArchive(ZipArchive& archive)
+{
+    QString type;
+    if (archive.contains(TypePart)) {
+        PartStream part(archive, TypePart);
+        type = part.begin().isEmpty() ? QString::fromLatin1(part.read(256)) : QString();
+    } else {
+        QString error;
+        type = readManifest(archive, error).type;
+    }
+    return type.startsWith(SpreadsheetType);
+}
+
+QString readOds(ZipArchive& archive, const ReadOptions& options, table::Table& table)
+{
+    QString error;
+    const ManifestFacts facts = readManifest(archive, error);
+    if (facts.encrypted || !error.isEmpty()) {
+        return facts.encrypted ? message::encrypted() : error;
+    }
+    OdsContent visible(options, -1);
+    error = visible.read(archive, table);
+    if (!error.isEmpty() || visible.found()) {
+        return error;
+    }
+    return visible.sheets() == 0 ? message::noSheet() : OdsContent(options, 0).read(archive, table);
+}
+
+} // namespace table_reader

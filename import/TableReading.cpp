@@ -3,8 +3,8 @@
 #include "host/AlgoConstants.h"
 #include "schema/DateTimeFormat.h"
 #include "table/FaultCatalogue.h"
-#include "table/Table.h"
 #include "table/Rules.h"
+#include "table/Table.h"
 #include "validation/LegSplitting.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ const QString SpreadsheetDateTimeFormat = QStringLiteral("yyyy-M-dTH:m:s.z");
 
 DataRows dataRows(const table::Table& table)
 {
-    return {table.rows.mid(1, table::MostOrders), table.lines.mid(1, table::MaxDataRows)};
+    return {table.rows.mid(1, table::MostOrders), table.lines.mid(1, table::MostOrders)};
 }
 
 Reading ended(table::Fault fault, int line)

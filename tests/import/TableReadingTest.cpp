@@ -1,8 +1,8 @@
 // A table read without a dialog: records, maps and faults as values.
 
 #include "embedded_host/EmbeddedHost.h"
-#include "table/RowLimit.h"
 #include "table/Rules.h"
+#include "table/Table.h"
 #include "tests/support/Readings.h"
 #include "tests/support/Sheet.h"
 #include "tests/support/SmallMarket.h"
@@ -189,10 +189,10 @@ TEST_F(TableReading, AHeaderAloneHasNoData)
 TEST_F(TableReading, TakesAsManyRowsAsAnImport)
 {
     QList<QStringList> rows = Sheet::ordinary().add().rows();
-    for (int i = 1; i < table::MaxDataRows + 5; ++i) {
+    for (int i = 1; i < table::MostOrders + 5; ++i) {
         rows.append(rows.at(1));
     }
-    EXPECT_EQ(read(rows).records.size(), table::MaxDataRows);
+    EXPECT_EQ(read(rows).records.size(), table::MostOrders);
 }
 
 // ---- legs

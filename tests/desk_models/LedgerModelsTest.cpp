@@ -19,9 +19,9 @@ ledger::Leg leg(const QString& symbol, const QString& direction, double quantity
     ledger::Leg made;
     made.symbol = symbol;
     made.direction = direction;
-    made.quantity = quantity;
-    made.limitPrice = limit;
-    made.amount = amount;
+    made.quantity = ledger::Decimal::fromDouble(quantity);
+    made.limitPrice = ledger::Decimal::fromDouble(limit);
+    made.amount = ledger::Decimal::fromDouble(amount);
     return made;
 }
 
@@ -39,7 +39,7 @@ Batch batch(qint64 number, BatchState state)
     made.account = "80010001"_s;
     made.strategy = "AITWAP"_s;
     made.rowCount = 1200;
-    made.expectedBuy = 1234567.5;
+    made.expectedBuy = ledger::Decimal::fromText("1234567.5"_s);
     made.createdAt = Noon.toUTC();
     made.createdBy = "trader"_s;
     made.state = state;

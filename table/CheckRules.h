@@ -25,6 +25,7 @@ inline const QString HiddenRow = QStringLiteral("row.hidden");
 /// How many rows an import neither took nor found a fault in, since it ended before them.
 inline const QString LostRows = QStringLiteral("file.lostRows");
 inline const QString ReplacedText = QStringLiteral("text.replaced");
+inline const QString UnknownCodePage = QStringLiteral("text.codepage");
 
 /// The first two words: number.invalid of number.invalid.price.
 inline QString codeOf(const QString& rule)

@@ -13,7 +13,7 @@ Outcome<QByteArray> readReferenceFile(const QString& path, qint64 most);
 /// What the files and their texts may hold: many times what a desk needs, and little enough that a folder
 /// made to exhaust the machine is refused at once.
 namespace reference_limits {
-constexpr qint64 CsvBytes = 32 << 20;
+constexpr qint64 CsvBytes = 16 << 20;
 constexpr qint64 JsonBytes = 4 << 20;
 constexpr int Rows = 200000;
 constexpr int Columns = 100;

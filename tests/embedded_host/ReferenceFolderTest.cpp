@@ -292,7 +292,7 @@ const Fault Faults[] = {
     {"DefaultOfAMegabyte", u"strategies.json",
      "[\n{\"name\": \"A\",\n\"paramFormats\": [{\"default\": \"" + QByteArray(1 << 20, 'x') + "\"}]}]",
      u"2: paramFormats 超过 262144 个字符"},
-    {"TooLargeTable", u"securities.csv", QByteArray((32 << 20) + 1, '\n'), u"1: 文件超过 32 MiB"},
+    {"TooLargeTable", u"securities.csv", QByteArray((16 << 20) + 1, '\n'), u"1: 文件超过 16 MiB"},
     {"TooLargeCatalogue", u"strategies.json", QByteArray((4 << 20) + 1, '['), u"1: 文件超过 4 MiB"},
     {"SurplusCell", u"securities.csv", "symbol,name\nA,甲,乙\n", u"2: 该行有 3 个单元格，表头只有 2 列"},
     {"LineCountsThoseInsideQuotes", u"securities.csv", "symbol,name,qtyStep\nA,\"甲\n乙\",1\nB,,x\n",

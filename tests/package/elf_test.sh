@@ -15,7 +15,7 @@ fault() { # FILE WHAT
 has() { # FILE WHAT PATTERN READELF-OPTIONS…
     local file=$1 what=$2 pattern=$3
     shift 3
-    LC_ALL=C readelf -W "$@" "$file" | grep -Eq -- "$pattern" || fault "$file" "$what"
+    grep -Eq -- "$pattern" <<<"$(LC_ALL=C readelf -W "$@" "$file")" || fault "$file" "$what"
 }
 
 search_paths() {
@@ -49,7 +49,7 @@ no_path() {
 
 cd "$folder"
 while read -r file; do # a client's programs in tests/package are built as the client likes
-    LC_ALL=C readelf -h "$file" 2>/dev/null | grep -q 'Type: *\(DYN\|EXEC\)' || continue
+    grep -Eq 'Type: +(DYN|EXEC)' <<<"$(LC_ALL=C readelf -h "$file" 2>/dev/null)" || continue
     seen=$((seen + 1))
     "$1" "$file"
 done < <(find . -type f \( -perm -u+x -o -name '*.so*' \) -not -path '*/CMakeFiles/*' -not -path './tests/package/*')

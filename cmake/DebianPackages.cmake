@@ -14,6 +14,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libalgo-batch-import${PROJECT_VERSION_MAJOR})
 set(same_version "${CPACK_DEBIAN_LIBRARY_PACKAGE_NAME} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "Batch import of algorithmic-order parameters: dialog library
  The dialog imports a table file of algorithmic orders and hands on a checked
  map of parameters for each. Its client brings the services that it asks.")
@@ -35,4 +37,14 @@ if(TARGET algodesk)
  A window and a headless runner around the dialog, with a reference data folder
  and a ledger of batches of its own.")
 endif()
+# What every package must tell of itself. gzip without a time, so that each build gives the same bytes.
+configure_file(cmake/debian/copyright.in debian/copyright @ONLY)
+configure_file(cmake/debian/changelog.in debian/changelog @ONLY)
+execute_process(COMMAND gzip -9nfk ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog COMMAND_ERROR_IS_FATAL ANY)
+foreach(component ${CPACK_COMPONENTS_ALL})
+  string(TOUPPER ${component} variable)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/debian/copyright ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog.gz
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${variable}_PACKAGE_NAME} COMPONENT ${component})
+endforeach()
+
 include(CPack)

@@ -1,0 +1,277 @@
+#include "gateway/recovery/Recovery.h"
+
+#include "gateway/messages/OrderMessages.h"
+
+namespace gateway {
+
+namespace {
+
+const qint64 MillisecondsInSecond = 1000;
+
+/// What the reports of an order are held against.
+OrderSize sizeOf(const Message& order)
+{
+    OrderSize size;
+    size.quantity = QString::fromStdString(order.text(38));
+    if (const Group* legs = order.group(555)) {
+        for (const Fields& leg : legs->entries) {
+            const std::string* symbol = findField(leg, 600);
+            const std::string* quantity = findField(leg, 687);
+            size.legs.append({symbol == nullptr ? QString() : QString::fromStdString(*symbol),
+                              quantity == nullptr ? QString() : QString::fromStdString(*quantity)});
+        }
+    }
+    return size;
+}
+
+/// An order that the profile no longer lets out can still be asked for and cancelled.
+Message bareOrder(const Order& order)
+{
+    Message message;
+    message.type = "D";
+    message.put(11, clOrdIdOf(order).toStdString());
+    return message;
+}
+
+} // namespace
+
+Recovery::Recovery(const Profile& profile, const Pacing& pacing) : mProfile(profile), mPacing(pacing) {}
+
+void Recovery::adopt(const OpenInstance& instance, const Moment& now)
+{
+    Track track;
+    track.instance = instance;
+    const Outcome<Message> order = newOrder(mProfile, instance.order, now.wall);
+    track.message = order.ok() ? order.value : bareOrder(instance.order);
+    track.isSendable = order.ok();
+    track.size = sizeOf(track.message);
+    if (instance.standing.state == State::Sending) {
+        mPacing.assumeSpent(now.steady);
+    }
+    mTracks.insert(clOrdIdOf(instance.order), track);
+}
+
+void Recovery::send(const OpenInstance& instance, const Moment& now, Step& step)
+{
+    const QString clOrdId = clOrdIdOf(instance.order);
+    adopt(instance, now);
+    Track& track = mTracks[clOrdId];
+    mPacing.count(instance.account, now.steady);
+    say(track, instance.wasSent ? repeated(track.message) : track.message, step);
+    wait(track, Waiting::Acknowledgement, now);
+}
+
+void Recovery::loggedOn(const Moment& now, Step& step)
+{
+    mLoggedOn = true;
+    mTurns.clear();
+    const QStringList followed = mTracks.keys();
+    for (const QString& clOrdId : followed) {
+        Track& track = mTracks[clOrdId];
+        track.isCancelOpen = false;
+        track.haltIsOver = false;
+        track.saidDuplicate = false;
+        if (isOpen(track.instance.standing.state)) {
+            resume(track, now, step);
+        }
+    }
+}
+
+/// Asks for an instance, or does without where the counterparty does not answer such questions.
+void Recovery::resume(Track& track, const Moment& now, Step& step)
+{
+    if (mProfile.statusRequest) {
+        askStatus(track, now, step);
+    } else if (track.instance.standing.state == State::Sending) {
+        markUnknown(track, QStringLiteral("连接中断，对手方不支持状态查询"), step);
+    } else {
+        cancelIfWanted(track, now, step);
+    }
+}
+
+void Recovery::loggedOff()
+{
+    mLoggedOn = false;
+    mTurns.clear();
+    mWaiting.clear();
+    for (Track& track : mTracks) {
+        track.waiting = Waiting::Nothing;
+    }
+}
+
+void Recovery::askCancel(const QString& clOrdId, const Moment& now, Step& step)
+{
+    const auto found = mTracks.find(clOrdId);
+    if (found == mTracks.end() || found->instance.standing.cancelAsked) {
+        return;
+    }
+    found->instance.standing.cancelAsked = true;
+    const bool nobodyAsks = found->waiting == Waiting::Nothing;
+    if (mLoggedOn && nobodyAsks && mProfile.statusRequest &&
+        found->instance.standing.state == State::Unknown) {
+        askStatus(*found, now, step);
+    } else {
+        cancelIfWanted(*found, now, step);
+    }
+}
+
+void Recovery::settle(const QString& clOrdId, const Standing& standing)
+{
+    const auto found = mTracks.find(clOrdId);
+    if (found == mTracks.end()) {
+        return;
+    }
+    found->instance.standing = standing;
+    forgetUnlessOpen(clOrdId);
+}
+
+void Recovery::setHalts(const Halts& halts, const Moment& now, Step& step)
+{
+    mHalts = halts;
+    for (Track& track : mTracks) {
+        track.haltIsOver = track.haltIsOver && halts.holds(track.instance.account);
+        cancelIfWanted(track, now, step);
+    }
+}
+
+QList<OpenInstance> Recovery::choose(const QList<OpenInstance>& queued, const Moment& now) const
+{
+    QList<OpenInstance> chosen;
+    Pacing pacing = mPacing;
+    for (const OpenInstance& instance : queued) {
+        if (mLoggedOn && !mHalts.holds(instance.account) && pacing.allows(instance.account, now.steady)) {
+            pacing.count(instance.account, now.steady);
+            chosen.append(instance);
+        }
+    }
+    return chosen;
+}
+
+void Recovery::tick(const Moment& now, Step& step)
+{
+    if (!mLoggedOn) {
+        return;
+    }
+    const QSet<QString> waiting = mWaiting;
+    for (const QString& clOrdId : waiting) {
+        const auto found = mTracks.find(clOrdId);
+        if (found != mTracks.end() &&
+            now.steady - found->since >= mProfile.statusTimeoutSeconds * MillisecondsInSecond) {
+            timedOut(*found, now, step);
+        }
+    }
+    const QList<QString> turns = mTurns;
+    mTurns.clear();
+    for (const QString& clOrdId : turns) {
+        const auto found = mTracks.find(clOrdId);
+        if (found != mTracks.end() && found->waiting == Waiting::Turn) {
+            denied(*found, now, step); // much may have happened since
+            forgetUnlessOpen(clOrdId);
+        }
+    }
+}
+
+void Recovery::timedOut(Track& track, const Moment& now, Step& step)
+{
+    const bool wasAsked = track.waiting == Waiting::StatusAnswer;
+    wait(track, Waiting::Nothing, now);
+    if (!wasAsked && mProfile.statusRequest) {
+        askStatus(track, now, step);
+    } else if (track.instance.standing.state == State::Sending) {
+        markUnknown(track, QStringLiteral("对手方没有答复"), step);
+    } else {
+        track.isCancelOpen = false;
+        cancelIfWanted(track, now, step);
+    }
+}
+
+void Recovery::change(Track& track, const Standing& after, Step& step, const QStringList& countedIds)
+{
+    OpenInstance& instance = track.instance;
+    step.changes.append({instance.key, clOrdIdOf(instance.order), instance.standing, after,
+                         instance.cancelAttempts, countedIds});
+    for (const QString& id : countedIds) {
+        instance.countedIds.insert(id);
+    }
+    instance.standing = after;
+}
+
+void Recovery::say(Track& track, const Message& message, Step& step)
+{
+    step.messages.append({clOrdIdOf(track.instance.order), track.instance.account, message});
+}
+
+void Recovery::wait(Track& track, Waiting what, const Moment& now)
+{
+    const QString clOrdId = clOrdIdOf(track.instance.order);
+    track.waiting = what;
+    track.since = now.steady;
+    if (what == Waiting::Nothing || what == Waiting::Turn) {
+        mWaiting.remove(clOrdId);
+    } else {
+        mWaiting.insert(clOrdId);
+    }
+}
+
+void Recovery::askStatus(Track& track, const Moment& now, Step& step)
+{
+    track.requestId = QStringLiteral("S%1-%2").arg(now.wall.toMSecsSinceEpoch()).arg(++mRequests);
+    say(track, statusRequest(track.message, track.requestId), step);
+    wait(track, Waiting::StatusAnswer, now);
+}
+
+void Recovery::cancelIfWanted(Track& track, const Moment& now, Step& step)
+{
+    const State state = track.instance.standing.state;
+    const bool isKnown = state == State::Running || state == State::Stopping;
+    const bool isHalted = mHalts.holds(track.instance.account) && !track.haltIsOver;
+    const bool isAsking = track.waiting == Waiting::StatusAnswer;
+    if (mLoggedOn && isKnown && !isAsking && !track.isCancelOpen &&
+        (track.instance.standing.cancelAsked || isHalted)) {
+        sendCancel(track, now, step);
+    }
+}
+
+/// The count is written down first: an identifier of a cancel that went out is never used again.
+void Recovery::sendCancel(Track& track, const Moment& now, Step& step)
+{
+    Standing after = track.instance.standing;
+    after.state = State::Stopping;
+    ++track.instance.cancelAttempts;
+    change(track, after, step);
+    say(track, cancelRequest(track.message, track.instance.cancelAttempts, now.wall), step);
+    track.isCancelOpen = true;
+    wait(track, Waiting::CancelAnswer, now);
+}
+
+/// The same order with 97=Y, as soon as the pace allows.
+void Recovery::sendAgain(Track& track, const Moment& now, Step& step)
+{
+    if (!mPacing.allows(track.instance.account, now.steady)) {
+        wait(track, Waiting::Turn, now);
+        mTurns.append(clOrdIdOf(track.instance.order));
+        return;
+    }
+    mPacing.count(track.instance.account, now.steady);
+    say(track, repeated(track.message), step);
+    wait(track, Waiting::Acknowledgement, now);
+}
+
+void Recovery::markUnknown(Track& track, const QString& reason, Step& step)
+{
+    Standing after = track.instance.standing;
+    after.state = State::Unknown;
+    after.reason = reason;
+    change(track, after, step);
+}
+
+void Recovery::forgetUnlessOpen(const QString& clOrdId)
+{
+    const auto found = mTracks.find(clOrdId);
+    if (found != mTracks.end() && !isOpen(found->instance.standing.state)) {
+        mTracks.erase(found);
+        mWaiting.remove(clOrdId);
+    }
+}
+
+} // namespace gateway

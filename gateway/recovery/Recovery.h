@@ -1,0 +1,99 @@
+#pragma once
+
+#include "gateway/profile/Profile.h"
+#include "gateway/recovery/Pacing.h"
+#include "gateway/recovery/Track.h"
+#include "gateway/reports/Effects.h"
+
+#include <QDateTime>
+#include <QHash>
+#include <QSet>
+
+/// What to send, ask and remember so that every instance is executed once: never twice, never not at all.
+///
+/// A state machine without clock, ledger or engine. Whoever drives it writes down each step's changes, then
+/// sends its messages, then goes on. Killed anywhere in between, the next one adopts what the ledger holds
+/// and asks the counterparty.
+namespace gateway {
+
+/// The moment: `steady` counts milliseconds and never goes back, `wall` is for TransactTime.
+struct Moment {
+    qint64 steady = 0;
+    QDateTime wall;
+};
+
+/// Which accounts are halted.
+struct Halts {
+    bool all = false;
+    QSet<QString> accounts;
+
+    bool holds(const QString& account) const { return all || accounts.contains(account); }
+};
+
+class Recovery {
+public:
+    Recovery(const Profile& profile, const Pacing& pacing);
+
+    /// An open instance that the ledger holds: at the start, or when a report names one that is not followed.
+    void adopt(const OpenInstance& instance, const Moment& now);
+    /// One that the ledger just wrote down as `sending`: its order goes out.
+    void send(const OpenInstance& instance, const Moment& now, Step& step);
+    bool follows(const QString& clOrdId) const { return mTracks.contains(clOrdId); }
+    int openCount() const { return mTracks.size(); }
+
+    /// Everything open is asked for.
+    void loggedOn(const Moment& now, Step& step);
+    /// Nothing is waited for until the next logon.
+    void loggedOff();
+    bool isLoggedOn() const { return mLoggedOn; }
+
+    /// Somebody wants an instance back.
+    void askCancel(const QString& clOrdId, const Moment& now, Step& step);
+    /// Somebody settled an instance by hand, or the ledger moved it.
+    void settle(const QString& clOrdId, const Standing& standing);
+    void setHalts(const Halts& halts, const Moment& now, Step& step);
+    const Halts& halts() const { return mHalts; }
+
+    /// A report on an instance that is followed; see `follows()`.
+    void receive(const Report& report, const Moment& now, Step& step);
+    /// A reject of a message of ours that was no order: "F" or "H".
+    void receiveRefusal(const QString& clOrdId, const std::string& messageType, const Report& report,
+                        const Moment& now, Step& step);
+
+    /// Timeouts, and what waited for its turn. To be called often.
+    void tick(const Moment& now, Step& step);
+
+    /// Of those that are queued, in their order, the ones that may go out now.
+    QList<OpenInstance> choose(const QList<OpenInstance>& queued, const Moment& now) const;
+
+private:
+    void change(Track& track, const Standing& after, Step& step, const QStringList& countedIds = {});
+    void say(Track& track, const Message& message, Step& step);
+    void wait(Track& track, Waiting what, const Moment& now);
+    void askStatus(Track& track, const Moment& now, Step& step);
+    void cancelIfWanted(Track& track, const Moment& now, Step& step);
+    void sendCancel(Track& track, const Moment& now, Step& step);
+    void sendAgain(Track& track, const Moment& now, Step& step);
+    void denied(Track& track, const Moment& now, Step& step);
+    void doubt(Track& track, const Moment& now, Step& step);
+    void answered(Track& track, const Report& report, const Effect& effect, const Moment& now, Step& step);
+    void stopWaiting(Track& track, const Report& report, const Moment& now);
+    void count(Track& track, const Report& report, const Moment& now, Step& step);
+    void timedOut(Track& track, const Moment& now, Step& step);
+    void moveTo(Track& track, State state, Step& step);
+    void markUnknown(Track& track, const QString& reason, Step& step);
+    void resume(Track& track, const Moment& now, Step& step);
+    bool isStale(const Track& track, const Report& report) const;
+    void forgetUnlessOpen(const QString& clOrdId);
+
+    Profile mProfile;
+    Pacing mPacing;
+    Halts mHalts;
+    QHash<QString, Track> mTracks; ///< by ClOrdID
+    QList<QString> mTurns;         ///< those that wait for theirs, first come first
+    QSet<QString> mWaiting;        ///< those whose answer is due some time
+    qint64 mRequests = 0;
+    bool mLoggedOn = false;
+};
+
+} // namespace gateway

@@ -32,7 +32,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/algo_batch_import.pc DESTINATION ${CMA
 if(TARGET algodesk)
   install(TARGETS embedded_host LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} NAMELINK_SKIP)
   install(TARGETS algodesk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(DIRECTORY reference_data samples DESTINATION ${CMAKE_INSTALL_DATADIR}/algodesk)
+  install(DIRECTORY reference_data samples gateway/dictionaries DESTINATION ${CMAKE_INSTALL_DATADIR}/algodesk)
   install(FILES desk/package/algodesk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES desk/package/algodesk.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 endif()

@@ -2,11 +2,17 @@
 
 #include "gateway/messages/OrderMessages.h"
 
+#include <algorithm>
+#include <tuple>
+
 namespace gateway {
 
 namespace {
 
 const qint64 MillisecondsInSecond = 1000;
+/// Status requests that are out at the same time. A line that breaks over and over lets few messages pass:
+/// they must not all be questions.
+const int MostUnanswered = 32;
 
 /// What the reports of an order are held against.
 OrderSize sizeOf(const Message& order)
@@ -63,9 +69,9 @@ void Recovery::send(const OpenInstance& instance, const Moment& now, Step& step)
 
 void Recovery::loggedOn(const Moment& now, Step& step)
 {
+    loggedOff();
     mLoggedOn = true;
-    mTurns.clear();
-    const QStringList followed = mTracks.keys();
+    const QStringList followed = followedByUrgency();
     for (const QString& clOrdId : followed) {
         Track& track = mTracks[clOrdId];
         track.isCancelOpen = false;
@@ -75,6 +81,20 @@ void Recovery::loggedOn(const Moment& now, Step& step)
             resume(track, now, step);
         }
     }
+}
+
+/// What may not have arrived first, in order of batch and row.
+QStringList Recovery::followedByUrgency() const
+{
+    const auto urgencyOf = [this](const QString& clOrdId) {
+        const OpenInstance& instance = mTracks.find(clOrdId)->instance;
+        return std::make_tuple(instance.standing.state != State::Sending, instance.key.batch,
+                               instance.key.row);
+    };
+    QStringList followed = mTracks.keys();
+    std::sort(followed.begin(), followed.end(),
+              [&](const QString& one, const QString& other) { return urgencyOf(one) < urgencyOf(other); });
+    return followed;
 }
 
 /// Asks for an instance, or does without where the counterparty does not answer such questions.
@@ -89,11 +109,23 @@ void Recovery::resume(Track& track, const Moment& now, Step& step)
     }
 }
 
+void Recovery::wasLost(const QString& clOrdId, const Moment& now, Step& step)
+{
+    const auto found = mTracks.find(clOrdId);
+    if (mLoggedOn && found != mTracks.end() && mWaiting.contains(clOrdId)) {
+        found->isCancelOpen = false;
+        resume(*found, now, step);
+    }
+}
+
 void Recovery::loggedOff()
 {
     mLoggedOn = false;
+    mAnswers = true;
     mTurns.clear();
     mWaiting.clear();
+    mQuestions.clear();
+    mUnanswered = 0;
     for (Track& track : mTracks) {
         track.waiting = Waiting::Nothing;
     }
@@ -125,6 +157,17 @@ void Recovery::settle(const QString& clOrdId, const Standing& standing)
     forgetUnlessOpen(clOrdId);
 }
 
+void Recovery::keepOnly(const QHash<QString, State>& open)
+{
+    const QStringList followed = mTracks.keys();
+    for (const QString& clOrdId : followed) {
+        if (!open.contains(clOrdId)) {
+            wait(mTracks[clOrdId], Waiting::Nothing, Moment());
+            mTracks.remove(clOrdId);
+        }
+    }
+}
+
 void Recovery::setHalts(const Halts& halts, const Moment& now, Step& step)
 {
     mHalts = halts;
@@ -139,7 +182,8 @@ QList<OpenInstance> Recovery::choose(const QList<OpenInstance>& queued, const Mo
     QList<OpenInstance> chosen;
     Pacing pacing = mPacing;
     for (const OpenInstance& instance : queued) {
-        if (mLoggedOn && !mHalts.holds(instance.account) && pacing.allows(instance.account, now.steady)) {
+        if (mLoggedOn && mQuestions.isEmpty() && !mHalts.holds(instance.account) &&
+            pacing.allows(instance.account, now.steady)) {
             pacing.count(instance.account, now.steady);
             chosen.append(instance);
         }
@@ -160,7 +204,7 @@ void Recovery::tick(const Moment& now, Step& step)
             timedOut(*found, now, step);
         }
     }
-    const QList<QString> turns = mTurns;
+    const QStringList turns = mTurns;
     mTurns.clear();
     for (const QString& clOrdId : turns) {
         const auto found = mTracks.find(clOrdId);
@@ -169,11 +213,13 @@ void Recovery::tick(const Moment& now, Step& step)
             forgetUnlessOpen(clOrdId);
         }
     }
+    askOn(now, step);
 }
 
 void Recovery::timedOut(Track& track, const Moment& now, Step& step)
 {
     const bool wasAsked = track.waiting == Waiting::StatusAnswer;
+    mAnswers = mAnswers && !wasAsked;
     wait(track, Waiting::Nothing, now);
     if (!wasAsked && mProfile.statusRequest) {
         askStatus(track, now, step);
@@ -204,9 +250,10 @@ void Recovery::say(Track& track, const Message& message, Step& step)
 void Recovery::wait(Track& track, Waiting what, const Moment& now)
 {
     const QString clOrdId = clOrdIdOf(track.instance.order);
+    mUnanswered += (what == Waiting::StatusAnswer) - (track.waiting == Waiting::StatusAnswer);
     track.waiting = what;
     track.since = now.steady;
-    if (what == Waiting::Nothing || what == Waiting::Turn) {
+    if (what == Waiting::Nothing || what == Waiting::Turn || what == Waiting::Question) {
         mWaiting.remove(clOrdId);
     } else {
         mWaiting.insert(clOrdId);
@@ -214,6 +261,27 @@ void Recovery::wait(Track& track, Waiting what, const Moment& now)
 }
 
 void Recovery::askStatus(Track& track, const Moment& now, Step& step)
+{
+    if (mUnanswered < MostUnanswered || !mAnswers) {
+        askNow(track, now, step);
+    } else {
+        wait(track, Waiting::Question, now);
+        mQuestions.append(clOrdIdOf(track.instance.order));
+    }
+}
+
+/// The next questions, as many as answers came. Who answers none in time is asked all at once.
+void Recovery::askOn(const Moment& now, Step& step)
+{
+    while (!mQuestions.isEmpty() && (mUnanswered < MostUnanswered || !mAnswers)) {
+        const auto found = mTracks.find(mQuestions.takeFirst());
+        if (found != mTracks.end() && found->waiting == Waiting::Question) {
+            askNow(*found, now, step);
+        }
+    }
+}
+
+void Recovery::askNow(Track& track, const Moment& now, Step& step)
 {
     track.requestId = QStringLiteral("S%1-%2").arg(now.wall.toMSecsSinceEpoch()).arg(++mRequests);
     say(track, statusRequest(track.message, track.requestId), step);
@@ -225,7 +293,7 @@ void Recovery::cancelIfWanted(Track& track, const Moment& now, Step& step)
     const State state = track.instance.standing.state;
     const bool isKnown = state == State::Running || state == State::Stopping;
     const bool isHalted = mHalts.holds(track.instance.account) && !track.haltIsOver;
-    const bool isAsking = track.waiting == Waiting::StatusAnswer;
+    const bool isAsking = track.waiting == Waiting::StatusAnswer || track.waiting == Waiting::Question;
     if (mLoggedOn && isKnown && !isAsking && !track.isCancelOpen &&
         (track.instance.standing.cancelAsked || isHalted)) {
         sendCancel(track, now, step);
@@ -269,9 +337,27 @@ void Recovery::forgetUnlessOpen(const QString& clOrdId)
 {
     const auto found = mTracks.find(clOrdId);
     if (found != mTracks.end() && !isOpen(found->instance.standing.state)) {
-        mTracks.erase(found);
-        mWaiting.remove(clOrdId);
+        wait(*found, Waiting::Nothing, Moment());
+        mOver.insert(clOrdId);
     }
+}
+
+void Recovery::sweep()
+{
+    for (const QString& clOrdId : mOver) {
+        const auto found = mTracks.find(clOrdId);
+        if (found != mTracks.end() && !isOpen(found->instance.standing.state)) {
+            mTracks.erase(found);
+        }
+    }
+    mOver.clear();
+}
+
+int Recovery::openCount() const
+{
+    return static_cast<int>(std::count_if(mTracks.begin(), mTracks.end(), [](const Track& track) {
+        return isOpen(track.instance.standing.state);
+    }));
 }
 
 } // namespace gateway

@@ -39,10 +39,14 @@ public:
     /// One that the ledger just wrote down as `sending`: its order goes out.
     void send(const OpenInstance& instance, const Moment& now, Step& step);
     bool follows(const QString& clOrdId) const { return mTracks.contains(clOrdId); }
-    int openCount() const { return mTracks.size(); }
+    int openCount() const;
+    /// What is over is followed until its last change is written down: call it then.
+    void sweep();
 
     /// Everything open is asked for.
     void loggedOn(const Moment& now, Step& step);
+    /// A message about this instance never arrived.
+    void wasLost(const QString& clOrdId, const Moment& now, Step& step);
     /// Nothing is waited for until the next logon.
     void loggedOff();
     bool isLoggedOn() const { return mLoggedOn; }
@@ -51,6 +55,8 @@ public:
     void askCancel(const QString& clOrdId, const Moment& now, Step& step);
     /// Somebody settled an instance by hand, or the ledger moved it.
     void settle(const QString& clOrdId, const Standing& standing);
+    /// What the ledger no longer holds open is followed no more.
+    void keepOnly(const QHash<QString, State>& open);
     void setHalts(const Halts& halts, const Moment& now, Step& step);
     const Halts& halts() const { return mHalts; }
 
@@ -71,6 +77,9 @@ private:
     void say(Track& track, const Message& message, Step& step);
     void wait(Track& track, Waiting what, const Moment& now);
     void askStatus(Track& track, const Moment& now, Step& step);
+    void askNow(Track& track, const Moment& now, Step& step);
+    void askOn(const Moment& now, Step& step);
+    QStringList followedByUrgency() const;
     void cancelIfWanted(Track& track, const Moment& now, Step& step);
     void sendCancel(Track& track, const Moment& now, Step& step);
     void sendAgain(Track& track, const Moment& now, Step& step);
@@ -90,8 +99,12 @@ private:
     Pacing mPacing;
     Halts mHalts;
     QHash<QString, Track> mTracks; ///< by ClOrdID
-    QList<QString> mTurns;         ///< those that wait for theirs, first come first
+    QStringList mTurns;            ///< those that wait for theirs, first come first
     QSet<QString> mWaiting;        ///< those whose answer is due some time
+    QStringList mQuestions;        ///< those to be asked for, most urgent first
+    int mUnanswered = 0;           ///< status requests that are out
+    bool mAnswers = true;          ///< the counterparty has answered all of them in time, since the logon
+    QSet<QString> mOver;           ///< to be swept
     qint64 mRequests = 0;
     bool mLoggedOn = false;
 };

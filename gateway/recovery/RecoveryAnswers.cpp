@@ -121,6 +121,9 @@ void Recovery::stopWaiting(Track& track, const Report& report, const Moment& now
         }
         track.isCancelOpen = isPending;
     }
+    if (track.waiting == Waiting::Question) {
+        return;
+    }
     if (!track.isCancelOpen) {
         wait(track, Waiting::Nothing, now);
     } else if (track.waiting != Waiting::CancelAnswer) {

@@ -35,6 +35,7 @@ enum class Waiting {
     StatusAnswer,    ///< to a status request
     CancelAnswer,    ///< to a cancel request
     Turn,            ///< to be sent again, when the pace allows
+    Question,        ///< to be asked for, when some of those asked before are answered
 };
 
 struct Track {

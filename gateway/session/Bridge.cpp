@@ -28,7 +28,21 @@ Bridge::Bridge(const FIX::SessionSettings& settings, SequenceStoreFactory* store
 
 void Bridge::tell(SessionNews::State state, const FIX::SessionID& session, const std::string& text)
 {
-    mListener.onSession({state, session.toString(), text});
+    SessionNews news;
+    news.state = state;
+    news.session = session.toString();
+    news.text = text;
+    mListener.onSession(news);
+}
+
+void Bridge::tellGap(const FIX::Message& reset, const FIX::SessionID& session)
+{
+    SessionNews news;
+    news.state = SessionNews::State::GapFilled;
+    news.session = session.toString();
+    news.gapFrom = std::stoi(reset.getHeader().getField(FIX::FIELD::MsgSeqNum));
+    news.gapTo = std::stoi(reset.getField(FIX::FIELD::NewSeqNo));
+    mListener.onSession(news);
 }
 
 void Bridge::onLogon(const FIX::SessionID& session)
@@ -76,6 +90,8 @@ void Bridge::toAdmin(FIX::Message& message, const FIX::SessionID& session)
         tell(SessionNews::State::Connected, session, std::string());
     } else if (type == "5") {
         tellLogout(message, session);
+    } else if (type == "4") {
+        tellGap(message, session);
     } else if (type == "3") {
         tell(SessionNews::State::Note, session, "rejected: " + textOf(message));
     }

@@ -36,6 +36,7 @@ private:
     void fillLogon(FIX::Message& logon, const FIX::SessionID& session);
     void handOn(const FIX::Message& message, const FIX::SessionID& session);
     void tell(SessionNews::State state, const FIX::SessionID& session, const std::string& text);
+    void tellGap(const FIX::Message& reset, const FIX::SessionID& session);
     void tellLogout(const FIX::Message& logout, const FIX::SessionID& session);
 
     const FIX::SessionSettings& mSettings;

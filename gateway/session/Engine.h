@@ -10,11 +10,20 @@ namespace gateway {
 
 /// What happens to a session.
 struct SessionNews {
-    enum class State { Connected, LoggedOn, LoggedOut, Disconnected, Note };
+    enum class State {
+        Connected,
+        LoggedOn,
+        LoggedOut,
+        Disconnected,
+        GapFilled, ///< the counterparty missed messages, and will not get them
+        Note,      ///< changes nothing, and is worth reading
+    };
 
-    State state = State::Note; ///< a note changes nothing, and is worth reading
-    std::string session;       ///< such as "FIX.4.4:DESK->BROKER"
-    std::string text;          ///< why; may be empty
+    State state = State::Note;
+    std::string session; ///< such as "FIX.4.4:DESK->BROKER"
+    std::string text;    ///< why; may be empty
+    int gapFrom = 0;     ///< of a gap: the first message missed
+    int gapTo = 0;       ///< and the one after the last
 };
 
 /// Hears from an engine. Called from the engine's own thread; must be quick.

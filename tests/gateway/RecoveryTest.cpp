@@ -38,13 +38,14 @@ public:
     {
         run([this](Step& step) { recovery.send(instance(State::Sending), moment(), step); });
     }
-    void adopt(State at, bool cancelAsked = false)
-    {
-        recovery.adopt(instance(at, cancelAsked), moment());
-    }
+    void adopt(State at, bool cancelAsked = false) { recovery.adopt(instance(at, cancelAsked), moment()); }
     void cancel()
     {
         run([this](Step& step) { recovery.askCancel(Id, moment(), step); });
+    }
+    void lose()
+    {
+        run([this](Step& step) { recovery.wasLost(Id, moment(), step); });
     }
     void halt()
     {
@@ -409,6 +410,19 @@ TEST(Recovery, ChoosesInOrderAndPassesOverAnAccountAtItsCeiling)
         {desk.instance(State::Queued), desk.instance(State::Queued), other}, desk.moment());
     ASSERT_EQ(chosen.size(), 2);
     EXPECT_EQ(chosen.last().account, QStringLiteral("80010002"));
+}
+
+TEST(Recovery, AsksForWhatTheCounterpartyMissed)
+{
+    Desk desk;
+    desk.logOn();
+    desk.send();
+    desk.lose();
+    EXPECT_EQ(desk.out(), QStringLiteral("D H"));
+    desk.hear(denial(desk));
+    desk.hear(report("0", "0", "E1"));
+    desk.lose();
+    EXPECT_EQ(desk.out(), QStringLiteral("D+")) << "what is known was not lost";
 }
 
 TEST(Recovery, ARefusedQuestionIsAMissingAnswer)

@@ -42,11 +42,6 @@ QString clOrdIdOf(const Order& order)
     return clOrdIdOf(order.draftId, order.row);
 }
 
-QString cancelIdOf(const QString& clOrdId, int attempt)
-{
-    return clOrdId + QStringLiteral("-C") + QString::number(attempt);
-}
-
 QString orderIdIn(const QString& identifier)
 {
     static const QRegularExpression ending(QStringLiteral("-C[0-9]+\\z"));

@@ -19,8 +19,6 @@ struct Order {
 /// instance always has the same, and no other ever has it: "NW66TGW5HBELBA4MNSSDJLTPKQ-7".
 QString clOrdIdOf(const QUuid& draftId, int row);
 QString clOrdIdOf(const Order& order);
-/// Of the n-th cancel request of an order, from 1: "NW66…-7-C1".
-QString cancelIdOf(const QString& clOrdId, int attempt);
 /// The order that an identifier belongs to: a cancel's without its ending, another as it stands.
 QString orderIdIn(const QString& identifier);
 

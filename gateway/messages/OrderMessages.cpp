@@ -219,13 +219,12 @@ Message repeated(Message order)
     return order;
 }
 
-Message cancelRequest(const Message& order, int attempt, const QDateTime& now)
+Message cancelRequest(const Message& order, const QString& cancelId, const QDateTime& now)
 {
-    const std::string clOrdId = order.text(11);
     Message message;
     message.type = "F";
-    message.put(11, wire(cancelIdOf(QString::fromStdString(clOrdId), attempt)));
-    message.put(41, clOrdId);
+    message.put(11, wire(cancelId));
+    message.put(41, order.text(11));
     for (const int tag : {1, 55, 207, SideTag, 38, 152}) {
         copy(order, message, tag);
     }

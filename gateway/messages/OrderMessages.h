@@ -16,8 +16,8 @@ Outcome<Message> newOrder(const Profile& profile, const Order& order, const QDat
 /// The same order once more, marked as perhaps known (97=Y).
 Message repeated(Message order);
 
-/// OrderCancelRequest of an order; `attempt` counts from 1.
-Message cancelRequest(const Message& order, int attempt, const QDateTime& now);
+/// OrderCancelRequest of an order; `cancelId` is its own identifier: the order's with -C1, -C2, …
+Message cancelRequest(const Message& order, const QString& cancelId, const QDateTime& now);
 /// OrderStatusRequest; `requestId` is 790, another one each time.
 Message statusRequest(const Message& order, const QString& requestId);
 

@@ -13,13 +13,6 @@
 /// error means that nothing was changed, and may pass: the same call is made again.
 namespace gateway {
 
-/// What others decided meanwhile.
-struct Wishes {
-    Halts halts;
-    QHash<QString, State> states; ///< of what is open, by ClOrdID; what is not in it is settled
-    QSet<QString> takenBack;      ///< of those, what somebody wants back
-};
-
 class LedgerPort {
 public:
     virtual ~LedgerPort() = default;
@@ -37,11 +30,13 @@ public:
 
     /// Moves when anything in the ledger was changed, by whatever program; cheap.
     virtual qint64 changeCount() = 0;
-    virtual Outcome<Wishes> wishes() = 0;
+    /// Cancels to be sent: of what was stopped, undone or halted, and is known to the counterparty. Each is
+    /// given once, and once more where the counterparty says that it works on as if nobody had asked.
+    virtual Outcome<QList<CancelOrder>> takeCancels(int most) = 0;
 
-    /// Writes a step's changes and kept reports down, all or none. What a change met that it must not touch
-    /// (a report counted before, an instance settled by hand) is left as it is; answers how each instance
-    /// that was named stands afterwards, by ClOrdID.
+    /// Writes a step's changes and kept reports down, all or none. The ledger's word holds: a report that was
+    /// counted before, an instance settled by hand, taken back or halted meanwhile stays as it is or goes
+    /// where it must. Answers how each instance that was named stands afterwards, by ClOrdID.
     virtual Outcome<QHash<QString, Standing>> record(const Step& step) = 0;
 
     /// What the session does, for people to see.

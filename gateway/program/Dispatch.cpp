@@ -108,6 +108,7 @@ void Dispatch::hearNews(const SessionNews& news, Step& step)
         return;
     }
     if (news.state == SessionNews::State::LoggedOn) {
+        mSeen = -1; // cancels may wait
         mRecovery.loggedOn(now(), step);
     } else if (news.state == SessionNews::State::Disconnected) {
         mRecovery.loggedOff();
@@ -191,16 +192,15 @@ void Dispatch::look(Step& step)
     }
     mLookedAt = mClock.elapsed();
     mMayBeQueued = true;
-    const Outcome<Wishes> wishes = mLedger.wishes();
-    if (!wishes.ok()) {
-        qCWarning(log).noquote() << wishes.error;
+    const Outcome<QList<CancelOrder>> cancels =
+        mRecovery.isLoggedOn() ? mLedger.takeCancels(MostInARound) : Outcome<QList<CancelOrder>>();
+    if (!cancels.ok()) {
+        qCWarning(log).noquote() << cancels.error;
         return;
     }
     mSeen = count;
-    mRecovery.keepOnly(wishes.value.states);
-    mRecovery.setHalts(wishes.value.halts, now(), step);
-    for (const QString& clOrdId : wishes.value.takenBack) {
-        mRecovery.askCancel(clOrdId, now(), step);
+    for (const CancelOrder& order : cancels.value) {
+        mRecovery.cancel(order, now(), step);
     }
 }
 
@@ -233,7 +233,12 @@ QList<OpenInstance> Dispatch::refuse(const QList<OpenInstance>& queued, Step& st
         Standing after = instance.standing;
         after.state = State::Rejected;
         after.reason = *refusal;
-        step.changes.append({instance.key, clOrdIdOf(instance.order), instance.standing, after, 0, {}});
+        Change change;
+        change.key = instance.key;
+        change.clOrdId = clOrdIdOf(instance.order);
+        change.before = instance.standing;
+        change.after = after;
+        step.changes.append(change);
     }
     return sendable;
 }
@@ -286,20 +291,30 @@ void Dispatch::write(const Step& step)
     }
 }
 
+void Dispatch::settle(const Change& change, const Standing& standing)
+{
+    mRecovery.settle(change.clOrdId, standing);
+    if (change.after.state == State::Sending && standing.state != State::Sending) {
+        mVetoed.insert(change.clOrdId);
+    }
+}
+
 /// The ledger's word holds: where it stands otherwise than was decided here, that was decided too late.
 void Dispatch::settle(const Step& step, const QHash<QString, Standing>& standings)
 {
-    QHash<QString, State> decided;
-    for (const Change& change : step.changes) {
-        decided.insert(change.clOrdId, change.after.state);
-        if (!(change.before == change.after)) {
-            mPrinter.instance(change.key, change.clOrdId, change.after);
-        }
+    QHash<QString, int> last;
+    for (int i = 0; i < step.changes.size(); ++i) {
+        last.insert(step.changes.at(i).clOrdId, i);
     }
-    for (auto it = standings.begin(); it != standings.end(); ++it) {
-        if (decided.value(it.key()) != it->state) {
-            mVetoed.insert(it.key());
-            mRecovery.settle(it.key(), *it);
+    for (int i = 0; i < step.changes.size(); ++i) {
+        const Change& change = step.changes.at(i);
+        const bool isLast = last.value(change.clOrdId) == i;
+        const Standing standing = isLast ? standings.value(change.clOrdId, change.after) : change.after;
+        if (isLast) {
+            settle(change, standing);
+        }
+        if (!(change.before == standing)) {
+            mPrinter.instance(change.key, change.clOrdId, standing);
         }
     }
     for (const KeptReport& report : step.kept) {

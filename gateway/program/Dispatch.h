@@ -55,6 +55,7 @@ private:
     bool isTimeToLook() const;
     void write(const Step& step);
     void send(const Step& step);
+    void settle(const Change& change, const Standing& standing);
     void settle(const Step& step, const QHash<QString, Standing>& standings);
     void takeThese(const QList<OpenInstance>& chosen);
 

@@ -75,7 +75,6 @@ void Recovery::loggedOn(const Moment& now, Step& step)
     for (const QString& clOrdId : followed) {
         Track& track = mTracks[clOrdId];
         track.isCancelOpen = false;
-        track.haltIsOver = false;
         track.saidDuplicate = false;
         if (isOpen(track.instance.standing.state)) {
             resume(track, now, step);
@@ -104,8 +103,6 @@ void Recovery::resume(Track& track, const Moment& now, Step& step)
         askStatus(track, now, step);
     } else if (track.instance.standing.state == State::Sending) {
         markUnknown(track, QStringLiteral("连接中断，对手方不支持状态查询"), step);
-    } else {
-        cancelIfWanted(track, now, step);
     }
 }
 
@@ -125,26 +122,29 @@ void Recovery::loggedOff()
     mTurns.clear();
     mWaiting.clear();
     mQuestions.clear();
+    mCancels.clear();
     mUnanswered = 0;
     for (Track& track : mTracks) {
         track.waiting = Waiting::Nothing;
     }
 }
 
-void Recovery::askCancel(const QString& clOrdId, const Moment& now, Step& step)
+void Recovery::cancel(const CancelOrder& order, const Moment& now, Step& step)
 {
-    const auto found = mTracks.find(clOrdId);
-    if (found == mTracks.end() || found->instance.standing.cancelAsked) {
+    const auto found = mTracks.find(order.clOrdId);
+    if (!mLoggedOn || found == mTracks.end()) {
+        return; // it is asked for after the next logon, and cancelled then
+    }
+    const bool isAsking = found->waiting == Waiting::StatusAnswer || found->waiting == Waiting::Question;
+    const bool wasRefused = found->refusedAt >= 0 && now.steady - found->refusedAt < patience();
+    mCancels.remove(order.clOrdId);
+    if (isAsking || wasRefused) {
+        mCancels.insert(order.clOrdId, order);
         return;
     }
-    found->instance.standing.cancelAsked = true;
-    const bool nobodyAsks = found->waiting == Waiting::Nothing;
-    if (mLoggedOn && nobodyAsks && mProfile.statusRequest &&
-        found->instance.standing.state == State::Unknown) {
-        askStatus(*found, now, step);
-    } else {
-        cancelIfWanted(*found, now, step);
-    }
+    say(*found, cancelRequest(found->message, order.cancelId, now.wall), step);
+    found->isCancelOpen = true;
+    wait(*found, Waiting::CancelAnswer, now);
 }
 
 void Recovery::settle(const QString& clOrdId, const Standing& standing)
@@ -157,33 +157,12 @@ void Recovery::settle(const QString& clOrdId, const Standing& standing)
     forgetUnlessOpen(clOrdId);
 }
 
-void Recovery::keepOnly(const QHash<QString, State>& open)
-{
-    const QStringList followed = mTracks.keys();
-    for (const QString& clOrdId : followed) {
-        if (!open.contains(clOrdId)) {
-            wait(mTracks[clOrdId], Waiting::Nothing, Moment());
-            mTracks.remove(clOrdId);
-        }
-    }
-}
-
-void Recovery::setHalts(const Halts& halts, const Moment& now, Step& step)
-{
-    mHalts = halts;
-    for (Track& track : mTracks) {
-        track.haltIsOver = track.haltIsOver && halts.holds(track.instance.account);
-        cancelIfWanted(track, now, step);
-    }
-}
-
 QList<OpenInstance> Recovery::choose(const QList<OpenInstance>& queued, const Moment& now) const
 {
     QList<OpenInstance> chosen;
     Pacing pacing = mPacing;
     for (const OpenInstance& instance : queued) {
-        if (mLoggedOn && mQuestions.isEmpty() && !mHalts.holds(instance.account) &&
-            pacing.allows(instance.account, now.steady)) {
+        if (mLoggedOn && mQuestions.isEmpty() && pacing.allows(instance.account, now.steady)) {
             pacing.count(instance.account, now.steady);
             chosen.append(instance);
         }
@@ -199,8 +178,7 @@ void Recovery::tick(const Moment& now, Step& step)
     const QSet<QString> waiting = mWaiting;
     for (const QString& clOrdId : waiting) {
         const auto found = mTracks.find(clOrdId);
-        if (found != mTracks.end() &&
-            now.steady - found->since >= mProfile.statusTimeoutSeconds * MillisecondsInSecond) {
+        if (found != mTracks.end() && now.steady - found->since >= patience()) {
             timedOut(*found, now, step);
         }
     }
@@ -213,7 +191,18 @@ void Recovery::tick(const Moment& now, Step& step)
             forgetUnlessOpen(clOrdId);
         }
     }
+    const QHash<QString, CancelOrder> cancels = mCancels;
+    mCancels.clear();
+    for (const CancelOrder& order : cancels) {
+        cancel(order, now, step);
+    }
     askOn(now, step);
+}
+
+/// How long an answer may take, milliseconds.
+qint64 Recovery::patience() const
+{
+    return mProfile.statusTimeoutSeconds * MillisecondsInSecond;
 }
 
 void Recovery::timedOut(Track& track, const Moment& now, Step& step)
@@ -225,21 +214,18 @@ void Recovery::timedOut(Track& track, const Moment& now, Step& step)
         askStatus(track, now, step);
     } else if (track.instance.standing.state == State::Sending) {
         markUnknown(track, QStringLiteral("对手方没有答复"), step);
-    } else {
-        track.isCancelOpen = false;
-        cancelIfWanted(track, now, step);
     }
 }
 
-void Recovery::change(Track& track, const Standing& after, Step& step, const QStringList& countedIds)
+void Recovery::change(Track& track, const Standing& after, Step& step)
 {
-    OpenInstance& instance = track.instance;
-    step.changes.append({instance.key, clOrdIdOf(instance.order), instance.standing, after,
-                         instance.cancelAttempts, countedIds});
-    for (const QString& id : countedIds) {
-        instance.countedIds.insert(id);
-    }
-    instance.standing = after;
+    Change change;
+    change.key = track.instance.key;
+    change.clOrdId = clOrdIdOf(track.instance.order);
+    change.before = track.instance.standing;
+    change.after = after;
+    step.changes.append(change);
+    track.instance.standing = after;
 }
 
 void Recovery::say(Track& track, const Message& message, Step& step)
@@ -286,30 +272,6 @@ void Recovery::askNow(Track& track, const Moment& now, Step& step)
     track.requestId = QStringLiteral("S%1-%2").arg(now.wall.toMSecsSinceEpoch()).arg(++mRequests);
     say(track, statusRequest(track.message, track.requestId), step);
     wait(track, Waiting::StatusAnswer, now);
-}
-
-void Recovery::cancelIfWanted(Track& track, const Moment& now, Step& step)
-{
-    const State state = track.instance.standing.state;
-    const bool isKnown = state == State::Running || state == State::Stopping;
-    const bool isHalted = mHalts.holds(track.instance.account) && !track.haltIsOver;
-    const bool isAsking = track.waiting == Waiting::StatusAnswer || track.waiting == Waiting::Question;
-    if (mLoggedOn && isKnown && !isAsking && !track.isCancelOpen &&
-        (track.instance.standing.cancelAsked || isHalted)) {
-        sendCancel(track, now, step);
-    }
-}
-
-/// The count is written down first: an identifier of a cancel that went out is never used again.
-void Recovery::sendCancel(Track& track, const Moment& now, Step& step)
-{
-    Standing after = track.instance.standing;
-    after.state = State::Stopping;
-    ++track.instance.cancelAttempts;
-    change(track, after, step);
-    say(track, cancelRequest(track.message, track.instance.cancelAttempts, now.wall), step);
-    track.isCancelOpen = true;
-    wait(track, Waiting::CancelAnswer, now);
 }
 
 /// The same order with 97=Y, as soon as the pace allows.

@@ -22,14 +22,6 @@ struct Moment {
     QDateTime wall;
 };
 
-/// Which accounts are halted.
-struct Halts {
-    bool all = false;
-    QSet<QString> accounts;
-
-    bool holds(const QString& account) const { return all || accounts.contains(account); }
-};
-
 class Recovery {
 public:
     Recovery(const Profile& profile, const Pacing& pacing);
@@ -51,14 +43,11 @@ public:
     void loggedOff();
     bool isLoggedOn() const { return mLoggedOn; }
 
-    /// Somebody wants an instance back.
-    void askCancel(const QString& clOrdId, const Moment& now, Step& step);
-    /// Somebody settled an instance by hand, or the ledger moved it.
+    /// The ledger gave out a cancel: it goes out, after the answer where the order is being asked for. One
+    /// that was refused just now waits a little.
+    void cancel(const CancelOrder& order, const Moment& now, Step& step);
+    /// How the ledger says that an instance stands.
     void settle(const QString& clOrdId, const Standing& standing);
-    /// What the ledger no longer holds open is followed no more.
-    void keepOnly(const QHash<QString, State>& open);
-    void setHalts(const Halts& halts, const Moment& now, Step& step);
-    const Halts& halts() const { return mHalts; }
 
     /// A report on an instance that is followed; see `follows()`.
     void receive(const Report& report, const Moment& now, Step& step);
@@ -73,15 +62,14 @@ public:
     QList<OpenInstance> choose(const QList<OpenInstance>& queued, const Moment& now) const;
 
 private:
-    void change(Track& track, const Standing& after, Step& step, const QStringList& countedIds = {});
+    void change(Track& track, const Standing& after, Step& step);
+    void take(Track& track, const Report& report, const Effect& effect, Step& step);
     void say(Track& track, const Message& message, Step& step);
     void wait(Track& track, Waiting what, const Moment& now);
     void askStatus(Track& track, const Moment& now, Step& step);
     void askNow(Track& track, const Moment& now, Step& step);
     void askOn(const Moment& now, Step& step);
     QStringList followedByUrgency() const;
-    void cancelIfWanted(Track& track, const Moment& now, Step& step);
-    void sendCancel(Track& track, const Moment& now, Step& step);
     void sendAgain(Track& track, const Moment& now, Step& step);
     void denied(Track& track, const Moment& now, Step& step);
     void doubt(Track& track, const Moment& now, Step& step);
@@ -92,19 +80,20 @@ private:
     void moveTo(Track& track, State state, Step& step);
     void markUnknown(Track& track, const QString& reason, Step& step);
     void resume(Track& track, const Moment& now, Step& step);
+    qint64 patience() const;
     bool isStale(const Track& track, const Report& report) const;
     void forgetUnlessOpen(const QString& clOrdId);
 
     Profile mProfile;
     Pacing mPacing;
-    Halts mHalts;
     QHash<QString, Track> mTracks; ///< by ClOrdID
     QStringList mTurns;            ///< those that wait for theirs, first come first
     QSet<QString> mWaiting;        ///< those whose answer is due some time
     QStringList mQuestions;        ///< those to be asked for, most urgent first
     int mUnanswered = 0;           ///< status requests that are out
     bool mAnswers = true;          ///< the counterparty has answered all of them in time, since the logon
-    QSet<QString> mOver;           ///< to be swept
+    QHash<QString, CancelOrder> mCancels; ///< that wait: for an answer, or because one before was refused
+    QSet<QString> mOver;                  ///< to be swept
     qint64 mRequests = 0;
     bool mLoggedOn = false;
 };

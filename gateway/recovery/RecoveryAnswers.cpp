@@ -35,15 +35,18 @@ Effect effectOf(const Standing& before, const OrderSize& size, const Report& rep
     return applyReject(before, report);
 }
 
-/// A cancel that is on its way was asked for, by somebody or by a halt; only the former is remembered.
+/// A cancel that is on its way was asked for, whoever did.
 Effect effectOf(const Track& track, const Report& report)
 {
     Standing before = track.instance.standing;
-    const bool wasAsked = before.cancelAsked;
-    before.cancelAsked = wasAsked || track.isCancelOpen;
-    Effect effect = effectOf(before, track.size, report);
-    effect.after.cancelAsked = effect.after.cancelAsked && wasAsked;
-    return effect;
+    before.cancelAsked = before.cancelAsked || track.isCancelOpen;
+    return effectOf(before, track.size, report);
+}
+
+/// What the order may be filled to, or the leg that the report is about.
+QString orderedOf(const OrderSize& size, int leg)
+{
+    return leg == 0 ? size.quantity : size.legs.value(leg - 1).quantity;
 }
 
 } // namespace
@@ -71,10 +74,25 @@ void Recovery::count(Track& track, const Report& report, const Moment& now, Step
     if (effect.answer == Answer::Denies && isStale(track, report)) {
         return;
     }
-    if (!ids.isEmpty() || !(effect.after == track.instance.standing)) {
-        change(track, effect.after, step, ids);
-    }
+    take(track, report, effect, step);
     answered(track, report, effect, now, step);
+}
+
+void Recovery::take(Track& track, const Report& report, const Effect& effect, Step& step)
+{
+    const bool saysSomething = effect.told || !report.execId.isEmpty();
+    if (!saysSomething || effect.answer == Answer::Denies) {
+        return;
+    }
+    change(track, effect.after, step);
+    Change& last = step.changes.last();
+    last.report = report;
+    last.told = effect.told;
+    last.leg = effect.leg;
+    last.ordered = orderedOf(track.size, effect.leg);
+    for (const QString& id : idsOf(report)) {
+        track.instance.countedIds.insert(id);
+    }
 }
 
 /// A denial counts only as the answer to the last question: an earlier one was true before the order went out
@@ -99,7 +117,6 @@ void Recovery::answered(Track& track, const Report& report, const Effect& effect
         break;
     case Answer::Knows:
         stopWaiting(track, report, now);
-        cancelIfWanted(track, now, step);
         break;
     case Answer::None:
         break;
@@ -113,7 +130,7 @@ void Recovery::stopWaiting(Track& track, const Report& report, const Moment& now
     const bool isPending = report.ordStatus == QLatin1String("6");
     if (report.kind == Report::Kind::CancelReject) {
         track.isCancelOpen = isPending;
-        track.haltIsOver = true;
+        track.refusedAt = now.steady;
     }
     if (track.waiting == Waiting::StatusAnswer) {
         if (!report.isStatusAnswer() || isStale(track, report)) {
@@ -131,17 +148,16 @@ void Recovery::stopWaiting(Track& track, const Report& report, const Moment& now
     }
 }
 
-/// The counterparty never had it, or has lost it.
+/// The counterparty never had it, or has lost it. That it goes out again is put to the ledger, which knows
+/// better where it was taken back or halted meanwhile.
 void Recovery::denied(Track& track, const Moment& now, Step& step)
 {
     wait(track, Waiting::Nothing, now);
     const Standing& standing = track.instance.standing;
     if (hasTraded(standing) || track.saidDuplicate) {
         markUnknown(track, QStringLiteral("对手方前后答复矛盾：曾有成交或称已收到，现称没有此订单"), step);
-    } else if (standing.cancelAsked) {
+    } else if (standing.cancelAsked || standing.state == State::Stopping) {
         moveTo(track, State::Withdrawn, step);
-    } else if (mHalts.holds(track.instance.account)) {
-        moveTo(track, State::Queued, step);
     } else if (!mProfile.possResend || !track.isSendable) {
         markUnknown(track, QStringLiteral("对手方没有此订单，按配置不再自动发送"), step);
     } else {
@@ -156,9 +172,7 @@ void Recovery::moveTo(Track& track, State state, Step& step)
     after.state = state;
     after.cancelAsked = after.cancelAsked && isOpen(state);
     after.reason.clear();
-    if (!(after == track.instance.standing)) {
-        change(track, after, step);
-    }
+    change(track, after, step);
 }
 
 /// It may have it: ask, and do not believe a denial after that.
@@ -183,14 +197,10 @@ void Recovery::receiveRefusal(const QString& clOrdId, const std::string& message
     if (messageType == "H" && found->waiting == Waiting::StatusAnswer) {
         timedOut(*found, now, step);
     } else if (messageType == "F" && found->isCancelOpen) {
-        Standing after = found->instance.standing;
-        after.state = State::Running;
-        after.cancelAsked = false;
-        after.reason = QStringLiteral("撤单请求被拒绝：") + report.text;
-        found->isCancelOpen = false;
-        found->haltIsOver = true;
-        change(*found, after, step);
-        wait(*found, Waiting::Nothing, now);
+        Report refusal = report;
+        refusal.kind = Report::Kind::CancelReject;
+        refusal.ordStatus = QStringLiteral("0");
+        count(*found, refusal, now, step);
     }
 }
 

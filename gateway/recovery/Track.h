@@ -2,10 +2,13 @@
 
 #include "gateway/messages/Message.h"
 #include "gateway/messages/Order.h"
+#include "gateway/reports/Report.h"
 #include "gateway/reports/Standing.h"
 
 #include <QList>
 #include <QSet>
+
+#include <optional>
 
 /// An instance on its way, as recovery follows it.
 namespace gateway {
@@ -23,7 +26,6 @@ struct OpenInstance {
     QString account;
     Order order;
     Standing standing;
-    int cancelAttempts = 0;   ///< cancel requests that went out, or were about to
     bool wasSent = false;     ///< it was `sending` before: it may be known out there
     QSet<QString> countedIds; ///< execution reports (17) that were counted
 };
@@ -47,7 +49,7 @@ struct Track {
     qint64 since = 0;           ///< when that began, milliseconds
     QString requestId;          ///< 790 of the last status request
     bool isCancelOpen = false;  ///< a cancel request is out, on this connection, without an answer
-    bool haltIsOver = false;    ///< the halt's own cancel was sent and refused: no second one
+    qint64 refusedAt = -1;      ///< when a cancel was refused last, milliseconds; below 0: never
     bool saidDuplicate = false; ///< the counterparty had it when it was sent again
 };
 
@@ -57,8 +59,17 @@ struct Change {
     QString clOrdId;
     Standing before;
     Standing after;
-    int cancelAttempts = 0;
-    QStringList countedIds; ///< reports that were counted with it
+    /// What a report said, where one brought the change; else it is a decision of the gateway's own.
+    std::optional<Report> report;
+    std::optional<State> told; ///< by its OrdStatus
+    int leg = 0;               ///< 1, 2: it is about that leg; 0: about the order
+    QString ordered;           ///< what the leg or the order may be filled to; empty: not known
+};
+
+/// A cancel that the ledger gave out, and wrote down.
+struct CancelOrder {
+    QString clOrdId;
+    QString cancelId; ///< its own identifier: "…-C1"
 };
 
 /// A report that changed nothing, kept for people to see.

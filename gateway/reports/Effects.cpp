@@ -109,28 +109,38 @@ bool areFilled(const Standing& standing, const OrderSize& size)
 }
 
 /// A leg's status is not the order's: one leg is done long before the other. All filled is.
-std::optional<State> stateByLeg(const Standing& standing, const OrderSize& size)
+State stateByLeg(const Standing& standing, const OrderSize& size)
 {
     if (areFilled(standing, size)) {
         return State::Finished;
     }
-    return standing.cancelAsked ? State::Stopping : State::Running;
+    return State::Running;
 }
 
 /// The state that a report tells. A stopped order whose late fills reach its quantity is finished after all.
 std::optional<State> toldState(const Standing& standing, const OrderSize& size, const Report& report)
 {
     if (!size.legs.isEmpty() && report.isOfOneLeg()) {
-        return stateByLeg(standing, size);
+        const State byLegs = stateByLeg(standing, size);
+        return byLegs == State::Running && standing.cancelAsked ? State::Stopping : byLegs;
     }
     const std::optional<State> told = stateOf(report.ordStatus, standing.cancelAsked);
     const bool isComplete = size.legs.isEmpty() && isFilled(standing.fill, size.quantity);
     return told == State::Stopped && isComplete ? State::Finished : told;
 }
 
+Effect unchanged(const Standing& before, Answer answer, const QString& complaint = QString())
+{
+    Effect effect;
+    effect.after = before;
+    effect.answer = answer;
+    effect.complaint = complaint;
+    return effect;
+}
+
 Effect refused(const Standing& before, const QString& complaint)
 {
-    return {before, Answer::None, complaint};
+    return unchanged(before, Answer::None, complaint);
 }
 
 } // namespace
@@ -138,12 +148,12 @@ Effect refused(const Standing& before, const QString& complaint)
 Effect applyExecution(const Standing& before, const OrderSize& size, const Report& report)
 {
     if (report.deniesOrder()) {
-        return {before, Answer::Denies, QString()};
+        return unchanged(before, Answer::Denies);
     }
     if (report.saysDuplicate()) {
-        return {before, isOver(before.state) ? Answer::None : Answer::Ask, QString()};
+        return unchanged(before, isOver(before.state) ? Answer::None : Answer::Ask);
     }
-    Effect effect{before, Answer::Knows, QString()};
+    Effect effect = unchanged(before, Answer::Knows);
     const QString fault = takeFills(effect.after, size, report);
     if (!fault.isEmpty()) {
         return refused(before, fault);
@@ -151,6 +161,12 @@ Effect applyExecution(const Standing& before, const OrderSize& size, const Repor
     const std::optional<State> told = toldState(effect.after, size, report);
     if (!told) {
         return refused(before, QStringLiteral("未知的订单状态“%1”").arg(report.ordStatus));
+    }
+    const bool isOfLeg = !size.legs.isEmpty() && report.isOfOneLeg();
+    effect.leg = isOfLeg ? legOf(size, report) + 1 : 0;
+    effect.told = isOfLeg ? stateByLeg(effect.after, size) : stateOf(report.ordStatus, false);
+    if (*told == State::Stopped || *told == State::Finished) {
+        effect.told = told;
     }
     const bool traded = hasTraded(effect.after);
     const bool isComplete =
@@ -167,17 +183,18 @@ Effect applyCancelReject(const Standing& before, const Report& report)
 {
     const bool isUnknownOrder = report.rejectCode == QLatin1String("1");
     if (isOver(before.state)) {
-        return {before, Answer::None, QString()};
+        return unchanged(before, Answer::None);
     }
     if (isUnknownOrder && report.ordStatus == QLatin1String("8")) {
-        return {before, Answer::Ask, QString()};
+        return unchanged(before, Answer::Ask);
     }
     const std::optional<State> told =
         stateOf(report.ordStatus, before.cancelAsked && report.ordStatus == QLatin1String("3"));
     if (!told) {
         return refused(before, QStringLiteral("未知的订单状态“%1”").arg(report.ordStatus));
     }
-    Effect effect{before, Answer::Knows, QString()};
+    Effect effect = unchanged(before, Answer::Knows);
+    effect.told = told;
     effect.after.cancelAsked = *told == State::Stopping && before.cancelAsked;
     if (*told != before.state) {
         moveTo(effect.after, *told, report);
@@ -191,10 +208,11 @@ Effect applyCancelReject(const Standing& before, const Report& report)
 Effect applyReject(const Standing& before, const Report& report)
 {
     if (before.state != State::Sending && before.state != State::Unknown) {
-        return {before, Answer::None, QString()};
+        return unchanged(before, Answer::None);
     }
-    Effect effect{before, Answer::Knows, QString()};
+    Effect effect = unchanged(before, Answer::Knows);
     moveTo(effect.after, State::Rejected, report);
+    effect.told = State::Rejected;
     return effect;
 }
 

@@ -3,6 +3,8 @@
 #include "gateway/reports/Report.h"
 #include "gateway/reports/Standing.h"
 
+#include <optional>
+
 /// What a report changes on an instance.
 namespace gateway {
 
@@ -17,6 +19,8 @@ enum class Answer {
 struct Effect {
     Standing after;
     Answer answer = Answer::None;
+    std::optional<State> told; ///< by OrdStatus alone, whatever was asked for
+    int leg = 0;               ///< 1, 2: it is about that leg
     QString complaint; ///< why the report was refused; empty: it was not. A refused one changes nothing
 };
 

@@ -23,6 +23,9 @@ void MemoryLedger::takeBack(int row)
     Standing& standing = mInstances[row].standing;
     if (standing.state == State::Queued) {
         standing.state = State::Withdrawn;
+    } else if (standing.state == State::Running) {
+        standing.state = State::Stopping;
+        mDue.insert(row);
     } else {
         standing.cancelAsked = isOpen(standing.state);
     }
@@ -129,39 +132,48 @@ qint64 MemoryLedger::changeCount()
     return mChanges;
 }
 
-Outcome<Wishes> MemoryLedger::wishes()
+Outcome<QList<CancelOrder>> MemoryLedger::takeCancels(int)
 {
     const Lock lock(mMutex);
-    Wishes wishes;
-    wishes.halts.all = mHalted;
-    for (const OpenInstance& instance : mInstances) {
-        const QString clOrdId = clOrdIdOf(instance.order);
-        if (isOpen(instance.standing.state)) {
-            wishes.states.insert(clOrdId, instance.standing.state);
-        }
-        if (instance.standing.cancelAsked) {
-            wishes.takenBack.insert(clOrdId);
-        }
+    QList<CancelOrder> orders;
+    for (const int row : qAsConst(mDue)) {
+        const QString clOrdId = clOrdIdOf(mInstances.value(row).order);
+        orders.append({clOrdId, clOrdId + QStringLiteral("-C%1").arg(++mCancels[row])});
     }
-    return {wishes, QString()};
+    mDue.clear();
+    return {orders, QString()};
+}
+
+void MemoryLedger::decide(Standing& standing) const
+{
+    if (standing.state == State::Sending && mHalted) {
+        standing.state = State::Queued;
+    }
 }
 
 void MemoryLedger::apply(const Change& change)
 {
     OpenInstance& instance = mInstances[change.key.row];
-    for (const QString& id : change.countedIds) {
-        if (instance.countedIds.contains(id)) {
-            return;
-        }
+    const bool isReport = change.report.has_value();
+    const QString execId = isReport ? change.report->execId : QString();
+    if (!execId.isEmpty() && instance.countedIds.contains(execId)) {
+        return;
     }
-    const bool isRefused = change.before.cancelAsked && !change.after.cancelAsked;
-    const bool wasAsked = instance.standing.cancelAsked && !isRefused;
+    instance.countedIds.insert(execId);
+    const bool isRefusal = isReport && change.report->kind == Report::Kind::CancelReject;
+    const bool works = isReport && change.told == State::Running && !isRefusal;
+    const State before = instance.standing.state;
+    const bool wasAsked = instance.standing.cancelAsked;
     instance.standing = change.after;
-    instance.standing.cancelAsked = wasAsked && isOpen(change.after.state);
-    instance.cancelAttempts = change.cancelAttempts;
-    for (const QString& id : change.countedIds) {
-        instance.countedIds.insert(id);
+    if (works && (before == State::Stopping || wasAsked)) {
+        instance.standing.state = State::Stopping;
+        if (before != State::Stopping || execId.isEmpty()) {
+            mDue.insert(change.key.row);
+        }
+    } else if (!isReport) {
+        decide(instance.standing);
     }
+    instance.standing.cancelAsked = wasAsked && !works && !isRefusal && isOpen(instance.standing.state);
 }
 
 Outcome<QHash<QString, Standing>> MemoryLedger::record(const Step& step)

@@ -25,15 +25,18 @@ public:
     Outcome<QList<gateway::Order>> ordersOf(qint64 batch) override;
     Outcome<std::optional<gateway::OpenInstance>> find(const QString& clOrdId) override;
     qint64 changeCount() override;
-    Outcome<gateway::Wishes> wishes() override;
+    Outcome<QList<gateway::CancelOrder>> takeCancels(int most) override;
     Outcome<QHash<QString, gateway::Standing>> record(const gateway::Step& step) override;
     Outcome<void> noteSession(const QString& state, const QString& text) override;
 
 private:
+    void decide(gateway::Standing& standing) const;
     void apply(const gateway::Change& change);
 
     mutable std::mutex mMutex;
     QMap<int, gateway::OpenInstance> mInstances; ///< by row
+    QMap<int, int> mCancels;                     ///< given out, by row
+    QSet<int> mDue;                              ///< rows whose cancel is to be given out
     QHash<QString, int> mRows;                   ///< by ClOrdID
     QStringList mKept;
     QStringList mSessions;

@@ -41,15 +41,12 @@ public:
     void adopt(State at, bool cancelAsked = false) { recovery.adopt(instance(at, cancelAsked), moment()); }
     void cancel()
     {
-        run([this](Step& step) { recovery.askCancel(Id, moment(), step); });
+        const CancelOrder order = {Id, Id + QStringLiteral("-C%1").arg(++cancels)};
+        run([&](Step& step) { recovery.cancel(order, moment(), step); });
     }
     void lose()
     {
         run([this](Step& step) { recovery.wasLost(Id, moment(), step); });
-    }
-    void halt()
-    {
-        run([this](Step& step) { recovery.setHalts({false, {Account}}, moment(), step); });
     }
     void pass(int seconds)
     {
@@ -77,6 +74,7 @@ public:
     QString requestId;
     QString state; ///< as last written down
     int kept = 0;
+    int cancels = 0;
 
 private:
     template <typename Function> void run(Function function)
@@ -287,16 +285,14 @@ TEST(Recovery, ABustedFillThatComesLateIsOverAlready)
     EXPECT_EQ(desk.state, QString());
 }
 
-TEST(Recovery, ACancelWaitsUntilTheOrderIsKnown)
+TEST(Recovery, ACancelGoesOutAndItsFillsCount)
 {
     Desk desk;
     desk.logOn();
     desk.send();
-    desk.cancel();
-    EXPECT_EQ(desk.out(), QStringLiteral("D"));
     desk.hear(report("0", "0", "E1"));
-    EXPECT_EQ(desk.out(), QStringLiteral("F-C1"));
-    EXPECT_EQ(desk.state, QStringLiteral("stopping"));
+    desk.cancel();
+    EXPECT_EQ(desk.out(), QStringLiteral("D F-C1"));
     desk.hear(report("F", "1", "E2", "300"));
     EXPECT_EQ(desk.state, QStringLiteral("stopping"));
     desk.hear(report("4", "4", "E3", "300"));
@@ -314,19 +310,19 @@ TEST(Recovery, ACancelOfWhatNobodyHasIsWithdrawn)
     EXPECT_EQ(desk.state, QStringLiteral("withdrawn"));
 }
 
-TEST(Recovery, ALostCancelIsSentAgainUnderAnotherName)
+TEST(Recovery, ACancelWithoutAnAnswerIsAskedFor)
 {
     Desk desk;
     desk.logOn();
     desk.send();
     desk.hear(report("0", "0", "E1"));
     desk.cancel();
-    desk.recovery.loggedOff();
-    desk.logOn();
+    desk.pass(30);
     EXPECT_EQ(desk.out(), QStringLiteral("D F-C1 H"));
     Report answer = report("I", "0");
     answer.requestId = desk.requestId;
     desk.hear(answer);
+    desk.cancel();
     EXPECT_EQ(desk.out(), QStringLiteral("F-C2"));
     desk.pass(30);
     EXPECT_EQ(desk.out(), QStringLiteral("H"));
@@ -336,7 +332,21 @@ TEST(Recovery, ALostCancelIsSentAgainUnderAnotherName)
     EXPECT_EQ(desk.out(), QString()) << "it is being cancelled";
 }
 
-TEST(Recovery, ARefusedCancelIsNotRepeated)
+TEST(Recovery, ACancelWaitsForTheAnswerToAQuestion)
+{
+    Desk desk;
+    desk.adopt(State::Stopping);
+    desk.logOn();
+    desk.cancel();
+    EXPECT_EQ(desk.out(), QStringLiteral("H"));
+    Report answer = report("I", "0");
+    answer.requestId = desk.requestId;
+    desk.hear(answer);
+    desk.pass(0);
+    EXPECT_EQ(desk.out(), QStringLiteral("F-C1"));
+}
+
+TEST(Recovery, ARefusedCancelIsNotRepeatedAtOnce)
 {
     Desk desk;
     desk.logOn();
@@ -347,33 +357,11 @@ TEST(Recovery, ARefusedCancelIsNotRepeated)
     refusal.kind = Report::Kind::CancelReject;
     desk.hear(refusal);
     EXPECT_EQ(desk.state, QStringLiteral("running"));
-    desk.pass(3600);
-    EXPECT_EQ(desk.out(), QStringLiteral("D F-C1"));
     desk.cancel();
-    EXPECT_EQ(desk.out(), QStringLiteral("F-C2"));
-}
-
-TEST(Recovery, AHaltCancelsWhatWorks)
-{
-    Desk desk;
-    desk.logOn();
-    desk.send();
-    desk.hear(report("0", "0", "E1"));
-    desk.halt();
+    desk.pass(29);
     EXPECT_EQ(desk.out(), QStringLiteral("D F-C1"));
-    EXPECT_TRUE(desk.recovery.choose({desk.instance(State::Queued)}, desk.moment()).isEmpty());
-}
-
-TEST(Recovery, AHaltPutsWhatNobodyHasBackIntoTheQueue)
-{
-    Desk desk;
-    desk.adopt(State::Sending);
-    desk.halt();
-    desk.logOn();
-    desk.hear(denial(desk));
-    EXPECT_EQ(desk.out(), QStringLiteral("H"));
-    EXPECT_EQ(desk.state, QStringLiteral("queued"));
-    EXPECT_EQ(desk.recovery.openCount(), 0);
+    desk.pass(1);
+    EXPECT_EQ(desk.out(), QStringLiteral("F-C2"));
 }
 
 TEST(Recovery, WhatIsSentAgainKeepsThePace)
@@ -386,18 +374,6 @@ TEST(Recovery, WhatIsSentAgainKeepsThePace)
     desk.pass(2);
     EXPECT_EQ(desk.out(), QStringLiteral("D+"));
     EXPECT_TRUE(desk.recovery.choose({desk.instance(State::Queued)}, desk.moment()).isEmpty());
-}
-
-TEST(Recovery, ACancelThatComesWhileItWaitsForItsTurnKeepsItHome)
-{
-    Desk desk(sample::profile(), Pacing({{Account, 1}}, 0));
-    desk.adopt(State::Sending);
-    desk.logOn();
-    desk.hear(denial(desk));
-    desk.cancel();
-    desk.pass(2);
-    EXPECT_EQ(desk.out(), QStringLiteral("H"));
-    EXPECT_EQ(desk.state, QStringLiteral("withdrawn"));
 }
 
 TEST(Recovery, ChoosesInOrderAndPassesOverAnAccountAtItsCeiling)

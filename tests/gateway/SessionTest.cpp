@@ -131,7 +131,10 @@ TEST_F(Session, HostileReportsChangeNothing)
     counterparty.say("8", {{58, std::string(10 << 20, 'x')}, {39, "1"}, {150, "F"}});
     counterparty.sayRaw(std::string("8=FIX.4.4\0019=5\00135=8\00110=000\001", 31));
     counterparty.sayRaw("\001\002garbage\0018=\001");
-    counterparty.report(id, "F", "1", "300");
+    counterparty.report(id, "F", "1", "300"); // swallowed by the garbage before it
+    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.kept().size() >= 3; }));
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    counterparty.report(id, "F", "1", "300"); // shows that one is missing
     ASSERT_TRUE(counterparty.waitFor([&] {
         return ledger.standing(1).fill.quantity == QStringLiteral("300");
     })) << ledger.standing(1).fill.quantity.toStdString();

@@ -54,6 +54,18 @@ void Printer::kept(const KeptReport& report)
            {QStringLiteral("reason"), report.complaint}});
 }
 
+void Printer::message(const Message& message)
+{
+    const auto text = [&](int tag) { return QString::fromStdString(message.text(tag)); };
+    print({{QStringLiteral("event"), QStringLiteral("report")},
+           {QStringLiteral("clOrdId"), text(11)},
+           {QStringLiteral("execType"), text(150)},
+           {QStringLiteral("ordStatus"), text(39)},
+           {QStringLiteral("cumQty"), text(14)},
+           {QStringLiteral("avgPx"), text(6)},
+           {QStringLiteral("text"), text(58)}});
+}
+
 QString nameOf(SessionNews::State state)
 {
     switch (state) {

@@ -17,6 +17,8 @@ public:
     void instance(const InstanceKey& key, const QString& clOrdId, const Standing& standing);
     /// A report that was refused, or is not ours.
     void kept(const KeptReport& report);
+    /// What a simulated broker says of an order.
+    void message(const Message& message);
 
 private:
     void print(QJsonObject line);

@@ -1,7 +1,7 @@
 // How long creating, finding again, guarding and comparing a batch take.
 
-#include "desk/ledger/BatchDiff.h"
-#include "desk/ledger/Ledger.h"
+#include "ledger/draft/BatchDiff.h"
+#include "ledger/Ledger.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,8 +19,8 @@ InstanceDraft instanceOf(int row)
     Leg leg;
     leg.symbol = QStringLiteral("%1.SH").arg(600000 + row);
     leg.direction = QStringLiteral("Buy");
-    leg.quantity = 1000.0 + row;
-    leg.limitPrice = 10.5;
+    leg.quantity = 1000 + row;
+    leg.limitPrice = Decimal::fromDouble(10.5);
     leg.amount = leg.quantity * leg.limitPrice;
     instance.legs = {leg};
     QMap<QString, QVariant> security;
@@ -105,7 +105,7 @@ void guardBatch(benchmark::State& state)
         earlier.rowKeys.insert(rowKey(draft.strategy, instance));
     }
     Limits limits;
-    limits.rowAmount = limits.securityAmount = limits.grossBuy = 1e12;
+    limits.rowAmount = limits.securityAmount = limits.grossBuy = 1000000000000;
     for (auto _ : state) {
         benchmark::DoNotOptimize(checkBatch(draft, limits, {}, {earlier}));
     }
@@ -118,7 +118,7 @@ void compareBatch(benchmark::State& state)
     BatchTable after = before;
     after.rows.removeAt(3);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(compareTables(before, after));
+        benchmark::DoNotOptimize(compareTables(before, after, {QStringLiteral("列0")}));
     }
 }
 BENCHMARK(compareBatch)->Unit(benchmark::kMillisecond);

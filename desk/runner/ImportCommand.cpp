@@ -1,14 +1,14 @@
-#include "desk/ledger/LedgerJson.h"
-#include "desk/ledger/LedgerTexts.h"
-#include "desk/ledger/Limits.h"
+#include "desk/batch/HostPrices.h"
+#include "desk/batch/LimitsFile.h"
+#include "desk/check/ImportedFile.h"
+#include "desk/check/RejectedRows.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
+#include "desk/runner/FaultJson.h"
+#include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
-#include "desk/window/ImportProblems.h"
-#include "desk/window/RejectFile.h"
-#include "embedded_host/table_reader/RejectFile.h"
-#include "embedded_host/table_reader/TableReader.h"
+#include "ledger/LedgerTexts.h"
 
 #include <QFileInfo>
 
@@ -28,6 +28,9 @@ QString objection(const DialogDriver& driver, const CommandLine& line)
     if (!driver.isConfirmed()) {
         return ledger::texts::notConfirmed();
     }
+    if (!driver.digestError().isEmpty()) {
+        return driver.digestError();
+    }
     return driver.shownBoxes().isEmpty() || line.yes ? QString() : ledger::texts::importComplained();
 }
 
@@ -36,20 +39,20 @@ QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const QLi
 {
     const QString stopped = objection(driver, line);
     if (!stopped.isEmpty()) {
-        return ledger::noCreationToJson(stopped);
+        return noCreationToJson(stopped);
     }
     const auto opened = Ledger::open(homeFolder(line));
     if (!opened.ok()) {
-        return ledger::noCreationToJson(opened.error);
+        return noCreationToJson(opened.error);
     }
-    const ledger::BatchDraft draft = ledger::makeDraft(driver.content());
-    const ledger::Outcome<Review> review =
-        ledger::reviewBatch(*opened.value, draft, limits, ledger::hostPrices(draft));
+    const ledger::BatchDraft draft = batch::makeDraft(driver.content());
+    const Outcome<Review> review =
+        ledger::reviewBatch(*opened.value, draft, limits, batch::hostPrices(draft));
     if (!review.ok()) {
-        return ledger::noCreationToJson(review.error);
+        return noCreationToJson(review.error);
     }
-    return ledger::creationToJson(
-        review.value.verdict, ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount}));
+    return creationToJson(review.value.verdict,
+                          ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount}));
 }
 
 /// Why the refused rows cannot go to that file; empty where they can.
@@ -84,21 +87,14 @@ QJsonObject rejectsToJson(const QString& out, int rows, const QString& error)
 }
 
 /// The refused rows of the file with their reasons, as a file to mend and import again.
-QJsonObject writeRejects(const DialogDriver& driver, const QString& out)
+QJsonObject writeRejects(const table::Table& table, const table::Faults& faults, const QString& out)
 {
-    const table_reader::Table table = table_reader::readTable(driver.path());
     if (!table.error.isEmpty()) {
         return rejectsToJson(out, 0, table.error);
     }
-    QList<Problem> problems;
-    for (const ShownBox& box : driver.shownBoxes()) {
-        problems += import_problems::fromBoxText(box.text);
-    }
-    const bool spreadsheetToCsv =
-        table.format != QLatin1String("csv") && !out.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
-    const reject_file::Refused refused = reject_file::refusedRows(problems, table.rows, spreadsheetToCsv);
-    const QString error = table_writer::writeRejects(out, table.rows.value(0), refused.rows);
-    return rejectsToJson(out, refused.rows.size(), error.isEmpty() ? refused.doubt : error);
+    const QList<table_writer::RefusedRow> rows =
+        rejected_rows::of(faults, table, rejected_rows::needDatesForCsv(table, out));
+    return rejectsToJson(out, rows.size(), rejected_rows::write(out, table, rows));
 }
 
 } // namespace
@@ -113,7 +109,7 @@ Result importFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
-    const std::optional<QList<LimitScope>> limits = ledger::readLimits(referenceDataFolder(line), error);
+    const std::optional<QList<LimitScope>> limits = batch::readLimits(referenceDataFolder(line), error);
     if (!limits) {
         return refuse(error);
     }
@@ -121,10 +117,14 @@ Result importFile(const CommandLine& line)
     if (!driver.unknownName().isEmpty()) {
         return refuse(driver.unknownName());
     }
-    driver.importFile();
+    const ImportedFile file = ImportedFile::read(driver.path());
+    driver.importFile(file);
     driver.switchAccountAndConfirm();
 
     QJsonObject json = driver.toJson();
+    if (line.faults) {
+        json[QStringLiteral("faults")] = toJson(driver.faults());
+    }
     bool complained = !driver.shownBoxes().isEmpty();
     if (line.create) {
         const QJsonObject creation = createBatch(driver, line, *limits);
@@ -132,7 +132,7 @@ Result importFile(const CommandLine& line)
         complained = complained || !creation[QStringLiteral("batch")].isObject();
     }
     if (!line.rejects.isEmpty()) {
-        const QJsonObject rejects = writeRejects(driver, line.rejects);
+        const QJsonObject rejects = writeRejects(file.table, driver.fileFaults(), line.rejects);
         json[QStringLiteral("rejects")] = rejects;
         complained = complained || !rejects[QStringLiteral("error")].toString().isEmpty();
     }

@@ -1,6 +1,7 @@
-#include "desk/ledger/LedgerJson.h"
+#include "desk/check/ImportedFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
+#include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 
@@ -22,12 +23,12 @@ Result complain(const QString& error)
 }
 
 /// JSON of a value, or its error.
-template <typename Value> Result printed(const ledger::Outcome<Value>& outcome)
+template <typename Value> Result printed(const Outcome<Value>& outcome)
 {
-    return outcome.ok() ? print(Done, QJsonDocument(ledger::toJson(outcome.value))) : complain(outcome.error);
+    return outcome.ok() ? print(Done, QJsonDocument(toJson(outcome.value))) : complain(outcome.error);
 }
 
-ledger::Outcome<LedgerPointer> openLedger(const CommandLine& line, ledger::Ledger::Access access)
+Outcome<LedgerPointer> openLedger(const CommandLine& line, ledger::Ledger::Access access)
 {
     ledger::Ledger::Options options;
     options.access = access;
@@ -96,15 +97,15 @@ Result diffBatch(const CommandLine& line)
     if (!opened.ok()) {
         return complain(opened.error);
     }
-    const ledger::Outcome<ledger::Batch> batch = opened.value->batch(*number);
-    const ledger::Outcome<ledger::BatchTable> before = opened.value->tableOf(*number);
-    if (!batch.ok() || !before.ok()) {
-        return complain(batch.ok() ? before.error : batch.error);
+    const Outcome<ledger::Batch> known = opened.value->batch(*number);
+    const Outcome<ledger::BatchTable> before = opened.value->tableOf(*number);
+    if (!known.ok() || !before.ok()) {
+        return complain(known.ok() ? before.error : known.error);
     }
     CommandLine import = line;
     import.files = QStringList{line.files.last()};
-    import.strategy = batch.value.strategy;
-    import.account = batch.value.account;
+    import.strategy = known.value.strategy;
+    import.account = known.value.account;
     QString error;
     const std::unique_ptr<EmbeddedHost> host = openHost(import, error);
     if (!host) {
@@ -114,11 +115,11 @@ Result diffBatch(const CommandLine& line)
     if (!driver.unknownName().isEmpty()) {
         return refuse(driver.unknownName());
     }
-    driver.importFile();
-    const ledger::DialogContent content = driver.content();
-    const ledger::BatchDiff diff =
-        ledger::compareTables(before.value, ledger::shownTable(content.columns, content.records));
-    QJsonObject json = ledger::toJson(diff, *number, import.files.first());
+    driver.importFile(ImportedFile::read(driver.path()));
+    const batch::DialogContent content = driver.content();
+    const ledger::BatchDiff diff = ledger::compareTables(
+        before.value, batch::shownTable(content.columns, content.records), batch::orderColumns());
+    QJsonObject json = toJson(diff, *number, import.files.first());
     json[QStringLiteral("messageBoxes")] = driver.boxes();
     return print(driver.boxes().isEmpty() ? Done : Complained, QJsonDocument(json));
 }

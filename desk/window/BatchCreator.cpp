@@ -1,5 +1,6 @@
 #include "desk/window/BatchCreator.h"
 
+#include "desk/batch/HostPrices.h"
 #include "desk/window/VerdictDialog.h"
 #include "host/ZelMessageBox.h"
 
@@ -9,9 +10,9 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
         tell(mBooks.ledgerError);
         return std::nullopt;
     }
-    const ledger::BatchDraft draft = ledger::makeDraft(batch.content);
-    const ledger::Outcome<ledger::Review> review =
-        ledger::reviewBatch(*mBooks.ledger, draft, mBooks.limits, ledger::hostPrices(draft));
+    const ledger::BatchDraft draft = batch::makeDraft(batch.content);
+    const Outcome<ledger::Review> review =
+        ledger::reviewBatch(*mBooks.ledger, draft, mBooks.limits, batch::hostPrices(draft));
     if (!review.ok()) {
         tell(review.error);
         return std::nullopt;
@@ -20,8 +21,7 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
     if (VerdictDialog::isNeeded(review.value.verdict) && !askUser(review.value, consent)) {
         return std::nullopt;
     }
-    const ledger::Outcome<ledger::Batch> created =
-        ledger::createReviewed(*mBooks.ledger, review.value, consent);
+    const Outcome<ledger::Batch> created = ledger::createReviewed(*mBooks.ledger, review.value, consent);
     if (!created.ok()) {
         tell(created.error);
         return std::nullopt;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "desk/ledger/BatchCreation.h"
 #include "desk/window/DeskBooks.h"
 #include "desk/window/HandOver.h"
+#include "ledger/BatchCreation.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desk/ledger/Ledger.h"
-#include "desk/ledger/Limits.h"
+#include "ledger/guard/Limits.h"
+#include "ledger/Ledger.h"
 
 #include <QList>
 #include <QString>

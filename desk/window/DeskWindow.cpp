@@ -1,6 +1,5 @@
 #include "desk/window/DeskWindow.h"
 
-#include "desk/ledger/BatchDiff.h"
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/BatchCreator.h"
 #include "desk/window/BatchesPage.h"
@@ -14,6 +13,7 @@
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
 #include "embedded_host/widgets/PlainToolTip.h"
+#include "ledger/draft/BatchDiff.h"
 
 #include <QAction>
 #include <QApplication>
@@ -222,8 +222,8 @@ void DeskWindow::compareWithEarlier()
     if (!mBooks.ledger || mImport->currentTable().rows.isEmpty()) {
         return;
     }
-    const ledger::DialogContent now = mImport->frame()->content();
-    const ledger::Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
+    const batch::DialogContent now = mImport->content();
+    const Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
     sayToo(batches.error);
     for (auto batch = batches.value.crbegin(); batch != batches.value.crend(); ++batch) {
         if (batch->strategy == now.strategy && batch->account == now.account &&
@@ -237,12 +237,12 @@ void DeskWindow::compareWithEarlier()
 void DeskWindow::compareWith(qint64 batch)
 {
     const ledger::BatchTable now = mImport->currentTable();
-    const ledger::Outcome<ledger::BatchTable> before = mBooks.ledger->tableOf(batch);
+    const Outcome<ledger::BatchTable> before = mBooks.ledger->tableOf(batch);
     if (!before.ok() || now.rows.isEmpty()) {
         say(before.ok() ? QStringLiteral("先在“批量导入”中导入要比较的文件") : before.error);
         return;
     }
-    mImport->showDiff(ledger::compareTables(before.value, now), batch);
+    mImport->showDiff(ledger::compareTables(before.value, now, batch::orderColumns()), batch);
     showPage(ImportPageIndex);
 }
 

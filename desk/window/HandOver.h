@@ -1,9 +1,9 @@
 #pragma once
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 
 /// A batch that the user confirmed in the dialog.
 struct HandOver {
-    ledger::DialogContent content;
+    batch::DialogContent content;
     bool closeAfterwards = true; ///< the user wants the dialog closed once the instances exist
 };

@@ -1,145 +1,81 @@
 #include "desk/window/InstancesPage.h"
 
+#include "desk/models/InstancesModel.h"
 #include "desk/window/FilteredTable.h"
-#include "desk/window/Money.h"
 #include "embedded_host/EmbeddedHost.h"
-#include "embedded_host/skin/SkinService.h"
-#include "host/AlgoConstants.h"
 
-#include <QColor>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
-enum Column { Id, State, Account, Strategy, Symbol, Name, Direction, Quantity, Limit, Amount, Changed };
-
-const QStringList& titles()
+/// Newest batch first, each in the order of its rows.
+void sortNewestFirst(QList<ledger::Instance>& instances)
 {
-    static const QStringList texts = {
-        QStringLiteral("实例"),     QStringLiteral("状态"), QStringLiteral("账户"),    QStringLiteral("算法"),
-        QStringLiteral("证券代码"), QStringLiteral("名称"), QStringLiteral("方向"),    QStringLiteral("数量"),
-        QStringLiteral("限价"),     QStringLiteral("金额"), QStringLiteral("变更时间")};
-    return texts;
-}
-
-QString shownDirection(const QString& sent)
-{
-    namespace Futures = Algo_Values::FutureSide;
-    static const QMap<QString, QString> shown = {
-        {Algo_Values::AlgoOrderSide::BuyValue, QStringLiteral("买入")},
-        {Algo_Values::AlgoOrderSide::SellValue, QStringLiteral("卖出")},
-        {Futures::BuyOpen, Futures::BuyOpenChi},
-        {Futures::SellOpen, Futures::SellOpenChi},
-        {Futures::BuyClose, Futures::BuyCloseChi},
-        {Futures::SellClose, Futures::SellCloseChi}};
-    return shown.value(sent, sent);
-}
-
-// Zero stands for none.
-QString numberText(double number)
-{
-    return number == 0.0 ? QString() : QString::number(number, 'g', 15);
-}
-
-QString moneyText(double amount)
-{
-    return amount == 0.0 ? QString() : money::shown(amount);
-}
-
-bool isOver(const QString& shownState)
-{
-    using ledger::InstanceState;
-    return shownState != ledger::shownName(InstanceState::Created) &&
-           shownState != ledger::shownName(InstanceState::Running);
-}
-
-template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf textOf)
-{
-    QStringList texts;
-    for (const ledger::Leg& leg : legs) {
-        texts.append(textOf(leg));
-    }
-    return texts.join(QStringLiteral(" / "));
+    std::stable_sort(
+        instances.begin(), instances.end(),
+        [](const ledger::Instance& a, const ledger::Instance& b) { return a.id.batch > b.id.batch; });
 }
 
 } // namespace
 
 InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts,
                              QWidget* parent)
-    : QWidget(parent), mHost(host), mBooks(books), mModel(new TextTable(titles(), this)),
+    : QWidget(parent), mHost(host), mBooks(books),
+      mModel(new InstancesModel([this](const QString& symbol) { return nameOf(symbol); }, this)),
       mTable(new FilteredTable(mModel, {QStringLiteral("算法实例"), QString()}, prompts, this)),
       mAllBatches(mTable->addButton(QStringLiteral("显示全部批次"), QStringLiteral("button_allBatches")))
 {
-    mModel->setNumeric({Quantity, Limit, Amount});
-    mModel->setTint([this](int row, int column) { return tintOf(row, column); });
+    mTable->setColoursOf(host);
     auto* column = new QVBoxLayout(this);
     column->addWidget(mTable);
     connect(mAllBatches, &QPushButton::clicked, this, [this] { showBatch(std::nullopt); });
     connect(mTable, &FilteredTable::said, this, &InstancesPage::said);
-    reload();
+    connect(mModel, &ListModel::failed, this, &InstancesPage::said);
+    showBatch(std::nullopt);
 }
 
 void InstancesPage::showBatch(std::optional<qint64> batch)
 {
-    mBatch = batch;
-    reload();
+    mAllBatches->setVisible(batch.has_value());
+    mModel->setPages(pagesOf<ledger::Instance>([this, batch] { return instancesOf(batch); }));
+    tellState();
 }
 
 void InstancesPage::reload()
 {
-    mAllBatches->setVisible(mBatch.has_value());
-    ledger::Outcome<QList<ledger::Instance>> instances{{}, mBooks.ledgerError};
-    if (mBooks.ledger) {
-        instances = mBooks.ledger->instances(mBatch);
-    }
-    QList<QStringList> rows;
-    for (const ledger::Instance& instance : qAsConst(instances.value)) {
-        rows.append(rowOf(instance));
-    }
-    mError = instances.error;
-    mTable->setEmptyText(mError.isEmpty() ? QStringLiteral("还没有实例") : mError);
-    mModel->setRows(rows);
+    mModel->reload();
+    tellState();
+}
+
+QString InstancesPage::error() const
+{
+    return mModel->error();
+}
+
+void InstancesPage::tellState()
+{
+    mTable->setEmptyText(error().isEmpty() ? QStringLiteral("还没有实例") : error());
     mTable->fitColumnsOnce();
-    if (!mError.isEmpty()) {
-        emit said(mError);
+    if (!error().isEmpty()) {
+        emit said(error());
     }
 }
 
-QStringList InstancesPage::rowOf(const ledger::Instance& instance) const
+Outcome<QList<ledger::Instance>> InstancesPage::instancesOf(std::optional<qint64> batch) const
 {
-    const QList<ledger::Leg>& legs = instance.legs;
-    const auto nameOf = [this](const ledger::Leg& leg) {
-        const Security* security = mHost.referenceData().security(leg.symbol);
-        return security ? security->name : QString();
-    };
-    return {instance.id.text(),
-            ledger::shownName(instance.state),
-            instance.account,
-            instance.strategy,
-            ofLegs(legs, [](const ledger::Leg& leg) { return leg.symbol; }),
-            ofLegs(legs, nameOf),
-            ofLegs(legs, [](const ledger::Leg& leg) { return shownDirection(leg.direction); }),
-            ofLegs(legs, [](const ledger::Leg& leg) { return numberText(leg.quantity); }),
-            ofLegs(legs, [](const ledger::Leg& leg) { return numberText(leg.limitPrice); }),
-            ofLegs(legs, [](const ledger::Leg& leg) { return moneyText(leg.amount); }),
-            instance.changedAt.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))};
+    if (!mBooks.ledger) {
+        return {{}, mBooks.ledgerError};
+    }
+    Outcome<QList<ledger::Instance>> instances = mBooks.ledger->instances(batch);
+    sortNewestFirst(instances.value);
+    return instances;
 }
 
-QColor InstancesPage::tintOf(int row, int column) const
+QString InstancesPage::nameOf(const QString& symbol) const
 {
-    const SkinColours& colours = mHost.skins().colours();
-    const QStringList& cells = mModel->rows().at(row);
-    if (column == State) {
-        return isOver(cells.at(State)) ? colours.colour(QStringLiteral("muted")) : QColor();
-    }
-    if (column != Direction) {
-        return {};
-    }
-    const bool buys = cells.at(Direction).contains(QStringLiteral("买"));
-    const bool sells = cells.at(Direction).contains(QStringLiteral("卖"));
-    if (buys == sells) {
-        return {}; // neither, or one leg of each
-    }
-    return colours.colour(buys ? QStringLiteral("buy") : QStringLiteral("sell"));
+    const Security* security = mHost.referenceData().security(symbol);
+    return security ? security->name : QString();
 }

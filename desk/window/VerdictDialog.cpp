@@ -1,7 +1,5 @@
 #include "desk/window/VerdictDialog.h"
 
-#include "desk/window/Money.h"
-
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -62,11 +60,10 @@ void VerdictDialog::addSummary(QVBoxLayout* column)
         QStringLiteral("heading"), this));
     auto* amounts = new QHBoxLayout;
     amounts->setSpacing(24);
-    amounts->addWidget(makeLabel(QStringLiteral("买入合计 %1 元").arg(money::shown(mReview.verdict.grossBuy)),
+    amounts->addWidget(makeLabel(QStringLiteral("买入合计 %1 元").arg(mReview.verdict.grossBuy.shown(2)),
                                  QStringLiteral("buy"), this));
-    amounts->addWidget(
-        makeLabel(QStringLiteral("卖出合计 %1 元").arg(money::shown(mReview.verdict.grossSell)),
-                  QStringLiteral("sell"), this));
+    amounts->addWidget(makeLabel(QStringLiteral("卖出合计 %1 元").arg(mReview.verdict.grossSell.shown(2)),
+                                 QStringLiteral("sell"), this));
     amounts->addStretch();
     column->addLayout(amounts);
 }
@@ -101,7 +98,7 @@ void VerdictDialog::addAmount(QVBoxLayout* column)
     }
     column->addSpacing(4);
     column->addWidget(makeLabel(QStringLiteral("金额较大，请再输入一次合计金额（整数元）：%1")
-                                    .arg(money::shown(double(verdict.confirmationAmount), 0)),
+                                    .arg(ledger::Decimal(verdict.confirmationAmount).shown(0)),
                                 QStringLiteral("heading"), this));
     mAmount = new QLineEdit(this);
     mAmount->setObjectName(QStringLiteral("edit_amount"));

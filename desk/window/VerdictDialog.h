@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/ledger/BatchCreation.h"
+#include "ledger/BatchCreation.h"
 
 #include <QDialog>
 

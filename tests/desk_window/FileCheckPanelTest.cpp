@@ -1,6 +1,6 @@
 #include "desk/window/FileCheckPanel.h"
 
-#include "desk/ledger/DraftBuilder.h"
+#include "desk/batch/DraftBuilder.h"
 #include "desk/window/DiffPanel.h"
 #include "desk/window/ProblemsPanel.h"
 #include "tests/desk_window/DeskWindowFixture.h"
@@ -76,7 +76,7 @@ TEST_F(FileCheckPanelTest, TellsHowTheFileWasReadAndItsFingerprint)
     const QString path = writeFile({row(), row("688001"_s)});
     drop(path);
     const QString expected = "格式 csv  ·  编码 UTF-8  ·  分隔符 逗号  ·  行数 3（含表头）  ·  SHA-256 "_s +
-                             ledger::sha256OfFile(path);
+                             batch::sha256OfFile(path);
     EXPECT_TRUE(QTest::qWaitFor([&] { return facts() == expected; })) << facts().toStdString();
     EXPECT_EQ(child<QLabel>("label_fileFacts")->accessibleDescription(), expected);
 }

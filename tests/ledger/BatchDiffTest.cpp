@@ -1,4 +1,4 @@
-#include "desk/ledger/BatchDiff.h"
+#include "ledger/draft/BatchDiff.h"
 
 #include "tests/ledger/SampleDrafts.h"
 
@@ -15,18 +15,24 @@ BatchTable table(const QList<QStringList>& rows, const QStringList& columns = Co
     return {columns, rows};
 }
 
+/// With the columns of these tables that name an order.
+BatchDiff diffOf(const BatchTable& before, const BatchTable& after)
+{
+    return compareTables(before, after, {"证券代码"_s, "市场"_s, "交易方向"_s});
+}
+
 } // namespace
 
 TEST(BatchDiff, OfTheSameTableIsEmpty)
 {
     const BatchTable same = table({{"A"_s, "买入"_s, "100"_s}, {"A"_s, "买入"_s, "100"_s}});
-    EXPECT_TRUE(compareTables(same, same).isEmpty());
+    EXPECT_TRUE(diffOf(same, same).isEmpty());
 }
 
 TEST(BatchDiff, NamesTheColumnAndBothTextsOfAChangedCell)
 {
-    const BatchDiff diff = compareTables(table({{"A"_s, "买入"_s, "100"_s}, {"B"_s, "买入"_s, "5"_s}}),
-                                         table({{"B"_s, "买入"_s, "5"_s}, {"A"_s, "买入"_s, "200"_s}}));
+    const BatchDiff diff = diffOf(table({{"A"_s, "买入"_s, "100"_s}, {"B"_s, "买入"_s, "5"_s}}),
+                                  table({{"B"_s, "买入"_s, "5"_s}, {"A"_s, "买入"_s, "200"_s}}));
     ASSERT_EQ(diff.cellsChanged.size(), 1);
     const ChangedCell cell = diff.cellsChanged.first();
     EXPECT_EQ(cell.oldRow, 1);
@@ -39,8 +45,8 @@ TEST(BatchDiff, NamesTheColumnAndBothTextsOfAChangedCell)
 
 TEST(BatchDiff, ListsRowsAddedAndRemoved)
 {
-    const BatchDiff diff = compareTables(table({{"A"_s, "买入"_s, "1"_s}, {"B"_s, "买入"_s, "2"_s}}),
-                                         table({{"B"_s, "买入"_s, "2"_s}, {"C"_s, "买入"_s, "3"_s}}));
+    const BatchDiff diff = diffOf(table({{"A"_s, "买入"_s, "1"_s}, {"B"_s, "买入"_s, "2"_s}}),
+                                  table({{"B"_s, "买入"_s, "2"_s}, {"C"_s, "买入"_s, "3"_s}}));
     ASSERT_EQ(diff.rowsAdded.size(), 1);
     EXPECT_EQ(diff.rowsAdded.first().row, 2);
     EXPECT_EQ(diff.rowsAdded.first().cells.first(), "C"_s);
@@ -51,8 +57,7 @@ TEST(BatchDiff, ListsRowsAddedAndRemoved)
 
 TEST(BatchDiff, TakesATurnedDirectionForAnotherOrder)
 {
-    const BatchDiff diff =
-        compareTables(table({{"A"_s, "买入"_s, "1"_s}}), table({{"A"_s, "卖出"_s, "1"_s}}));
+    const BatchDiff diff = diffOf(table({{"A"_s, "买入"_s, "1"_s}}), table({{"A"_s, "卖出"_s, "1"_s}}));
     EXPECT_EQ(diff.rowsAdded.size(), 1);
     EXPECT_EQ(diff.rowsRemoved.size(), 1);
 }
@@ -60,8 +65,8 @@ TEST(BatchDiff, TakesATurnedDirectionForAnotherOrder)
 TEST(BatchDiff, OfOneRowTakenOutAmongSeveralOfASecurityChangesNoOther)
 {
     const BatchDiff diff =
-        compareTables(table({{"A"_s, "买入"_s, "1"_s}, {"A"_s, "买入"_s, "2"_s}, {"A"_s, "买入"_s, "3"_s}}),
-                      table({{"A"_s, "买入"_s, "2"_s}, {"A"_s, "买入"_s, "3"_s}}));
+        diffOf(table({{"A"_s, "买入"_s, "1"_s}, {"A"_s, "买入"_s, "2"_s}, {"A"_s, "买入"_s, "3"_s}}),
+               table({{"A"_s, "买入"_s, "2"_s}, {"A"_s, "买入"_s, "3"_s}}));
     EXPECT_TRUE(diff.cellsChanged.isEmpty());
     ASSERT_EQ(diff.rowsRemoved.size(), 1);
     EXPECT_EQ(diff.rowsRemoved.first().row, 1);
@@ -70,8 +75,8 @@ TEST(BatchDiff, OfOneRowTakenOutAmongSeveralOfASecurityChangesNoOther)
 TEST(BatchDiff, FollowsColumnsByNameAndListsThoseThatCameOrWent)
 {
     const BatchDiff diff =
-        compareTables(table({{"A"_s, "买入"_s, "1"_s}}),
-                      table({{"说明"_s, "A"_s, "买入"_s}}, {"备注"_s, "证券代码"_s, "交易方向"_s}));
+        diffOf(table({{"A"_s, "买入"_s, "1"_s}}),
+               table({{"说明"_s, "A"_s, "买入"_s}}, {"备注"_s, "证券代码"_s, "交易方向"_s}));
     EXPECT_EQ(diff.columnsAdded, QStringList{"备注"_s});
     EXPECT_EQ(diff.columnsRemoved, QStringList{"委托数量"_s});
     EXPECT_TRUE(diff.cellsChanged.isEmpty() && diff.rowsAdded.isEmpty() && diff.rowsRemoved.isEmpty());
@@ -80,7 +85,7 @@ TEST(BatchDiff, FollowsColumnsByNameAndListsThoseThatCameOrWent)
 
 TEST(BatchDiff, BearsRowsShorterThanTheirColumns)
 {
-    const BatchDiff diff = compareTables(table({{"A"_s}}), table({{"A"_s, QString(), "7"_s}}));
+    const BatchDiff diff = diffOf(table({{"A"_s}}), table({{"A"_s, QString(), "7"_s}}));
     ASSERT_EQ(diff.cellsChanged.size(), 1);
     EXPECT_EQ(diff.cellsChanged.first().before, QString());
     EXPECT_EQ(diff.cellsChanged.first().after, "7"_s);
@@ -93,7 +98,7 @@ TEST(BatchDiff, ComparesWithTheTableThatTheLedgerKept)
     ledger.reopen();
     BatchTable edited = sampleDraft(3).table;
     edited.rows[1][2] = "1200"_s;
-    const BatchDiff diff = compareTables(ledger->tableOf(1).value, edited);
+    const BatchDiff diff = diffOf(ledger->tableOf(1).value, edited);
     ASSERT_EQ(diff.cellsChanged.size(), 1);
     EXPECT_EQ(diff.cellsChanged.first().newRow, 2);
 }

@@ -1,16 +1,14 @@
-#include "desk/ledger/BatchCreation.h"
+#include "ledger/BatchCreation.h"
 #include "tests/ledger/SampleDrafts.h"
 
 #include <gtest/gtest.h>
-
-#include <QtNumeric>
 
 using namespace ledger;
 
 namespace {
 
 /// Every security of the samples at 10, without factors.
-Prices pricesOf(const BatchDraft& draft, double last = 10.0)
+Prices pricesOf(const BatchDraft& draft, const Decimal& last = 10)
 {
     Prices prices;
     for (const InstanceDraft& instance : draft.instances) {
@@ -37,7 +35,8 @@ QStringList rulesOf(const QList<Finding>& findings)
     return rules;
 }
 
-SampleRow row(const QString& symbol, const QString& direction, double quantity, double limitPrice = 10.0)
+SampleRow row(const QString& symbol, const QString& direction, const Decimal& quantity,
+              const Decimal& limitPrice = 10)
 {
     return {symbol, direction, quantity, limitPrice, false};
 }
@@ -62,16 +61,16 @@ TEST(Guard, LetsAnOrdinaryBatchPassWithoutAWord)
     const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(B, "Sell"_s, 500)}));
     EXPECT_TRUE(verdict.refusals.isEmpty());
     EXPECT_TRUE(verdict.warnings.isEmpty());
-    EXPECT_EQ(verdict.grossBuy, 10000.0);
-    EXPECT_EQ(verdict.grossSell, 5000.0);
+    EXPECT_EQ(verdict.grossBuy, 10000);
+    EXPECT_EQ(verdict.grossSell, 5000);
     EXPECT_EQ(verdict.confirmationAmount, 0);
 }
 
 TEST(Guard, RefusesARowAboveItsCeilingsAndNamesIt)
 {
     Limits limits;
-    limits.rowQuantity = 900.0;
-    limits.rowAmount = 6000.0;
+    limits.rowQuantity = 900;
+    limits.rowAmount = 6000;
     const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 600), row(B, "Buy"_s, 1000)}), limits);
     ASSERT_EQ(rulesOf(verdict.refusals), (QStringList{"rowQuantity"_s, "rowAmount"_s}));
     EXPECT_EQ(verdict.refusals.at(0).rows, QList<int>{2});
@@ -82,17 +81,17 @@ TEST(Guard, RefusesARowAboveItsCeilingsAndNamesIt)
 TEST(Guard, LetsARowThatMeetsItsCeilingExactlyPass)
 {
     Limits limits;
-    limits.rowQuantity = 1000.0;
-    limits.rowAmount = 10000.0;
-    limits.securityAmount = 10000.0;
-    limits.grossBuy = 10000.0;
+    limits.rowQuantity = 1000;
+    limits.rowAmount = 10000;
+    limits.securityAmount = 10000;
+    limits.grossBuy = 10000;
     EXPECT_FALSE(verdictOn(sampleDraft({row(A, "Buy"_s, 1000)}), limits).refuses());
 }
 
 TEST(Guard, AddsUpTheRowsOfOneSecurityOnEachSide)
 {
     Limits limits;
-    limits.securityAmount = 15000.0;
+    limits.securityAmount = 15000;
     const Verdict within = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(B, "Buy"_s, 1000)}), limits);
     EXPECT_FALSE(within.refuses());
     const Verdict above = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(A, "Buy"_s, 1000)}), limits);
@@ -103,8 +102,8 @@ TEST(Guard, AddsUpTheRowsOfOneSecurityOnEachSide)
 TEST(Guard, RefusesABatchWhoseGrossBuyOrSellIsAboveItsCeiling)
 {
     Limits limits;
-    limits.grossBuy = 15000.0;
-    limits.grossSell = 15000.0;
+    limits.grossBuy = 15000;
+    limits.grossSell = 15000;
     const BatchDraft buys = sampleDraft({row(A, "Buy"_s, 1000), row(B, "BuyOpen"_s, 1000)});
     EXPECT_EQ(rulesOf(verdictOn(buys, limits).refusals), QStringList{"grossBuy"_s});
     const BatchDraft sells = sampleDraft({row(A, "Sell"_s, 1000), row(B, "SellClose"_s, 1000)});
@@ -114,16 +113,16 @@ TEST(Guard, RefusesABatchWhoseGrossBuyOrSellIsAboveItsCeiling)
 TEST(Guard, CountsADirectionThatNobodyKnowsOnBothSides)
 {
     const Verdict verdict = verdictOn(sampleDraft({row(A, "?"_s, 1000)}));
-    EXPECT_EQ(verdict.grossBuy, 10000.0);
-    EXPECT_EQ(verdict.grossSell, 10000.0);
+    EXPECT_EQ(verdict.grossBuy, 10000);
+    EXPECT_EQ(verdict.grossSell, 10000);
 }
 
 TEST(Guard, RefusesALimitPriceTooFarFromTheLastPriceOnEitherSide)
 {
     Limits limits;
-    limits.priceDistance = 10.0;
-    const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 100, 11.0), row(A, "Buy"_s, 100, 11.01),
-                                                   row(A, "Buy"_s, 100, 8.99), row(A, "Buy"_s, 100, 0.0)}),
+    limits.priceDistance = 10;
+    const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 100, 11), row(A, "Buy"_s, 100, 11.01_d),
+                                                   row(A, "Buy"_s, 100, 8.99_d), row(A, "Buy"_s, 100, 0)}),
                                       limits);
     ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"priceDistance"_s});
     EXPECT_EQ(verdict.refusals.first().rows, (QList<int>{2, 3}));
@@ -132,9 +131,9 @@ TEST(Guard, RefusesALimitPriceTooFarFromTheLastPriceOnEitherSide)
 TEST(Guard, ComparesNoInterestRateWithAFaceValue)
 {
     Limits limits;
-    limits.priceDistance = 10.0;
-    BatchDraft draft = sampleDraft({row(A, "Sell"_s, 100, 1.85)});
-    Prices prices = pricesOf(draft, 100.0);
+    limits.priceDistance = 10;
+    BatchDraft draft = sampleDraft({row(A, "Sell"_s, 100, 1.85_d)});
+    Prices prices = pricesOf(draft, 100);
     prices[{A, "SH"_s}].isNominal = true;
     valueLegs(draft, prices);
     EXPECT_FALSE(checkBatch(draft, limits, prices, {}).refuses());
@@ -183,7 +182,7 @@ TEST(Guard, TakesThePairOfOneRowAsMeant)
 TEST(Guard, WarnsOfAQuantityThatLooksLikeMoney)
 {
     Limits limits;
-    limits.moneyLikeAmount = 5e7;
+    limits.moneyLikeAmount = 50000000;
     const Verdict verdict = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(A, "Buy"_s, 123456),
                                                    row(A, "Buy"_s, 1000000), row(A, "Buy"_s, 5000100)}),
                                       limits);
@@ -194,15 +193,15 @@ TEST(Guard, WarnsOfAQuantityThatLooksLikeMoney)
 TEST(Guard, TakesAnAmountThatWasTypedAsMoneyForWhatItIs)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 1000000)});
-    draft.instances[0].legs[0].typedAmount = 2e7;
+    draft.instances[0].legs[0].typedAmount = 20000000;
     const Verdict verdict = verdictOn(draft);
     EXPECT_TRUE(verdict.warnings.isEmpty());
-    EXPECT_EQ(verdict.grossBuy, 2e7);
+    EXPECT_EQ(verdict.grossBuy, 20000000);
 }
 
 TEST(Guard, WarnsOfRowsWithoutAnyPriceOrRefusesThem)
 {
-    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100, 0.0)});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100, 0)});
     valueLegs(draft, {});
     EXPECT_EQ(rulesOf(checkBatch(draft, {}, {}, {}).warnings), QStringList{"unpriced"_s});
     Limits strict;
@@ -212,18 +211,18 @@ TEST(Guard, WarnsOfRowsWithoutAnyPriceOrRefusesThem)
 
 TEST(Guard, ValuesARowWithoutAQuoteAtItsLimitPrice)
 {
-    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100, 12.0)});
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100, 12)});
     valueLegs(draft, {});
-    EXPECT_EQ(checkBatch(draft, {}, {}, {}).grossBuy, 1200.0);
+    EXPECT_EQ(checkBatch(draft, {}, {}, {}).grossBuy, 1200);
 }
 
 TEST(Guard, ValuesEachSideWithItsOwnFactor)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100), row(A, "Sell"_s, 100)});
-    valueLegs(draft, {{{A, "SH"_s}, {10.0, 0.95, 0.90, false}}});
+    valueLegs(draft, {{{A, "SH"_s}, {10, 0.95_d, 0.90_d, false}}});
     const Verdict verdict = checkBatch(draft, {}, {}, {});
-    EXPECT_DOUBLE_EQ(verdict.grossBuy, 950.0);
-    EXPECT_DOUBLE_EQ(verdict.grossSell, 900.0);
+    EXPECT_EQ(verdict.grossBuy, 950);
+    EXPECT_EQ(verdict.grossSell, 900);
 }
 
 TEST(Guard, PutsTheWorstWarningFirst)
@@ -239,7 +238,7 @@ TEST(Guard, PutsTheWorstWarningFirst)
 TEST(Guard, AsksForTheGrossAmountFromItsThresholdOn)
 {
     Limits limits;
-    limits.confirmAmount = 15000.0;
+    limits.confirmAmount = 15000;
     const BatchDraft below = sampleDraft({row(A, "Buy"_s, 1000)});
     EXPECT_EQ(verdictOn(below, limits).confirmationAmount, 0);
     const Verdict at = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(B, "Sell"_s, 500)}), limits);
@@ -260,14 +259,14 @@ TEST(Creation, NeedsConsentToWarnings)
     EXPECT_TRUE(without.error.contains("同时买入和卖出"_s)) << without.error.toStdString();
     EXPECT_TRUE(ledger->batches().value.isEmpty());
     EXPECT_EQ(createReviewed(*ledger, review, {true, QString()}).error, QString());
-    EXPECT_EQ(ledger->instances().value.first().legs.first().amount, 1000.0);
+    EXPECT_EQ(ledger->instances().value.first().legs.first().amount, 1000);
 }
 
 TEST(Creation, IsRefusedAboveACeilingWhateverTheConsent)
 {
     SampleLedger ledger;
     LimitScope scope;
-    scope.limits.grossBuy = 10.0;
+    scope.limits.grossBuy = 10;
     const BatchDraft draft = sampleDraft(1);
     const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
     EXPECT_EQ(createReviewed(*ledger, review, {true, "10000"_s}).error,
@@ -279,7 +278,7 @@ TEST(Creation, NeedsTheGrossAmountTypedWhereTheGuardAsksForIt)
 {
     SampleLedger ledger;
     LimitScope scope;
-    scope.limits.confirmAmount = 1.0;
+    scope.limits.confirmAmount = 1;
     const BatchDraft draft = sampleDraft(1);
     const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
     EXPECT_TRUE(createReviewed(*ledger, review, {true, "9999"_s}).error.contains("10,000"_s));
@@ -316,14 +315,14 @@ TEST(Guard, RefusesARowWithoutQuantityAndAmount)
     const Verdict verdict = verdictOn(draft);
     ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"noQuantity"_s});
     EXPECT_EQ(verdict.refusals.first().rows, QList<int>{2});
-    draft.instances[1].legs[0].typedAmount = 5000.0;
+    draft.instances[1].legs[0].typedAmount = 5000;
     EXPECT_FALSE(verdictOn(draft).refuses());
 }
 
 TEST(Guard, OnlyWarnsOfNoQuantityWhereTheStrategyHasNoColumnOfThem)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 0)});
-    draft.table.columns[2] = "封单金额"_s;
+    draft.asksQuantity = false;
     const Verdict verdict = verdictOn(draft);
     EXPECT_FALSE(verdict.refuses());
     EXPECT_EQ(rulesOf(verdict.warnings), QStringList{"noQuantity"_s});
@@ -333,12 +332,12 @@ TEST(Guard, WarnsOfAnEndBeforeTheStart)
 {
     BatchDraft draft = sampleDraft(3);
     for (InstanceDraft& instance : draft.instances) {
-        instance.parameters["开始时间"_s] = "2025-11-03 14:30:00"_s;
-        instance.parameters["结束时间"_s] = "2025-11-03 14:57:00"_s;
+        instance.start = QDateTime(QDate(2025, 11, 3), QTime(14, 30));
+        instance.end = QDateTime(QDate(2025, 11, 3), QTime(14, 57));
     }
     EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
-    draft.instances[1].parameters["结束时间"_s] = "2025-11-03 09:57:00"_s;
-    draft.instances[2].parameters["结束时间"_s] = ""_s;
+    draft.instances[1].end = QDateTime(QDate(2025, 11, 3), QTime(9, 57));
+    draft.instances[2].end = QDateTime();
     const Verdict verdict = verdictOn(draft);
     ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"endBeforeStart"_s});
     EXPECT_EQ(verdict.warnings.first().rows, QList<int>{2});
@@ -347,7 +346,7 @@ TEST(Guard, WarnsOfAnEndBeforeTheStart)
 TEST(Guard, WarnsOfALimitThatBecameNone)
 {
     BatchDraft draft = sampleDraft(2);
-    draft.instances[1].legs[0].limitPrice = 0.0;
+    draft.instances[1].legs[0].limitPrice = 0;
     EXPECT_TRUE(verdictOn(draft).warnings.isEmpty());
     draft.instances[1].legs[0].hasZeroLimit = true;
     const Verdict verdict = verdictOn(draft);
@@ -359,7 +358,7 @@ TEST(Guard, AsksForAnAmountThatMeetsItsThresholdButForBinaryFractions)
 {
     BatchDraft draft =
         sampleDraft({row(A, "Buy"_s, 111700), row(B, "Buy"_s, 41800), row("C"_s, "Buy"_s, 79500)});
-    const double prices[] = {52.67, 196.37, 1080.61};
+    const Decimal prices[] = {52.67_d, 196.37_d, 1080.61_d};
     Prices known;
     for (int i = 0; i < 3; ++i) {
         const Leg& leg = draft.instances.at(i).legs.first();
@@ -367,26 +366,26 @@ TEST(Guard, AsksForAnAmountThatMeetsItsThresholdButForBinaryFractions)
     }
     valueLegs(draft, known);
     Limits limits;
-    limits.confirmAmount = 1e8;
-    limits.moneyLikeAmount = 1e9;
+    limits.confirmAmount = 100000000;
+    limits.moneyLikeAmount = 1000000000;
     EXPECT_EQ(checkBatch(draft, limits, known, {}).confirmationAmount, 100000000);
 }
 
 TEST(Guard, AsksForTheSmallestAmountAsWell)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 1)});
-    valueLegs(draft, pricesOf(draft, 0.3));
+    valueLegs(draft, pricesOf(draft, 0.3_d));
     Limits limits;
-    limits.confirmAmount = 0.0;
+    limits.confirmAmount = 0;
     EXPECT_EQ(checkBatch(draft, limits, {}, {}).confirmationAmount, 1);
 }
 
 TEST(Guard, LetsNothingThatIsNoNumberPastACeiling)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100)});
-    draft.instances[0].legs[0].amount = qQNaN();
+    draft.instances[0].legs[0].amount = Decimal::none();
     Limits limits;
-    limits.rowAmount = limits.securityAmount = limits.grossBuy = 1e9;
+    limits.rowAmount = limits.securityAmount = limits.grossBuy = 1000000000;
     EXPECT_EQ(rulesOf(checkBatch(draft, limits, {}, {}).refusals),
               (QStringList{"rowAmount"_s, "securityAmount"_s, "grossBuy"_s}));
 }
@@ -394,9 +393,50 @@ TEST(Guard, LetsNothingThatIsNoNumberPastACeiling)
 TEST(Guard, TakesARowWithoutAnExchangeRateForUnpriced)
 {
     BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100)});
-    for (const double factor : {0.0, -1.0, qQNaN()}) {
-        valueLegs(draft, {{{A, "SH"_s}, {10.0, factor, factor, false}}});
-        EXPECT_EQ(draft.instances.first().legs.first().amount, 0.0);
+    for (const Decimal& factor : {Decimal(), Decimal(-1), Decimal::none()}) {
+        valueLegs(draft, {{{A, "SH"_s}, {10, factor, factor, false}}});
+        EXPECT_EQ(draft.instances.first().legs.first().amount, 0);
         EXPECT_EQ(rulesOf(checkBatch(draft, {}, {}, {}).warnings), QStringList{"unpriced"_s});
     }
+}
+
+TEST(Guard, RefusesANumberWithAMinusSign)
+{
+    BatchDraft draft = sampleDraft(2);
+    draft.instances[1].legs[0].isNegative = true;
+    const Verdict verdict = verdictOn(draft);
+    ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"negative"_s});
+    EXPECT_EQ(verdict.refusals.first().rows, QList<int>{2});
+}
+
+TEST(Guard, RefusesABatchOfMoreRowsThanItsCeiling)
+{
+    Limits limits;
+    limits.batchRows = 2;
+    EXPECT_FALSE(verdictOn(sampleDraft(2), limits).refuses());
+    EXPECT_EQ(rulesOf(verdictOn(sampleDraft(3), limits).refusals), QStringList{"batchRows"_s});
+}
+
+TEST(Guard, RefusesARowThatTakesMoreOfTheMarketThanItsCeiling)
+{
+    Limits limits;
+    limits.participation = 20;
+    BatchDraft draft = sampleDraft(3);
+    draft.instances[0].participation = 20;
+    draft.instances[2].participation = 20.01_d;
+    const Verdict verdict = verdictOn(draft, limits);
+    ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"participation"_s});
+    EXPECT_EQ(verdict.refusals.first().rows, QList<int>{3});
+}
+
+TEST(Guard, AddsUpWithoutTheErrorOfBinaryFractions)
+{
+    Limits limits;
+    limits.grossBuy = 0.3_d;
+    BatchDraft draft = sampleDraft({row(A, "Buy"_s, 1), row(B, "Buy"_s, 1), row("C"_s, "Buy"_s, 1)});
+    const Prices prices = pricesOf(draft, 0.1_d);
+    valueLegs(draft, prices);
+    EXPECT_FALSE(checkBatch(draft, limits, prices, {}).refuses()) << "three times 0.1 is 0.3";
+    limits.grossBuy = 0.2999999999999999999_d;
+    EXPECT_TRUE(checkBatch(draft, limits, prices, {}).refuses());
 }

@@ -1,5 +1,5 @@
-#include "desk/ledger/LedgerTexts.h"
-#include "desk/ledger/SqliteFile.h"
+#include "ledger/LedgerTexts.h"
+#include "ledger/store/SqliteFile.h"
 #include "tests/ledger/SampleDrafts.h"
 #include "tests/support/RestrictedPath.h"
 

@@ -20,7 +20,7 @@ TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
     EXPECT_EQ(batch.account, "1001"_s);
     EXPECT_EQ(batch.strategy, "AITWAP"_s);
     EXPECT_EQ(batch.rowCount, 2);
-    EXPECT_EQ(batch.expectedBuy, 10000.0);
+    EXPECT_EQ(batch.expectedBuy, 10000);
     EXPECT_EQ(batch.createdAt, sampleMorning());
     EXPECT_EQ(batch.createdBy, "trader"_s);
     EXPECT_EQ(batch.state, BatchState::Created);
@@ -32,7 +32,7 @@ TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
     ASSERT_EQ(instances.at(1).legs.size(), 1);
     EXPECT_EQ(instances.at(1).legs.first().symbol, "600001.SH"_s);
     EXPECT_EQ(instances.at(1).legs.first().direction, "Buy"_s);
-    EXPECT_EQ(instances.at(1).legs.first().quantity, 1000.0);
+    EXPECT_EQ(instances.at(1).legs.first().quantity, 1000);
     EXPECT_EQ(ledger->tableOf(1).value.columns, draft.table.columns);
     EXPECT_EQ(ledger->tableOf(1).value.rows, draft.table.rows);
 }

@@ -1,5 +1,5 @@
-#include "desk/ledger/LedgerSchema.h"
-#include "desk/ledger/SqliteFile.h"
+#include "ledger/store/LedgerSchema.h"
+#include "ledger/store/SqliteFile.h"
 #include "tests/ledger/SampleDrafts.h"
 
 #include <gtest/gtest.h>

@@ -1,23 +1,6 @@
 #include "tests/ledger/SampleDrafts.h"
 
-#include "host/AlgoConstants.h"
-
-#include <QLocale>
-
-#include <ostream>
-
 using namespace ledger;
-
-namespace {
-
-namespace Info = Algo_Fields::AlgoInstContentInfo;
-
-QString digits(double value)
-{
-    return QString::number(value, 'f', QLocale::FloatingPointShortest);
-}
-
-} // namespace
 
 InstanceDraft sampleInstance(const SampleRow& row)
 {
@@ -30,12 +13,12 @@ InstanceDraft sampleInstance(const SampleRow& row)
     InstanceDraft instance;
     instance.legs = {leg};
     instance.startsNow = row.startsNow;
-    const QMap<QString, QVariant> security{{Info::Symbol, row.symbol},
-                                           {Info::Quantity, digits(row.quantity)},
-                                           {Info::PriceLimits, digits(row.limitPrice)}};
-    instance.parameters = {{Algo_Values::AlgoParamId::AlgoSecurityList, QVariantList{security}},
-                           {Algo_Values::AlgoParamId::traderOrder, row.direction},
-                           {Info::TradingAccount, "1001"_s},
+    const QMap<QString, QVariant> security{{"证券代码"_s, row.symbol},
+                                           {"委托数量"_s, row.quantity.text()},
+                                           {"委托限价"_s, row.limitPrice.text()}};
+    instance.parameters = {{"证券代码和委托数量"_s, QVariantList{security}},
+                           {"交易方向"_s, row.direction},
+                           {"交易账号"_s, "1001"_s},
                            {"BatchCreate"_s, ""_s}};
     return instance;
 }
@@ -49,11 +32,11 @@ BatchDraft sampleDraft(const QList<SampleRow>& rows)
     draft.account = "1001"_s;
     draft.strategy = "AITWAP"_s;
     draft.createdBy = "trader"_s;
-    draft.expectedBuy = 10000.0;
-    draft.table.columns = QStringList{Info::Symbol, Algo_Values::AlgoParamId::traderOrder, Info::Quantity};
+    draft.expectedBuy = 10000;
+    draft.table.columns = QStringList{"证券代码"_s, "交易方向"_s, "委托数量"_s};
     for (const SampleRow& row : rows) {
         draft.instances.append(sampleInstance(row));
-        draft.table.rows.append({row.symbol, row.direction, digits(row.quantity)});
+        draft.table.rows.append({row.symbol, row.direction, row.quantity.text()});
     }
     return draft;
 }

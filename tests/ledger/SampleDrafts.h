@@ -1,16 +1,33 @@
 #pragma once
 
-#include "desk/ledger/Ledger.h"
+#include "ledger/Ledger.h"
 #include "tests/support/Text.h"
 
 #include <QTemporaryDir>
+
+#include <ostream>
+
+/// 10.01_d: exactly that.
+inline ledger::Decimal operator""_d(const char* digits)
+{
+    return ledger::Decimal::fromText(QString::fromLatin1(digits));
+}
+
+namespace ledger {
+
+inline void PrintTo(const Decimal& number, std::ostream* out)
+{
+    *out << (number.isNumber() ? number.text().toStdString() : "none");
+}
+
+} // namespace ledger
 
 /// One row: a leg with its parameter map and its line of the table.
 struct SampleRow {
     QString symbol = "600000.SH"_s;
     QString direction = "Buy"_s;
-    double quantity = 1000.0;
-    double limitPrice = 10.0;
+    ledger::Decimal quantity = 1000;
+    ledger::Decimal limitPrice = 10;
     bool startsNow = false;
 };
 
@@ -44,4 +61,4 @@ private:
 };
 
 /// Opens for reading.
-ledger::Outcome<std::shared_ptr<ledger::Ledger>> openToRead(const QString& home);
+Outcome<std::shared_ptr<ledger::Ledger>> openToRead(const QString& home);

@@ -112,8 +112,8 @@ TEST(Undo, LeavesTheRowsThatMayHaveTradedAsDuplicates)
 {
     SampleLedger ledger;
     SampleRow waiting;
-    SampleRow running{"600001.SH"_s, "Buy"_s, 1000.0, 10.0, true};
-    SampleRow finished{"600002.SH"_s, "Buy"_s, 1000.0, 10.0, true};
+    SampleRow running{"600001.SH"_s, "Buy"_s, 1000, 10, true};
+    SampleRow finished{"600002.SH"_s, "Buy"_s, 1000, 10, true};
     const BatchDraft draft = sampleDraft({waiting, running, finished});
     ledger->createBatch(draft);
     ledger->changeState({1, 3}, InstanceState::Finished);

@@ -18,8 +18,8 @@ TEST_F(DialogDriver, NamesTheDigestOfTheFileThatItImported)
     const auto host = runner::openHost(line, error);
     ASSERT_TRUE(host) << error.toStdString();
     runner::DialogDriver driver(*host, line);
-    driver.importFile();
-    const QString imported = ledger::sha256OfFile(driver.path());
+    driver.importFile(ImportedFile::read(driver.path()));
+    const QString imported = batch::sha256OfFile(driver.path());
     table(goodRow() + goodRow()); // a colleague saves the file again
-    EXPECT_EQ(imported, ledger::makeDraft(driver.content()).fileSha256);
+    EXPECT_EQ(imported, batch::makeDraft(driver.content()).fileSha256);
 }

@@ -1,5 +1,5 @@
-#include "tests/ledger/SchemaCheck.h"
 #include "tests/runner/RunnerTest.h"
+#include "tests/support/SchemaCheck.h"
 
 #include <pwd.h>
 #include <sys/file.h>

@@ -1,0 +1,86 @@
+#include "desk/batch/LimitsFile.h"
+
+#include "embedded_host/reference_data/CsvTable.h"
+#include "ledger/LedgerTexts.h"
+
+#include <QFile>
+
+namespace batch {
+
+using namespace ledger;
+
+namespace {
+
+ReferenceColumn<LimitScope> scopeColumn(const char* name, QString LimitScope::*field)
+{
+    return {QString::fromLatin1(name),
+            [field](LimitScope& row, const QString& cell) {
+                row.*field = cell.trimmed();
+                return QString();
+            },
+            nullptr, ReferenceColumn<LimitScope>::Key};
+}
+
+ReferenceColumn<LimitScope> ceilingColumn(const Ceiling& ceiling)
+{
+    const QString name = QString::fromLatin1(ceiling.column);
+    return {name,
+            [name, field = ceiling.value](LimitScope& row, const QString& cell) {
+                const Decimal value = Decimal::fromText(cell);
+                if (!value.isNumber()) {
+                    return reference_faults::notNumber(name, cell);
+                }
+                row.limits.*field = value;
+                return value < 0 ? texts::negativeLimit(name, cell) : QString();
+            },
+            nullptr};
+}
+
+ReferenceColumn<LimitScope> unpricedColumn()
+{
+    const QString name = QStringLiteral("refuseUnpriced");
+    return {name,
+            [name](LimitScope& row, const QString& cell) {
+                row.limits.refusesUnpriced = cell == QLatin1String("1");
+                const bool isFlag = row.limits.refusesUnpriced || cell == QLatin1String("0");
+                return isFlag ? QString() : reference_faults::notFlag(name, cell);
+            },
+            nullptr};
+}
+
+const ReferenceTable<LimitScope>& limitTable()
+{
+    static const ReferenceTable<LimitScope> table = [] {
+        ReferenceTable<LimitScope> made{QStringLiteral("limits"),
+                                        nullptr,
+                                        {scopeColumn("account", &LimitScope::account),
+                                         scopeColumn("strategy", &LimitScope::strategy), unpricedColumn()}};
+        for (const Ceiling& ceiling : ceilings()) {
+            made.columns.append(ceilingColumn(ceiling));
+        }
+        return made;
+    }();
+    return table;
+}
+
+} // namespace
+
+std::optional<QList<LimitScope>> readLimits(const QString& folder, QString& error)
+{
+    const QString path = folder + (folder.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/")) +
+                         limitTable().fileName();
+    QFile file(path);
+    QList<LimitScope> scopes;
+    error.clear();
+    if (!file.exists()) {
+        return scopes;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
+        return std::nullopt;
+    }
+    const bool isSound = CsvTable(limitTable(), path).read(file.readAll(), scopes, error);
+    return isSound ? std::make_optional(scopes) : std::nullopt;
+}
+
+} // namespace batch

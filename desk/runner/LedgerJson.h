@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ledger/BatchCreation.h"
+#include "ledger/draft/BatchDiff.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+/// What the runner prints; docs/schema/ describes each shape.
+namespace runner {
+
+QJsonObject toJson(const ledger::Batch& batch);
+QJsonObject toJson(const ledger::Instance& instance);
+QJsonObject toJson(const ledger::Verdict& verdict);
+QJsonObject toJson(const ledger::UndoReport& report);
+/// `batch` is the number of the batch compared with, `fileName` the edited file.
+QJsonObject toJson(const ledger::BatchDiff& diff, qint64 batch, const QString& fileName);
+QJsonArray toJson(const QList<ledger::Batch>& batches);
+QJsonArray toJson(const QList<ledger::Instance>& instances);
+/// The verdict and the batch that came of it, or the error.
+QJsonObject creationToJson(const ledger::Verdict& verdict, const Outcome<ledger::Batch>& created);
+/// The same where it did not come to a verdict.
+QJsonObject noCreationToJson(const QString& error);
+
+} // namespace runner

@@ -1,0 +1,143 @@
+#include "ledger/guard/GuardRules.h"
+#include "ledger/LedgerTexts.h"
+
+namespace ledger::guard {
+
+namespace {
+
+QString figure(const Decimal& value)
+{
+    return value.shown(value.isWhole() ? 0 : 2);
+}
+
+Decimal amountOf(const InstanceDraft& instance)
+{
+    Decimal sum;
+    for (const Leg& leg : instance.legs) {
+        sum += leg.amount;
+    }
+    return sum;
+}
+
+/// After an import that ended early the dialog may still hold instances that its table does not show. Nobody
+/// has looked at them.
+void checkEverythingIsShown(const BatchDraft& draft, Verdict& verdict)
+{
+    const int shown = draft.table.rows.size();
+    const int instances = draft.instances.size();
+    if (shown != instances) {
+        report(verdict.refusals, "notShown", instances, texts::notShown(shown, instances));
+    }
+}
+
+/// The import reads a cell that is no number as 0, and nobody means an order of nothing. A strategy without
+/// such a column cannot say more.
+void checkQuantities(const BatchDraft& draft, Verdict& verdict)
+{
+    const QList<int> rows =
+        rowsWithLeg(draft, [](const Leg& leg) { return !(leg.quantity > 0) && !(leg.typedAmount > 0); });
+    report(draft.asksQuantity ? verdict.refusals : verdict.warnings, "noQuantity", rows.size(),
+           texts::noQuantity(rows.size()), rows);
+}
+
+/// The import takes a minus sign for what it is, and the market has no orders of less than nothing.
+void checkSigns(const BatchDraft& draft, Verdict& verdict)
+{
+    const QList<int> rows = rowsWithLeg(draft, [](const Leg& leg) { return leg.isNegative; });
+    report(verdict.refusals, "negative", rows.size(), texts::negative(rows.size()), rows);
+}
+
+void checkSize(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const int count = draft.instances.size();
+    if (exceeds(count, limits.batchRows)) {
+        report(verdict.refusals, "batchRows", count, texts::batchRows(count, figure(*limits.batchRows)));
+    }
+}
+
+void checkParticipation(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const QList<int> rows = rowsWhere(draft, [&](const InstanceDraft& instance) {
+        return exceeds(instance.participation, limits.participation);
+    });
+    report(verdict.refusals, "participation", rows.size(),
+           texts::participation(rows.size(), figure(limits.participation.value_or(Decimal()))), rows);
+}
+
+void checkRows(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const QList<int> large =
+        rowsWithLeg(draft, [&](const Leg& leg) { return exceeds(leg.quantity, limits.rowQuantity); });
+    report(verdict.refusals, "rowQuantity", large.size(),
+           texts::rowQuantity(large.size(), figure(limits.rowQuantity.value_or(Decimal()))), large);
+    const QList<int> dear = rowsWhere(
+        draft, [&](const InstanceDraft& instance) { return exceeds(amountOf(instance), limits.rowAmount); });
+    report(verdict.refusals, "rowAmount", dear.size(),
+           texts::rowAmount(dear.size(), figure(limits.rowAmount.value_or(Decimal()))), dear);
+}
+
+void checkSecurities(const AmountsBySecurity& amounts, const Limits& limits, Verdict& verdict)
+{
+    QStringList broken;
+    for (auto security = amounts.cbegin(); security != amounts.cend(); ++security) {
+        if (exceeds(security->bought, limits.securityAmount) ||
+            exceeds(security->sold, limits.securityAmount)) {
+            broken.append(security.key());
+        }
+    }
+    report(verdict.refusals, "securityAmount", broken.size(),
+           texts::securityAmount(broken.size(), figure(limits.securityAmount.value_or(Decimal())),
+                                 someOf(broken)));
+}
+
+void checkGross(const Limits& limits, Verdict& verdict)
+{
+    if (exceeds(verdict.grossBuy, limits.grossBuy)) {
+        report(verdict.refusals, "grossBuy", 1,
+               texts::grossBuy(figure(verdict.grossBuy), figure(*limits.grossBuy)));
+    }
+    if (exceeds(verdict.grossSell, limits.grossSell)) {
+        report(verdict.refusals, "grossSell", 1,
+               texts::grossSell(figure(verdict.grossSell), figure(*limits.grossSell)));
+    }
+}
+
+void checkPriceDistance(const BatchDraft& draft, const Limits& limits, const Prices& prices, Verdict& verdict)
+{
+    const auto isFar = [&](const Leg& leg) {
+        const Price price = prices.value({leg.symbol, leg.exchange});
+        if (!limits.priceDistance || leg.limitPrice == 0 || !(price.last > 0) || price.isNominal) {
+            return false;
+        }
+        // without a division, which may have no end
+        return exceeds((leg.limitPrice - price.last).abs() * 100, *limits.priceDistance * price.last);
+    };
+    const QList<int> rows = rowsWithLeg(draft, isFar);
+    report(verdict.refusals, "priceDistance", rows.size(),
+           texts::priceDistance(rows.size(), figure(limits.priceDistance.value_or(Decimal()))), rows);
+}
+
+void checkPrices(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const QList<int> rows = limits.refusesUnpriced ? rowsWithLeg(draft, isUnpriced) : QList<int>();
+    report(verdict.refusals, "unpriced", rows.size(), texts::unpricedRefused(rows.size()), rows);
+}
+
+} // namespace
+
+void refuse(const BatchDraft& draft, const Limits& limits, const Prices& prices,
+            const AmountsBySecurity& amounts, Verdict& verdict)
+{
+    checkEverythingIsShown(draft, verdict);
+    checkQuantities(draft, verdict);
+    checkSigns(draft, verdict);
+    checkSize(draft, limits, verdict);
+    checkRows(draft, limits, verdict);
+    checkSecurities(amounts, limits, verdict);
+    checkGross(limits, verdict);
+    checkPriceDistance(draft, limits, prices, verdict);
+    checkParticipation(draft, limits, verdict);
+    checkPrices(draft, limits, verdict);
+}
+
+} // namespace ledger::guard

@@ -1,0 +1,124 @@
+#include "ledger/guard/GuardRules.h"
+#include "ledger/LedgerTexts.h"
+
+#include <QSet>
+
+namespace ledger::guard {
+
+namespace {
+
+/// From this on, a row's quantity looks like money where limits.csv names no amount of its own.
+constexpr int MoneyLikeAmount = 100000000;
+/// A quantity in full ten thousands that is worth this much is more likely to be an amount.
+constexpr int RoundQuantityAmount = 10000000;
+constexpr int RoundQuantityStep = 10000;
+
+void warnOfSameFile(const BatchDraft& draft, const QList<EarlierBatch>& earlier, Verdict& verdict)
+{
+    QStringList batches;
+    for (const EarlierBatch& batch : earlier) {
+        if (!draft.fileSha256.isEmpty() && batch.fileSha256 == draft.fileSha256) {
+            batches.append(QString::number(batch.number));
+        }
+    }
+    report(verdict.warnings, "sameFile", batches.size(), texts::sameFile(batches.size(), someOf(batches)));
+}
+
+/// Rows that another file of today held; those of the very same file are warned of as a whole.
+void warnOfSameRows(const BatchDraft& draft, const QList<EarlierBatch>& earlier, Verdict& verdict)
+{
+    QStringList keys;
+    for (const InstanceDraft& instance : draft.instances) {
+        keys.append(rowKey(draft.strategy, instance));
+    }
+    QMap<int, bool> rows;
+    QStringList batches;
+    for (const EarlierBatch& batch : earlier) {
+        if (!draft.fileSha256.isEmpty() && batch.fileSha256 == draft.fileSha256) {
+            continue;
+        }
+        bool isConcerned = false;
+        for (int i = 0; i < keys.size(); ++i) {
+            if (batch.rowKeys.contains(keys.at(i))) {
+                rows[i + 1] = isConcerned = true;
+            }
+        }
+        if (isConcerned) {
+            batches.append(QString::number(batch.number));
+        }
+    }
+    report(verdict.warnings, "sameRows", rows.size(), texts::sameRows(rows.size(), someOf(batches)),
+           rows.keys());
+}
+
+/// One row that buys and sells by itself, as pairs do, is meant that way.
+void warnOfBothSides(const BatchDraft& draft, Verdict& verdict)
+{
+    QMap<QString, QSet<int>> buyers;
+    QMap<QString, QSet<int>> sellers;
+    for (int i = 0; i < draft.instances.size(); ++i) {
+        for (const Leg& leg : draft.instances.at(i).legs) {
+            if (leg.hasKnownSide() && leg.buys()) {
+                buyers[leg.symbol].insert(i);
+            }
+            if (leg.hasKnownSide() && leg.sells()) {
+                sellers[leg.symbol].insert(i);
+            }
+        }
+    }
+    QStringList symbols;
+    for (auto buyer = buyers.cbegin(); buyer != buyers.cend(); ++buyer) {
+        const QSet<int> rows = sellers.value(buyer.key());
+        if (!rows.isEmpty() && (rows != *buyer || rows.size() > 1)) {
+            symbols.append(buyer.key());
+        }
+    }
+    report(verdict.warnings, "bothSides", symbols.size(), texts::bothSides(symbols.size(), someOf(symbols)));
+}
+
+void warnOfMoney(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const Decimal beyondReason = limits.moneyLikeAmount.value_or(MoneyLikeAmount);
+    const QList<int> rows = rowsWithLeg(draft, [&](const Leg& leg) {
+        const bool isRound = leg.quantity.isMultipleOf(RoundQuantityStep);
+        return leg.typedAmount == 0 && leg.quantity > 0 &&
+               (leg.amount >= beyondReason || (isRound && leg.amount >= RoundQuantityAmount));
+    });
+    report(verdict.warnings, "moneyLikeQuantity", rows.size(), texts::moneyLikeQuantity(rows.size()), rows);
+}
+
+/// The import reads a limit that is no number as 0, which is no limit.
+void warnOfLostLimits(const BatchDraft& draft, Verdict& verdict)
+{
+    const QList<int> rows = rowsWithLeg(draft, [](const Leg& leg) { return leg.hasZeroLimit; });
+    report(verdict.warnings, "zeroLimit", rows.size(), texts::zeroLimit(rows.size()), rows);
+}
+
+void warnOfTimes(const BatchDraft& draft, Verdict& verdict)
+{
+    const QList<int> rows = rowsWhere(draft, [](const InstanceDraft& instance) {
+        return instance.start.isValid() && instance.end.isValid() && instance.end < instance.start;
+    });
+    report(verdict.warnings, "endBeforeStart", rows.size(), texts::endBeforeStart(rows.size()), rows);
+}
+
+void warnOfPrices(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
+{
+    const QList<int> rows = limits.refusesUnpriced ? QList<int>() : rowsWithLeg(draft, isUnpriced);
+    report(verdict.warnings, "unpriced", rows.size(), texts::unpriced(rows.size()), rows);
+}
+
+} // namespace
+
+void warn(const BatchDraft& draft, const Limits& limits, const QList<EarlierBatch>& earlier, Verdict& verdict)
+{
+    warnOfSameFile(draft, earlier, verdict);
+    warnOfSameRows(draft, earlier, verdict);
+    warnOfBothSides(draft, verdict);
+    warnOfMoney(draft, limits, verdict);
+    warnOfLostLimits(draft, verdict);
+    warnOfPrices(draft, limits, verdict);
+    warnOfTimes(draft, verdict);
+}
+
+} // namespace ledger::guard

@@ -40,7 +40,7 @@ if(TARGET algodesk)
   set_target_properties(algodesk PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries};$ORIGIN/${libraries}/algodesk")
   install(TARGETS embedded_host LIBRARY DESTINATION ${desk_library_dir} COMPONENT desk NAMELINK_SKIP)
   install(TARGETS algodesk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT desk)
-  install(DIRECTORY reference_data samples DESTINATION ${CMAKE_INSTALL_DATADIR}/algodesk COMPONENT desk)
+  install(DIRECTORY reference_data samples gateway/dictionaries DESTINATION ${CMAKE_INSTALL_DATADIR}/algodesk COMPONENT desk)
   install(FILES desk/package/algodesk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desk)
   install(FILES desk/package/algodesk.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT desk)

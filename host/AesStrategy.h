@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+
 #include <utility>
 
 /// One server-side execution strategy of the catalogue: a copyable value.

@@ -6,8 +6,8 @@
 #include <QComboBox>
 #include <QList>
 
-/// Chooses one of the user's accounts. An item's data (Qt::UserRole) is the trading account; its text is unique, so that
-/// choosing another account changes the current text.
+/// Chooses one of the user's accounts. An item's data (Qt::UserRole) is the trading account; its text is
+/// unique, so that choosing another account changes the current text.
 class ALGO_HOST_API SolveyAccountComboBox : public QComboBox {
     Q_OBJECT
 

@@ -15,8 +15,8 @@
 #include "import/TableReading.h"
 #include "strategy/Strategy.h"
 #include "table/FaultCatalogue.h"
-#include "table/Table.h"
 #include "table/Rules.h"
+#include "table/Table.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QDateTime>

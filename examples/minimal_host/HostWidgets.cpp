@@ -44,7 +44,10 @@ void ZelTableView::addRecordDataList(const RecordDataList& records)
     }
     d->records += records;
 }
-RecordDataList ZelTableView::getViewData() const { return d->records; }
+RecordDataList ZelTableView::getViewData() const
+{
+    return d->records;
+}
 void ZelTableView::clear()
 {
     d->records.clear();
@@ -55,12 +58,19 @@ void ZelTableView::setCheckBoxShow(bool) {}
 void ZelTableView::setViewSortable(bool) {}
 void ZelTableView::setSerialNumberColumnPropety(ZelViewModel::SerialNumColumnOrder) {}
 void ZelTableView::setColumnDefaultTextAlignment(Qt::Alignment) {}
-void ZelTableView::setColumnDefaultWidth(int width) { horizontalHeader()->setDefaultSectionSize(width); }
-void ZelTableView::setColumnShow(int column, bool show) { setColumnHidden(column, !show); }
+void ZelTableView::setColumnDefaultWidth(int width)
+{
+    horizontalHeader()->setDefaultSectionSize(width);
+}
+void ZelTableView::setColumnShow(int column, bool show)
+{
+    setColumnHidden(column, !show);
+}
 
 class ZelMessageBox::Private {};
 
-ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int type, QWidget* parent, int) : QDialog(parent)
+ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int type, QWidget* parent, int)
+    : QDialog(parent)
 {
     setWindowTitle(title);
     auto* message = new QTextEdit(this);
@@ -68,8 +78,9 @@ ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int type
     message->setPlainText(text);
     message->setReadOnly(true);
     const bool isQuestion = type == 3;
-    auto* buttons = new QDialogButtonBox(
-        isQuestion ? QDialogButtonBox::Yes | QDialogButtonBox::No : QDialogButtonBox::StandardButtons(QDialogButtonBox::Ok), this);
+    auto* buttons = new QDialogButtonBox(isQuestion ? QDialogButtonBox::Yes | QDialogButtonBox::No
+                                                    : QDialogButtonBox::StandardButtons(QDialogButtonBox::Ok),
+                                         this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept); // 1, the answer yes
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
@@ -77,11 +88,23 @@ ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int type
     layout->addWidget(buttons);
 }
 ZelMessageBox::~ZelMessageBox() = default;
-int ZelMessageBox::exec() { return showModally(); }
-int ZelMessageBox::showModally() { return QDialog::exec(); }
-void ZelMessageBox::keyPressEvent(QKeyEvent* event) { QDialog::keyPressEvent(event); }
+int ZelMessageBox::exec()
+{
+    return showModally();
+}
+int ZelMessageBox::showModally()
+{
+    return QDialog::exec();
+}
+void ZelMessageBox::keyPressEvent(QKeyEvent* event)
+{
+    QDialog::keyPressEvent(event);
+}
 
-SolveyAccountComboBox::SolveyAccountComboBox(QWidget* parent, DisplayMode mode) : QComboBox(parent), mMode(mode) {}
+SolveyAccountComboBox::SolveyAccountComboBox(QWidget* parent, DisplayMode mode)
+    : QComboBox(parent), mMode(mode)
+{
+}
 SolveyAccountComboBox::~SolveyAccountComboBox() = default;
 void SolveyAccountComboBox::SetAccountList(const QList<tagUserAccountInfo>& accounts)
 {
@@ -98,7 +121,10 @@ void SolveyAccountComboBox::SetCurTradingAccount(const QString& account)
         setCurrentIndex(index);
     }
 }
-QString SolveyAccountComboBox::GetCurTradingAccount() const { return currentData().toString(); }
+QString SolveyAccountComboBox::GetCurTradingAccount() const
+{
+    return currentData().toString();
+}
 QString SolveyAccountComboBox::GetCurAccountAssetProp() const
 {
     return currentIndex() < 0 ? QString() : mAccounts.at(currentIndex()).assetProp;

@@ -1,7 +1,8 @@
 // A client of the dialog in one screen: construct, load a strategy, connect, show.
 //
 //   minimal_host                 opens the dialog
-//   minimal_host --import FILE   imports FILE, confirms and prints what a host would create; exit status 0 on success
+//   minimal_host --import FILE   imports FILE, confirms and prints what a host would create; exit status 0 on
+//   success
 
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "host/AlgoTradeLogicNew.h"
@@ -55,14 +56,15 @@ int main(int argc, char** argv)
     if (headless) {
         return importOnce(dialog);
     }
-    QObject::connect(&dialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, &dialog, [&](bool createdClose) {
-        createInstances(dialog);
-        if (createdClose) {
-            dialog.close();
-        } else {
-            dialog.slotResetOkBtn();
-        }
-    });
+    QObject::connect(&dialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, &dialog,
+                     [&](bool createdClose) {
+                         createInstances(dialog);
+                         if (createdClose) {
+                             dialog.close();
+                         } else {
+                             dialog.slotResetOkBtn();
+                         }
+                     });
     QObject::connect(&dialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, &dialog, &QWidget::close);
     dialog.show();
     return application.exec();

@@ -10,9 +10,10 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
+
+/// The newest ones.
+constexpr int MostBatches = 1000;
 
 enum Column { Number, State, Created, File, Account, Strategy, Rows, Buy, Sell, By, Digest };
 
@@ -26,10 +27,10 @@ const QStringList& titles()
     return texts;
 }
 
-QString undoneLines(const QList<ledger::UndoneInstance>& instances)
+QString undoneLines(const QList<ledger::ChangedInstance>& instances)
 {
     QString text;
-    for (const ledger::UndoneInstance& instance : instances) {
+    for (const ledger::ChangedInstance& instance : instances) {
         text += QStringLiteral("  %1  %2\n")
                     .arg(instance.id.text(), instance.symbols.join(QStringLiteral(" / ")));
     }
@@ -75,9 +76,8 @@ void BatchesPage::reload()
 {
     Outcome<QList<ledger::Batch>> batches{{}, mBooks.ledgerError};
     if (mBooks.ledger) {
-        batches = mBooks.ledger->batches();
+        batches = mBooks.ledger->batchesBefore(std::nullopt, MostBatches);
     }
-    std::reverse(batches.value.begin(), batches.value.end());
     QList<QStringList> rows;
     for (const ledger::Batch& batch : qAsConst(batches.value)) {
         rows.append(rowOf(batch));

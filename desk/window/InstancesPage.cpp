@@ -9,7 +9,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
+
+/// The newest ones.
+constexpr int MostInstances = 1000;
 
 enum Column { Id, State, Account, Strategy, Symbol, Name, Direction, Quantity, Limit, Amount, Changed };
 
@@ -49,8 +54,10 @@ QString moneyText(const ledger::Decimal& amount)
 bool isOver(const QString& shownState)
 {
     using ledger::InstanceState;
-    return shownState != ledger::shownName(InstanceState::Created) &&
-           shownState != ledger::shownName(InstanceState::Running);
+    const QList<InstanceState>& states = ledger::allInstanceStates();
+    return std::any_of(states.begin(), states.end(), [&](InstanceState state) {
+        return ledger::isOver(state) && ledger::shownName(state) == shownState;
+    });
 }
 
 template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf textOf)
@@ -90,7 +97,11 @@ void InstancesPage::reload()
     mAllBatches->setVisible(mBatch.has_value());
     Outcome<QList<ledger::Instance>> instances{{}, mBooks.ledgerError};
     if (mBooks.ledger) {
-        instances = mBooks.ledger->instances(mBatch);
+        instances = mBatch ? mBooks.ledger->instancesOf(*mBatch)
+                           : mBooks.ledger->instancesBefore(std::nullopt, MostInstances);
+        if (!mBatch) {
+            std::reverse(instances.value.begin(), instances.value.end());
+        }
     }
     QList<QStringList> rows;
     for (const ledger::Instance& instance : qAsConst(instances.value)) {

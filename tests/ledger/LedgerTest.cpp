@@ -25,7 +25,7 @@ TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
     EXPECT_EQ(batch.createdBy, "trader"_s);
     EXPECT_EQ(batch.state, BatchState::Created);
 
-    const QList<Instance> instances = ledger->instances(1).value;
+    const QList<Instance> instances = ledger->instancesOf(1).value;
     ASSERT_EQ(instances.size(), 2);
     EXPECT_EQ(instances.at(1).id.text(), "1-2"_s);
     EXPECT_EQ(instances.at(1).parameters, draft.instances.at(1).parameters);
@@ -44,7 +44,7 @@ TEST(Ledger, KeepsBothLegsOfAPairInTheirOrder)
     draft.instances[0].legs.append(draft.instances[0].legs.first());
     draft.instances[0].legs[1].direction = "Sell"_s;
     ASSERT_EQ(ledger->createBatch(draft).error, QString());
-    const QList<Leg> legs = ledger->instances().value.first().legs;
+    const QList<Leg> legs = allInstances(*ledger).value.first().legs;
     ASSERT_EQ(legs.size(), 2);
     EXPECT_EQ(legs.at(0).direction, "Buy"_s);
     EXPECT_EQ(legs.at(1).direction, "Sell"_s);
@@ -59,8 +59,8 @@ TEST(Ledger, GivesTheSameBatchWhenADraftIsTriedAgain)
     const Outcome<Batch> again = ledger->createBatch(draft);
     EXPECT_EQ(again.error, QString());
     EXPECT_EQ(again.value.number, first.number);
-    EXPECT_EQ(ledger->batches().value.size(), 1);
-    EXPECT_EQ(ledger->instances().value.size(), 3);
+    EXPECT_EQ(allBatches(*ledger).value.size(), 1);
+    EXPECT_EQ(allInstances(*ledger).value.size(), 3);
 }
 
 TEST(Ledger, RefusesADraftWithoutIdOrInstances)
@@ -70,7 +70,7 @@ TEST(Ledger, RefusesADraftWithoutIdOrInstances)
     nameless.id = QUuid();
     EXPECT_NE(ledger->createBatch(nameless).error, QString());
     EXPECT_NE(ledger->createBatch(sampleDraft(0)).error, QString());
-    EXPECT_TRUE(ledger->batches().value.isEmpty());
+    EXPECT_TRUE(allBatches(*ledger).value.isEmpty());
 }
 
 TEST(Ledger, KeepsTheOrderOfCreationWhenTheClockJumpsBack)
@@ -81,7 +81,7 @@ TEST(Ledger, KeepsTheOrderOfCreationWhenTheClockJumpsBack)
     ledger->createBatch(sampleDraft(1));
     ledger.now = sampleMorning().addSecs(60);
     ledger->createBatch(sampleDraft(1));
-    const QList<Batch> batches = ledger->batches().value;
+    const QList<Batch> batches = allBatches(*ledger).value;
     ASSERT_EQ(batches.size(), 3);
     EXPECT_EQ(batches.at(0).number, 1);
     EXPECT_EQ(batches.at(1).number, 2);
@@ -95,7 +95,7 @@ TEST(Ledger, StartsInstancesThatAreToStartAtCreation)
     SampleRow started;
     started.startsNow = true;
     ledger->createBatch(sampleDraft({SampleRow(), started}));
-    const QList<Instance> instances = ledger->instances().value;
+    const QList<Instance> instances = allInstances(*ledger).value;
     EXPECT_EQ(instances.at(0).state, InstanceState::Created);
     EXPECT_EQ(instances.at(1).state, InstanceState::Running);
 }
@@ -105,14 +105,14 @@ TEST(Ledger, MovesAnInstanceOnlyAlongItsLife)
     SampleLedger ledger;
     ledger->createBatch(sampleDraft(1));
     const InstanceId id{1, 1};
-    EXPECT_NE(ledger->changeState(id, InstanceState::Finished), QString());
-    EXPECT_EQ(ledger->changeState(id, InstanceState::Running), QString());
+    EXPECT_NE(ledger->changeState(id, InstanceState::Finished).error, QString());
+    EXPECT_EQ(ledger->changeState(id, InstanceState::Running).error, QString());
     ledger.now = sampleMorning().addSecs(5);
-    EXPECT_EQ(ledger->changeState(id, InstanceState::Finished), QString());
-    EXPECT_NE(ledger->changeState(id, InstanceState::Running), QString());
-    EXPECT_NE(ledger->changeState({1, 9}, InstanceState::Running), QString());
-    EXPECT_EQ(ledger->instances().value.first().state, InstanceState::Finished);
-    EXPECT_EQ(ledger->instances().value.first().changedAt, ledger.now);
+    EXPECT_EQ(ledger->changeState(id, InstanceState::Finished).error, QString());
+    EXPECT_NE(ledger->changeState(id, InstanceState::Running).error, QString());
+    EXPECT_NE(ledger->changeState({1, 9}, InstanceState::Running).error, QString());
+    EXPECT_EQ(allInstances(*ledger).value.first().state, InstanceState::Finished);
+    EXPECT_EQ(allInstances(*ledger).value.first().changedAt, ledger.now);
 }
 
 TEST(Ledger, TakesTextsOfAFileAsTextsAndNeverAsSql)
@@ -126,11 +126,11 @@ TEST(Ledger, TakesTextsOfAFileAsTextsAndNeverAsSql)
     draft.instances[0].parameters.insert(hostile, hostile);
     draft.table.rows[0][0] = hostile;
     ASSERT_EQ(ledger->createBatch(draft).error, QString());
-    EXPECT_EQ(ledger->batches().value.first().fileName, hostile);
-    EXPECT_EQ(ledger->instances().value.first().legs.first().symbol, hostile);
-    EXPECT_EQ(ledger->instances().value.first().parameters.value(hostile).toString(), hostile);
+    EXPECT_EQ(allBatches(*ledger).value.first().fileName, hostile);
+    EXPECT_EQ(allInstances(*ledger).value.first().legs.first().symbol, hostile);
+    EXPECT_EQ(allInstances(*ledger).value.first().parameters.value(hostile).toString(), hostile);
     EXPECT_EQ(ledger->tableOf(1).value.rows.first().first(), hostile);
-    EXPECT_EQ(ledger->createdToday(hostile).value.size(), 1);
+    EXPECT_EQ(ledger->standingOf(draft).value.duplicates.size(), 1);
 }
 
 TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
@@ -140,27 +140,4 @@ TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
         EXPECT_TRUE(error.contains(ledger.path())) << error.toStdString();
         EXPECT_TRUE(error.contains("批次 7"_s)) << error.toStdString();
     }
-}
-
-TEST(CreatedToday, HoldsTheBatchesOfTheAccountSinceMidnightInShanghai)
-{
-    SampleLedger ledger;
-    ledger.now = QDateTime(QDate(2025, 11, 2), QTime(15, 59), Qt::UTC); // 23:59 in Shanghai
-    ledger->createBatch(sampleDraft(1));
-    ledger.now = QDateTime(QDate(2025, 11, 2), QTime(16, 0), Qt::UTC); // midnight
-    ledger->createBatch(sampleDraft(2));
-    ledger.now = sampleMorning();
-    const QList<EarlierBatch> earlier = ledger->createdToday("1001"_s).value;
-    ASSERT_EQ(earlier.size(), 1);
-    EXPECT_EQ(earlier.first().number, 2);
-    EXPECT_EQ(earlier.first().rowKeys.size(), 2);
-    EXPECT_TRUE(ledger->createdToday("2001"_s).value.isEmpty());
-}
-
-TEST(CreatedToday, StillHoldsABatchFromBeforeTheClockWasSetBack)
-{
-    SampleLedger ledger;
-    ledger->createBatch(sampleDraft(1));
-    ledger.now = sampleMorning().addDays(-1);
-    EXPECT_EQ(ledger->createdToday("1001"_s).value.size(), 1);
 }

@@ -34,25 +34,56 @@ QString objection(const DialogDriver& driver, const CommandLine& line)
     return driver.shownBoxes().isEmpty() || line.yes ? QString() : ledger::texts::importComplained();
 }
 
+/// What came of a creation.
+struct Creation {
+    QJsonObject json;
+    Status status = Complained;
+    std::function<void()> told = nullptr;
+};
+
+Creation failed(const QString& error)
+{
+    return {noCreationToJson(error), Complained, nullptr};
+}
+
 /// The guard's look at the batch, and the batch where guard and consent let it pass.
-QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const QList<LimitScope>& limits)
+Creation reviewAndCreate(Ledger& ledger, const ledger::BatchDraft& draft, const CommandLine& line,
+                         const QList<LimitScope>& limits)
+{
+    Outcome<Review> review = ledger::reviewBatch(ledger, draft, limits, batch::hostPrices(draft));
+    if (!review.ok()) {
+        return failed(review.error);
+    }
+    const Outcome<ledger::Batch> created =
+        ledger::createReviewed(ledger, review.value, {line.yes, line.amount});
+    const bool waits = created.ok() && created.value.state == ledger::BatchState::Waiting;
+    const Status status = !created.ok() ? Complained : waits ? Waiting : Done;
+    return {creationToJson(review.value.verdict, created), status, nullptr};
+}
+
+/// A repeated command finds what the one before made, where that never told its outcome.
+Creation createBatch(DialogDriver& driver, const CommandLine& line, const QList<LimitScope>& limits)
 {
     const QString stopped = objection(driver, line);
     if (!stopped.isEmpty()) {
-        return noCreationToJson(stopped);
+        return failed(stopped);
     }
-    const auto opened = Ledger::open(homeFolder(line));
+    const auto opened = Ledger::open(ledger::Address::ofFile(Ledger::pathIn(homeFolder(line))));
     if (!opened.ok()) {
-        return noCreationToJson(opened.error);
+        return failed(opened.error);
     }
-    const ledger::BatchDraft draft = batch::makeDraft(driver.content());
-    const Outcome<Review> review =
-        ledger::reviewBatch(*opened.value, draft, limits, batch::hostPrices(draft));
-    if (!review.ok()) {
-        return noCreationToJson(review.error);
+    ledger::BatchDraft draft = batch::makeDraft(driver.content());
+    const ledger::DraftJournal journal(homeFolder(line));
+    const Outcome<ledger::Attempt> attempt = ledger::beginAttempt(*opened.value, journal, draft);
+    if (!attempt.ok()) {
+        return failed(attempt.error);
     }
-    return creationToJson(review.value.verdict,
-                          ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount}));
+    Creation creation = attempt.value.made ? Creation{repeatedToJson(*attempt.value.made), Done, nullptr}
+                                           : reviewAndCreate(*opened.value, draft, line, limits);
+    if (creation.status != Complained) {
+        creation.told = [journal, entry = attempt.value.entry] { journal.end(entry); };
+    }
+    return creation;
 }
 
 /// Why the refused rows cannot go to that file; empty where they can.
@@ -126,17 +157,20 @@ Result importFile(const CommandLine& line)
         json[QStringLiteral("faults")] = toJson(driver.faults());
     }
     bool complained = !driver.shownBoxes().isEmpty();
+    Creation creation{{}, Done, nullptr};
     if (line.create) {
-        const QJsonObject creation = createBatch(driver, line, *limits);
-        json[QStringLiteral("creation")] = creation;
-        complained = complained || !creation[QStringLiteral("batch")].isObject();
+        creation = createBatch(driver, line, *limits);
+        json[QStringLiteral("creation")] = creation.json;
+        complained = complained || creation.status == Complained;
     }
     if (!line.rejects.isEmpty()) {
         const QJsonObject rejects = writeRejects(file.table, driver.fileFaults(), line.rejects);
         json[QStringLiteral("rejects")] = rejects;
         complained = complained || !rejects[QStringLiteral("error")].toString().isEmpty();
     }
-    return print(complained ? Complained : Done, QJsonDocument(json));
+    Result result = print(complained ? Complained : creation.status, QJsonDocument(json));
+    result.told = creation.told;
+    return result;
 }
 
 } // namespace runner

@@ -11,7 +11,7 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
         return std::nullopt;
     }
     const ledger::BatchDraft draft = batch::makeDraft(batch.content);
-    const Outcome<ledger::Review> review =
+    Outcome<ledger::Review> review =
         ledger::reviewBatch(*mBooks.ledger, draft, mBooks.limits, batch::hostPrices(draft));
     if (!review.ok()) {
         tell(review.error);

@@ -119,7 +119,8 @@ QString PostgresStore::migrate(const Migrations& steps)
 {
     Statements statements(database());
     const bool isUtf8 =
-        statements.single(QStringLiteral("SHOW server_encoding")).toString() == QLatin1String("UTF8");
+        statements.single(QStringLiteral("SELECT current_setting('server_encoding')")).toString() ==
+        QLatin1String("UTF8");
     const bool isMade =
         statements.single(QStringLiteral("SELECT to_regclass('public.ledger_number') IS NOT NULL")).toBool();
     const qint64 tables =

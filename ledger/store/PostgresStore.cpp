@@ -9,9 +9,9 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QHostInfo>
 #include <QLoggingCategory>
 #include <QSqlDriver>
+#include <QSysInfo>
 #include <QThread>
 #include <QUuid>
 
@@ -65,7 +65,7 @@ QString applicationName()
 {
     return QStringLiteral("%1 %2 (%3 %4)")
         .arg(QCoreApplication::applicationName(), QCoreApplication::applicationVersion(),
-             QHostInfo::localHostName())
+             QSysInfo::machineHostName())
         .arg(QCoreApplication::applicationPid())
         .simplified();
 }

@@ -74,6 +74,15 @@ const struct {
      "coalesce(max(number), 0) FROM audit_entry)) LIMIT 1"},
 };
 
+QString alterAll(const QStringList& tables, const char* change)
+{
+    QStringList statements;
+    for (const QString& table : tables) {
+        statements.append(QStringLiteral("ALTER TABLE %1 %2").arg(table, QLatin1String(change)));
+    }
+    return statements.join(QLatin1Char(';'));
+}
+
 } // namespace
 
 QString PostgresStore::sentenceFor(const QSqlError& error) const
@@ -156,6 +165,16 @@ QString PostgresStore::migrate(const Migrations& steps)
         }
     }
     return QString();
+}
+
+QSqlError PostgresStore::beginLoading(const QStringList& tables)
+{
+    return run(alterAll(tables, "DISABLE TRIGGER USER"));
+}
+
+QSqlError PostgresStore::endLoading(const QStringList& tables)
+{
+    return run(alterAll(tables, "ENABLE TRIGGER USER"));
 }
 
 QString PostgresStore::verify()

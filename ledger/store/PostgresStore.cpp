@@ -119,7 +119,8 @@ QString PostgresStore::connectOptions() const
         QStringLiteral("target_session_attrs=read-write"),
         QStringLiteral("application_name=") + quoted(applicationName()),
         QStringLiteral("keepalives_idle=10;keepalives_interval=5;keepalives_count=3;tcp_user_timeout=20000"),
-        QStringLiteral("options='-c idle_in_transaction_session_timeout=%1s -c search_path=public,pg_temp'")
+        QStringLiteral("options='-c idle_in_transaction_session_timeout=%1s -c search_path=public,pg_temp -c "
+                       "client_min_messages=error'")
             .arg(IdleSeconds)};
     QStringList ports;
     bool hasPorts = false;

@@ -36,6 +36,8 @@ public:
     QString forUpdate() const override { return QString(); } // the lock of begin() covers every row
     void notify() override;
     bool listen(const std::function<void()>& changed) override;
+    QSqlError beginLoading(const QStringList& tables) override;
+    QSqlError endLoading(const QStringList& tables) override;
     std::unique_ptr<AccountClaim> claim(const QStringList& accounts, QString& holder) override;
     QString verify() override;
     QString backup(const QString& file) override;

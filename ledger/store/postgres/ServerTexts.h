@@ -113,6 +113,16 @@ inline QString backupOnServer(const QString& ledger)
         .arg(ledger);
 }
 
+inline QString targetInUse(const QString& ledger)
+{
+    return QStringLiteral("台账“%1”不是空的，没有复制。").arg(ledger);
+}
+
+inline QString copyDiffers(const QString& ledger, const QString& table)
+{
+    return QStringLiteral("复制到“%1”的内容与原台账不一致（%2），已撤销。").arg(ledger, table);
+}
+
 inline QString unknownHolder()
 {
     return QStringLiteral("另一个会话");

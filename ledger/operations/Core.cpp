@@ -82,6 +82,12 @@ QString Ledger::Core::reopenIfClosed() const
     return store->database().isOpen() ? QString() : store->open();
 }
 
+QString Ledger::Core::user() const
+{
+    const QString known = store->user();
+    return known.isEmpty() ? options.user : known;
+}
+
 QString Ledger::Core::runRead(const ReadBody& body) const
 {
     const QString fault = reopenIfClosed();
@@ -127,7 +133,7 @@ Ledger::Core::Ending Ledger::Core::attempt(const ChangeBody& body, QString& erro
     AuditEntry last;
     if (!failure.isValid()) {
         Statements statements(store->database());
-        Change change{statements, *store, now(), options.user, options.program, {}};
+        Change change{statements, *store, now(), user(), options.program, {}};
         const QString refused = body(change);
         for (AuditEntry& entry : change.entries) {
             audit::append(statements, entry);
@@ -165,9 +171,11 @@ Ledger::Core::Ending Ledger::Core::afterFailure(const QSqlError& failure, QStrin
 /// last entry that the change appended is there, or nothing of it is.
 Ledger::Core::Ending Ledger::Core::settle(const AuditEntry& last, const QSqlError& failure, QString& error)
 {
-    if (store->failureOf(failure) == Store::Failure::Conflict) {
+    const Store::Failure kind = store->failureOf(failure);
+    if (kind == Store::Failure::Conflict) {
         return afterFailure(failure, error); // the server has said that it did not
     }
+    const bool wasLost = kind == Store::Failure::Lost;
     error = store->sentenceFor(failure);
     const QString unsettled = store->settle();
     if (!unsettled.isEmpty()) {
@@ -183,7 +191,8 @@ Ledger::Core::Ending Ledger::Core::settle(const AuditEntry& last, const QSqlErro
     if (stands) {
         error.clear();
     }
-    return stands ? Ending::Done : Ending::Failed;
+    const Ending ofNothing = wasLost ? Ending::Again : Ending::Failed;
+    return stands ? Ending::Done : ofNothing;
 }
 
 QString textOf(const Limits& limits)
@@ -224,6 +233,9 @@ namespace operations {
 
 void releaseDay(Change& change, const Batch& batch, const QList<Instance>& withdrawn, bool isWholeBatch)
 {
+    if (change.store.keepsDays()) {
+        return;
+    }
     AccountDay day =
         selectDay(change.statements, batch.account, exchangeDay(batch.createdAt), change.store.forUpdate());
     for (const Instance& instance : withdrawn) {

@@ -14,6 +14,7 @@ struct Ledger::Core {
     QString open();
     QDateTime now() const;
     QString name() const { return store->name(); }
+    QString user() const; ///< who changes it
 
     /// What `body(Statements&)` reads, of one state of the ledger.
     template <typename Value, typename Body> Outcome<Value> read(Body body) const

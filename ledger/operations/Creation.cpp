@@ -66,6 +66,9 @@ QList<Finding> refusalsOf(Change& change, const BatchDraft& draft, const Creatio
 
 void addToDay(Change& change, AccountDay day, const BatchDraft& draft)
 {
+    if (change.store.keepsDays()) {
+        return;
+    }
     const Gross gross = grossOf(draft.instances);
     day.buy += gross.buy;
     day.sell += gross.sell;
@@ -173,6 +176,7 @@ Outcome<Batch> Ledger::createBatch(const BatchDraft& draft, const CreationTerms&
             return Outcome<Batch>{{}, texts::refused(joined(found))};
         }
         Batch batch = batchOf(draft, change.at);
+        batch.createdBy = change.store.user().isEmpty() ? batch.createdBy : change.by;
         insert(change, batch, draft, terms);
         addToDay(change, day, draft);
         return Outcome<Batch>{batch, QString()};

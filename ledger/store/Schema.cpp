@@ -109,6 +109,20 @@ QStringList tableNames()
     return names;
 }
 
+QSet<QString> decimalColumns()
+{
+    QSet<QString> columns;
+    for (const char* statement : Tables) {
+        const QStringList words = QString::fromLatin1(statement).split(QLatin1Char(' '));
+        for (int i = 1; i < words.size(); ++i) {
+            if (words.at(i) == QLatin1String("%1")) {
+                columns.insert(words.at(i - 1));
+            }
+        }
+    }
+    return columns;
+}
+
 QString versionStatement(int version)
 {
     return QStringLiteral("UPDATE ledger_number SET value = %1 WHERE name = 'schema_version'").arg(version);

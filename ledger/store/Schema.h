@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QStringList>
 
 /// The tables of the ledger and how older ones become today's.
@@ -12,6 +13,8 @@ int schemaVersion();
 QStringList tablesOfToday(const QString& decimalType);
 /// Their names in the order in which they may be filled.
 QStringList tableNames();
+/// Columns of exact decimals, of all tables.
+QSet<QString> decimalColumns();
 
 /// Writes the version down; the last statement of a migration.
 QString versionStatement(int version);

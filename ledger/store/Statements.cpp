@@ -1,5 +1,7 @@
 #include "ledger/store/Statements.h"
 
+#include <QSqlDriver>
+
 namespace ledger {
 
 namespace {
@@ -51,7 +53,7 @@ bool Statements::next(QSqlQuery& query)
     if (failed() || query.next()) {
         return !failed();
     }
-    mError = query.lastError();
+    note(query.lastError());
     return false;
 }
 
@@ -75,6 +77,17 @@ void Statements::insertRows(const QString& table, const QStringList& columns, co
     }
 }
 
+/// A server answers nothing more in a transaction that has failed, not even that it forgets a prepared
+/// statement, of which its driver would complain. The transaction is over in any case.
+void Statements::note(const QSqlError& error)
+{
+    mError = error;
+    QSqlDriver* driver = mDatabase.driver();
+    if (error.isValid() && driver->dbmsType() == QSqlDriver::PostgreSQL && driver->isOpen()) {
+        driver->rollbackTransaction();
+    }
+}
+
 void Statements::fail(const QString& reason)
 {
     if (!failed()) {
@@ -86,7 +99,7 @@ QSqlQuery Statements::prepare(const QString& statement)
 {
     QSqlQuery query(mDatabase);
     if (!failed() && !query.prepare(statement)) {
-        mError = query.lastError();
+        note(query.lastError());
     }
     return query;
 }
@@ -100,7 +113,7 @@ bool Statements::runAgain(QSqlQuery& query, const QVariantList& values)
         query.bindValue(i, values.at(i));
     }
     if (!query.exec()) {
-        mError = query.lastError();
+        note(query.lastError());
     }
     mChanged = failed() ? 0 : query.numRowsAffected();
     return !failed();

@@ -39,6 +39,8 @@ public:
     const QSqlError& error() const { return mError; }
 
 private:
+    void note(const QSqlError& error);
+
     QSqlDatabase mDatabase;
     QSqlError mError;
     int mChanged = 0;

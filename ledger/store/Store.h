@@ -6,6 +6,7 @@
 #include <QSqlError>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 /// What is a dialect, and nothing else: each store is one file beside this one. The statements themselves are
@@ -43,6 +44,10 @@ public:
     virtual QString open() = 0;
     virtual QSqlDatabase database() const = 0;
     virtual QString name() const = 0; ///< as messages name it
+    /// Who this is, by the store's own word; empty where it knows nobody, and the system's user stands in.
+    virtual QString user() const { return QString(); }
+    /// Whether the store itself keeps what accounts did in a day (account_day), so that nobody writes it.
+    virtual bool keepsDays() const { return false; }
 
     /// A transaction. Of Begin::Write no two run at the same time, or one of them ends in Failure::Conflict.
     virtual QSqlError begin(Begin kind) = 0;
@@ -61,6 +66,14 @@ public:
     virtual QString forUpdate() const = 0;
     /// Tells other programs that something changed; at the end of a transaction.
     virtual void notify() = 0;
+    /// Calls back, from the event loop, when another program has changed something: a hint that may be lost,
+    /// also with the connection. False where the store has no such thing. Ask changeCount() in any case.
+    virtual bool listen(const std::function<void()>&) { return false; }
+
+    /// Around rows that are carried over from another ledger, in a transaction: what is checked of a change
+    /// does not fit them.
+    virtual QSqlError beginLoading(const QStringList& /*tables*/) { return {}; }
+    virtual QSqlError endLoading(const QStringList& /*tables*/) { return {}; }
 
     /// Null, with `holder` as who has them, where another gateway has one of the accounts.
     virtual std::unique_ptr<AccountClaim> claim(const QStringList& accounts, QString& holder) = 0;

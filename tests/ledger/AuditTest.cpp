@@ -1,9 +1,7 @@
+#include "tests/ledger/LedgerPlace.h"
 #include "tests/ledger/SampleDrafts.h"
 
 #include <gtest/gtest.h>
-
-#include <QSqlDatabase>
-#include <QSqlQuery>
 
 using namespace ledger;
 
@@ -18,18 +16,9 @@ QStringList deedsOf(const QList<AuditEntry>& entries)
     return deeds;
 }
 
-/// What somebody with the file does to it.
 void tamper(const SampleLedger& ledger, const QString& statement)
 {
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE"_s, "tamper"_s);
-        database.setDatabaseName(ledger.path());
-        ASSERT_TRUE(database.open());
-        QSqlQuery query(database);
-        ASSERT_TRUE(query.exec(statement)) << statement.toStdString();
-        ASSERT_GT(query.numRowsAffected(), 0);
-    }
-    QSqlDatabase::removeDatabase("tamper"_s);
+    ASSERT_TRUE(tamperWith(ledger.home(), statement)) << statement.toStdString();
 }
 
 } // namespace

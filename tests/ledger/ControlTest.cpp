@@ -99,7 +99,7 @@ TEST(DayCeiling, CountsEveryBatchOfTheAccountThatWasNotTakenBack)
 TEST(Duplicate, ThatCameBetweenTheQuestionAndTheCreationRefusesAndSaysWhoWasFirst)
 {
     SampleLedger ledger;
-    const auto second = as(ledger, "another"_s);
+    const auto second = as(ledger, "李四"_s);
     CreationTerms asked;
     asked.knownDuplicates = QSet<qint64>();
     BatchDraft first = sampleDraft(2);

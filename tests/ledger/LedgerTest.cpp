@@ -137,7 +137,7 @@ TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
 {
     SampleLedger ledger;
     for (const QString& error : {ledger->batch(7).error, ledger->tableOf(7).error, ledger->undo(7).error}) {
-        EXPECT_TRUE(error.contains(ledger.path())) << error.toStdString();
+        EXPECT_TRUE(error.contains(ledger->path())) << error.toStdString();
         EXPECT_TRUE(error.contains("批次 7"_s)) << error.toStdString();
     }
 }

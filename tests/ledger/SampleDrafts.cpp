@@ -1,5 +1,7 @@
 #include "tests/ledger/SampleDrafts.h"
 
+#include "tests/ledger/LedgerPlace.h"
+
 using namespace ledger;
 
 InstanceDraft sampleInstance(const SampleRow& row)
@@ -79,7 +81,7 @@ Outcome<std::shared_ptr<Ledger>> openToRead(const QString& home)
 
 Outcome<std::shared_ptr<Ledger>> openIn(const QString& home, const Ledger::Options& options)
 {
-    return Ledger::open(Address::ofFile(Ledger::pathIn(home)), options);
+    return Ledger::open(ledgerPlace(home, options.user), options);
 }
 
 Outcome<QList<Batch>> allBatches(const Ledger& ledger)

@@ -1,0 +1,213 @@
+// What a server's ledger is, beside what every ledger is.
+
+#include "ledger/Outbox.h"
+#include "ledger/store/PostgresStore.h"
+#include "ledger/store/Schema.h"
+#include "tests/ledger/SampleDrafts.h"
+#include "tests/ledger_server/TestServer.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include <thread>
+
+using namespace ledger;
+
+namespace {
+
+const QString Owner = "postgres"_s;
+
+Outcome<std::shared_ptr<Ledger>> opened(const QString& database, const QString& user = "trader"_s)
+{
+    TestServer::instance().makeLogin(user);
+    return Ledger::open(TestServer::instance().address(database, user));
+}
+
+QString initialised(const QString& database, const PostgresStore::Migrations& steps = {})
+{
+    return PostgresStore(TestServer::instance().address(database, Owner), {}).initialise(steps);
+}
+
+} // namespace
+
+TEST(AServersLedger, IsMadeOnceAndOpenedThen)
+{
+    const QString database = TestServer::instance().makeDatabase();
+    EXPECT_TRUE(opened(database).error.contains("algodesk ledger init"_s));
+    EXPECT_EQ(initialised(database), QString());
+    EXPECT_EQ(initialised(database), QString());
+    EXPECT_EQ(opened(database).error, QString());
+}
+
+TEST(AServersLedger, IsMadeOnceByProgramsAtTheSameTime)
+{
+    const QString database = TestServer::instance().makeDatabase();
+    std::vector<std::thread> programs;
+    std::array<QString, 4> faults;
+    for (QString& fault : faults) {
+        programs.emplace_back([&fault, database] { fault = initialised(database); });
+    }
+    for (std::thread& program : programs) {
+        program.join();
+    }
+    for (const QString& fault : faults) {
+        EXPECT_EQ(fault, QString());
+    }
+}
+
+TEST(AServersLedger, IsNotMadeAmongTheTablesOfAnother)
+{
+    const QString database = TestServer::instance().makeDatabase();
+    EXPECT_EQ(TestServer::instance().run(database, "CREATE TABLE trades (id int)"_s), QString());
+    EXPECT_TRUE(initialised(database).contains("其他程序"_s));
+    EXPECT_EQ(TestServer::instance().single(database, "SELECT to_regclass('batch')::text"_s).toString(),
+              QString());
+}
+
+TEST(AServersLedger, OfANewerProgramIsRefused)
+{
+    const QString database = TestServer::instance().makeDatabase();
+    ASSERT_EQ(initialised(database), QString());
+    ASSERT_EQ(initialised(database, {{"ALTER TABLE batch ADD COLUMN venue TEXT NOT NULL DEFAULT ''"_s}}),
+              QString());
+    EXPECT_TRUE(opened(database).error.contains("更新版本"_s));
+    EXPECT_TRUE(initialised(database).contains("更新版本"_s));
+}
+
+TEST(AServersLedger, IsMigratedWhileOthersWorkOnIt)
+{
+    const QString database = TestServer::instance().makeDatabase();
+    ASSERT_EQ(initialised(database), QString());
+    TestServer::instance().run(
+        database, "UPDATE ledger_number SET value = 1000000000000000 WHERE name = 'clock_tolerance'"_s);
+    const auto desk = opened(database).value;
+    ASSERT_TRUE(desk);
+    std::atomic<bool> isMigrated{false};
+    QString fault;
+    std::thread administrator([&] {
+        fault = initialised(database, {{"ALTER TABLE batch ADD COLUMN venue TEXT NOT NULL DEFAULT ''"_s},
+                                       {"CREATE INDEX batch_by_venue ON batch (venue, account)"_s}});
+        isMigrated = true;
+    });
+    int created = 0;
+    while (!isMigrated || created < 5) {
+        EXPECT_EQ(desk->createBatch(sampleDraft(1)).error, QString());
+        EXPECT_EQ(desk->batch(++created).error, QString());
+    }
+    administrator.join();
+    EXPECT_EQ(fault, QString());
+    EXPECT_EQ(allBatches(*desk).value.size(), created);
+    EXPECT_EQ(desk->verify(), QString());
+    const QString version = "SELECT value FROM ledger_number WHERE name = 'schema_version'"_s;
+    EXPECT_EQ(TestServer::instance().single(database, version).toInt(), PostgresStore::FirstVersion + 2);
+}
+
+TEST(AServersLedger, NamesNoPasswordWhenItCannotBeReached)
+{
+    TestServer& server = TestServer::instance();
+    Address nowhere = server.address("nowhere"_s, "trader"_s);
+    const QString password = QString::fromLocal8Bit(qgetenv("PGPASSWORD"));
+    for (const Address& address : {nowhere, server.address("postgres"_s, "stranger"_s)}) {
+        const QString error = Ledger::open(address).error;
+        EXPECT_TRUE(error.contains(address.shown())) << error.toStdString();
+        EXPECT_FALSE(error.contains(password));
+    }
+    qputenv("PGPASSWORD", "wrong-password");
+    const QString error = Ledger::open(server.address("postgres"_s, "trader"_s)).error;
+    qputenv("PGPASSWORD", password.toLocal8Bit());
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_FALSE(error.contains("wrong-password"_s));
+}
+
+TEST(AServersLedger, IsReachedByWhicheverHostAnswers)
+{
+    TestServer& server = TestServer::instance();
+    server.makeLogin("trader"_s);
+    Address address = server.address(server.makeLedger(), "trader"_s);
+    address.hosts.prepend({"127.0.0.1"_s, 1}); // nobody listens there
+    const auto ledger = Ledger::open(address);
+    ASSERT_EQ(ledger.error, QString());
+    EXPECT_EQ(ledger.value->createBatch(sampleDraft(1)).value.number, 1);
+}
+
+TEST(AServersLedger, TellsOtherDesksOfAChange)
+{
+    TestServer& server = TestServer::instance();
+    const QString database = server.makeLedger();
+    server.makeLogin("trader"_s);
+    PostgresStore watching(server.address(database, "trader"_s), {});
+    ASSERT_EQ(watching.open(), QString());
+    int hints = 0;
+    ASSERT_TRUE(watching.listen([&] { ++hints; }));
+    const auto desk = opened(database).value;
+    desk->createBatch(sampleDraft(1));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hints == 1; }, 2000));
+    desk->batch(1);
+    EXPECT_FALSE(QTest::qWaitFor([&] { return hints > 1; }, 200)) << "nothing was changed";
+}
+
+TEST(AServersLedger, GivesTheAccountsOfASessionThatEndedToTheNextGateway)
+{
+    TestServer& server = TestServer::instance();
+    const QString database = server.makeLedger();
+    const auto first = opened(database).value;
+    const auto second = opened(database).value;
+    const Gateway gateway{"S"_s, {"1001"_s}, "h"_s, 1, "loggedOn"_s, {}};
+    const auto held = Outbox::claim(first, gateway);
+    ASSERT_EQ(held.error, QString());
+    const auto refused = Outbox::claim(second, gateway);
+    EXPECT_TRUE(refused.error.contains(QString::number(QCoreApplication::applicationPid())))
+        << refused.error.toStdString();
+    EXPECT_NE(Outbox::claim(second, {"S"_s, {}, "h"_s, 1, "loggedOn"_s, {}}).error, QString())
+        << "all accounts";
+    EXPECT_EQ(Outbox::claim(second, {"T"_s, {"1002"_s}, "h"_s, 1, "loggedOn"_s, {}}).error, QString());
+    server.run(database, "SELECT pg_terminate_backend(pid) FROM pg_locks WHERE locktype = 'advisory'"_s);
+    const auto taken = Outbox::claim(second, gateway);
+    EXPECT_EQ(taken.error, QString());
+    EXPECT_NE(held.value->take(1).error, QString()) << "its accounts are another's now";
+}
+
+TEST(AServersLedger, GoesOnAfterItsSessionWasEnded)
+{
+    TestServer& server = TestServer::instance();
+    const QString database = server.makeLedger();
+    const auto desk = opened(database).value;
+    ASSERT_EQ(desk->createBatch(sampleDraft(1)).error, QString());
+    const QString end =
+        "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = current_database() AND pid <> pg_backend_pid()"_s;
+    server.run(database, end);
+    EXPECT_EQ(desk->batch(1).error, QString());
+    server.run(database, end);
+    EXPECT_EQ(desk->createBatch(sampleDraft(1)).value.number, 2);
+}
+
+TEST(AServersLedger, KeepsDecimalsToTheLastDigit)
+{
+    TestServer& server = TestServer::instance();
+    const auto desk = opened(server.makeLedger()).value;
+    BatchDraft draft = sampleDraft(1);
+    draft.instances[0].legs[0].quantity = 123456789012345.67_d;
+    draft.instances[0].legs[0].limitPrice = 0.000123_d;
+    draft.instances[0].legs[0].amount = 99999999999.99_d;
+    ASSERT_EQ(desk->createBatch(draft).error, QString());
+    const Leg leg = desk->instancesOf(1).value.value(0).legs.value(0);
+    EXPECT_EQ(leg.quantity, 123456789012345.67_d);
+    EXPECT_EQ(leg.limitPrice, 0.000123_d);
+    EXPECT_EQ(desk->status().value.days.size(), 1);
+    EXPECT_EQ(desk->status().value.days.value(0).buy, 99999999999.99_d);
+}
+
+TEST(AServersLedger, HasTheHashesOfAnyOther)
+{
+    TestServer& server = TestServer::instance();
+    const QString database = server.makeLedger();
+    const auto desk = opened(database).value;
+    desk->createBatch(sampleDraft(2));
+    desk->halt("1001"_s, "行情“异常”\\ '；"_s);
+    const QString wrong =
+        "SELECT count(*) FROM audit_entry e LEFT JOIN audit_entry b ON b.number = e.number - 1 WHERE e.hash "
+        "<> ledger_hash(coalesce(b.hash, encode(sha256('algodesk audit 1'), 'hex')), e)"_s;
+    EXPECT_EQ(server.single(database, wrong).toInt(), 0);
+    EXPECT_EQ(desk->verifyAudit().value.entries, 2);
+}

@@ -23,6 +23,7 @@ inline const QString FullWidthDigit = QStringLiteral("digit.fullwidth");
 inline const QString HiddenByMerge = QStringLiteral("merged.hidden");
 inline const QString HiddenRow = QStringLiteral("row.hidden");
 inline const QString ReplacedText = QStringLiteral("text.replaced");
+inline const QString UnknownCodePage = QStringLiteral("text.codepage");
 
 /// The first two words: number.invalid of number.invalid.price.
 inline QString codeOf(const QString& rule)

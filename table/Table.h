@@ -41,6 +41,8 @@ struct Inspection {
     QHash<Cell, QString>
         shown; ///< of cells that the spreadsheet shows otherwise than the text that the table holds
     QSet<Cell> uncalculated;    ///< formulas without a stored result
+    int unknownCodePage = 0;    ///< of xls: number of the code page of its texts where nobody knows it; they
+                                ///< are read as Western then, and wrong but for ASCII
     int replacedCharacters = 0; ///< of csv: bytes that the encoding does not know, shown as U+FFFD
 };
 

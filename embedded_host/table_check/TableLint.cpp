@@ -117,6 +117,9 @@ QList<Finding> Linter::run()
         const QString count = QString::number(mTable.inspection.replacedCharacters);
         add(rule::ReplacedText, -1, -1, count, {mTable.encoding});
     }
+    if (mTable.inspection.unknownCodePage > 0) {
+        add(rule::UnknownCodePage, -1, -1, QString::number(mTable.inspection.unknownCodePage));
+    }
     if (!mTable.rows.isEmpty()) {
         lintTitles();
     }

@@ -10,6 +10,9 @@ constexpr XmlNamespace TableSpace = {latin1("urn:oasis:names:tc:opendocument:xml
                                      QLatin1String()};
 constexpr XmlNamespace Text = {latin1("urn:oasis:names:tc:opendocument:xmlns:text:1.0"), QLatin1String()};
 constexpr XmlNamespace Style = {latin1("urn:oasis:names:tc:opendocument:xmlns:style:1.0"), QLatin1String()};
+constexpr XmlNamespace DataStyle = {latin1("urn:oasis:names:tc:opendocument:xmlns:datastyle:1.0"),
+                                    QLatin1String()};
+constexpr XmlNamespace Config = {latin1("urn:oasis:names:tc:opendocument:xmlns:config:1.0"), QLatin1String()};
 constexpr XmlNamespace Manifest = {latin1("urn:oasis:names:tc:opendocument:xmlns:manifest:1.0"),
                                    QLatin1String()};
 constexpr QLatin1String CalcExtension =

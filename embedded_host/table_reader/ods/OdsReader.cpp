@@ -2,7 +2,10 @@
 
 #include "embedded_host/table_reader/ods/OdsNames.h"
 #include "embedded_host/table_reader/ods/OdsSheet.h"
+#include "embedded_host/table_reader/ods/OdsSheetList.h"
 #include "embedded_host/table_reader/shared/Messages.h"
+
+#include <algorithm>
 
 namespace table_reader {
 namespace {
@@ -42,32 +45,6 @@ ManifestFacts readManifest(ZipArchive& archive, QString& error)
     return facts;
 }
 
-/// Hidden sheets are told by their style: style:table-properties table:display="false".
-void readTableStyle(XmlPart& part, QSet<QString>& hidden)
-{
-    const QXmlStreamAttributes attributes = part.attributes();
-    const QString name = value(attributes, ods::Style, "name").toString();
-    const bool isTable = value(attributes, ods::Style, "family") == QLatin1String("table");
-    while (part.nextChild()) {
-        if (isTable && part.is(ods::Style, QLatin1String("table-properties")) &&
-            value(part.attributes(), ods::TableSpace, "display") == QLatin1String("false")) {
-            hidden.insert(name);
-        }
-        part.skip();
-    }
-}
-
-void readStyles(XmlPart& part, QSet<QString>& hidden)
-{
-    while (part.nextChild()) {
-        if (part.is(ods::Style, QLatin1String("style"))) {
-            readTableStyle(part, hidden);
-        } else {
-            part.skip();
-        }
-    }
-}
-
 class OdsContent {
 public:
     /// `sheet`: number of the sheet to read; -1: the first that can be seen.
@@ -76,6 +53,8 @@ public:
     QString read(ZipArchive& archive, table::Table& table);
     bool found() const { return mFound; }
     int sheets() const { return mSheets; }
+    /// Number of the sheet that was read.
+    int readSheet() const { return mRead; }
 
 private:
     void readBody(XmlPart& part, table::Table& table);
@@ -87,18 +66,22 @@ private:
     int mSheets = 0;
     bool mFound = false;
     bool mStopped = false; ///< behind the last row wanted
-    QSet<QString> mHiddenStyles;
+    int mRead = -1;
+    OdsStyles mStyles;
 };
 
 QString OdsContent::read(ZipArchive& archive, table::Table& table)
 {
+    if (mOptions.inspect) {
+        mStyles.readNamed(archive);
+    }
     XmlPart part(archive, ContentPart);
     if (!part.begin(ods::Office, QLatin1String("document-content"))) {
         return part.error();
     }
     while (!mStopped && part.nextChild()) {
         if (part.is(ods::Office, QLatin1String("automatic-styles"))) {
-            readStyles(part, mHiddenStyles);
+            mStyles.read(part);
         } else if (part.is(ods::Office, QLatin1String("body"))) {
             readBody(part, table);
         } else {
@@ -131,9 +114,10 @@ void OdsContent::readSheets(XmlPart& part, table::Table& table)
             part.skip();
         } else {
             mFound = true;
+            mRead = mSheets;
             table.sheet = value(attributes, ods::TableSpace, "name").toString();
             SheetRows rows(mOptions, table);
-            OdsSheet sheet(part, rows);
+            OdsSheet sheet(part, mStyles, rows);
             sheet.read();
             rows.finish();
             mStopped = sheet.isFull();
@@ -147,7 +131,7 @@ bool OdsContent::isWanted(const QXmlStreamAttributes& attributes) const
     if (mFound) {
         return false;
     }
-    return mWanted < 0 ? !mHiddenStyles.contains(value(attributes, ods::TableSpace, "style-name").toString())
+    return mWanted < 0 ? !mStyles.isHiddenTable(value(attributes, ods::TableSpace, "style-name").toString())
                        : mWanted == mSheets;
 }
 
@@ -175,10 +159,16 @@ QString readOds(ZipArchive& archive, const ReadOptions& options, table::Table& t
     }
     OdsContent visible(options, -1);
     error = visible.read(archive, table);
-    if (!error.isEmpty() || visible.found()) {
-        return error;
+    if (error.isEmpty() && visible.sheets() == 0) {
+        return message::noSheet();
     }
-    return visible.sheets() == 0 ? message::noSheet() : OdsContent(options, 0).read(archive, table);
+    if (error.isEmpty() && !visible.found()) {
+        error = OdsContent(options, 0).read(archive, table);
+    }
+    if (error.isEmpty() && options.inspect) {
+        table.sheets = listOdsSheets(archive, std::max(visible.readSheet(), 0), table);
+    }
+    return error;
 }
 
 } // namespace table_reader

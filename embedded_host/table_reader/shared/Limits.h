@@ -27,6 +27,7 @@ constexpr int SheetNames = 10'000;     ///< sheets of a workbook
 constexpr int CellStyles = 70'000;     ///< a workbook's own limit is 65,490
 constexpr qint64 Records = 12'000'000; ///< of an xls workbook; one of XlsFileBytes has fewer cells
 constexpr int MergedAreas = 10'000;    ///< told by an inspection, the first ones
+constexpr int ShownCharacters = 200;   ///< told of what a cell shows
 constexpr int StoredNumbers = 200'000; ///< told by an inspection, the first ones
 
 } // namespace table_reader::limits

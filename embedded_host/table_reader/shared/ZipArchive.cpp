@@ -5,6 +5,8 @@
 
 #include <zip.h>
 
+#include <QTextCodec>
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -100,6 +102,25 @@ private:
     zip_error_t mError;
 };
 
+/// Of a part that begins in UTF-16, with a byte order mark or without; else null.
+std::unique_ptr<QTextDecoder> wideDecoder(const QByteArray& head)
+{
+    const bool isLittle = head.startsWith("\xFF\xFE") || head.startsWith(QByteArray("<\0", 2));
+    const bool isBig = head.startsWith("\xFE\xFF") || head.startsWith(QByteArray("\0<", 2));
+    if (!isLittle && !isBig) {
+        return nullptr;
+    }
+    const QTextCodec* const codec = QTextCodec::codecForName(isLittle ? "UTF-16LE" : "UTF-16BE");
+    return std::unique_ptr<QTextDecoder>(codec->makeDecoder());
+}
+
+/// The declaration, at the beginning, would say UTF-16 of what is none any more.
+QByteArray withoutDeclaration(const QByteArray& text)
+{
+    const int end = text.startsWith("<?xml") ? text.indexOf("?>") : -1;
+    return end < 0 ? text : text.mid(end + 2);
+}
+
 } // namespace
 
 void ZipCloser::operator()(zip* archive) const
@@ -182,7 +203,7 @@ QString PartStream::begin()
 
 qint64 PartStream::readData(char* data, qint64 maximum)
 {
-    const qint64 got = mFailure.isEmpty() ? inflate(data, maximum) : -1;
+    const qint64 got = mFailure.isEmpty() ? readBytes(data, maximum) : -1;
     if (got <= 0) {
         return -1;
     }
@@ -190,6 +211,47 @@ qint64 PartStream::readData(char* data, qint64 maximum)
     const bool isTooLarge = mRead > limits::PartBytes || mTokenBytes > limits::TokenBytes || isSuspicious();
     mFailure = isTooLarge ? message::partTooLarge(mName) : lookAt(data, got);
     return mFailure.isEmpty() ? got : -1;
+}
+
+qint64 PartStream::readBytes(char* data, qint64 maximum)
+{
+    if (mWide) {
+        return takeRecoded(data, maximum);
+    }
+    const qint64 got = inflate(data, maximum);
+    if (mHasBegun || got <= 0) {
+        return got;
+    }
+    mHasBegun = true;
+    const QByteArray head(data, static_cast<int>(got));
+    mWide = wideDecoder(head);
+    if (!mWide) {
+        return got;
+    }
+    recode(head);
+    mRecoded = withoutDeclaration(mRecoded);
+    return takeRecoded(data, maximum);
+}
+
+qint64 PartStream::takeRecoded(char* data, qint64 maximum)
+{
+    while (mRecoded.isEmpty()) {
+        std::array<char, 8192> wide;
+        const qint64 got = inflate(wide.data(), wide.size());
+        if (got <= 0) {
+            return got;
+        }
+        recode(QByteArray(wide.data(), static_cast<int>(got)));
+    }
+    const qint64 length = std::min<qint64>(maximum, mRecoded.size());
+    std::copy_n(mRecoded.constData(), length, data);
+    mRecoded.remove(0, static_cast<int>(length));
+    return length;
+}
+
+void PartStream::recode(const QByteArray& bytes)
+{
+    mRecoded += mWide->toUnicode(bytes).toUtf8();
 }
 
 qint64 PartStream::inflate(char* data, qint64 maximum)

@@ -14,7 +14,9 @@ enum Record : quint16 {
     Eof = 0x000A,
     Date1904 = 0x0022,
     FilePass = 0x002F,
+    Font = 0x0031,
     Continue = 0x003C,
+    Window1 = 0x003D,
     CodePage = 0x0042,
     BoundSheet = 0x0085,
     MulRk = 0x00BD,
@@ -36,6 +38,8 @@ enum Record : quint16 {
     Format = 0x041E,
     Bof = 0x0809,
 };
+/// What a beginning begins.
+constexpr quint16 WorksheetKind = 0x0010;
 constexpr quint16 Version5 = 0x0500;
 constexpr quint16 Version8 = 0x0600;
 } // namespace biff

@@ -41,12 +41,14 @@ QTextCodec* codecOfCodePage(int codePage)
 {
     for (const CodePageName& entry : CodePages) {
         if (entry.codePage == codePage) {
-            QTextCodec* const codec = QTextCodec::codecForName(entry.codec);
-            if (codec) {
-                return codec;
-            }
+            return QTextCodec::codecForName(entry.codec);
         }
     }
+    return nullptr;
+}
+
+QTextCodec* westernCodec()
+{
     return QTextCodec::codecForName("windows-1252");
 }
 

@@ -8,9 +8,10 @@ class QTextCodec;
 
 namespace table_reader {
 
-/// The codec of a workbook's CODEPAGE record, for the byte texts of BIFF5; Western where the number is
-/// unknown.
+/// The codec of a workbook's CODEPAGE record, for the byte texts of BIFF5; null where the number is unknown.
 QTextCodec* codecOfCodePage(int codePage);
+/// That of a workbook which does not say, or says what nobody knows.
+QTextCodec* westernCodec();
 
 /// Reads texts of BIFF8 that may go on in CONTINUE records. Where one is cut within its characters, the next
 /// record begins with a byte that says anew how wide they are.

@@ -3,6 +3,7 @@
 #include "embedded_host/table_reader/shared/Limits.h"
 #include "embedded_host/table_reader/shared/Messages.h"
 #include "embedded_host/table_reader/xls/XlsSheet.h"
+#include "embedded_host/table_reader/xls/XlsSheetList.h"
 
 #include <QIODevice>
 
@@ -35,18 +36,22 @@ QString refuseContainer(const OleContainer& container)
 QString readWorkbook(BiffStream& stream, const ReadOptions& options, table::Table& table)
 {
     XlsWorkbook workbook;
-    QString error = readXlsWorkbook(stream, workbook);
+    QString error = readXlsWorkbook(stream, options.inspect, workbook);
     if (!error.isEmpty()) {
         return error;
     }
-    table.sheet = workbook.sheetName;
+    const XlsSheetEntry& sheet = workbook.sheets.at(workbook.readSheet);
+    table.sheet = sheet.name;
     SheetRows rows(options, table);
     SharedTexts texts;
-    error = XlsSheet(stream, workbook, rows, texts).read();
+    error = XlsSheet(stream, workbook, rows, texts).read(sheet.position);
     if (error.isEmpty()) {
-        error = readXlsTexts(stream, workbook, texts, rows);
+        error = readXlsTexts(stream, workbook, texts);
     }
     rows.finish();
+    if (error.isEmpty() && options.inspect) {
+        table.sheets = listXlsSheets(stream, workbook, table);
+    }
     return error;
 }
 

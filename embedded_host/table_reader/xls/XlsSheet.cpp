@@ -72,10 +72,10 @@ int cellBytes(quint16 type)
 
 } // namespace
 
-QString XlsSheet::read()
+QString XlsSheet::read(qint64 position)
 {
     BiffRecord record;
-    if (!mStream.seek(mWorkbook.sheetPosition) || !mStream.next(record) || record.type != biff::Bof) {
+    if (!mStream.seek(position) || !mStream.next(record) || record.type != biff::Bof) {
         return message::truncatedWorkbook();
     }
     int depth = 1; // a chart within the sheet has a beginning and an end of its own
@@ -100,6 +100,9 @@ bool XlsSheet::take(const BiffRecord& record)
     const int row = record.word(0);
     const int column = record.word(2);
     const int style = record.word(4);
+    if (mRows.inspects() && record.type != biff::MulRk && cellBytes(record.type) > 0) {
+        noteStyle(row, style);
+    }
     switch (record.type) {
     case biff::Number:
         return putNumber(row, column, style, record.real(6));
@@ -140,12 +143,15 @@ bool XlsSheet::putNumber(int row, int column, int style, double value)
     if (!std::isfinite(value)) {
         return mRows.put(row, column, errorText(0x24));
     }
-    const NumberFormat format = mWorkbook.styles.value(style, NumberFormat::Plain);
+    const NumberFormat format = mWorkbook.styles.formatOf(style);
     if (row >= mRows.maxRows()) {
         return true;
     }
     if (format == NumberFormat::Plain) {
         mRows.noteNumber(row, column, numberText(value));
+        if (mRows.inspects()) {
+            mRows.noteLook(row, column, value, mWorkbook.styles.looks.value(style));
+        }
     }
     return mRows.put(row, column, shownNumber(value, format, mWorkbook.dates));
 }
@@ -159,6 +165,9 @@ bool XlsSheet::putNumbers(const BiffRecord& record)
     const int count = (record.size() - HeadBytes - 2) / CellBytes;
     for (int at = 0; at < count; ++at) {
         const int offset = HeadBytes + at * CellBytes;
+        if (mRows.inspects()) {
+            noteStyle(row, record.word(offset));
+        }
         if (!putNumber(row, first + at, record.word(offset), unpack(record.dword(offset + 2)))) {
             return false;
         }
@@ -174,6 +183,9 @@ bool XlsSheet::putFormula(const BiffRecord& record)
     const int row = record.word(0);
     const int column = record.word(2);
     mFormulaRow = -1;
+    if (mRows.inspects()) {
+        inspectFormula(record);
+    }
     if (record.word(12) != NoNumber) {
         return putNumber(row, column, record.word(4), record.real(6));
     }
@@ -201,13 +213,37 @@ bool XlsSheet::putText(const BiffRecord& record, int offset, int row, int column
         mError = message::truncatedWorkbook();
         return false;
     }
+    const auto isForeign = [](QChar c) { return c.unicode() >= 0x80; };
+    if (mWorkbook.unknownCodePage > 0 && !mWorkbook.isVersion8 &&
+        std::any_of(text.begin(), text.end(), isForeign)) {
+        mRows.noteUnknownCodePage(mWorkbook.unknownCodePage);
+    }
     return mRows.put(row, column, text);
+}
+
+/// A formula that is to be calculated by whoever opens the file, and of which an empty text or a 0 is stored,
+/// was never calculated: writers that cannot calculate leave such ones.
+void XlsSheet::inspectFormula(const BiffRecord& record)
+{
+    constexpr int OptionsOffset = 14;
+    constexpr quint16 CalculateOnLoad = 0x02;
+    constexpr quint16 NoNumber = 0xFFFF;
+    constexpr quint8 EmptyText = 3;
+    const bool isEmpty = record.word(12) == NoNumber ? record.byte(6) == EmptyText : record.real(6) == 0;
+    if (isEmpty && (record.word(OptionsOffset) & CalculateOnLoad) != 0) {
+        mRows.noteUncalculated(record.word(0), record.word(2));
+    }
+}
+
+void XlsSheet::noteStyle(int row, int style)
+{
+    mRows.noteFilled(row, mWorkbook.styles.isStruck(style));
 }
 
 bool XlsSheet::putSharedText(const BiffRecord& record)
 {
-    if (record.word(0) < mRows.maxRows()) {
-        mTexts.want(record.dword(6), record.word(0), record.word(2));
+    if (mRows.wants(record.word(0), record.word(2))) {
+        mTexts.want(record.dword(6), mRows, record.word(0), record.word(2));
     }
     if (mTexts.count() > limits::Cells) {
         mError = message::tooManyCells();

@@ -12,16 +12,18 @@ public:
     {
     }
 
-    /// Empty, or the sentence that says what is wrong.
-    QString read();
+    /// From the sheet's beginning. Empty, or the sentence that says what is wrong.
+    QString read(qint64 position);
 
 private:
     bool take(const BiffRecord& record);
     bool putNumber(int row, int column, int style, double value);
     bool putNumbers(const BiffRecord& record);
     bool putFormula(const BiffRecord& record);
+    void inspectFormula(const BiffRecord& record);
     bool putText(const BiffRecord& record, int offset, int row, int column);
     bool putSharedText(const BiffRecord& record);
+    void noteStyle(int row, int style);
     void noteRow(const BiffRecord& record);
     void noteMergedAreas(const BiffRecord& record);
 

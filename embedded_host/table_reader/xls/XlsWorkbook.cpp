@@ -9,31 +9,26 @@
 namespace table_reader {
 namespace {
 
-struct SheetEntry {
-    QString name;
-    qint64 position;
-    bool hidden;
-    bool isWorksheet;
-};
-
 class GlobalsReader {
 public:
     GlobalsReader(BiffStream& stream, XlsWorkbook& workbook) : mStream(stream), mWorkbook(workbook) {}
 
-    QString read();
+    QString read(bool forReport);
 
 private:
     QString begin();
     QString take(const BiffRecord& record);
+    void takeCodePage(int codePage);
+    void takeStyle(const BiffRecord& record);
+    void takeFont(const BiffRecord& record);
     QString takeFormat(const BiffRecord& record);
     QString takeSheet(const BiffRecord& record);
     QString chooseSheet();
 
     BiffStream& mStream;
     XlsWorkbook& mWorkbook;
-    QHash<int, NumberFormat> mFormats;
-    QVector<int> mStyleFormats;
-    QVector<SheetEntry> mSheets;
+    StyleParts mParts;
+    bool mIsSheetAlone = false;
 };
 
 QString GlobalsReader::begin()
@@ -53,20 +48,27 @@ QString GlobalsReader::begin()
         return message::oldWorkbook();
     }
     mWorkbook.isVersion8 = version == biff::Version8;
-    mWorkbook.codec = codecOfCodePage(0);
+    mWorkbook.codec = westernCodec();
+    mIsSheetAlone = record.word(2) == biff::WorksheetKind;
+    if (mIsSheetAlone) {
+        mWorkbook.sheets.append({QString(), 0, false, true});
+    }
     return QString();
 }
 
-QString GlobalsReader::read()
+/// A sheet alone may hold charts, each with a beginning and an end of its own.
+QString GlobalsReader::read(bool forReport)
 {
     QString error = begin();
     BiffRecord record;
+    int depth = 1;
     while (error.isEmpty()) {
         const qint64 position = mStream.position();
         if (!mStream.next(record)) {
             return mStream.hasTooMany() ? message::tooManyRecords() : message::truncatedWorkbook();
         }
-        if (record.type == biff::Eof) {
+        depth += mIsSheetAlone && record.type == biff::Bof ? 1 : 0;
+        if (record.type == biff::Eof && --depth == 0) {
             break;
         }
         if (record.type == biff::Sst) {
@@ -74,7 +76,7 @@ QString GlobalsReader::read()
         }
         error = take(record);
     }
-    mWorkbook.styles = formatsOf(mStyleFormats, mFormats);
+    mWorkbook.styles = mParts.styles(forReport);
     return error.isEmpty() ? chooseSheet() : error;
 }
 
@@ -84,7 +86,7 @@ QString GlobalsReader::take(const BiffRecord& record)
     case biff::FilePass:
         return message::encrypted();
     case biff::CodePage:
-        mWorkbook.codec = codecOfCodePage(record.word(0));
+        takeCodePage(record.word(0));
         break;
     case biff::Date1904:
         mWorkbook.dates = record.word(0) == 1 ? DateSystem::From1904 : DateSystem::From1900;
@@ -92,14 +94,45 @@ QString GlobalsReader::take(const BiffRecord& record)
     case biff::Format:
         return takeFormat(record);
     case biff::Xf:
-        if (mStyleFormats.size() < limits::CellStyles) {
-            mStyleFormats.append(record.word(2));
-        }
+        takeStyle(record);
+        break;
+    case biff::Font:
+        takeFont(record);
+        break;
+    case biff::Window1:
+        mWorkbook.activeSheet = record.word(10);
         break;
     case biff::BoundSheet:
         return takeSheet(record);
     }
     return QString();
+}
+
+void GlobalsReader::takeCodePage(int codePage)
+{
+    QTextCodec* const codec = codecOfCodePage(codePage);
+    mWorkbook.codec = codec ? codec : westernCodec();
+    mWorkbook.unknownCodePage = codec ? 0 : codePage;
+}
+
+/// No font has the number 4.
+void GlobalsReader::takeStyle(const BiffRecord& record)
+{
+    constexpr int Missing = 4;
+    const int font = record.word(0);
+    if (mParts.formatNumbers.size() < limits::CellStyles) {
+        mParts.formatNumbers.append(record.word(2));
+        mParts.fontNumbers.append(font > Missing ? font - 1 : font);
+    }
+}
+
+void GlobalsReader::takeFont(const BiffRecord& record)
+{
+    constexpr int OptionsOffset = 2;
+    constexpr quint16 StruckFlag = 0x08;
+    if (mParts.struckFonts.size() < limits::CellStyles) {
+        mParts.struckFonts.append((record.word(OptionsOffset) & StruckFlag) != 0);
+    }
 }
 
 QString GlobalsReader::takeFormat(const BiffRecord& record)
@@ -109,7 +142,7 @@ QString GlobalsReader::takeFormat(const BiffRecord& record)
     if (!readXlsText(mStream, mWorkbook, record, 2, mWorkbook.isVersion8 ? 2 : 1, code)) {
         return message::truncatedWorkbook();
     }
-    mFormats.insert(number, customFormat(code));
+    mParts.codes.insert(number, code);
     return QString();
 }
 
@@ -123,18 +156,18 @@ QString GlobalsReader::takeSheet(const BiffRecord& record)
     if (!readXlsText(mStream, mWorkbook, record, 6, 1, name)) {
         return message::truncatedWorkbook();
     }
-    mSheets.append({name, position, hidden, isWorksheet});
-    return mSheets.size() > limits::SheetNames ? message::tooManySheets() : QString();
+    mWorkbook.sheets.append({name, position, hidden, isWorksheet});
+    return mWorkbook.sheets.size() > limits::SheetNames ? message::tooManySheets() : QString();
 }
 
 /// The first worksheet that can be seen, or the first one; charts and macro sheets are none.
 QString GlobalsReader::chooseSheet()
 {
     for (const bool acceptHidden : {false, true}) {
-        for (const SheetEntry& sheet : mSheets) {
+        for (int number = 0; number < mWorkbook.sheets.size(); ++number) {
+            const XlsSheetEntry& sheet = mWorkbook.sheets.at(number);
             if (sheet.isWorksheet && (acceptHidden || !sheet.hidden)) {
-                mWorkbook.sheetName = sheet.name;
-                mWorkbook.sheetPosition = sheet.position;
+                mWorkbook.readSheet = number;
                 return QString();
             }
         }
@@ -144,9 +177,9 @@ QString GlobalsReader::chooseSheet()
 
 } // namespace
 
-QString readXlsWorkbook(BiffStream& stream, XlsWorkbook& workbook)
+QString readXlsWorkbook(BiffStream& stream, bool forReport, XlsWorkbook& workbook)
 {
-    return GlobalsReader(stream, workbook).read();
+    return GlobalsReader(stream, workbook).read(forReport);
 }
 
 bool readXlsText(BiffStream& stream, const XlsWorkbook& workbook, const BiffRecord& record, int offset,
@@ -160,7 +193,7 @@ bool readXlsText(BiffStream& stream, const XlsWorkbook& workbook, const BiffReco
     return record.has(offset + lengthBytes + length);
 }
 
-QString readXlsTexts(BiffStream& stream, const XlsWorkbook& workbook, SharedTexts& texts, SheetRows& rows)
+QString readXlsTexts(BiffStream& stream, const XlsWorkbook& workbook, SharedTexts& texts)
 {
     if (texts.isEmpty()) {
         return QString();
@@ -178,8 +211,9 @@ QString readXlsTexts(BiffStream& stream, const XlsWorkbook& workbook, SharedText
         if (texts.next() >= count || !reader.read(2, index == texts.next(), text)) {
             return message::badSharedText(texts.nextCell());
         }
-        if (index == texts.next() && !texts.supply(text, rows)) {
-            return rows.error();
+        const QString refused = index == texts.next() ? texts.supply(text) : QString();
+        if (!refused.isEmpty()) {
+            return refused;
         }
     }
     return QString();

@@ -71,7 +71,8 @@ bool XlsxSheet::enterRow(XmlPart& part)
         mPastEnd = mIsRising && ++mLateRows == EnoughLateRows;
         return false;
     }
-    if (boolValue(value(attributes, "hidden"))) {
+    const bool isFlat = mRows.inspects() && value(attributes, "ht") == QLatin1String("0");
+    if (isFlat || boolValue(value(attributes, "hidden"))) {
         mRows.noteHiddenRow(mRow);
     }
     return true;
@@ -148,10 +149,12 @@ XlsxSheet::Content XlsxSheet::readContent(XmlPart& part)
     while (part.nextChild()) {
         if (part.is(Sheet, QLatin1String("v"))) {
             content.value = part.readText();
+            content.hasValue = true;
         } else if (part.is(Sheet, QLatin1String("is"))) {
             content.text = readRichText(part);
             content.isInline = true;
         } else {
+            content.hasFormula = content.hasFormula || part.is(Sheet, QLatin1String("f"));
             part.skip();
         }
     }
@@ -161,6 +164,9 @@ XlsxSheet::Content XlsxSheet::readContent(XmlPart& part)
 bool XlsxSheet::store(const Head& head, const Content& content)
 {
     const auto put = [&](const QString& text) { return mRows.put(head.at.row, head.at.column, text); };
+    if (mRows.inspects()) {
+        inspect(head, content);
+    }
     if (content.isInline && (content.value.isEmpty() || head.type == CellType::InlineText)) {
         return put(content.text);
     }
@@ -186,21 +192,53 @@ bool XlsxSheet::store(const Head& head, const Content& content)
     return put(numberCell(head, content.value));
 }
 
+void XlsxSheet::inspect(const Head& head, const Content& content)
+{
+    if (isUncalculated(head, content)) {
+        mRows.noteUncalculated(head.at.row, head.at.column);
+    }
+    if (!content.value.isEmpty() || !content.text.isEmpty()) {
+        mRows.noteFilled(head.at.row, mStyles.isStruck(head.style));
+    }
+}
+
+void XlsxSheet::inspectNumber(const Head& head, const QString& stored)
+{
+    if (const std::optional<double> number = parseNumber(QStringRef(&stored))) {
+        mRows.noteLook(head.at.row, head.at.column, *number, mStyles.looks.value(head.style));
+    }
+}
+
+/// A formula that gives an empty text stores that; one without any result was never calculated, nor was the
+/// 0 that some writers put in its place.
+bool XlsxSheet::isUncalculated(const Head& head, const Content& content) const
+{
+    if (!content.hasFormula || content.isInline) {
+        return false;
+    }
+    const bool isEmptyText = head.type == CellType::Text && content.hasValue;
+    const bool isStandIn = mIsRecalculated && content.value == QLatin1String("0");
+    return isStandIn || (content.value.isEmpty() && !isEmptyText);
+}
+
 void XlsxSheet::wantText(table::CellPosition at, const QString& index)
 {
-    if (at.row < mRows.maxRows()) {
-        mTexts.want(intValue(QStringRef(&index), -1), at.row, at.column);
+    if (mRows.wants(at.row, at.column)) {
+        mTexts.want(intValue(QStringRef(&index), -1), mRows, at.row, at.column);
     }
 }
 
 /// A number as its style shows it. What is no number in a cell of numbers is passed on as it stands.
 QString XlsxSheet::numberCell(const Head& head, const QString& stored)
 {
-    const NumberFormat format = mStyles.value(head.style, NumberFormat::Plain);
+    const NumberFormat format = mStyles.formatOf(head.style);
     const bool staysAsItIs = format == NumberFormat::Plain && isShortestNumber(QStringRef(&stored));
     const std::optional<double> number = staysAsItIs ? std::nullopt : parseNumber(QStringRef(&stored));
     if (format == NumberFormat::Plain && (staysAsItIs || number)) {
         mRows.noteNumber(head.at.row, head.at.column, stored);
+        if (mRows.inspects()) {
+            inspectNumber(head, stored);
+        }
     }
     return number ? shownNumber(*number, format, mDates) : stored;
 }

@@ -174,3 +174,101 @@ TEST(OdsInspection, TellsMergedAreasNoLongerThanASheet)
                   "</table:table-row>")));
     EXPECT_EQ(QList<QRect>{QRect(9, 0, 1 << 20, 1 << 20)}, read.inspection.mergedAreas);
 }
+
+TEST(OdsCells, ShowAMomentStyledAsATimeAloneAsEveryFormatDoes)
+{
+    const QByteArray styles =
+        "<number:time-style style:name=\"N1\"/><number:time-style style:name=\"N2\" "
+        "number:truncate-on-overflow=\"false\"/>"
+        "<style:style style:name=\"clock\" style:family=\"table-cell\" style:data-style-name=\"N1\"/>"
+        "<style:style style:name=\"heir\" style:family=\"table-cell\" style:parent-style-name=\"clock\"/>"
+        "<style:style style:name=\"hours\" style:family=\"table-cell\" style:data-style-name=\"N2\"/>";
+    const auto cell = [](const char* style, const char* time) {
+        return QByteArray("<table:table-cell office:value-type=\"time\" office:time-value=\"") + time +
+               "\" " + (style[0] == '\0' ? QByteArray() : QByteArray("table:style-name=\"") + style + "\"") +
+               "/>";
+    };
+    const QByteArray columns =
+        "<table:table-columns><table:table-column table:number-columns-repeated=\"5\"/>"
+        "<table:table-column table:default-cell-style-name=\"clock\"/></table:table-columns>";
+    const QByteArray row = "<table:table-row>" + cell("clock", "PT1112385H35M00S") +
+                           cell("heir", "PT1112385H35M00S") + cell("clock", "PT9H30M") +
+                           cell("hours", "PT26H") + cell("", "PT26H") + cell("", "PT1112385H35M00S") +
+                           "</table:table-row>";
+    const QByteArray rowStyle = "<table:table-row table:default-cell-style-name=\"clock\">" +
+                                cell("", "PT1112385H35M00S") + "</table:table-row>";
+    EXPECT_EQ("2026-11-23T09:35:00.000|2026-11-23T09:35:00.000|09:30:00|26:00:00|26:00:00|"
+              "2026-11-23T09:35:00.000\n2026-11-23T09:35:00.000\n",
+              shown(ods(sheet(columns + row + rowStyle), styles)));
+}
+
+TEST(OdsInspection, TellsCellsThatShowAnotherNumber)
+{
+    const Table read = inspect(
+        ods(sheet("<table:table-row>" + value("percentage", "office:value=\"0.15\"", "<text:p>15%</text:p>") +
+                  value("float", "office:value=\"2499.6\"", "<text:p>2,500</text:p>") +
+                  value("float", "office:value=\"2500\"", "<text:p>2,500.00</text:p>") +
+                  value("currency", "office:value=\"9.86\"", "<text:p>¥9.86</text:p>") +
+                  value("float", "office:value=\"10\"", "<text:p>10手</text:p>") + "</table:table-row>")));
+    const QHash<table::Cell, QString> expected = {
+        {{0, 0}, QStringLiteral("15%")}, {{0, 1}, QStringLiteral("2,500")}, {{0, 4}, QStringLiteral("10手")}};
+    EXPECT_EQ(expected, read.inspection.shown);
+}
+
+TEST(OdsInspection, TellsFormulasThatWereNeverCalculated)
+{
+    const QByteArray never = "<table:table-cell table:formula=\"of:=1+1\"/>";
+    const QByteArray emptyText = "<table:table-cell table:formula=\"of:=T()\" office:value-type=\"string\"/>";
+    const Table read = inspect(ods(sheet("<table:table-row>" + never + emptyText + "</table:table-row>")));
+    EXPECT_EQ((QSet<table::Cell>{{0, 0}}), read.inspection.uncalculated);
+}
+
+TEST(OdsInspection, TellsRowsOfWhichAllIsStruckOut)
+{
+    const QByteArray styles =
+        "<style:style style:name=\"s\" style:family=\"table-cell\"><style:text-properties "
+        "style:text-line-through-style=\"solid\"/></style:style>"
+        "<style:style style:name=\"none\" style:family=\"table-cell\" style:parent-style-name=\"s\">"
+        "<style:text-properties style:text-line-through-style=\"none\"/></style:style>";
+    const auto row = [](const char* first, const char* second) {
+        const auto cell = [](const char* style) {
+            return QByteArray("<table:table-cell office:value-type=\"float\" office:value=\"1\" "
+                              "table:style-name=\"") +
+                   style + "\"/>";
+        };
+        return "<table:table-row>" + cell(first) + cell(second) + "</table:table-row>";
+    };
+    const Table read =
+        inspect(ods(sheet(row("s", "s") + row("s", "none") + row("s", "x") + row("s", "s")), styles));
+    EXPECT_EQ((QSet<int>{0, 3}), read.inspection.struckRows);
+}
+
+TEST(OdsInspection, TellsAllSheetsAndTheFirstRowsOfThoseThatAreSeen)
+{
+    const QByteArray styles = "<style:style style:name=\"h\" style:family=\"table\"><style:table-properties "
+                              "table:display=\"false\"/></style:style>";
+    const auto named = [](const QByteArray& name, const QByteArray& text, const QByteArray& attributes = "") {
+        return "<table:table table:name=\"" + name + "\" " + attributes +
+               "><table:table-row/><table:table-row>" + value("string", "", "<text:p>" + text + "</text:p>") +
+               "</table:table-row><table:table-row table:number-rows-repeated=\"1048000\">" +
+               value("float", "office:value=\"1\"") + "</table:table-row></table:table>";
+    };
+    const QByteArray settings =
+        "<office:document-settings xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\" "
+        "xmlns:config=\"urn:oasis:names:tc:opendocument:xmlns:config:1.0\"><office:settings>"
+        "<config:config-item-set><config:config-item-map-entry><config:config-item "
+        "config:name=\"ActiveTable\">third</config:config-item></config:config-item-map-entry>"
+        "</config:config-item-set></office:settings></office:document-settings>";
+    const Table read = inspect(
+        ods(named("first", "x", "table:style-name=\"h\"") + named("second", "代码") + named("third", "市场"),
+            styles, QByteArray(), true, {{QStringLiteral("settings.xml"), settings}}));
+    ASSERT_EQ(3, read.sheets.size()) << read.error.toStdString();
+    EXPECT_FALSE(read.sheets.at(0).visible);
+    EXPECT_TRUE(read.sheets.at(0).head.isEmpty());
+    EXPECT_TRUE(read.sheets.at(1).read);
+    EXPECT_FALSE(read.sheets.at(1).active);
+    EXPECT_EQ("代码", read.sheets.at(1).head.first().toStdString());
+    EXPECT_TRUE(read.sheets.at(2).active);
+    EXPECT_EQ("third", read.sheets.at(2).name.toStdString());
+    EXPECT_EQ("市场", read.sheets.at(2).head.first().toStdString());
+}

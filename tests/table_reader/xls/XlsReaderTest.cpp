@@ -284,3 +284,114 @@ TEST(XlsInspection, TellsHiddenRowsMergedAreasAndStoredNumbers)
     EXPECT_EQ(QList<QRect>{QRect(1, 0, 2, 4)}, table.inspection.mergedAreas);
     EXPECT_EQ("7", (table.inspection.numbers.value({0, 0}).toStdString()));
 }
+
+TEST(XlsSheets, AreReadWithoutAWorkbookAroundThem)
+{
+    const QByteArray stream = Biff().begin(biff::Version5, 0x10).bytes() +
+                              Biff()
+                                  .record(biff::CodePage, word(936))
+                                  .record(biff::Format, word(164) + char(6) + "yymmdd")
+                                  .bytes() +
+                              style(0) + style(164) +
+                              Biff()
+                                  .cell(biff::Label, 0, 0, 0, text5("\xC2\xF2\xC8\xEB"))
+                                  .begin(biff::Version5, 0x20) // a chart within the sheet
+                                  .end()
+                                  .number(0, 1, 44197, 1)
+                                  .end()
+                                  .bytes();
+    EXPECT_EQ("买入|2021-01-01T00:00:00.000\n", shown(stream));
+    EXPECT_EQ("买入|2021-01-01T00:00:00.000\n", shown(ole({{QStringLiteral("Book"), stream}})));
+    const Table table = inspect(stream);
+    EXPECT_EQ("", table.sheet.toStdString());
+    ASSERT_EQ(1, table.sheets.size());
+    EXPECT_TRUE(table.sheets.first().read);
+}
+
+TEST(XlsInspection, NamesACodePageThatNobodyKnows)
+{
+    const auto read = [](int page, const QByteArray& text) {
+        return inspect(workbook5(Biff().cell(biff::Label, 0, 0, 0, text5(text)).bytes(),
+                                 Biff().record(biff::CodePage, word(page)).bytes()))
+            .inspection.unknownCodePage;
+    };
+    EXPECT_EQ(20936, read(20936, "\xC2\xF2"));
+    EXPECT_EQ(0, read(20936, "buy")) << "no matter for ASCII";
+    EXPECT_EQ(0, read(936, "\xC2\xF2"));
+}
+
+TEST(XlsInspection, TellsCellsThatShowAnotherNumber)
+{
+    const QByteArray globals =
+        Biff().record(biff::Format, word(164) + text8(QStringLiteral("0\"手\""), 2)).bytes() + style(0) +
+        style(9) + style(1) + style(164) + style(4);
+    const Table table = inspect(xls(Biff()
+                                        .number(0, 0, 0.15, 1)
+                                        .number(0, 1, 2499.6, 2)
+                                        .number(0, 2, 10, 3)
+                                        .number(0, 3, 2500, 4)
+                                        .number(0, 4, 2499.6)
+                                        .bytes(),
+                                    globals));
+    const QHash<table::Cell, QString> expected = {
+        {{0, 0}, QStringLiteral("15%")}, {{0, 1}, QStringLiteral("2500")}, {{0, 2}, QStringLiteral("10手")}};
+    EXPECT_EQ(expected, table.inspection.shown);
+}
+
+TEST(XlsInspection, TellsFormulasThatWereNeverCalculated)
+{
+    const QByteArray later = word(2) + QByteArray(6, '\0'); // to be calculated by whoever opens the file
+    const QByteArray empty = noNumber(3).left(8);
+    const Table table = inspect(xls(Biff()
+                                        .cell(biff::Formula, 0, 0, 0, empty + later)
+                                        .cell(biff::Formula, 0, 1, 0, noNumber(3))
+                                        .cell(biff::Formula, 0, 2, 0, real(0) + later)
+                                        .cell(biff::Formula, 0, 3, 0, real(2) + later)
+                                        .cell(biff::Formula, 0, 4, 0, real(0) + QByteArray(8, '\0'))
+                                        .bytes()));
+    EXPECT_EQ((QSet<table::Cell>{{0, 0}, {0, 2}}), table.inspection.uncalculated);
+}
+
+TEST(XlsInspection, TellsRowsOfWhichAllIsStruckOut)
+{
+    const auto font = [](int options) {
+        return Biff().record(biff::Font, word(200) + word(options) + QByteArray(12, '\0')).bytes();
+    };
+    const auto styleOfFont = [](int number) {
+        return Biff().record(biff::Xf, word(number) + word(0) + QByteArray(16, '\0')).bytes();
+    };
+    // The fifth font is called 5: none is called 4.
+    const QByteArray globals =
+        font(0) + font(0) + font(0) + font(0) + font(8) + styleOfFont(0) + styleOfFont(5);
+    const Table table = inspect(xls(Biff()
+                                        .number(0, 0, 1, 1)
+                                        .record(biff::MulRk, word(1) + word(0) + word(1) + dword(5 << 2 | 2) +
+                                                                 word(0) + dword(6 << 2 | 2) + word(1))
+                                        .number(2, 0, 1, 0)
+                                        .bytes(),
+                                    globals));
+    EXPECT_EQ(QSet<int>{0}, table.inspection.struckRows);
+}
+
+TEST(XlsInspection, TellsAllSheetsAndTheFirstRowsOfThoseThatAreSeen)
+{
+    const auto text = [](const QString& cell) {
+        return Biff().cell(biff::Label, 3, 0, 0, text8(cell, 2)).bytes();
+    };
+    const QByteArray window = Biff().record(biff::Window1, QByteArray(10, '\0') + word(2) + word(0)).bytes();
+    const QByteArray texts = sharedTexts(1, text8(QStringLiteral("共享"), 2));
+    const QByteArray stream =
+        workbookStream(biff::Version8, window + texts,
+                       {{"first", text(QStringLiteral("x")), 1},
+                        {"second", text(QStringLiteral("代码"))},
+                        {"third", Biff().cell(biff::LabelSst, 0, 0, 0, dword(0)).bytes()}});
+    const Table table = inspect(ole({{QStringLiteral("Workbook"), stream}}));
+    ASSERT_EQ(3, table.sheets.size());
+    EXPECT_FALSE(table.sheets.at(0).visible);
+    EXPECT_TRUE(table.sheets.at(0).head.isEmpty());
+    EXPECT_TRUE(table.sheets.at(1).read);
+    EXPECT_EQ("代码", table.sheets.at(1).head.first().toStdString());
+    EXPECT_TRUE(table.sheets.at(2).active);
+    EXPECT_EQ("third", table.sheets.at(2).name.toStdString());
+    EXPECT_EQ("共享", table.sheets.at(2).head.first().toStdString());
+}

@@ -286,3 +286,137 @@ TEST(XlsxInspection, TellsHiddenRowsMergedAreasAndStoredNumbers)
     EXPECT_EQ(1, table.inspection.numbers.size());
     EXPECT_EQ("1E3", (table.inspection.numbers.value({0, 0}).toStdString()));
 }
+
+namespace {
+
+/// "row,column shown" of each cell that shows otherwise than it reads, a line each.
+std::string shownOtherwise(const Table& table)
+{
+    QStringList lines;
+    for (auto cell = table.inspection.shown.cbegin(); cell != table.inspection.shown.cend(); ++cell) {
+        lines.append(QStringLiteral("%1,%2 %3\n").arg(cell.key().first).arg(cell.key().second).arg(*cell));
+    }
+    lines.sort();
+    return lines.join(QString()).toStdString();
+}
+
+/// "name visible active read head" of each sheet, a line each.
+std::string sheetsOf(const Table& table)
+{
+    QString text;
+    for (const table::Sheet& sheet : table.sheets) {
+        text += sheet.name + (sheet.visible ? QStringLiteral(" seen") : QStringLiteral(" hidden")) +
+                (sheet.active ? QStringLiteral(" active") : QString()) +
+                (sheet.read ? QStringLiteral(" read") : QString()) + QLatin1Char(' ') +
+                sheet.head.join(QLatin1Char('|')) + QLatin1Char('\n');
+    }
+    return text.toStdString();
+}
+
+} // namespace
+
+TEST(XlsxInspection, TellsCellsThatShowAnotherNumber)
+{
+    Xlsx sample;
+    sample.numberFormats = "<numFmt numFmtId=\"164\" formatCode=\"0&quot;手&quot;\"/>";
+    sample.cellStyles = "<xf numFmtId=\"0\"/><xf numFmtId=\"9\"/><xf numFmtId=\"1\"/><xf numFmtId=\"164\"/>"
+                        "<xf numFmtId=\"4\"/>";
+    sample.sheetData =
+        "<row><c s=\"1\"><v>0.15</v></c><c s=\"2\"><v>2499.6</v></c><c s=\"3\"><v>10</v></c>"
+        "<c s=\"4\"><v>2500</v></c><c><v>2499.6</v></c><c s=\"2\" t=\"str\"><v>9.9</v></c></row>";
+    const Table table = inspect(sample.file());
+    EXPECT_EQ("0.15|2499.6|10|2500|2499.6|9.9\n", shown(table));
+    EXPECT_EQ("0,0 15%\n0,1 2500\n0,2 10手\n", shownOtherwise(table));
+    EXPECT_TRUE(tableOf(sample.file()).inspection.shown.isEmpty());
+}
+
+TEST(XlsxInspection, TellsFormulasThatWereNeverCalculated)
+{
+    const QByteArray none = "<c><f>1+1</f></c>";
+    const QByteArray empty = "<c><f>1+1</f><v></v></c>";
+    const QByteArray emptyText = "<c t=\"str\"><f>\"\"</f><v></v></c>";
+    const QByteArray nothing = "<c t=\"str\"><f>1+1</f></c>";
+    const QByteArray zero = "<c><f>1-1</f><v>0</v></c>";
+    const QByteArray two = "<c><f>1+1</f><v>2</v></c>";
+    Xlsx sample;
+    sample.sheetData = "<row>" + none + empty + emptyText + nothing + zero + two + "</row>";
+    using Cells = QSet<table::Cell>;
+    EXPECT_EQ((Cells{{0, 0}, {0, 1}, {0, 3}}), inspect(sample.file()).inspection.uncalculated);
+    sample.workbook.replace("</workbook>", "<calcPr fullCalcOnLoad=\"1\"/></workbook>");
+    EXPECT_EQ((Cells{{0, 0}, {0, 1}, {0, 3}, {0, 4}}), inspect(sample.file()).inspection.uncalculated);
+    EXPECT_EQ("||||0|2\n", shown(sample.file()));
+}
+
+TEST(XlsxInspection, TellsRowsOfWhichAllIsStruckOut)
+{
+    Xlsx sample;
+    sample.fonts = "<font/><font><strike/></font><font><strike val=\"0\"/></font>";
+    sample.cellStyles =
+        "<xf numFmtId=\"0\"/><xf numFmtId=\"0\" fontId=\"1\"/><xf numFmtId=\"0\" fontId=\"2\"/>";
+    const auto row = [](const char* first, const char* second) {
+        return QByteArray("<row><c s=\"") + first + "\"><v>1</v></c><c s=\"" + second +
+               "\"><v>2</v></c><c/></row>";
+    };
+    sample.sheetData = row("1", "1") + row("1", "0") + row("0", "0") + row("2", "2") + row("1", "1");
+    EXPECT_EQ((QSet<int>{0, 4}), inspect(sample.file()).inspection.struckRows);
+}
+
+TEST(XlsxInspection, TakesARowWithoutHeightForHidden)
+{
+    Xlsx sample;
+    sample.sheetData =
+        "<row ht=\"0\" customHeight=\"1\"><c><v>1</v></c></row><row ht=\"12\"><c><v>2</v></c></row>";
+    EXPECT_EQ(QSet<int>{0}, inspect(sample.file()).inspection.hiddenRows);
+}
+
+TEST(XlsxInspection, TellsAllSheetsAndTheFirstRowsOfThoseThatAreSeen)
+{
+    Xlsx sample;
+    sample.sheetData = "<row><c t=\"s\"><v>0</v></c></row>";
+    sample.texts = "<si><t>代码</t></si><si><t>市场</t></si>";
+    sample.workbook.replace("<sheets>", "<bookViews><workbookView activeTab=\"2\"/></bookViews><sheets>");
+    sample.workbook.replace("</sheets>", "<sheet name=\"藏\" sheetId=\"2\" state=\"hidden\" r:id=\"rId4\"/>"
+                                         "<sheet name=\"另\" sheetId=\"3\" r:id=\"rId5\"/>"
+                                         "<sheet name=\"图\" sheetId=\"4\" r:id=\"rId6\"/>"
+                                         "<sheet name=\"坏\" sheetId=\"5\" r:id=\"rId7\"/></sheets>");
+    sample.references += relationship("rId4", "worksheet", "worksheets/sheet2.xml") +
+                         relationship("rId5", "worksheet", "worksheets/sheet3.xml") +
+                         relationship("rId6", "chartsheet", "charts/1.xml") +
+                         relationship("rId7", "worksheet", "worksheets/none.xml");
+    sample.more = {
+        {QStringLiteral("xl/worksheets/sheet2.xml"), worksheet("<row><c><v>1</v></c></row>")},
+        {QStringLiteral("xl/worksheets/sheet3.xml"),
+         worksheet("<row/><row><c t=\"s\"><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>")}};
+    EXPECT_EQ("委托 seen read 代码\n藏 hidden \n另 seen active 市场|2\n图 seen \n坏 seen \n",
+              sheetsOf(inspect(sample.file())));
+    EXPECT_TRUE(tableOf(sample.file()).sheets.isEmpty());
+}
+
+TEST(XlsxParts, AreReadInUtf16OfEitherOrder)
+{
+    const auto wide = [](const QByteArray& text, bool mark, bool big) {
+        QByteArray bytes = mark ? QByteArray(big ? "\xFE\xFF" : "\xFF\xFE") : QByteArray();
+        for (const QChar c : QString::fromUtf8(text)) {
+            const char low = static_cast<char>(c.unicode() & 0xFF);
+            const char high = static_cast<char>(c.unicode() >> 8);
+            bytes.append(big ? high : low).append(big ? low : high);
+        }
+        return bytes;
+    };
+    const QByteArray cells = "<row><c t=\"inlineStr\"><is><t>买入😀</t></is></c></row>";
+    const QByteArray plain = worksheet(cells + QByteArray(50'000, ' '));
+    for (const QByteArray& declared : {QByteArray(plain).replace("UTF-8", "UTF-16"), plain}) {
+        for (const bool mark : {true, false}) {
+            for (const bool big : {true, false}) {
+                Xlsx sample;
+                QList<QPair<QString, QByteArray>> parts = sample.parts();
+                for (auto& part : parts) {
+                    if (part.first == QLatin1String("xl/worksheets/sheet1.xml")) {
+                        part.second = wide(declared, mark, big);
+                    }
+                }
+                EXPECT_EQ("买入😀\n", shown(zip(parts))) << mark << big;
+            }
+        }
+    }
+}

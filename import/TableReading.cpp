@@ -19,7 +19,7 @@ const QString SpreadsheetDateTimeFormat = QStringLiteral("yyyy-M-dTH:m:s.z");
 
 DataRows dataRows(const table::Table& table)
 {
-    return {table.rows.mid(1, table::MostOrders), table.lines.mid(1, table::MaxDataRows)};
+    return {table.rows.mid(1, table::MostOrders), table.lines.mid(1, table::MostOrders)};
 }
 
 Reading ended(table::Fault fault, int line)

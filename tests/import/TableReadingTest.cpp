@@ -189,10 +189,10 @@ TEST_F(TableReading, AHeaderAloneHasNoData)
 TEST_F(TableReading, TakesAsManyRowsAsAnImport)
 {
     QList<QStringList> rows = Sheet::ordinary().add().rows();
-    for (int i = 1; i < table::MaxDataRows + 5; ++i) {
+    for (int i = 1; i < table::MostOrders + 5; ++i) {
         rows.append(rows.at(1));
     }
-    EXPECT_EQ(read(rows).records.size(), table::MaxDataRows);
+    EXPECT_EQ(read(rows).records.size(), table::MostOrders);
 }
 
 // ---- legs

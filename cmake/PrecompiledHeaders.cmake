@@ -14,12 +14,14 @@ endif()
 function(algo_precompiled_flavour flavour visibility)
   set(target precompiled_${flavour}_${visibility})
   file(CONFIGURE OUTPUT ${target}.cpp CONTENT "// The headers alone.\n" @ONLY)
+  string(COMPARE EQUAL ${visibility} hidden hides_inlines)
   add_library(${target} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${target}.cpp)
   set_target_properties(${target} PROPERTIES
     AUTOMOC OFF
     AUTOUIC OFF
     AUTORCC OFF
-    CXX_VISIBILITY_PRESET ${visibility})
+    CXX_VISIBILITY_PRESET ${visibility}
+    VISIBILITY_INLINES_HIDDEN ${hides_inlines})
   target_link_libraries(${target} PRIVATE ${ARGN})
   target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled/${flavour}.h)
 endfunction()
@@ -45,18 +47,18 @@ function(algo_links library wanted result)
   endforeach()
 endfunction()
 
-# algo_use_precompiled(TARGET): the flavour with windows where the target may use them. What has none goes into other
-# programs and libraries of ours and need not export what the headers declare.
+# algo_use_precompiled(TARGET): the flavour with windows where the target may use them.
 function(algo_use_precompiled target)
+  set(flavour core)
   algo_links(${target} Qt5::Widgets widgets)
-  get_target_property(visibility ${target} CXX_VISIBILITY_PRESET)
-  if(NOT widgets)
-    target_precompile_headers(${target} REUSE_FROM precompiled_core_hidden)
-  elseif(visibility STREQUAL hidden)
-    target_precompile_headers(${target} REUSE_FROM precompiled_widgets_hidden)
-  else()
-    target_precompile_headers(${target} REUSE_FROM precompiled_widgets_default)
+  if(widgets)
+    set(flavour widgets)
   endif()
+  get_target_property(visibility ${target} CXX_VISIBILITY_PRESET)
+  if(NOT visibility)
+    set(visibility default)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM precompiled_${flavour}_${visibility})
 endfunction()
 
 # algo_precompile_folder(FOLDER): every target that FOLDER and those below it compile.

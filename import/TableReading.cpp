@@ -3,8 +3,8 @@
 #include "host/AlgoConstants.h"
 #include "schema/DateTimeFormat.h"
 #include "table/FaultCatalogue.h"
-#include "table/Table.h"
 #include "table/Rules.h"
+#include "table/Table.h"
 #include "validation/LegSplitting.h"
 
 #include <algorithm>

@@ -45,6 +45,8 @@ const QList<RuleEntry>& checkRules()
          QStringLiteral("The row is hidden and is imported all the same")},
         {ReplacedText, Warning, QStringLiteral("文件中有%1处字符无法按%2解码"),
          QStringLiteral("%1 places of the file could not be decoded as %2")},
+        {LostRows, Error, QStringLiteral("另有 %1 行既未导入，也未列出原因，请核对文件"),
+         QStringLiteral("%1 more rows were neither imported nor given a reason; check the file")},
         {UnknownCodePage, Error,
          QStringLiteral("文件的文字用代码页%1保存，无法识别，除英文和数字外都可能是错的"),
          QStringLiteral("The texts of the file are in the unknown code page %1; all but ASCII may be wrong")},

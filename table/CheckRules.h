@@ -22,6 +22,8 @@ inline const QString InvisibleBlank = QStringLiteral("blank.invisible");
 inline const QString FullWidthDigit = QStringLiteral("digit.fullwidth");
 inline const QString HiddenByMerge = QStringLiteral("merged.hidden");
 inline const QString HiddenRow = QStringLiteral("row.hidden");
+/// How many rows an import neither took nor found a fault in, since it ended before them.
+inline const QString LostRows = QStringLiteral("file.lostRows");
 inline const QString ReplacedText = QStringLiteral("text.replaced");
 inline const QString UnknownCodePage = QStringLiteral("text.codepage");
 

@@ -1,7 +1,6 @@
 #include "desk/check/FileReport.h"
 
 #include "desk/check/ImportExpectation.h"
-#include "embedded_host/table_reader/TableReader.h"
 #include "table/Table.h"
 
 #include <algorithm>
@@ -31,13 +30,9 @@ bool FileReport::hasErrors() const
     });
 }
 
-FileReport fileReport(const QString& path, const QString& encoding, const QString& strategy,
-                      const QStringList& titles, const ReferenceData& referenceData)
+FileReport fileReport(const table::Table& table, const QString& strategy, const QStringList& titles,
+                      const ReferenceData& referenceData)
 {
-    table_reader::ReadOptions options;
-    options.encoding = encoding;
-    options.inspect = true;
-    const table::Table table = table_reader::readTable(path, options);
     FileReport report;
     report.format = table.format;
     report.encoding = table.encoding;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded_host/table_check/TableLint.h"
+#include "table/Table.h"
 
 #include <QList>
 #include <QString>
@@ -11,8 +12,9 @@ class ReferenceData;
 /// What a trader should know of a table file before he trusts its import: how it was read, and what looks
 /// wrong in it. Nothing is imported and no value changed.
 ///
-///     FileReport report = fileReport(path, {}, strategy, titlesOfTheStrategy, host.referenceData());
-///     report.sha256 = batch::sha256OfFile(path);
+///     const ImportedFile file = ImportedFile::read(path);
+///     FileReport report = fileReport(file.table, strategy, titlesOfTheStrategy, host.referenceData());
+///     report.sha256 = file.file->sha256().value;
 struct FileReport {
     QString format;    ///< csv, xlsx, xls, ods; empty when the file is none of them
     QString encoding;  ///< of csv
@@ -34,7 +36,7 @@ struct FileReport {
     bool hasErrors() const;
 };
 
-/// Reads the file's first rows. `encoding`: of csv, empty to tell it from the bytes; `titles`: the columns of
-/// `strategy`, with which those of the file are compared; both empty: compared with nothing.
-FileReport fileReport(const QString& path, const QString& encoding, const QString& strategy,
-                      const QStringList& titles, const ReferenceData& referenceData);
+/// Of an inspected table. `titles`: the columns of `strategy`, with which those of the file are compared;
+/// both empty: compared with nothing.
+FileReport fileReport(const table::Table& table, const QString& strategy, const QStringList& titles,
+                      const ReferenceData& referenceData);

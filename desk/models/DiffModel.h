@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/draft/BatchDiff.h"
 #include "desk/models/RecordModel.h"
+#include "ledger/draft/BatchDiff.h"
 
 /// One change of a table against an earlier one.
 struct DiffLine {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/records/Records.h"
 #include "desk/models/RecordModel.h"
+#include "ledger/records/Records.h"
 
 #include <algorithm>
 #include <functional>
@@ -9,8 +9,7 @@
 
 /// Gives records a page at a time, in an order of its own: at most `count` of those behind `last`; null: from
 /// the first one. A page that is not full is the last.
-template <typename Record>
-using Pages = std::function<Outcome<QList<Record>>(const Record* last, int count)>;
+template <typename Record> using Pages = std::function<Outcome<QList<Record>>(const Record* last, int count)>;
 
 /// A list that fetches its records as they are looked at, since a ledger may hold a million of them.
 template <typename Record> class PagedModel : public RecordModel<Record> {
@@ -71,8 +70,7 @@ private:
 
 /// Pages of a list that can only be read whole: it is read with the first page, and forgotten by nobody until
 /// then.
-template <typename Record>
-Pages<Record> pagesOf(const std::function<Outcome<QList<Record>>()>& readAll)
+template <typename Record> Pages<Record> pagesOf(const std::function<Outcome<QList<Record>>()>& readAll)
 {
     struct Rest {
         QList<Record> records;

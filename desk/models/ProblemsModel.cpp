@@ -1,16 +1,16 @@
 #include "desk/models/ProblemsModel.h"
 
+#include "table/FaultCatalogue.h"
+
 namespace {
 
 QString placeText(const Problem& problem)
 {
-    switch (problem.place) {
-    case Problem::Place::FileRow:
-        return QStringLiteral("文件第 %1 行").arg(problem.line);
-    case Problem::Place::BatchRow:
-        return QStringLiteral("表格第 %1 行").arg(problem.line);
-    case Problem::Place::Whole:
-        break;
+    if (problem.subject == Problem::Subject::File && problem.fault.line > 0) {
+        return QStringLiteral("文件第 %1 行").arg(problem.fault.line);
+    }
+    if (problem.subject == Problem::Subject::Batch && problem.fault.row > 0) {
+        return QStringLiteral("表格第 %1 行").arg(problem.fault.row);
     }
     return QStringLiteral("整体");
 }
@@ -32,11 +32,16 @@ ListModel::Cell ProblemsModel::cellOf(const Problem& problem, int column) const
     case Place:
         return {placeText(problem)};
     case Title:
-        return {problem.column};
+        return {problem.fault.column};
     case Raw:
-        return {problem.cell};
+        return {problem.fault.cell};
     case Reason:
-        return {QString(problem.reason).replace(QLatin1Char('\n'), QLatin1Char(' '))};
+        return {table::sentence(problem.fault).replace(QLatin1Char('\n'), QLatin1Char(' '))};
     }
     return {};
+}
+
+QVariant ProblemsModel::roleOf(const Problem& problem, int role) const
+{
+    return role == StateRole ? QVariant(int(problem.fault.severity)) : QVariant();
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "desk/check/Problem.h"
 #include "desk/models/RecordModel.h"
-#include "desk/window/ImportProblems.h"
 
-/// What is wrong with the imported file or the batch, one problem a row.
+/// What is wrong with the imported file or the batch, one problem a row. Role: StateRole, a table::Severity.
 class ProblemsModel : public RecordModel<Problem> {
 public:
     enum Column { Place, Title, Raw, Reason };
@@ -12,4 +12,5 @@ public:
 
 protected:
     Cell cellOf(const Problem& problem, int column) const override;
+    QVariant roleOf(const Problem& problem, int role) const override;
 };

@@ -73,6 +73,12 @@ batch::DialogContent DialogProbe::content(const Origin& origin) const
     return content;
 }
 
+DialogFaults DialogProbe::faults() const
+{
+    return DialogFaults(mDialog.getStrategy(),
+                        {accounts().GetCurTradingAccount(), accounts().GetCurAccountAssetProp()});
+}
+
 ledger::BatchTable DialogProbe::shownTable() const
 {
     return batch::shownTable(table().headNames(), table().getViewData());

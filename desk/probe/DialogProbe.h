@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/batch/DraftBuilder.h"
+#include "desk/check/DialogFaults.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 
 class QAbstractButton;
@@ -45,6 +46,8 @@ public:
 
     /// All that a draft needs.
     batch::DialogContent content(const Origin& origin) const;
+    /// What the dialog may complain of, under the strategy and the account that it shows.
+    DialogFaults faults() const;
     /// The table as it is shown.
     ledger::BatchTable shownTable() const;
 

@@ -1,9 +1,11 @@
-#include "desk/batch/DraftBuilder.h"
 #include "desk/check/FileReport.h"
+#include "desk/check/ImportedFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
+#include "desk/runner/FaultJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
+#include "embedded_host/table_reader/TableFile.h"
 #include "strategy/Strategy.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
@@ -67,6 +69,16 @@ QStringList titlesOf(const QString& code, const EmbeddedHost& host)
         .value.titles();
 }
 
+/// The dialog is offered what it would read by itself, and it knows no encoding.
+ImportedFile asTheDialogReads(const ImportedFile& file, const CommandLine& line)
+{
+    ImportedFile plain = file;
+    if (!line.encoding.isEmpty()) {
+        plain.table = file.file->read();
+    }
+    return plain;
+}
+
 } // namespace
 
 /// Reads the file, says what looks wrong in it, and with a strategy and an account what the import says.
@@ -82,23 +94,27 @@ Result checkFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
+    const QString& path = line.files.first();
+    const ImportedFile file = ImportedFile::read(path, line.encoding);
     QStringList titles;
     QJsonArray boxes;
+    table::Faults faults;
     if (!line.strategy.isEmpty()) {
         DialogDriver driver(*host, line);
         if (!driver.unknownName().isEmpty()) {
             return refuse(driver.unknownName());
         }
-        driver.importFile();
+        driver.importFile(asTheDialogReads(file, line));
         titles = titlesOf(line.strategy, *host);
         boxes = driver.boxes();
+        faults = driver.faults();
     }
-    const QString& path = line.files.first();
-    FileReport report = fileReport(path, line.encoding, line.strategy, titles, host->referenceData());
-    report.sha256 = batch::sha256OfFile(path);
+    FileReport report = fileReport(file.table, line.strategy, titles, host->referenceData());
+    report.sha256 = file.file->sha256().value;
     QJsonObject json = toJson(report);
     json[QStringLiteral("file")] = path;
     json[QStringLiteral("messageBoxes")] = boxes;
+    json[QStringLiteral("faults")] = toJson(faults);
     return print(statusOf(report, !boxes.isEmpty()), QJsonDocument(json));
 }
 

@@ -33,6 +33,8 @@ constexpr Option Options[] = {
      "encoding of a csv file, such as Big5, instead of the one that its bytes tell"},
     {"rejects", "OUT", &CommandLine::rejects, nullptr,
      "write the refused rows with their reasons to OUT (xlsx or csv)"},
+    {"faults", "", nullptr, &CommandLine::faults,
+     "tell what is wrong with the file and the batch as data, beside the messages"},
     {"create", "", nullptr, &CommandLine::create,
      "create the confirmed batch in the ledger, if the guard lets it pass"},
     {"yes", "", nullptr, &CommandLine::yes,
@@ -144,7 +146,7 @@ QString usage()
         "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
         "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--amount "
         "AMOUNT]]]\n"
-        "                            [--rejects OUT]\n"
+        "                            [--faults] [--rejects OUT]\n"
         "       algodesk rows FILE [--encoding NAME]\n"
         "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"
         "       algodesk strategies | accounts | securities [--data DIR]\n"

@@ -3,8 +3,10 @@
 #include "desk/probe/DialogProbe.h"
 #include "desk/runner/Session.h"
 #include "desk/runner/WidgetJson.h"
+#include "embedded_host/table_reader/TableFile.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
+#include "host/ZelMessageBox.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -41,10 +43,10 @@ QString DialogDriver::unknownName() const
     return QString();
 }
 
-void DialogDriver::importFile()
+void DialogDriver::importFile(const ImportedFile& file)
 {
     if (mLine.create) {
-        mSha256 = batch::sha256OfFile(mPath); // of what is read now, whatever becomes of the file meanwhile
+        mDigest = file.file->sha256();
     }
     mDialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
     QObject::connect(mDialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked,
@@ -55,18 +57,43 @@ void DialogDriver::importFile()
     mDialog->CreateStrategyInitWidget(AlgoTradeLogicNew::GetInstance()->GetStrategy(mLine.strategy));
     const DialogProbe probe(*mDialog);
     probe.accounts().SetCurTradingAccount(mLine.account);
+    mHost.offeredTable().offer(mPath, file.table);
+    const int boxes = errorTexts().size();
     probe.importButton().click();
+    mFileFaults = faultsSince(boxes, [&] { return probe.faults().ofFile(file.table, mPath); });
 }
 
 void DialogDriver::switchAccountAndConfirm()
 {
     const DialogProbe probe(*mDialog);
     if (!mLine.switchAccount.isEmpty()) {
+        const int boxes = errorTexts().size();
         probe.accounts().SetCurTradingAccount(mLine.switchAccount);
+        mBatchFaults +=
+            faultsSince(boxes, [&] { return probe.faults().ofAccount(mDialog->getWidgetData()); });
     }
     if (mLine.confirm) {
+        const int boxes = errorTexts().size();
         probe.confirmButton().click();
+        mBatchFaults += faultsSince(boxes, [&] { return probe.faults().ofBatch(mDialog->getWidgetData()); });
     }
+}
+
+QStringList DialogDriver::errorTexts() const
+{
+    QStringList texts;
+    for (const ShownBox& box : mPrompts.boxes()) {
+        if (box.type == ZelMessageBox::Error) {
+            texts.append(box.text);
+        }
+    }
+    return texts;
+}
+
+table::Faults DialogDriver::faultsSince(int boxes, const std::function<table::Faults()>& find) const
+{
+    const QStringList texts = errorTexts();
+    return texts.size() > boxes ? DialogFaults::orWords(find(), texts.last()) : table::Faults();
 }
 
 QJsonObject DialogDriver::toJson()
@@ -86,7 +113,7 @@ QJsonArray DialogDriver::boxes() const
 
 batch::DialogContent DialogDriver::content()
 {
-    return DialogProbe(*mDialog).content({mPath, mSha256, mHost.options().loginAccount});
+    return DialogProbe(*mDialog).content({mPath, mDigest.value, mHost.options().loginAccount});
 }
 
 } // namespace runner

@@ -32,7 +32,7 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("import"),
           {data, home, strategy, account, QStringLiteral("answer"), QStringLiteral("switch-account"),
            QStringLiteral("confirm"), QStringLiteral("create"), QStringLiteral("yes"),
-           QStringLiteral("amount"), QStringLiteral("rejects")},
+           QStringLiteral("amount"), QStringLiteral("rejects"), QStringLiteral("faults")},
           {file}},
          importFile},
         {{QStringLiteral("rows"), {home, encoding}, {file}}, readRows},

@@ -103,7 +103,7 @@ void DialogFrame::listenToBoxes()
     accounts->installEventFilter(this);
     // This signal comes before the change of text, for which the dialog checks the batch again.
     connect(accounts, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
-        mSubject = Subject::Batch;
+        mSubject = Subject::Account;
         emit accountChanging();
     });
 }
@@ -185,6 +185,11 @@ void DialogFrame::takeMessage(const QString& text, int type)
 batch::DialogContent DialogFrame::content(const QString& filePath, const QString& fileSha256) const
 {
     return probe().content({filePath, fileSha256, mHost.options().loginAccount});
+}
+
+DialogFaults DialogFrame::faults() const
+{
+    return probe().faults();
 }
 
 ledger::BatchTable DialogFrame::shownTable() const

@@ -8,6 +8,7 @@
 #include <QString>
 
 class DeskPrompts;
+class DialogFaults;
 class DialogProbe;
 class EmbeddedHost;
 class ZelTableView;
@@ -23,6 +24,7 @@ public:
     enum class Subject {
         Nothing, ///< neither of the two, such as a template that could not be saved
         File,    ///< the file that is being imported
+        Account, ///< the batch that stands in the table, and the account that was chosen for it
         Batch    ///< the batch that stands in the table
     };
 
@@ -38,6 +40,8 @@ public:
     batch::DialogContent content(const QString& filePath, const QString& fileSha256) const;
     /// The table as it is shown; without rows and columns while the dialog is closed.
     ledger::BatchTable shownTable() const;
+    /// What the open dialog may complain of.
+    DialogFaults faults() const;
     /// Keeps strategy and account for the next time.
     void saveChoice() const;
 

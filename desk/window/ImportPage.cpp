@@ -1,6 +1,8 @@
 #include "desk/window/ImportPage.h"
 
+#include "desk/check/DialogFaults.h"
 #include "desk/check/FileReport.h"
+#include "desk/check/Problem.h"
 #include "desk/models/ParametersModel.h"
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/DeskPrompts.h"
@@ -10,7 +12,10 @@
 #include "desk/window/FilteredTable.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
+#include "embedded_host/table_reader/TableFile.h"
 #include "host/ZelTableView.h"
+#include "table/CheckRules.h"
+#include "table/FaultCatalogue.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -96,24 +101,31 @@ void ImportPage::listenToPanels()
 void ImportPage::takeFile(const QString& path)
 {
     forgetFile();
-    mFile = path;
-    mProblems->begin(path);
-    mDigest.start(path);
-    checkFile();
-}
-
-void ImportPage::checkFile()
-{
-    mFileCheck->show(fileReport(mFile, QString(), mFrame->dialog()->getStrategy().name(),
+    mFile = ImportedFile::read(path);
+    mHost.offeredTable().offer(path, mFile.table);
+    mProblems->begin(path, mFile.table);
+    mDigest.start([file = mFile.file] { return file->sha256(); });
+    mFileCheck->show(fileReport(mFile.table, mFrame->dialog()->getStrategy().name(),
                                 mFrame->table()->headNames(), mHost.referenceData()));
 }
 
 void ImportPage::showProblem(const QString& text, DialogFrame::Subject subject)
 {
-    if (subject == DialogFrame::Subject::File) {
-        mProblems->addOfFile(text);
-    } else {
-        mProblems->showOfBatch(text);
+    const DialogFaults dialog = mFrame->faults();
+    switch (subject) {
+    case DialogFrame::Subject::File:
+        mProblems->addOfFile(DialogFaults::orWords(dialog.ofFile(mFile.table, mFile.path), text));
+        break;
+    case DialogFrame::Subject::Account:
+        mProblems->showOfBatch(
+            DialogFaults::orWords(dialog.ofAccount(mFrame->dialog()->getWidgetData()), text));
+        break;
+    case DialogFrame::Subject::Batch:
+        mProblems->showOfBatch(
+            DialogFaults::orWords(dialog.ofBatch(mFrame->dialog()->getWidgetData()), text));
+        break;
+    case DialogFrame::Subject::Nothing:
+        return;
     }
     mLower->setCurrentIndex(ProblemsTab);
 }
@@ -123,14 +135,14 @@ void ImportPage::tellOfLostRows()
 {
     QSet<int> lines;
     for (const Problem& problem : mProblems->problems()) {
-        if (problem.place == Problem::Place::FileRow) {
-            lines.insert(problem.line);
+        if (problem.subject == Problem::Subject::File && problem.fault.row > 0) {
+            lines.insert(problem.fault.line);
         }
     }
     const int told = mFrame->rowCount() + lines.size();
     const int lost = mFileCheck->report().orderCount - told;
     if (told > 0 && lost > 0) {
-        mProblems->addOfFile(QStringLiteral("另有 %1 行既未导入，也未列出原因，请核对文件").arg(lost));
+        mProblems->addOfFile({table::fault(table::rule::LostRows, {QString::number(lost)})});
         mLower->setCurrentIndex(ProblemsTab);
     }
 }
@@ -159,7 +171,7 @@ QString ImportPage::importSummary() const
     if (skipped > 0) {
         facts.append(QStringLiteral("前两格为空而跳过 %1 行").arg(skipped));
     }
-    return facts.join(QStringLiteral("，")) + QStringLiteral(" · ") + mFile;
+    return facts.join(QStringLiteral("，")) + QStringLiteral(" · ") + mFile.path;
 }
 
 void ImportPage::takeConfirmation(bool closeAfterwards)
@@ -167,9 +179,13 @@ void ImportPage::takeConfirmation(bool closeAfterwards)
     mProblems->forgetBatch();
     HandOver batch{content(), closeAfterwards};
     bool cancelled = false;
-    batch.content.fileSha256 = mDigest.wait(this, cancelled); // the user may wait for it, the batch stands
-    if (cancelled) {
+    const Outcome<QString> digest = mDigest.wait(this, cancelled);
+    batch.content.fileSha256 = digest.value;
+    if (cancelled || !digest.ok()) {
         finish(batch, false);
+        if (!digest.ok()) {
+            emit said(digest.error);
+        }
     } else {
         emit confirmed(batch);
     }
@@ -203,7 +219,7 @@ ledger::BatchTable ImportPage::currentTable() const
 
 QString ImportPage::fileName() const
 {
-    return QFileInfo(mFile).fileName();
+    return QFileInfo(mFile.path).fileName();
 }
 
 void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
@@ -217,8 +233,8 @@ void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
 
 void ImportPage::showRecord(const Problem& problem)
 {
-    if (mFrame->table() && problem.place == Problem::Place::BatchRow) {
-        mFrame->table()->selectRecord(problem.line - 1);
+    if (mFrame->table() && problem.subject == Problem::Subject::Batch && problem.fault.row > 0) {
+        mFrame->table()->selectRecord(problem.fault.row - 1);
     }
 }
 
@@ -242,7 +258,7 @@ void ImportPage::forgetDiff()
 
 void ImportPage::forgetFile()
 {
-    mFile.clear();
+    mFile = {};
     mProblems->clear();
     mFileCheck->clear();
     forgetDiff();

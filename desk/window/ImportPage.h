@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/check/ImportedFile.h"
 #include "desk/window/DialogFrame.h"
 #include "desk/window/FileDigest.h"
 #include "desk/window/HandOver.h"
@@ -43,7 +44,7 @@ public:
     ledger::BatchTable currentTable() const;
     QString fileName() const;
     /// What the open dialog holds.
-    batch::DialogContent content() const { return mFrame->content(mFile, QString()); }
+    batch::DialogContent content() const { return mFrame->content(mFile.path, QString()); }
     /// What the table changes against a batch.
     void showDiff(const ledger::BatchDiff& diff, qint64 batch);
     /// Keeps strategy, account and splitter for the next session.
@@ -63,7 +64,6 @@ private:
     void listenToFrame();
     void listenToPanels();
     void takeFile(const QString& path);
-    void checkFile();
     void showProblem(const QString& text, DialogFrame::Subject subject);
     void showImported();
     void tellOfLostRows();
@@ -86,6 +86,6 @@ private:
     FileCheckPanel* mFileCheck;
     QTabWidget* mLower;
     QSplitter* mSplitter;
-    QString mFile;
+    ImportedFile mFile;
     FileDigest mDigest;
 };

@@ -3,6 +3,7 @@
 #include "embedded_host/templates/TemplateTexts.h"
 #include "host/AlgoConstants.h"
 #include "strategy/ColumnRules.h"
+#include "table/Table.h"
 
 #include <QDate>
 #include <QHash>
@@ -304,7 +305,8 @@ TemplateColumn columnOf(const strategy::Column& column, const Kind& kind, const 
 QStringList notesOn(const QList<TemplateColumn>& columns)
 {
     using namespace template_texts;
-    QStringList notes{NotesTitle, NumberedNote.arg(1).arg(SkippedRowsTitle, SkippedRows)};
+    QStringList notes{NotesTitle,
+                      NumberedNote.arg(1).arg(SkippedRowsTitle, SkippedRows.arg(table::MostOrders))};
     for (const TemplateColumn& column : columns) {
         notes.append(NumberedNote.arg(notes.size()).arg(column.title, column.note));
     }

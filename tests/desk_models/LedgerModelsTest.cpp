@@ -14,14 +14,20 @@ using ledger::InstanceState;
 
 const QDateTime Noon(QDate(2026, 11, 22), QTime(12, 0), Qt::LocalTime);
 
-ledger::Leg leg(const QString& symbol, const QString& direction, double quantity, double limit, double amount)
+ledger::Decimal decimal(const char* text)
+{
+    return ledger::Decimal::fromText(QString::fromLatin1(text));
+}
+
+ledger::Leg leg(const QString& symbol, const QString& direction, const char* quantity, const char* limit,
+                const char* amount)
 {
     ledger::Leg made;
     made.symbol = symbol;
     made.direction = direction;
-    made.quantity = quantity;
-    made.limitPrice = limit;
-    made.amount = amount;
+    made.quantity = decimal(quantity);
+    made.limitPrice = decimal(limit);
+    made.amount = decimal(amount);
     return made;
 }
 
@@ -39,7 +45,7 @@ Batch batch(qint64 number, BatchState state)
     made.account = "80010001"_s;
     made.strategy = "AITWAP"_s;
     made.rowCount = 1200;
-    made.expectedBuy = 1234567.5;
+    made.expectedBuy = decimal("1234567.5");
     made.createdAt = Noon.toUTC();
     made.createdBy = "trader"_s;
     made.state = state;
@@ -51,11 +57,11 @@ protected:
     InstancesModelTest()
     {
         model.setRecords(
-            {instance(12, 1, InstanceState::Running, {leg("600000.SH"_s, "Buy"_s, 300, 0, 1234567)}),
-             instance(12, 2, InstanceState::Withdrawn, {leg("000001.SZ"_s, "Sell"_s, 0, 10.5, 0)}),
-             instance(
-                 11, 1, InstanceState::Created,
-                 {leg("IF2412.CFE"_s, "BuyOpen"_s, 1, 3500, 10), leg("600000.SH"_s, "Sell"_s, 2, 0, 20)})});
+            {instance(12, 1, InstanceState::Running, {leg("600000.SH"_s, "Buy"_s, "300", "0", "1234567")}),
+             instance(12, 2, InstanceState::Withdrawn, {leg("000001.SZ"_s, "Sell"_s, "0", "10.5", "0")}),
+             instance(11, 1, InstanceState::Created,
+                      {leg("IF2412.CFE"_s, "BuyOpen"_s, "1", "3500", "10"),
+                       leg("600000.SH"_s, "Sell"_s, "2", "0", "20")})});
     }
 
     QString tint(int row, InstancesModel::Column column) const

@@ -31,8 +31,7 @@ protected:
         for (int next = last == nullptr ? 0 : *last + 1; next < end && numbers.size() < count; ++next) {
             numbers.append(next);
         }
-        return error.isEmpty() ? Outcome<QList<int>>{numbers, {}}
-                               : Outcome<QList<int>>{{}, error};
+        return error.isEmpty() ? Outcome<QList<int>>{numbers, {}} : Outcome<QList<int>>{{}, error};
     }
 
     int end = 1200;

@@ -1,8 +1,8 @@
 // A table read without a dialog: records, maps and faults as values.
 
 #include "embedded_host/EmbeddedHost.h"
-#include "table/RowLimit.h"
 #include "table/Rules.h"
+#include "table/Table.h"
 #include "tests/support/Readings.h"
 #include "tests/support/Sheet.h"
 #include "tests/support/SmallMarket.h"

@@ -6,6 +6,7 @@
 #include "strategy/ColumnRules.h"
 #include "strategy/Strategy.h"
 
+#include <QHash>
 #include <QMultiHash>
 
 #include <algorithm>
@@ -127,11 +128,23 @@ strategy::Strategy parsed(const AesStrategy& offered)
     return strategy::Strategy::parse(offered.name(), offered.alias(), offered.paramFormats()).value;
 }
 
+/// Parsing dozens of documents costs more than checking a file.
+QStringList titlesOf(const AesStrategy& offered)
+{
+    thread_local QHash<QString, QStringList> known; // by document
+    const QString key = offered.name() + QLatin1Char('\n') + offered.paramFormats();
+    auto titles = known.constFind(key);
+    if (titles == known.constEnd()) {
+        titles = known.insert(key, parsed(offered).titles());
+    }
+    return *titles;
+}
+
 QMap<QString, QStringList> titlesOfOthers(const ReferenceData& data, const QString& code)
 {
     QMap<QString, QStringList> titles;
     for (const AesStrategy& offered : data.tables().strategies) {
-        const QStringList own = offered.name() == code ? QStringList() : parsed(offered).titles();
+        const QStringList own = offered.name() == code ? QStringList() : titlesOf(offered);
         if (!own.isEmpty() && offered.globalType() == Algo_Values::AlgoGlobalType::algo) {
             titles[offered.name() + QLatin1Char(' ') + offered.alias()] = own;
         }

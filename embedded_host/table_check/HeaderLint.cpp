@@ -89,13 +89,16 @@ private:
     QString meantBy(const QString& title) const
     {
         QStringList lacking;
+        QStringList known;
         for (const QString& column : mExpectation.titles) {
             if (!mGiven.contains(column)) {
                 lacking.append(column);
+                known << column << mExpectation.aliases.value(column) << mExpectation.aliases.key(column);
             }
         }
+        known.removeAll(QString());
         const QString synonym = synonymOf(title, lacking);
-        return synonym.isEmpty() ? nearestTitle(title, mKnown) : synonym;
+        return synonym.isEmpty() ? nearestTitle(title, known) : synonym;
     }
 
     /// Columns by which strategies are told apart: not those that every one has, or that are for people.

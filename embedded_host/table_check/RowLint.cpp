@@ -44,26 +44,30 @@ RowLint::RowLint(const table::Table& table, const Expectation& expectation, Find
     }
 }
 
-void RowLint::look(int row)
+bool RowLint::look(int row)
 {
     const QStringList& cells = mTable.rows.at(row);
     if (std::none_of(cells.begin(), cells.end(), isFilled)) {
-        return;
+        return true;
     }
     if (mTable.inspection.hiddenRows.contains(row)) {
         mFindings.ofRow(rule::HiddenRow, row);
     }
     if (row == 0) {
-        return;
+        return true;
     }
     if (mTable.inspection.struckRows.contains(row)) {
         mFindings.ofRow(rule::StruckRow, row);
     }
     if (isHeaderAgain(cells)) {
         mFindings.ofRow(rule::HeaderAgain, row);
-    } else if (isTotal(cells)) {
+        return false;
+    }
+    if (isTotal(cells)) {
         mFindings.ofRow(rule::TotalRow, row);
-    } else if (table::isBlankOrNote(cells)) {
+        return false;
+    }
+    if (table::isBlankOrNote(cells)) {
         if (isOrderWithoutCode(row)) {
             mFindings.ofRow(rule::OrderWithoutCode, row);
         }
@@ -71,6 +75,7 @@ void RowLint::look(int row)
         lookForTheSame(row);
         lookAtMerges(row);
     }
+    return true;
 }
 
 bool RowLint::hasFilled(const QStringList& cells, const char* column) const

@@ -13,7 +13,8 @@ class RowLint {
 public:
     RowLint(const table::Table& table, const Expectation& expectation, Findings& findings);
 
-    void look(int row);
+    /// Whether the row may be an order, so that its cells are worth a look.
+    bool look(int row);
 
 private:
     bool isOrderWithoutCode(int row) const;

@@ -226,11 +226,11 @@ void CellLint::lookAtSecurity(int row)
         mFindings.ofCell(rule::OtherName, row, mColumns.name, name,
                          {mSecurity->symbol + QLatin1Char(' ') + mSecurity->name});
     }
-    if (mColumns.quantity < 0) {
+    const QString quantity = text(row, mColumns.quantity);
+    if (mColumns.quantity < 0 || faultOfNumber(quantity, NumberKind::Whole)) {
         return;
     }
     const bool sells = text(row, mColumns.direction).trimmed() == QLatin1String("2");
-    const QString quantity = text(row, mColumns.quantity);
     if (const std::optional<NumberFault> fault = faultOfLot(quantity, *mSecurity, sells)) {
         mFindings.ofCell(fault->rule, row, mColumns.quantity, quantity, {fault->meant});
     }
@@ -275,8 +275,9 @@ QList<Finding> lint(const Table& table, const Expectation& expectation)
         RowLint rows(table, expectation, findings);
         CellLint cells(table, expectation, findings);
         for (int row = 0; row < table.rows.size(); ++row) {
-            rows.look(row);
-            cells.look(row);
+            if (rows.look(row)) {
+                cells.look(row);
+            }
         }
     }
     return findings.take();

@@ -230,7 +230,11 @@ void FilteredTable::showCount()
 {
     const int all = mSource->rowCount();
     const int shown = mProxy->rowCount();
-    const QString total =
-        mSource->canFetchMore({}) ? QStringLiteral("前 %1 行").arg(all) : QStringLiteral("共 %1 行").arg(all);
-    mCount->setText(shown == all ? total : QStringLiteral("%1 / %2 行").arg(shown).arg(all));
+    const bool isWhole = !mSource->canFetchMore({});
+    if (shown == all) {
+        mCount->setText((isWhole ? QStringLiteral("共 %1 行") : QStringLiteral("前 %1 行")).arg(all));
+    } else {
+        const QString text = isWhole ? QStringLiteral("%1 / %2 行") : QStringLiteral("%1 / 前 %2 行");
+        mCount->setText(text.arg(shown).arg(all));
+    }
 }

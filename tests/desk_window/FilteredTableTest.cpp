@@ -1,11 +1,13 @@
 #include "desk/window/FilteredTable.h"
 
+#include "desk/models/PagedModel.h"
 #include "desk/window/DeskPrompts.h"
 #include "tests/support/Text.h"
 #include "tests/support/TextsModel.h"
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
@@ -74,4 +76,66 @@ TEST_F(FilteredTableTest, SumsWithCommasAreSortedAsNumbersAndLeaveTheTableWithou
     table.view()->model()->sort(1);
     EXPECT_EQ(table.shownRows().mid(1),
               QList<QStringList>({{"丙"_s, "50.00"_s}, {"甲"_s, "900.00"_s}, {"乙"_s, "1234.00"_s}}));
+}
+
+namespace {
+
+/// The numbers from 1 up to an end, a page at a time.
+class NumbersModel : public PagedModel<int> {
+public:
+    explicit NumbersModel(int end) : PagedModel({{"数"_s, true}})
+    {
+        setPages([end](const int* last, int count) {
+            QList<int> page;
+            for (int next = last ? *last + 1 : 1; next <= end && page.size() < count; ++next) {
+                page.append(next);
+            }
+            return Outcome<QList<int>>{page, {}};
+        });
+    }
+
+protected:
+    Cell cellOf(const int& number, int) const override { return {QString::number(number)}; }
+};
+
+/// A list of which a page is fetched at first.
+class LongListTest : public testing::Test {
+protected:
+    QString count() const
+    {
+        for (const QLabel* label : table.findChildren<QLabel*>()) {
+            if (label->text().endsWith("行"_s)) {
+                return label->text();
+            }
+        }
+        return {};
+    }
+
+    DeskPrompts prompts;
+    NumbersModel model{1200};
+    FilteredTable table{&model, {"清单"_s, QString()}, prompts};
+};
+
+} // namespace
+
+TEST_F(LongListTest, SaysThatItShowsTheFirstRowsAlone)
+{
+    EXPECT_EQ(count(), "前 500 行"_s);
+    model.fetchMore({});
+    model.fetchMore({});
+    EXPECT_EQ(count(), "共 1200 行"_s);
+}
+
+TEST_F(LongListTest, IsSortedAndFilteredAsAWhole)
+{
+    table.view()->model()->sort(0, Qt::DescendingOrder);
+    EXPECT_EQ(table.shownRows().value(1), QStringList{"1200"_s});
+    EXPECT_EQ(count(), "共 1200 行"_s);
+}
+
+TEST_F(LongListTest, FindsARowThatWasNotFetchedYet)
+{
+    table.filter()->setText("1199"_s);
+    EXPECT_EQ(table.shownRows().mid(1), QList<QStringList>{QStringList{"1199"_s}});
+    EXPECT_EQ(count(), "1 / 1200 行"_s);
 }

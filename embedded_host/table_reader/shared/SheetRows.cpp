@@ -34,6 +34,9 @@ bool SheetRows::put(int row, int column, const QString& text)
     if (!wants(row, column) || text.isEmpty()) {
         return true;
     }
+    if (text.size() > mMaxText) {
+        return put(row, column, text.left(mMaxText));
+    }
     if (column >= limits::Columns) {
         mError = message::tooManyColumns(row);
     } else if (text.size() > limits::CellCharacters) {
@@ -56,11 +59,10 @@ bool SheetRows::put(int row, int column, const QString& text)
     while (cells.size() < column) {
         cells.append(QString());
     }
-    const QString kept = text.size() > mMaxText ? text.left(mMaxText) : text;
     if (column == cells.size()) {
-        cells.append(kept);
+        cells.append(text);
     } else {
-        cells[column] = kept;
+        cells[column] = text;
     }
     return true;
 }

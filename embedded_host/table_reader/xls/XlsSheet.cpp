@@ -147,11 +147,9 @@ bool XlsSheet::putNumber(int row, int column, int style, double value)
     if (row >= mRows.maxRows()) {
         return true;
     }
-    if (format == NumberFormat::Plain) {
+    if (mRows.inspects() && format == NumberFormat::Plain) {
         mRows.noteNumber(row, column, numberText(value));
-        if (mRows.inspects()) {
-            mRows.noteLook(row, column, value, mWorkbook.styles.looks.value(style));
-        }
+        mRows.noteLook(row, column, value, mWorkbook.styles.looks.value(style));
     }
     return mRows.put(row, column, shownNumber(value, format, mWorkbook.dates));
 }

@@ -1,26 +1,22 @@
-#include "desk/batch/HostPrices.h"
-#include "desk/batch/LimitsFile.h"
 #include "desk/check/ImportedFile.h"
 #include "desk/check/RejectedRows.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/FaultJson.h"
+#include "desk/runner/JudgementJson.h"
 #include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
+#include "desk/verdict/Judge.h"
 #include "ledger/LedgerTexts.h"
 
 #include <QFileInfo>
-
-#include <optional>
 
 namespace runner {
 
 namespace {
 
 using ledger::Ledger;
-using ledger::LimitScope;
-using ledger::Review;
 
 /// What stands against creating the batch before the guard looks at it: the runner asks nobody.
 QString objection(const DialogDriver& driver, const CommandLine& line)
@@ -34,8 +30,9 @@ QString objection(const DialogDriver& driver, const CommandLine& line)
     return driver.shownBoxes().isEmpty() || line.yes ? QString() : ledger::texts::importComplained();
 }
 
-/// The guard's look at the batch, and the batch where guard and consent let it pass.
-QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const QList<LimitScope>& limits)
+/// The judgement on the batch, and the batch where it and what was accepted let it pass.
+QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const table::Table& table,
+                        const verdict::Desk& desk, const ReferenceData& data)
 {
     const QString stopped = objection(driver, line);
     if (!stopped.isEmpty()) {
@@ -45,14 +42,14 @@ QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const QLi
     if (!opened.ok()) {
         return noCreationToJson(opened.error);
     }
-    const ledger::BatchDraft draft = batch::makeDraft(driver.content());
-    const Outcome<Review> review =
-        ledger::reviewBatch(*opened.value, draft, limits, batch::hostPrices(draft));
-    if (!review.ok()) {
-        return noCreationToJson(review.error);
+    Outcome<verdict::Judgement> judgement =
+        verdict::judge(*opened.value, {driver.content(), table}, desk, data, QDateTime::currentDateTimeUtc());
+    if (!judgement.ok()) {
+        return noCreationToJson(judgement.error);
     }
-    return creationToJson(review.value.verdict,
-                          ledger::createReviewed(*opened.value, review.value, {line.yes, line.amount}));
+    const verdict::Acceptance acceptance{line.accept.split(QLatin1Char(',')), line.amount};
+    const Outcome<ledger::Batch> created = verdict::createJudged(*opened.value, judgement.value, acceptance);
+    return creationToJson(judgement.value, created);
 }
 
 /// Why the refused rows cannot go to that file; empty where they can.
@@ -75,8 +72,8 @@ QString usageFault(const CommandLine& line)
     if (line.create && !line.confirm) {
         return QStringLiteral("--create needs --confirm");
     }
-    if (!line.create && (line.yes || !line.amount.isEmpty())) {
-        return QStringLiteral("--yes and --amount need --create");
+    if (!line.create && (line.yes || !line.amount.isEmpty() || !line.accept.isEmpty())) {
+        return QStringLiteral("--yes, --accept and --amount need --create");
     }
     return line.rejects.isEmpty() ? QString() : rejectsFault(line);
 }
@@ -109,9 +106,9 @@ Result importFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
-    const std::optional<QList<LimitScope>> limits = batch::readLimits(referenceDataFolder(line), error);
-    if (!limits) {
-        return refuse(error);
+    const Outcome<verdict::Desk> desk = verdict::Desk::read(referenceDataFolder(line));
+    if (!desk.ok()) {
+        return refuse(desk.error);
     }
     DialogDriver driver(*host, line);
     if (!driver.unknownName().isEmpty()) {
@@ -127,7 +124,7 @@ Result importFile(const CommandLine& line)
     }
     bool complained = !driver.shownBoxes().isEmpty();
     if (line.create) {
-        const QJsonObject creation = createBatch(driver, line, *limits);
+        const QJsonObject creation = createBatch(driver, line, file.table, desk.value, host->referenceData());
         json[QStringLiteral("creation")] = creation;
         complained = complained || !creation[QStringLiteral("batch")].isObject();
     }

@@ -173,6 +173,7 @@ private:
         for (const table_lint::Finding& finding : mReport.findings) {
             made.skipped += finding.fault.rule == rule::OrderWithoutCode ? 1 : 0;
         }
+        made.optedOut = ledger::optedOut(mDesk.limits, draft.account, draft.strategy);
         made.day.buy += elsewhere.day.buy;
         made.day.sell += elsewhere.day.sell;
         made.dayInstances += elsewhere.instances;

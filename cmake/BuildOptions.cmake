@@ -53,5 +53,4 @@ if(ALGO_COVERAGE)
   add_link_options(--coverage)
 endif()
 
-# An installed program finds the libraries beside it, wherever the prefix is.
-set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+include(${CMAKE_CURRENT_LIST_DIR}/Hardening.cmake)

@@ -5,16 +5,19 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/AlgoBatchImport)
 set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/algo_batch_import)
 
+set(desk_library_dir ${CMAKE_INSTALL_LIBDIR}/algodesk) # of the desk alone
+
+algo_installed(algo_batch_import ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS algo_batch_import algo_host_api
   EXPORT AlgoBatchImportTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
 install(FILES
   dialog/AlgoBatchImportParamSetting.h
   dialog/AlgoBatchImportExport.h
-  DESTINATION ${header_dir}/dialog)
-install(DIRECTORY host/ DESTINATION ${header_dir}/host FILES_MATCHING PATTERN "*.h")
+  DESTINATION ${header_dir}/dialog COMPONENT development)
+install(DIRECTORY host/ DESTINATION ${header_dir}/host COMPONENT development FILES_MATCHING PATTERN "*.h")
 
-install(EXPORT AlgoBatchImportTargets NAMESPACE AlgoBatchImport:: DESTINATION ${package_dir})
+install(EXPORT AlgoBatchImportTargets NAMESPACE AlgoBatchImport:: DESTINATION ${package_dir} COMPONENT development)
 configure_package_config_file(cmake/AlgoBatchImportConfig.cmake.in
   ${CMAKE_CURRENT_BINARY_DIR}/AlgoBatchImportConfig.cmake
   INSTALL_DESTINATION ${package_dir})
@@ -23,31 +26,24 @@ write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/AlgoBatchImportConf
 install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/AlgoBatchImportConfig.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/AlgoBatchImportConfigVersion.cmake
-  DESTINATION ${package_dir})
+  DESTINATION ${package_dir} COMPONENT development)
 # Debian's libdir has a folder more than others.
 file(RELATIVE_PATH pkgconfig_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/algo_batch_import.pc.in ${CMAKE_CURRENT_BINARY_DIR}/algo_batch_import.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/algo_batch_import.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/algo_batch_import.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
 if(TARGET algodesk)
-  install(TARGETS embedded_host LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} NAMELINK_SKIP)
-  install(TARGETS algodesk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(DIRECTORY reference_data samples DESTINATION ${CMAKE_INSTALL_DATADIR}/algodesk)
-  install(FILES desk/package/algodesk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-  install(FILES desk/package/algodesk.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+  algo_installed(embedded_host ${desk_library_dir})
+  algo_installed(algodesk ${CMAKE_INSTALL_BINDIR})
+  file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(algodesk PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries};$ORIGIN/${libraries}/algodesk")
+  install(TARGETS embedded_host LIBRARY DESTINATION ${desk_library_dir} COMPONENT desk NAMELINK_SKIP)
+  install(TARGETS algodesk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT desk)
+  install(DIRECTORY reference_data samples gateway/dictionaries DESTINATION ${CMAKE_INSTALL_DATADIR}/algodesk COMPONENT desk)
+  install(FILES desk/package/algodesk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desk)
+  install(FILES desk/package/algodesk.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT desk)
 endif()
 
-set(CPACK_PACKAGE_NAME algodesk)
-set(CPACK_PACKAGE_CONTACT "AlgoBatchImport maintainers <maintainers@algobatchimport.example>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Batch import of algorithmic-order parameters: desk and dialog library")
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_STRIP_FILES ON)
-set(CPACK_GENERATOR DEB)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION x11)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-    ${CMAKE_CURRENT_BINARY_DIR}/embedded_host ${CMAKE_CURRENT_BINARY_DIR}/dialog)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt5sql5-sqlite")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk")
-include(CPack)
+include(${CMAKE_CURRENT_LIST_DIR}/DebianPackages.cmake)

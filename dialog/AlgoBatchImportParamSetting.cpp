@@ -20,7 +20,7 @@ Ui::AlgoBatchImportParamSetting* formThatStays()
 
 AlgoBatchImportParamSetting::AlgoBatchImportParamSetting(QWidget* parent, BatchInsType type)
     : QWidget(parent), ui(formThatStays()), mInsType(type),
-      mSchema(std::make_shared<const strategy::Strategy>())
+      mSchema(std::make_unique<const strategy::Strategy>())
 {
     setObjectName(QStringLiteral("AlgoBatchImportParamSetting"));
     ui->setupUi(this);

@@ -188,5 +188,5 @@ private:
     QString mDateTimeFormat; ///< layout of date-times in the file being imported
     /// The loaded strategy as a value, of which the schema above is what the class's own operations look at;
     /// null before the first load.
-    std::shared_ptr<const strategy::Strategy> mSchema;
+    std::unique_ptr<const strategy::Strategy> mSchema;
 };

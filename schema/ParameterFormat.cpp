@@ -28,11 +28,11 @@ QStringList AlgoBatchImportParamSetting::initTableHeadList(const QString& paramF
     if (!parsed.ok()) {
         qCDebug(lcSchema) << " jsonErr.errorString(): " << parsed.error;
         error = parsed.error;
-        mSchema = std::make_shared<const strategy::Strategy>(
+        mSchema = std::make_unique<const strategy::Strategy>(
             strategy::Strategy::withoutParameters(mStrategy.name(), mStrategy.alias()));
         return QStringList();
     }
-    mSchema = std::make_shared<const strategy::Strategy>(parsed.value);
+    mSchema = std::make_unique<const strategy::Strategy>(parsed.value);
     qCDebug(lcSchema) << " paramFmtLst: " << jsonOf(*mSchema);
     for (const strategy::Element& element : mSchema->document) {
         saveElement(element);

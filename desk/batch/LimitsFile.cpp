@@ -1,9 +1,9 @@
 #include "desk/batch/LimitsFile.h"
 
 #include "embedded_host/reference_data/CsvTable.h"
+#include "embedded_host/reference_data/ReferenceFile.h"
+#include "embedded_host/reference_data/ReferenceFolder.h"
 #include "ledger/LedgerTexts.h"
-
-#include <QFile>
 
 namespace batch {
 
@@ -72,17 +72,14 @@ std::optional<QList<LimitScope>> readLimits(const QString& folder, QString& erro
 {
     const QString path = folder + (folder.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/")) +
                          limitTable().fileName();
-    QFile file(path);
     QList<LimitScope> scopes;
     error.clear();
-    if (!file.exists()) {
+    if (!isReferenceFileThere(path)) {
         return scopes;
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
-        return std::nullopt;
-    }
-    const bool isSound = CsvTable(limitTable(), path).read(file.readAll(), scopes, error);
+    const Outcome<QByteArray> file = readReferenceFile(path, reference_limits::CsvBytes);
+    error = file.error;
+    const bool isSound = file.ok() && CsvTable(limitTable(), path).read(file.value, scopes, error);
     return isSound ? std::make_optional(scopes) : std::nullopt;
 }
 

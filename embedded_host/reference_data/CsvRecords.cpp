@@ -1,10 +1,12 @@
 #include "embedded_host/reference_data/CsvRecords.h"
 
 #include "embedded_host/reference_data/ReferenceFaults.h"
+#include "embedded_host/reference_data/ReferenceFile.h"
 #include "embedded_host/table_reader/text/CsvTokenizer.h"
 
 #include <QTextCodec>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -41,6 +43,21 @@ bool isBlankLine(const QStringList& cells)
     return cells.size() == 1 && cells.first().isEmpty();
 }
 
+/// What of the record, the `count`th, is more than a file may hold; empty when nothing is.
+QString excessOf(const CsvRecord& record, int count)
+{
+    using namespace reference_limits;
+    if (count > Rows) {
+        return reference_faults::tooManyRows(Rows);
+    }
+    if (record.cells.size() > Columns) {
+        return reference_faults::tooManyColumns(Columns);
+    }
+    const bool isLong = std::any_of(record.cells.cbegin(), record.cells.cend(),
+                                    [](const QString& cell) { return cell.size() > TextCharacters; });
+    return isLong ? reference_faults::tooLong(QString(), TextCharacters) : QString();
+}
+
 } // namespace
 
 bool splitCsv(const QByteArray& bytes, const QString& path, QVector<CsvRecord>& records, QString& error)
@@ -55,9 +72,15 @@ bool splitCsv(const QByteArray& bytes, const QString& path, QVector<CsvRecord>& 
     csv.finish();
     CsvRecord record;
     while (csv.next(record.cells)) {
-        if (!isBlankLine(record.cells)) {
-            record.line = csv.recordLine();
-            records.append(record);
+        if (isBlankLine(record.cells)) {
+            continue;
+        }
+        record.line = csv.recordLine();
+        records.append(record);
+        const QString excess = excessOf(record, records.size());
+        if (!excess.isEmpty()) {
+            error = reference_faults::at(path, record.line, excess);
+            return false;
         }
     }
     if (csv.hasOpenQuote()) {

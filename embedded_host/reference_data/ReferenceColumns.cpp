@@ -85,14 +85,18 @@ template <typename Row> ReferenceColumn<Row> flag(const char* name, bool Row::*f
             [field](const Row& row) { return QString::number(row.*field ? 1 : 0); }};
 }
 
-/// A number that stays the text that it is, under its own name; an empty cell leaves it out.
+/// A price or rate that stays the text that it is, under its own name; an empty cell leaves it out.
 template <typename Row> ReferenceColumn<Row> number(const QString& name, QMap<QString, QVariant> Row::*fields)
 {
     return {name,
             [=](Row& row, const QString& cell) {
                 bool isNumber = false;
-                if (!qIsFinite(cell.toDouble(&isNumber)) || !isNumber) {
+                const double value = cell.toDouble(&isNumber);
+                if (!isNumber || !qIsFinite(value)) {
                     return reference_faults::notNumber(name, cell);
+                }
+                if (value < 0) {
+                    return reference_faults::negative(name, cell);
                 }
                 (row.*fields).insert(name, cell);
                 return QString();
@@ -149,8 +153,8 @@ const ReferenceTable<Security>& securityTable()
         {key("symbol", &Security::symbol), text("code", &Security::code), text("name", &Security::name),
          text("post", &Security::post), list("exchanges", &Security::exchanges),
          text("securityType", &Security::securityType), text("subType", &Security::subType),
-         whole("dispFactor", &Security::dispFactor), whole("minQtyPerOrder", &Security::minQtyPerOrder),
-         whole("qtyStep", &Security::qtyStep),
+         whole("dispFactor", &Security::dispFactor, 0), whole("minQtyPerOrder", &Security::minQtyPerOrder, 0),
+         whole("qtyStep", &Security::qtyStep, 0),
          whole("pricePrecision", &Security::pricePrecision, 0, FinestPrecision),
          flag("bondRepo", &Security::bondRepo)},
         ReferenceTable<Security>::Required};
@@ -162,7 +166,7 @@ const ReferenceTable<FuturesContract>& futuresTable()
     static const ReferenceTable<FuturesContract> table{
         QStringLiteral("futures"),
         &ReferenceTables::futures,
-        {key("symbol", &FuturesContract::symbol), whole("multiplier", &FuturesContract::multiplier),
+        {key("symbol", &FuturesContract::symbol), whole("multiplier", &FuturesContract::multiplier, 0),
          whole("pricePrecision", &FuturesContract::pricePrecision, 0, FinestPrecision)}};
     return table;
 }

@@ -1,6 +1,7 @@
 #include "embedded_host/reference_data/ReferenceDatabase.h"
 
 #include "embedded_host/reference_data/ReferenceColumns.h"
+#include "embedded_host/reference_data/ReferenceFile.h"
 #include "embedded_host/reference_data/ReferenceFolder.h"
 
 #include <QCryptographicHash>
@@ -27,15 +28,14 @@ QString fingerprintOf(const QString& folder)
 {
     QStringList lines;
     for (const QString& name : referenceFileNames()) {
-        QFile file(QDir(folder).filePath(name));
-        if (!isReferenceFileThere(file.fileName())) {
+        const QString path = QDir(folder).filePath(name);
+        if (!isReferenceFileThere(path)) {
             continue;
         }
-        QCryptographicHash hash(QCryptographicHash::Sha256);
-        const bool isRead = file.open(QIODevice::ReadOnly) && hash.addData(&file);
-        const QString digest =
-            isRead ? QString::fromLatin1(hash.result().toHex()) : QStringLiteral("unreadable");
-        lines.append(QStringLiteral("%1 %2 %3").arg(name).arg(file.size()).arg(digest));
+        const Outcome<QByteArray> file = readReferenceFile(path, reference_limits::CsvBytes);
+        const QByteArray hash = QCryptographicHash::hash(file.value, QCryptographicHash::Sha256);
+        const QString digest = file.ok() ? QString::fromLatin1(hash.toHex()) : QStringLiteral("unreadable");
+        lines.append(QStringLiteral("%1 %2 %3").arg(name).arg(file.value.size()).arg(digest));
     }
     return lines.join(QLatin1Char('\n'));
 }

@@ -21,6 +21,34 @@ inline QString unreadableFile(const QString& reason)
     return QStringLiteral("无法读取文件：%1").arg(reason);
 }
 
+inline QString notRegular()
+{
+    return QStringLiteral("不是普通文件");
+}
+
+inline QString fileTooLarge(qint64 mostBytes)
+{
+    return QStringLiteral("文件超过 %1 MiB").arg(mostBytes >> 20);
+}
+
+inline QString tooManyRows(int most)
+{
+    return QStringLiteral("超过 %1 行").arg(most);
+}
+
+inline QString tooManyColumns(int most)
+{
+    return QStringLiteral("该行超过 %1 列").arg(most);
+}
+
+/// `what`: a column or key; empty for any cell.
+inline QString tooLong(const QString& what, int most)
+{
+    return QStringLiteral("%1超过 %2 个字符")
+        .arg(what.isEmpty() ? QStringLiteral("单元格") : what + QLatin1Char(' '))
+        .arg(most);
+}
+
 inline QString invalidUtf8()
 {
     return QStringLiteral("不是有效的 UTF-8 编码");
@@ -81,6 +109,11 @@ inline QString outOfRange(const QString& column, const QString& cell, int least,
 inline QString notNumber(const QString& column, const QString& cell)
 {
     return QStringLiteral("%1 应为数字：%2").arg(column, cell);
+}
+
+inline QString negative(const QString& column, const QString& cell)
+{
+    return QStringLiteral("%1 不能为负数：%2").arg(column, cell);
 }
 
 inline QString notFlag(const QString& column, const QString& cell)

@@ -1,9 +1,9 @@
 #include "embedded_host/reference_data/ReferenceFolder.h"
 
 #include "embedded_host/reference_data/CsvTable.h"
+#include "embedded_host/reference_data/ReferenceFile.h"
 #include "embedded_host/reference_data/StrategyCatalogue.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -15,28 +15,12 @@ QString pathIn(const QString& folder, const QString& fileName)
     return folder.endsWith(QLatin1Char('/')) ? folder + fileName : folder + QLatin1Char('/') + fileName;
 }
 
-bool readWholeFile(const QString& path, QByteArray& bytes, QString& error)
-{
-    QFile file(path);
-    if (!QFile::exists(path)) {
-        error = reference_faults::at(path, 1, reference_faults::missingFile());
-        return false;
-    }
-    if (file.open(QIODevice::ReadOnly)) {
-        bytes = file.readAll();
-    }
-    if (file.error() != QFileDevice::NoError) {
-        error = reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()));
-        return false;
-    }
-    return true;
-}
-
 bool readStrategies(const QString& folder, QList<AesStrategy>& strategies, QString& error)
 {
     const QString path = pathIn(folder, StrategiesFile);
-    QByteArray json;
-    return readWholeFile(path, json, error) && readStrategyCatalogue(json, path, strategies, error);
+    const Outcome<QByteArray> json = readReferenceFile(path, reference_limits::JsonBytes);
+    error = json.error;
+    return json.ok() && readStrategyCatalogue(json.value, path, strategies, error);
 }
 
 template <typename Row>
@@ -46,8 +30,9 @@ bool readTable(const QString& folder, const ReferenceTable<Row>& table, QList<Ro
     if (table.presence == ReferenceTable<Row>::Optional && !isReferenceFileThere(path)) {
         return true;
     }
-    QByteArray csv;
-    return readWholeFile(path, csv, error) && CsvTable(table, path).read(csv, rows, error);
+    const Outcome<QByteArray> csv = readReferenceFile(path, reference_limits::CsvBytes);
+    error = csv.error;
+    return csv.ok() && CsvTable(table, path).read(csv.value, rows, error);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "embedded_host/reference_data/Misspelling.h"
 #include "embedded_host/reference_data/ReferenceFaults.h"
+#include "embedded_host/reference_data/ReferenceFile.h"
 #include "host/AlgoConstants.h"
 
 #include <QHash>
@@ -102,10 +103,24 @@ private:
         if (!value.isString() && !value.isUndefined() && !value.isNull()) {
             fail(reference_faults::notText(QString::fromLatin1(key)));
         }
-        return value.toString().isEmpty() ? byDefault : value.toString();
+        const QString text = bounded(key, value.toString(), reference_limits::TextCharacters);
+        return text.isEmpty() ? byDefault : text;
+    }
+
+    QString bounded(const char* key, const QString& text, int most)
+    {
+        if (text.size() > most) {
+            fail(reference_faults::tooLong(QString::fromLatin1(key), most));
+        }
+        return text;
     }
 
     QString document(const char* key)
+    {
+        return bounded(key, documentText(key), reference_limits::DocumentCharacters);
+    }
+
+    QString documentText(const char* key)
     {
         const QJsonValue value = valueOf(QLatin1String(key));
         if (value.isArray()) {

@@ -5,6 +5,7 @@
 //
 // Leaks are not looked for: Qt's JSON parser loses a container that stands under a key that comes twice.
 #include "embedded_host/reference_data/CsvTable.h"
+#include "embedded_host/reference_data/ReferenceFile.h"
 #include "embedded_host/reference_data/StrategyCatalogue.h"
 
 #include <QRegularExpression>
@@ -48,6 +49,7 @@ template <typename Row> void readCsv(const ReferenceTable<Row>& table, const QBy
         requireLine(error);
         return;
     }
+    require(rows.size() <= reference_limits::Rows);
     for (const Row& row : qAsConst(rows)) {
         requireReadable(table, row);
     }
@@ -59,6 +61,11 @@ void readJson(const QByteArray& bytes)
     QString error;
     if (!readStrategyCatalogue(bytes, Path, strategies, error)) {
         requireLine(error);
+        return;
+    }
+    for (const AesStrategy& strategy : qAsConst(strategies)) {
+        require(strategy.name().size() <= reference_limits::TextCharacters);
+        require(strategy.paramFormats().size() <= reference_limits::DocumentCharacters);
     }
 }
 

@@ -4,8 +4,10 @@
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
+#include <QFile>
 #include <QLocale>
 
 namespace {
@@ -205,7 +207,7 @@ struct Fault {
 
 void PrintTo(const Fault& fault, std::ostream* out)
 {
-    *out << fault.content.toStdString();
+    *out << fault.content.left(1000).toStdString();
 }
 
 class FaultyFolderTest : public testing::TestWithParam<Fault> {};
@@ -266,6 +268,32 @@ const Fault Faults[] = {
     {"NoNumberForAPrice", u"quotes.csv", "symbol,LastPx,MaxPx\nA,1,nan\n", u"2: MaxPx 应为数字：nan"},
     {"TextForARate", u"hk_rates.csv", "exchange,HKSExchgRateBuy\nHKSC,x\n",
      u"2: HKSExchgRateBuy 应为数字：x"},
+    {"NegativeStep", u"securities.csv", "symbol,qtyStep\nA,-100\n",
+     u"2: qtyStep 应在 0 到 2147483647 之间：-100"},
+    {"NegativeLeastQuantity", u"securities.csv", "symbol,minQtyPerOrder\nA,-1\n",
+     u"2: minQtyPerOrder 应在 0 到 2147483647 之间：-1"},
+    {"NegativeFactor", u"securities.csv", "symbol,dispFactor\nA,-10\n",
+     u"2: dispFactor 应在 0 到 2147483647 之间：-10"},
+    {"NegativeMultiplier", u"futures.csv", "symbol,multiplier\nIF,-300\n",
+     u"2: multiplier 应在 0 到 2147483647 之间：-300"},
+    {"NegativePrice", u"quotes.csv", "symbol,LastPx\nA,10\nB,-0.01\n", u"3: LastPx 不能为负数：-0.01"},
+    {"NegativeRate", u"hk_rates.csv", "exchange,HKSExchgRateSell\nHKSC,-1\n",
+     u"2: HKSExchgRateSell 不能为负数：-1"},
+    {"TenThousandColumns", u"securities.csv", "symbol" + QByteArray(9999, ',') + "\nA\n",
+     u"1: 该行超过 100 列"},
+    {"TenThousandCells", u"securities.csv", "symbol\nA" + QByteArray(9999, ',') + "\n",
+     u"2: 该行超过 100 列"},
+    {"TooManyRows", u"accounts.csv", "tradingAccount\n" + QByteArray("1\n").repeated(200000),
+     u"200001: 超过 200000 行"},
+    {"LongCell", u"accounts.csv", "tradingAccount,name\n1,甲\n2," + QByteArray(1 << 20, 'x') + "\n",
+     u"3: 单元格超过 4096 个字符"},
+    {"LongStrategyName", u"strategies.json", "[\n{\"name\": \"" + QByteArray(5000, 'x') + "\"}]",
+     u"2: name 超过 4096 个字符"},
+    {"DefaultOfAMegabyte", u"strategies.json",
+     "[\n{\"name\": \"A\",\n\"paramFormats\": [{\"default\": \"" + QByteArray(1 << 20, 'x') + "\"}]}]",
+     u"2: paramFormats 超过 262144 个字符"},
+    {"TooLargeTable", u"securities.csv", QByteArray((16 << 20) + 1, '\n'), u"1: 文件超过 16 MiB"},
+    {"TooLargeCatalogue", u"strategies.json", QByteArray((4 << 20) + 1, '['), u"1: 文件超过 4 MiB"},
     {"SurplusCell", u"securities.csv", "symbol,name\nA,甲,乙\n", u"2: 该行有 3 个单元格，表头只有 2 列"},
     {"LineCountsThoseInsideQuotes", u"securities.csv", "symbol,name,qtyStep\nA,\"甲\n乙\",1\nB,,x\n",
      u"4: qtyStep 应为整数：x"},
@@ -332,8 +360,21 @@ TEST(UnreadableFileTest, FolderInPlaceOfAFileStopsTheFolder)
     const DataFolder folder;
     folder.remove("markets.csv"_s);
     ASSERT_TRUE(QDir(folder.path()).mkdir("markets.csv"_s));
-    EXPECT_TRUE(folder.fault().startsWith(folder.filePath("markets.csv"_s) + ":1: 无法读取文件："_s))
-        << folder.fault().toStdString();
+    EXPECT_EQ(folder.fault(), folder.filePath("markets.csv"_s) + ":1: 无法读取文件：不是普通文件"_s);
+}
+
+TEST(UnreadableFileTest, EndlessDeviceStopsTheFolder)
+{
+    const DataFolder folder;
+    folder.link("/dev/zero"_s, "quotes.csv"_s);
+    EXPECT_EQ(folder.fault(), folder.filePath("quotes.csv"_s) + ":1: 无法读取文件：不是普通文件"_s);
+}
+
+TEST(UnreadableFileTest, PipeWithoutAWriterStopsTheFolder)
+{
+    const DataFolder folder;
+    ASSERT_EQ(::mkfifo(QFile::encodeName(folder.filePath("futures.csv"_s)).constData(), 0600), 0);
+    EXPECT_EQ(folder.fault(), folder.filePath("futures.csv"_s) + ":1: 无法读取文件：不是普通文件"_s);
 }
 
 } // namespace

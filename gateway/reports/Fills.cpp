@@ -1,0 +1,75 @@
+#include "gateway/reports/Fills.h"
+
+#include "gateway/messages/Decimal.h"
+
+#include <algorithm>
+
+namespace gateway {
+
+namespace {
+
+QString orZero(const QString& text)
+{
+    return text.isEmpty() ? QStringLiteral("0") : text;
+}
+
+/// What makes the numbers unusable; empty: nothing.
+QString faultOf(const Report& report, const QString& orderQuantity)
+{
+    for (const QString& text : {report.cumQty, report.avgPx}) {
+        if (!text.isEmpty() && (!decimal::isNumber(text) || decimal::isNegative(text))) {
+            return QStringLiteral("“%1”不是数量或价格").arg(text);
+        }
+    }
+    if (!orderQuantity.isEmpty() && decimal::compare(orZero(report.cumQty), orderQuantity) > 0) {
+        return QStringLiteral("成交数量 %1 超过委托数量 %2").arg(report.cumQty, orderQuantity);
+    }
+    return QString();
+}
+
+} // namespace
+
+QString takeFill(Fill& fill, const QString& orderQuantity, const Report& report)
+{
+    const QString fault = faultOf(report, orderQuantity);
+    if (!fault.isEmpty() || report.cumQty.isEmpty()) {
+        return fault;
+    }
+    const int direction = decimal::compare(report.cumQty, orZero(fill.quantity));
+    const bool hadNoPrice = !decimal::isPositive(orZero(fill.averagePrice));
+    if (direction > 0 || report.takesBack() || (direction == 0 && hadNoPrice)) {
+        fill.quantity = report.cumQty;
+        fill.averagePrice = report.avgPx.isEmpty() ? fill.averagePrice : report.avgPx;
+    }
+    return QString();
+}
+
+int legOf(const OrderSize& size, const Report& report)
+{
+    bool isNumber = false;
+    const int number = report.legNumber.toInt(&isNumber);
+    if (!report.legNumber.isEmpty()) {
+        return isNumber && number >= 1 && number <= size.legs.size() ? number - 1 : -1;
+    }
+    int found = -1;
+    for (int i = 0; i < size.legs.size(); ++i) {
+        if (size.legs.at(i).symbol == report.symbol) {
+            found = found < 0 ? i : size.legs.size();
+        }
+    }
+    return found < size.legs.size() ? found : -1;
+}
+
+bool isFilled(const Fill& fill, const QString& orderQuantity)
+{
+    return !orderQuantity.isEmpty() && !fill.quantity.isEmpty() &&
+           decimal::compare(fill.quantity, orderQuantity) >= 0;
+}
+
+bool hasTraded(const Standing& standing)
+{
+    const auto traded = [](const Fill& fill) { return decimal::isPositive(orZero(fill.quantity)); };
+    return traded(standing.fill) || std::any_of(standing.legs.begin(), standing.legs.end(), traded);
+}
+
+} // namespace gateway

@@ -1,0 +1,60 @@
+#include "tests/gateway/GatewayRun.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+QString settingsFile(const QTemporaryDir& folder, int port, const QString& beginString)
+{
+    const QString path = folder.filePath(QStringLiteral("session.cfg"));
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(QStringLiteral("[DEFAULT]\nConnectionType=initiator\nReconnectInterval=1\nHeartBtInt=30\n"
+                              "StartTime=00:00:00\nEndTime=00:00:00\nFileStorePath=%1\nFileLogPath=%1\n"
+                              "[SESSION]\nBeginString=%2\nSenderCompID=DESK\nTargetCompID=BROKER\n"
+                              "Username=trader\nPassword=geheim\n"
+                              "SocketConnectHost=127.0.0.1\nSocketConnectPort=%3\n")
+                   .arg(folder.filePath(QStringLiteral("store")), beginString, QString::number(port))
+                   .toUtf8());
+    return path;
+}
+
+GatewayRun::GatewayRun(const QTemporaryDir& folder, int port, gateway::LedgerPort& ledger,
+                       const Options& options)
+    : mLedger(ledger), mPrinter(mOutput)
+{
+    mOutput.open(QIODevice::WriteOnly);
+    gateway::Engine::Options engine;
+    engine.settingsFile = settingsFile(folder, port, options.beginString).toStdString();
+    engine.dictionaryFolder = DICTIONARIES;
+    engine.resetsSequence = options.resetsSequence;
+    std::string error;
+    mEngine = gateway::Engine::open(engine, mInbox, error);
+    EXPECT_EQ(error, "");
+    if (mEngine) {
+        EXPECT_EQ(mEngine->start(), "");
+        mThread = std::thread([this, options] { run(options); });
+    }
+}
+
+void GatewayRun::run(const Options& options)
+{
+    gateway::Dispatch::Terms terms;
+    terms.profile = options.profile;
+    terms.ordersPerSecond = options.ordersPerSecond;
+    terms.isAskedToEnd = [this] { return mEnds.load(); };
+    gateway::Dispatch dispatch(terms, mLedger, *mEngine, mInbox, mPrinter);
+    EXPECT_EQ(dispatch.begin().error, QString());
+    dispatch.run();
+}
+
+GatewayRun::~GatewayRun()
+{
+    mEnds = true;
+    if (mThread.joinable()) {
+        mThread.join();
+    }
+    if (mEngine) {
+        mEngine->stop();
+    }
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "gateway/program/Dispatch.h"
+#include "tests/gateway/Counterparty.h"
+#include "tests/gateway/MemoryLedger.h"
+
+#include <QBuffer>
+#include <QTemporaryDir>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+/// A gateway at work between a ledger and a counterparty, in a thread of its own. Its folder lives on, so
+/// that the next run has the sequence numbers of this one.
+class GatewayRun {
+public:
+    struct Options {
+        QString beginString = QStringLiteral("FIX.4.4");
+        bool resetsSequence = false;
+        gateway::Profile profile;
+        QHash<QString, int> ordersPerSecond;
+    };
+
+    GatewayRun(const QTemporaryDir& folder, int port, gateway::LedgerPort& ledger, const Options& options);
+    /// Ends it in order: logs out.
+    ~GatewayRun();
+
+    QByteArray output() const { return mOutput.data(); }
+
+private:
+    void run(const Options& options);
+
+    gateway::LedgerPort& mLedger;
+    gateway::Inbox mInbox;
+    QBuffer mOutput;
+    gateway::Printer mPrinter;
+    std::unique_ptr<gateway::Engine> mEngine;
+    std::atomic<bool> mEnds{false};
+    std::thread mThread;
+};
+
+/// The settings of an initiator DESK -> BROKER that reconnects every second.
+QString settingsFile(const QTemporaryDir& folder, int port, const QString& beginString);

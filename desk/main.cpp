@@ -99,6 +99,7 @@ int runDesk(int& argc, char** argv, const QStringList& arguments)
 int main(int argc, char** argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("algodesk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ALGODESK_VERSION));
     const QStringList arguments = argumentsOf(argc, argv);
     return runner::isAsked(arguments) ? runHeadless(argc, argv, arguments) : runDesk(argc, argv, arguments);
 }

@@ -32,24 +32,49 @@ QString objection(const Verdict& verdict, const Consent& consent)
 
 } // namespace
 
+Outcome<Attempt> beginAttempt(const Ledger& ledger, const DraftJournal& journal, BatchDraft& draft)
+{
+    const Outcome<DraftJournal::Entry> begun = journal.begin(draft, ledger.today());
+    if (!begun.ok()) {
+        return {{}, begun.error};
+    }
+    draft.id = begun.value.id;
+    Attempt attempt{begun.value, std::nullopt};
+    if (begun.value.isRepeated) {
+        const Outcome<std::optional<Batch>> made = ledger.batchOfDraft(draft.id);
+        attempt.made = made.value;
+        return {attempt, made.error};
+    }
+    return {attempt, QString()};
+}
+
 Outcome<Review> reviewBatch(const Ledger& ledger, const BatchDraft& draft, const QList<LimitScope>& limits,
                             const Prices& prices)
 {
-    const Outcome<QList<EarlierBatch>> earlier = ledger.createdToday(draft.account);
-    if (!earlier.ok()) {
-        return {{}, earlier.error};
+    const Outcome<Standing> standing = ledger.standingOf(draft);
+    if (!standing.ok()) {
+        return {{}, standing.error};
     }
-    Review review{draft, {}};
+    Review review{draft, limitsFor(limits, draft.account, draft.strategy), standing.value, {}};
     valueLegs(review.draft, prices);
-    review.verdict =
-        checkBatch(review.draft, limitsFor(limits, draft.account, draft.strategy), prices, earlier.value);
+    review.verdict = checkBatch(review.draft, review.limits, prices, review.standing);
     return {review, QString()};
 }
 
-Outcome<Batch> createReviewed(Ledger& ledger, const Review& review, const Consent& consent)
+Outcome<Batch> createReviewed(Ledger& ledger, Review& review, const Consent& consent)
 {
     const QString error = objection(review.verdict, consent);
-    return error.isEmpty() ? ledger.createBatch(review.draft) : Outcome<Batch>{{}, error};
+    if (!error.isEmpty()) {
+        return {{}, error};
+    }
+    CreationTerms terms{review.limits, review.verdict, QSet<qint64>()};
+    for (const Duplicate& duplicate : qAsConst(review.standing.duplicates)) {
+        terms.knownDuplicates->insert(duplicate.batch);
+    }
+    QList<Finding> refusals;
+    const Outcome<Batch> created = ledger.createBatch(review.draft, terms, &refusals);
+    review.verdict.refusals += refusals;
+    return created;
 }
 
 } // namespace ledger

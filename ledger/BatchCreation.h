@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/draft/DraftJournal.h"
 #include "ledger/Ledger.h"
 
 /// From a confirmed dialog to instances, in the window and headless alike.
@@ -13,8 +14,24 @@ struct Consent {
 
 struct Review {
     BatchDraft draft; ///< with its amounts
+    Limits limits;    ///< those in force for it
+    Standing standing;
     Verdict verdict;
 };
+
+/// An attempt to create a draft, known on disk from before its first step on.
+struct Attempt {
+    DraftJournal::Entry entry;
+    std::optional<Batch> made; ///< by an attempt before, of which nobody was told
+};
+
+/// Gives the draft the id of an attempt before, where there was one that never told its outcome.
+///
+///     const Outcome<Attempt> attempt = beginAttempt(*ledger, DraftJournal(home), draft);
+///     if (attempt.value.made) { … it exists already … }
+///     … reviewBatch(), createReviewed(), tell the user …
+///     DraftJournal(home).end(attempt.value.entry);
+Outcome<Attempt> beginAttempt(const Ledger& ledger, const DraftJournal& journal, BatchDraft& draft);
 
 /// Values the draft and lets the guard look at it.
 ///
@@ -25,6 +42,7 @@ Outcome<Review> reviewBatch(const Ledger& ledger, const BatchDraft& draft, const
                             const Prices& prices);
 
 /// Creates the batch where the verdict and the consent allow it; else the error says what stands against it.
-Outcome<Batch> createReviewed(Ledger& ledger, const Review& review, const Consent& consent);
+/// What the ledger alone refuses, since another program was faster, is added to the verdict's refusals.
+Outcome<Batch> createReviewed(Ledger& ledger, Review& review, const Consent& consent);
 
 } // namespace ledger

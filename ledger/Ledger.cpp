@@ -1,6 +1,11 @@
+// Opening a ledger, and looking at what it holds.
+
 #include "ledger/Ledger.h"
 
-#include "ledger/store/LedgerStore.h"
+#include "ledger/operations/Core.h"
+#include "ledger/store/BatchQueries.h"
+#include "ledger/store/ControlQueries.h"
+#include "ledger/store/InstanceQueries.h"
 
 #include <QDir>
 
@@ -8,84 +13,13 @@ namespace ledger {
 
 namespace {
 
-/// The trading day of the exchanges begins at midnight in Shanghai.
-constexpr int ExchangeUtcOffset = 8 * 3600;
-
-QDateTime now(const Ledger::Options& options)
-{
-    return options.clock ? options.clock() : QDateTime::currentDateTimeUtc();
-}
-
-QDateTime startOfDay(const QDateTime& now)
-{
-    const QDate day = now.toOffsetFromUtc(ExchangeUtcOffset).date();
-    return QDateTime(day, QTime(0, 0), Qt::OffsetFromUTC, ExchangeUtcOffset);
-}
-
-const QString WhereBatch = QStringLiteral("WHERE batch_number = ?");
-
-bool isAllowed(InstanceState before, InstanceState after)
-{
-    switch (before) {
-    case InstanceState::Created:
-        return after == InstanceState::Running || after == InstanceState::Withdrawn;
-    case InstanceState::Running:
-        return after == InstanceState::Stopped || after == InstanceState::Finished;
-    default:
-        return false;
-    }
-}
-
-/// What undo makes of each instance, without doing it. One that ran may have traded: stopping it, now or
-/// before, reverses nothing.
-UndoReport undoPlan(qint64 batch, const QList<Instance>& instances)
-{
-    UndoReport report;
-    report.batch = batch;
-    report.state = BatchState::Withdrawn;
-    for (const Instance& instance : instances) {
-        UndoneInstance undone{instance.id, {}, instance.state, instance.state};
-        for (const Leg& leg : instance.legs) {
-            undone.symbols.append(leg.symbol);
-        }
-        if (instance.state == InstanceState::Created) {
-            undone.after = InstanceState::Withdrawn;
-            report.withdrawn.append(undone);
-        } else if (instance.state == InstanceState::Running) {
-            undone.after = InstanceState::Stopped;
-            report.stopped.append(undone);
-        } else if (instance.state == InstanceState::Finished) {
-            report.notReversed.append(undone);
-        } else {
-            ++report.alreadyUndone;
-        }
-        if (undone.after != InstanceState::Withdrawn) {
-            report.state = BatchState::PartlyReversed;
-        }
-    }
-    return report;
-}
-
-Batch batchOfDraft(const BatchDraft& draft, qint64 number, const QDateTime& now)
-{
-    Batch batch;
-    batch.number = number;
-    batch.draftId = draft.id;
-    batch.fileName = draft.fileName;
-    batch.fileSha256 = draft.fileSha256;
-    batch.account = draft.account;
-    batch.strategy = draft.strategy;
-    batch.rowCount = draft.instances.size();
-    batch.expectedBuy = draft.expectedBuy;
-    batch.expectedSell = draft.expectedSell;
-    batch.createdAt = now.toUTC();
-    batch.createdBy = draft.createdBy;
-    return batch;
-}
+/// Rows that are in memory at a time while all are handed out.
+constexpr int BatchesAtATime = 500;
+constexpr int InstancesAtATime = 1000;
 
 } // namespace
 
-Ledger::Ledger(std::unique_ptr<Store> store) : mStore(std::move(store)) {}
+Ledger::Ledger(std::unique_ptr<Core> core) : mCore(std::move(core)) {}
 
 Ledger::~Ledger() = default;
 
@@ -94,122 +28,169 @@ QString Ledger::pathIn(const QString& home)
     return QDir(home).filePath(QStringLiteral("ledger.sqlite"));
 }
 
-Outcome<std::shared_ptr<Ledger>> Ledger::open(const QString& home)
+Outcome<std::shared_ptr<Ledger>> Ledger::open(const Address& address)
 {
-    return open(home, Options());
+    return open(address, Options());
 }
 
-Outcome<std::shared_ptr<Ledger>> Ledger::open(const QString& home, const Options& options)
+Outcome<std::shared_ptr<Ledger>> Ledger::open(const Address& address, const Options& options)
 {
-    auto store = std::make_unique<Store>(pathIn(home), options);
-    const QString fault = store->open();
+    auto core = std::make_unique<Core>(address, options);
+    const QString fault = core->open();
     if (!fault.isEmpty()) {
         return {nullptr, fault};
     }
-    return {std::shared_ptr<Ledger>(new Ledger(std::move(store))), QString()};
+    return {std::shared_ptr<Ledger>(new Ledger(std::move(core))), QString()};
 }
 
 QString Ledger::path() const
 {
-    return mStore->file.path();
+    return mCore->name();
 }
 
-Outcome<Batch> Ledger::createBatch(const BatchDraft& draft)
+QDate Ledger::today() const
 {
-    if (draft.id.isNull() || draft.instances.isEmpty()) {
-        return {{}, draft.id.isNull() ? texts::draftWithoutId() : texts::emptyDraft()};
-    }
-    return mStore->change<Batch>([&](Statements& statements) {
-        const QList<Batch> known = selectBatches(statements, QStringLiteral("WHERE draft_id = ?"),
-                                                 {draft.id.toString(QUuid::WithoutBraces)});
-        if (!known.isEmpty()) {
-            return Outcome<Batch>{known.first(), QString()};
-        }
-        const Batch batch = batchOfDraft(draft, takeNumber(statements), now(mStore->options));
-        insertBatch(statements, batch);
-        insertInstances(statements, batch, draft.instances);
-        insertTable(statements, batch.number, draft.table);
-        return Outcome<Batch>{batch, QString()};
+    return exchangeDay(mCore->now());
+}
+
+Outcome<std::optional<Batch>> Ledger::batchOfDraft(const QUuid& draft) const
+{
+    return mCore->read<std::optional<Batch>>([&](Statements& statements) {
+        const QList<Batch> found = selectBatches(statements, QStringLiteral("WHERE draft_id = ?"),
+                                                 {draft.toString(QUuid::WithoutBraces)});
+        return Outcome<std::optional<Batch>>{
+            found.isEmpty() ? std::nullopt : std::make_optional(found.first()), QString()};
     });
-}
-
-Outcome<QList<Batch>> Ledger::batches() const
-{
-    Statements statements(mStore->file.database());
-    return mStore->outcome(selectBatches(statements), statements);
 }
 
 Outcome<Batch> Ledger::batch(qint64 number) const
 {
-    Statements statements(mStore->file.database());
-    const QList<Batch> found = selectBatches(statements, QStringLiteral("WHERE number = ?"), {number});
-    if (!statements.failed() && found.isEmpty()) {
-        return {{}, texts::noSuchBatch(path(), number)};
-    }
-    return mStore->outcome(found.value(0), statements);
+    return mCore->read<Batch>([&](Statements& statements) {
+        const std::optional<Batch> found = selectBatch(statements, number);
+        return found ? Outcome<Batch>{*found, QString()}
+                     : Outcome<Batch>{{}, texts::noSuchBatch(path(), number)};
+    });
 }
 
-Outcome<QList<Instance>> Ledger::instances(std::optional<qint64> batchNumber) const
+Outcome<QList<Batch>> Ledger::batchesBefore(std::optional<qint64> number, int most) const
 {
-    Statements statements(mStore->file.database());
-    return mStore->outcome(batchNumber ? selectInstances(statements, WhereBatch, {*batchNumber})
-                                       : selectInstances(statements),
-                           statements);
+    return mCore->read<QList<Batch>>([&](Statements& statements) {
+        const QString order = QStringLiteral("ORDER BY number DESC LIMIT %1").arg(most);
+        return Outcome<QList<Batch>>{
+            number ? selectBatches(statements, QStringLiteral("WHERE number < ? ") + order, {*number})
+                   : selectBatches(statements, order),
+            QString()};
+    });
+}
+
+Outcome<QList<Instance>> Ledger::instancesOf(qint64 batchNumber) const
+{
+    return mCore->read<QList<Instance>>([&](Statements& statements) {
+        return Outcome<QList<Instance>>{
+            selectInstances(statements, {QStringLiteral("batch_number = ?"), {batchNumber}}), QString()};
+    });
+}
+
+Outcome<QList<Instance>> Ledger::instancesBehind(std::optional<InstanceId> id, int most) const
+{
+    return mCore->read<QList<Instance>>([&](Statements& statements) {
+        InstanceChoice choice{QString(), {}, true, most};
+        if (id) {
+            choice.condition = QStringLiteral("batch_number < ? OR (batch_number = ? AND row_no > ?)");
+            choice.values = {id->batch, id->batch, id->row};
+        }
+        return Outcome<QList<Instance>>{selectInstances(statements, choice), QString()};
+    });
+}
+
+Outcome<void> Ledger::eachBatch(const std::function<bool(const Batch&)>& take) const
+{
+    qint64 last = 0;
+    while (true) {
+        const auto page = mCore->read<QList<Batch>>([&](Statements& statements) {
+            const QString rest =
+                QStringLiteral("WHERE number > ? ORDER BY number LIMIT %1").arg(BatchesAtATime);
+            return Outcome<QList<Batch>>{selectBatches(statements, rest, {last}), QString()};
+        });
+        for (const Batch& batch : page.value) {
+            if (!take(batch)) {
+                return {};
+            }
+            last = batch.number;
+        }
+        if (!page.ok() || page.value.size() < BatchesAtATime) {
+            return {page.error};
+        }
+    }
+}
+
+Outcome<void> Ledger::eachInstance(const std::function<bool(const Instance&)>& take) const
+{
+    InstanceId last;
+    while (true) {
+        const auto page = mCore->read<QList<Instance>>([&](Statements& statements) {
+            return Outcome<QList<Instance>>{
+                selectInstances(statements, {QStringLiteral("(batch_number, row_no) > (?, ?)"),
+                                             {last.batch, last.row},
+                                             false,
+                                             InstancesAtATime}),
+                QString()};
+        });
+        for (const Instance& instance : page.value) {
+            if (!take(instance)) {
+                return {};
+            }
+            last = instance.id;
+        }
+        if (!page.ok() || page.value.size() < InstancesAtATime) {
+            return {page.error};
+        }
+    }
+}
+
+Outcome<QMap<InstanceState, qint64>> Ledger::counts(std::optional<qint64> batchNumber) const
+{
+    return mCore->read<QMap<InstanceState, qint64>>([&](Statements& statements) {
+        return Outcome<QMap<InstanceState, qint64>>{countStates(statements, batchNumber), QString()};
+    });
 }
 
 Outcome<BatchTable> Ledger::tableOf(qint64 batchNumber) const
 {
-    const Outcome<Batch> found = batch(batchNumber);
-    if (!found.ok()) {
-        return {{}, found.error};
-    }
-    Statements statements(mStore->file.database());
-    const std::optional<BatchTable> table = selectTable(statements, batchNumber);
-    if (!statements.failed() && !table) {
-        return {{}, texts::noTableKept(batchNumber)};
-    }
-    return mStore->outcome(table.value_or(BatchTable()), statements);
-}
-
-Outcome<QList<EarlierBatch>> Ledger::createdToday(const QString& account) const
-{
-    Statements statements(mStore->file.database());
-    return mStore->outcome(selectEarlier(statements, account, startOfDay(now(mStore->options))), statements);
-}
-
-Outcome<UndoReport> Ledger::undo(qint64 batchNumber)
-{
-    return mStore->change<UndoReport>([&](Statements& statements) {
-        const QList<Instance> instances = selectInstances(statements, WhereBatch, {batchNumber});
-        if (instances.isEmpty()) {
-            return Outcome<UndoReport>{{}, texts::noSuchBatch(path(), batchNumber)};
+    return mCore->read<BatchTable>([&](Statements& statements) {
+        if (!selectBatch(statements, batchNumber)) {
+            return Outcome<BatchTable>{{}, texts::noSuchBatch(path(), batchNumber)};
         }
-        const QDateTime at = now(mStore->options);
-        const UndoReport report = undoPlan(batchNumber, instances);
-        updateInstanceStates(statements, batchNumber, InstanceState::Created, InstanceState::Withdrawn, at);
-        updateInstanceStates(statements, batchNumber, InstanceState::Running, InstanceState::Stopped, at);
-        updateBatchState(statements, batchNumber, report.state);
-        return Outcome<UndoReport>{report, QString()};
+        const std::optional<BatchTable> table = selectTable(statements, batchNumber);
+        return table ? Outcome<BatchTable>{*table, QString()}
+                     : Outcome<BatchTable>{{}, texts::noTableKept(batchNumber)};
     });
 }
 
-QString Ledger::changeState(const InstanceId& instance, InstanceState state)
+Outcome<Status> Ledger::status() const
 {
-    const auto changed = mStore->change<InstanceState>([&](Statements& statements) {
-        const QList<Instance> found = selectInstances(
-            statements, WhereBatch + QLatin1String(" AND row_no = ?"), {instance.batch, instance.row});
-        if (found.isEmpty()) {
-            return Outcome<InstanceState>{{}, texts::noSuchInstance(instance.text())};
-        }
-        const InstanceState before = found.first().state;
-        if (!isAllowed(before, state)) {
-            return Outcome<InstanceState>{
-                {}, texts::forbiddenChange(instance.text(), shownName(before), shownName(state))};
-        }
-        updateInstanceState(statements, instance, state, now(mStore->options));
-        return Outcome<InstanceState>{state, QString()};
+    return mCore->read<Status>([&](Statements& statements) {
+        Status status;
+        status.halts = selectHalts(statements);
+        status.gateways = selectGateways(statements);
+        status.waiting =
+            statements
+                .single(QStringLiteral("SELECT COUNT(*) FROM batch WHERE state = 'waiting' AND day = ?"),
+                        {exchangeDay(mCore->now()).toString(Qt::ISODate)})
+                .toLongLong();
+        status.days = selectDays(statements, exchangeDay(mCore->now()));
+        return Outcome<Status>{status, QString()};
     });
-    return changed.error;
+}
+
+Outcome<qint64> Ledger::changeCount() const
+{
+    return mCore->read<qint64>([&](Statements& statements) {
+        return Outcome<qint64>{
+            statements.single(QStringLiteral("SELECT value FROM ledger_number WHERE name = 'last_audit'"))
+                .toLongLong(),
+            QString()};
+    });
 }
 
 } // namespace ledger

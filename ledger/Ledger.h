@@ -2,6 +2,7 @@
 
 #include "ledger/guard/Guard.h"
 #include "ledger/records/Records.h"
+#include "ledger/store/Address.h"
 
 #include <QList>
 #include <QString>
@@ -15,62 +16,133 @@ namespace ledger {
 /// Now; tests set their own.
 using Clock = std::function<QDateTime()>;
 
-/// All batches ever created, and their instances: one SQLite file in the home.
+/// What creating a batch is held against, inside its transaction.
+struct CreationTerms {
+    Limits limits;
+    Verdict verdict; ///< of the guard: kept for the person who approves
+    /// Batches of which whoever confirms has been told that they hold the same; another one refuses. Absent:
+    /// nobody was asked, and nothing is compared.
+    std::optional<QSet<qint64>> knownDuplicates;
+};
+
+/// Instances by their names, or those of a batch.
+struct Selection {
+    QList<InstanceId> ids;
+    std::optional<qint64> batch; ///< of which those are taken that it applies to
+};
+
+/// All batches ever created, and their instances: an SQLite file, or a database on a server.
 ///
-///     auto opened = Ledger::open(home);
+///     auto opened = Ledger::open(Address::ofFile(Ledger::pathIn(home)));
 ///     if (!opened.ok()) { … opened.error … }
 ///     Outcome<Batch> created = opened.value->createBatch(draft);
 ///
-/// Every change is one transaction: killed at any moment, the ledger holds it whole or not at all. One
-/// process at a time may write; any number may read meanwhile. Errors are Chinese sentences that name the
-/// file. A file that is damaged, foreign, or of a newer program is left as it is. One thread per object.
+/// Every change is one transaction that also appends its entry to the audit trail: killed at any moment, the
+/// ledger holds it whole or not at all. An answer is only given where the outcome is known: after a commit
+/// that failed the ledger is read again. Any number of programs may read and write side by side. Errors are
+/// Chinese sentences that name the ledger. One that is damaged, foreign, or of a newer program is left as it
+/// is. One thread per object.
 class Ledger {
 public:
     enum class Access {
-        Write, ///< makes the file where there is none; holds the lock file beside it while it lives
+        Write, ///< makes the ledger where there is none
         Read,  ///< changes nothing; where there is no file, an empty ledger
     };
 
     struct Options {
         Access access = Access::Write;
-        Clock clock;      ///< null: the system's
-        int maxPages = 0; ///< most pages of the file, for a disk that is full; 0: unlimited
+        Clock clock;         ///< null: the system's
+        QString user;        ///< who changes it; empty: the operating system's user
+        QString program;     ///< with its version; empty: the application's
+        int waitSeconds = 5; ///< for another program's change
+        int maxPages = 0;    ///< most pages of a file, for a disk that is full; 0: unlimited
     };
 
     static QString pathIn(const QString& home);
-    static Outcome<std::shared_ptr<Ledger>> open(const QString& home);
-    static Outcome<std::shared_ptr<Ledger>> open(const QString& home, const Options& options);
+    static Outcome<std::shared_ptr<Ledger>> open(const Address& address);
+    static Outcome<std::shared_ptr<Ledger>> open(const Address& address, const Options& options);
     ~Ledger();
     Ledger(const Ledger&) = delete;
     Ledger& operator=(const Ledger&) = delete;
 
-    QString path() const;
+    QString path() const; ///< Address::shown()
+    QDate today() const;  ///< of the exchanges (UTC+8)
 
+    // Creating.
+
+    /// What the ledger holds against a draft now.
+    Outcome<Standing> standingOf(const BatchDraft& draft) const;
     /// All instances of the draft or none. A draft whose id is known already gives the batch that it made.
-    Outcome<Batch> createBatch(const BatchDraft& draft);
+    /// What the ledger refuses (a halt, a ceiling of the day, a duplicate nobody was told of) is in the
+    /// error, and in `refusals` where that is given. From Limits::approvalAmount on the batch waits.
+    Outcome<Batch> createBatch(const BatchDraft& draft, const CreationTerms& terms = {},
+                               QList<Finding>* refusals = nullptr);
+    /// The batch that a draft made; nothing where it made none.
+    Outcome<std::optional<Batch>> batchOfDraft(const QUuid& draft) const;
 
-    /// Newest last.
-    Outcome<QList<Batch>> batches() const;
+    // Looking.
+
     Outcome<Batch> batch(qint64 number) const;
-    /// Of one batch, or of all; in order of batch and row.
-    Outcome<QList<Instance>> instances(std::optional<qint64> batch = std::nullopt) const;
+    /// Newest first, those before a number.
+    Outcome<QList<Batch>> batchesBefore(std::optional<qint64> number, int most = 200) const;
+    /// Of one batch, in order of rows.
+    Outcome<QList<Instance>> instancesOf(qint64 batch) const;
+    /// Newest batch first, each in the order of its rows; those behind one.
+    Outcome<QList<Instance>> instancesBehind(std::optional<InstanceId> id, int most = 200) const;
+    /// All, oldest first, a page in memory at a time; `take` may end it by answering false.
+    Outcome<void> eachBatch(const std::function<bool(const Batch&)>& take) const;
+    Outcome<void> eachInstance(const std::function<bool(const Instance&)>& take) const;
+    /// How many instances there are in each state.
+    Outcome<QMap<InstanceState, qint64>> counts(std::optional<qint64> batch = std::nullopt) const;
     /// The table that a batch was imported from; an error where the batch is older than such tables.
     Outcome<BatchTable> tableOf(qint64 batch) const;
-    /// Batches of an account created today (the exchanges' day, UTC+8) that were not taken back.
-    Outcome<QList<EarlierBatch>> createdToday(const QString& account) const;
+    Outcome<Status> status() const;
+    /// Moves when anything was changed, by whatever program: cheap to ask.
+    Outcome<qint64> changeCount() const;
 
-    /// Withdraws what has not started, stops what runs, and lists what is finished. Harmless when repeated.
-    /// The batch is withdrawn only where nothing of it ever ran.
+    // Halting, approving.
+
+    /// An empty account or "*": all. One that holds already keeps its first reason.
+    Outcome<void> halt(const QString& account, const QString& reason);
+    Outcome<void> resume(const QString& account, const QString& reason);
+    Outcome<Approval> approvalOf(qint64 batch) const;
+    /// `limits` are those in force now: others than those that the batch was judged by let it lapse.
+    Outcome<Batch> approve(qint64 batch, const Limits& limits);
+    Outcome<Batch> refuse(qint64 batch, const QString& reason);
+
+    // Instances. Where one cannot be changed, none is.
+
+    Outcome<QList<ChangedInstance>> start(const Selection& selection);
+    Outcome<QList<ChangedInstance>> stop(const Selection& selection);
+    Outcome<QList<ChangedInstance>> withdraw(const Selection& selection);
+    /// What is unknown, by a person who has asked the broker.
+    Outcome<ChangedInstance> settle(const InstanceId& instance, InstanceState state, const QString& reason);
+    /// Withdraws what has not been sent, stops what runs, and lists what is over. Harmless when repeated. The
+    /// batch is withdrawn only where nothing of it was ever sent.
     Outcome<UndoReport> undo(qint64 batch);
+    /// What the market did, where no gateway tells.
+    Outcome<void> changeState(const InstanceId& instance, InstanceState state);
 
-    /// created -> running -> finished or stopped; created -> withdrawn. Empty, or what forbids it.
-    QString changeState(const InstanceId& instance, InstanceState state);
+    // Keeping.
+
+    /// From an entry on, oldest first.
+    Outcome<QList<AuditEntry>> audit(qint64 from = 1, int most = 1000) const;
+    Outcome<AuditVerdict> verifyAudit() const;
+    /// Reads everything: whether the store itself is sound. An empty text, or what is wrong.
+    QString verify() const;
+    /// A consistent copy in a new file, while others write.
+    Outcome<void> backup(const QString& file) const;
+    Outcome<void> vacuum();
 
 private:
-    struct Store;
-    explicit Ledger(std::unique_ptr<Store> store);
+    friend class Outbox;
+    struct Core;
+    explicit Ledger(std::unique_ptr<Core> core);
 
-    std::unique_ptr<Store> mStore;
+    std::unique_ptr<Core> mCore;
 };
+
+/// Puts a backup in the place of a ledger that nobody has open; the old one is kept beside it.
+Outcome<void> restoreLedger(const QString& backup, const QString& path);
 
 } // namespace ledger

@@ -41,14 +41,6 @@ inline QString readOnlyFile(const QString& file)
     return QStringLiteral("台账文件“%1”或其目录只读，无法写入；请检查权限。").arg(file);
 }
 
-inline QString fileInUse(const QString& file, const QString& program, qint64 process)
-{
-    const QString owner = program.isEmpty()
-                              ? QString() // it has not written it down yet
-                              : QStringLiteral("（%1，进程 %2）").arg(program, QString::number(process));
-    return QStringLiteral("台账文件“%1”正被另一个程序使用%2；请先关闭它。").arg(file, owner);
-}
-
 inline QString busyFile(const QString& file)
 {
     return QStringLiteral("台账文件“%1”正忙，请稍后再试。").arg(file);
@@ -57,6 +49,70 @@ inline QString busyFile(const QString& file)
 inline QString unreadableFile(const QString& file)
 {
     return QStringLiteral("台账文件“%1”无法打开；请检查路径和权限。").arg(file);
+}
+
+inline QString failedDisk(const QString& file)
+{
+    return QStringLiteral("台账文件“%1”读写出错（磁盘故障或已断开）；请检查磁盘。").arg(file);
+}
+
+inline QString failedReading(const QString& file)
+{
+    return QStringLiteral("台账文件“%1”无法读取；请检查磁盘。").arg(file);
+}
+
+inline QString symlinkedFile(const QString& file)
+{
+    return QStringLiteral("台账文件“%1”是符号链接，未打开；请改用文件本身的路径。").arg(file);
+}
+
+inline QString versionlessFile(const QString& file)
+{
+    return QStringLiteral(
+               "台账文件“%1”没有有效的版本号，可能已损坏，未作任何改动；请保留该文件并从备份恢复。")
+        .arg(file);
+}
+
+/// After a commit that failed, where even that could not be found out.
+inline QString outcomeUnknown(const QString& ledger, const QString& reason)
+{
+    return QStringLiteral("台账“%1”未能确认本次操作是否已保存：%2 请勿重做，先核对台账。")
+        .arg(ledger, reason);
+}
+
+inline QString wrongAddress()
+{
+    return QStringLiteral("台账地址无效：应为文件路径，或 postgresql://[用户@]主机[:端口]/数据库。");
+}
+
+inline QString passwordInAddress()
+{
+    return QStringLiteral("台账地址中不能有密码；请用 PGPASSWORD 或密码文件。");
+}
+
+inline QString noServerSupport()
+{
+    return QStringLiteral("本程序不能使用服务器上的台账。");
+}
+
+inline QString backupExists(const QString& file)
+{
+    return QStringLiteral("“%1”已存在，未覆盖；请另选文件名。").arg(file);
+}
+
+inline QString backupFailed(const QString& file)
+{
+    return QStringLiteral("备份未能写入“%1”；请检查路径、权限和磁盘空间。").arg(file);
+}
+
+inline QString restoreFailed(const QString& file)
+{
+    return QStringLiteral("未能恢复到“%1”，原台账未改动；请检查路径、权限和磁盘空间。").arg(file);
+}
+
+inline QString ledgerInUse(const QString& file)
+{
+    return QStringLiteral("台账“%1”正被其他程序使用；请先关闭它们。").arg(file);
 }
 
 inline QString failedFile(const QString& file, const QString& reason)
@@ -76,9 +132,19 @@ inline QString draftWithoutId()
     return QStringLiteral("批次没有标识，不能创建。");
 }
 
+inline QString draftNotKept(const QString& folder)
+{
+    return QStringLiteral("批次标识未能写入“%1”，没有创建；请检查权限和磁盘空间。").arg(folder);
+}
+
 inline QString emptyDraft()
 {
     return QStringLiteral("批次中没有算法实例，不能创建。");
+}
+
+inline QString numberTooLong()
+{
+    return QStringLiteral("批次中有过长的数量或金额，不能创建。");
 }
 
 inline QString noSuchBatch(const QString& file, qint64 number)
@@ -99,6 +165,71 @@ inline QString noSuchInstance(const QString& instance)
 inline QString forbiddenChange(const QString& instance, const QString& before, const QString& after)
 {
     return QStringLiteral("算法实例 %1 %2，不能改为%3。").arg(instance, before, after);
+}
+
+// Halting and approving.
+
+inline QString haltOfAll(const QString& reason, const QString& by)
+{
+    return QStringLiteral("全部账号已暂停交易（%1）：%2").arg(by, reason);
+}
+
+inline QString haltOf(const QString& account, const QString& reason, const QString& by)
+{
+    return QStringLiteral("账号 %1 已暂停交易（%2）：%3").arg(account, by, reason);
+}
+
+inline QString noReason()
+{
+    return QStringLiteral("请说明原因。");
+}
+
+inline QString notHalted(const QString& account)
+{
+    return account == QLatin1String("*") ? QStringLiteral("没有对全部账号的暂停。")
+                                         : QStringLiteral("账号 %1 没有暂停。").arg(account);
+}
+
+inline QString notWaiting(qint64 batch, const QString& state)
+{
+    return QStringLiteral("批次 %1 %2，不在等待复核。").arg(QString::number(batch), state);
+}
+
+inline QString ownBatch(qint64 batch)
+{
+    return QStringLiteral("批次 %1 由您创建，须由另一人复核。").arg(batch);
+}
+
+inline QString lapsedByDay(qint64 batch)
+{
+    return QStringLiteral("批次 %1 的交易日已结束，复核申请已失效。").arg(batch);
+}
+
+inline QString lapsedByChange(qint64 batch)
+{
+    return QStringLiteral("批次 %1 或其限额在申请复核后有改动，申请已失效；请重新创建。").arg(batch);
+}
+
+inline QString notYetApproved(qint64 batch, const QString& state)
+{
+    return QStringLiteral("批次 %1 %2，不能启动。").arg(QString::number(batch), state);
+}
+
+// The gateway.
+
+inline QString accountsServed(const QString& holder)
+{
+    return QStringLiteral("这些账号已由另一个网关服务：%1。").arg(holder);
+}
+
+inline QString gatewayNeeded(qint64 count)
+{
+    return QStringLiteral("还有 %1 个实例待发送或未结束，不能撤销网关登记。").arg(count);
+}
+
+inline QString notUnknown(const QString& instance, const QString& state)
+{
+    return QStringLiteral("算法实例 %1 %2，不需要核对。").arg(instance, state);
 }
 
 // limits.csv.
@@ -129,27 +260,28 @@ inline QString negative(int count)
 
 inline QString batchRows(int count, const QString& limit)
 {
-    return QStringLiteral("批次有 %1 行，超过单批上限 %2 行").arg(count).arg(limit);
+    return QStringLiteral("批次有 %1 行，超过单批上限 %2 行").arg(QString::number(count), limit);
 }
 
 inline QString participation(int count, const QString& limit)
 {
-    return QStringLiteral("%1 行最大市场占比超过上限 %2%").arg(count).arg(limit);
+    return QStringLiteral("%1 行最大市场占比超过上限 %2%").arg(QString::number(count), limit);
 }
 
 inline QString rowQuantity(int count, const QString& limit)
 {
-    return QStringLiteral("%1 行委托数量超过单行上限 %2").arg(count).arg(limit);
+    return QStringLiteral("%1 行委托数量超过单行上限 %2").arg(QString::number(count), limit);
 }
 
 inline QString rowAmount(int count, const QString& limit)
 {
-    return QStringLiteral("%1 行金额超过单行上限 %2 元").arg(count).arg(limit);
+    return QStringLiteral("%1 行金额超过单行上限 %2 元").arg(QString::number(count), limit);
 }
 
 inline QString securityAmount(int count, const QString& limit, const QString& symbols)
 {
-    return QStringLiteral("%1 只证券单边金额超过单证券上限 %2 元：%3").arg(count).arg(limit, symbols);
+    return QStringLiteral("%1 只证券单边金额超过单证券上限 %2 元：%3")
+        .arg(QString::number(count), limit, symbols);
 }
 
 inline QString grossBuy(const QString& amount, const QString& limit)
@@ -164,7 +296,7 @@ inline QString grossSell(const QString& amount, const QString& limit)
 
 inline QString priceDistance(int count, const QString& limit)
 {
-    return QStringLiteral("%1 行限价偏离最新价超过 %2%").arg(count).arg(limit);
+    return QStringLiteral("%1 行限价偏离最新价超过 %2%").arg(QString::number(count), limit);
 }
 
 inline QString unpricedRefused(int count)
@@ -172,21 +304,55 @@ inline QString unpricedRefused(int count)
     return QStringLiteral("%1 行没有行情，无法核对金额上限").arg(count);
 }
 
+inline QString dayBuy(const QString& amount, const QString& limit)
+{
+    return QStringLiteral("账号当日买入 %1 元（含本批）超过当日上限 %2 元").arg(amount, limit);
+}
+
+inline QString daySell(const QString& amount, const QString& limit)
+{
+    return QStringLiteral("账号当日卖出 %1 元（含本批）超过当日上限 %2 元").arg(amount, limit);
+}
+
+inline QString dayInstances(const QString& count, const QString& limit)
+{
+    return QStringLiteral("账号当日 %1 个实例（含本批）超过当日上限 %2 个").arg(count, limit);
+}
+
+/// Found inside the transaction that creates: another desk was faster than the question.
+inline QString createdMeanwhile(const QString& by, const QString& batch, const QString& account)
+{
+    return QStringLiteral("%1 刚刚创建了相同的委托（批次 %2，账号 %3）").arg(by, batch, account);
+}
+
 // Warnings of the guard.
+
+inline QString sameFileElsewhere(int count, const QString& batches)
+{
+    return QStringLiteral("该文件今天在其他账号已创建过 %1 次（批次 %2）")
+        .arg(QString::number(count), batches);
+}
+
+inline QString sameFileLately(int count, const QString& batches)
+{
+    return QStringLiteral("该文件不久前已创建过 %1 次（批次 %2），请核对日期和本机时钟")
+        .arg(QString::number(count), batches);
+}
 
 inline QString sameFile(int count, const QString& batches)
 {
-    return QStringLiteral("该文件今天在此账号已创建过 %1 次（批次 %2）").arg(count).arg(batches);
+    return QStringLiteral("该文件今天在此账号已创建过 %1 次（批次 %2）").arg(QString::number(count), batches);
 }
 
 inline QString sameRows(int count, const QString& batches)
 {
-    return QStringLiteral("%1 行与今天在此账号已创建的委托相同（批次 %2）").arg(count).arg(batches);
+    return QStringLiteral("%1 行与今天在此账号已创建的委托相同（批次 %2）")
+        .arg(QString::number(count), batches);
 }
 
 inline QString bothSides(int count, const QString& symbols)
 {
-    return QStringLiteral("%1 只证券同时买入和卖出：%2").arg(count).arg(symbols);
+    return QStringLiteral("%1 只证券同时买入和卖出：%2").arg(QString::number(count), symbols);
 }
 
 inline QString moneyLikeQuantity(int count)

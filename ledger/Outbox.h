@@ -24,8 +24,10 @@ struct Execution {
     std::optional<InstanceState> state; ///< absent: says nothing of it
     std::optional<Decimal> filled;      ///< tag 14; never goes down, but by a correction
     std::optional<Decimal> average;     ///< tag 6
+    std::optional<Decimal> ordered;     ///< tag 38 as it was sent; absent: the leg's quantity
     int leg = 0;                        ///< 1, 2: of that leg (442=2); 0: of the order
     bool isCorrection = false;          ///< a bust or a correction (150=H, G)
+    bool isCancelReject = false;
     QString reason;
     QString text; ///< the message, for one that nobody knows
 };

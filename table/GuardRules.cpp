@@ -35,10 +35,6 @@ const QList<RuleEntry>& guardRules()
          QStringLiteral("The pair %1 has one leg alone")},
         {QuantityIsMoney, Error, QStringLiteral("委托数量 %1 合 %2 元，应是把金额填成了数量"),
          QStringLiteral("The quantity %1 is worth %2 CNY; an amount was typed in its place")},
-        {SameFileElsewhere, Warning, QStringLiteral("该文件今天已在其他账户创建：%1"),
-         QStringLiteral("The file was created today on another account: %1")},
-        {SameRowsElsewhere, Warning, QStringLiteral("同样的委托今天已在其他账户创建：%1"),
-         QStringLiteral("The same orders were created today on another account: %1")},
     };
     return rules;
 }

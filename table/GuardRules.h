@@ -29,8 +29,4 @@ inline const QString HalfPair = QStringLiteral("pair.half"); ///< the pair's num
 // ---- sizes
 inline const QString QuantityIsMoney = QStringLiteral("quantity.money"); ///< quantity, CNY
 
-// ---- other accounts
-inline const QString SameFileElsewhere = QStringLiteral("account.file"); ///< accounts and batches
-inline const QString SameRowsElsewhere = QStringLiteral("account.rows"); ///< likewise
-
 } // namespace table::rule

@@ -59,7 +59,7 @@ BatchDraft draftOf(int rows)
 void createBatch(benchmark::State& state)
 {
     const QTemporaryDir home;
-    const auto opened = Ledger::open(home.path());
+    const auto opened = Ledger::open(Address::ofFile(Ledger::pathIn(home.path())));
     BatchDraft draft = draftOf(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         draft.id = QUuid::createUuid();
@@ -74,10 +74,10 @@ BENCHMARK(createBatch)->Arg(1)->Arg(1000)->Unit(benchmark::kMillisecond)->UseRea
 void readInstances(benchmark::State& state)
 {
     const QTemporaryDir home;
-    const auto opened = Ledger::open(home.path());
+    const auto opened = Ledger::open(Address::ofFile(Ledger::pathIn(home.path())));
     opened.value->createBatch(draftOf(1000));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(opened.value->instances(1));
+        benchmark::DoNotOptimize(opened.value->instancesOf(1));
     }
 }
 BENCHMARK(readInstances)->Unit(benchmark::kMillisecond);
@@ -85,7 +85,7 @@ BENCHMARK(readInstances)->Unit(benchmark::kMillisecond);
 void undoBatch(benchmark::State& state)
 {
     const QTemporaryDir home;
-    const auto opened = Ledger::open(home.path());
+    const auto opened = Ledger::open(Address::ofFile(Ledger::pathIn(home.path())));
     BatchDraft draft = draftOf(1000);
     for (auto _ : state) {
         state.PauseTiming();
@@ -100,14 +100,15 @@ BENCHMARK(undoBatch)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1
 void guardBatch(benchmark::State& state)
 {
     const BatchDraft draft = draftOf(1000);
-    EarlierBatch earlier;
-    for (const InstanceDraft& instance : draft.instances) {
-        earlier.rowKeys.insert(rowKey(draft.strategy, instance));
+    Standing standing;
+    standing.duplicates.append(Duplicate());
+    for (int row = 1; row <= draft.instances.size(); ++row) {
+        standing.duplicates[0].rows.insert(row);
     }
     Limits limits;
     limits.rowAmount = limits.securityAmount = limits.grossBuy = 1000000000000;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(checkBatch(draft, limits, {}, {earlier}));
+        benchmark::DoNotOptimize(checkBatch(draft, limits, {}, standing));
     }
 }
 BENCHMARK(guardBatch)->Unit(benchmark::kMillisecond);

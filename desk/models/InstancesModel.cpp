@@ -47,7 +47,7 @@ template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf
 
 QString tintOf(ledger::InstanceState state)
 {
-    const bool isOver = state != ledger::InstanceState::Created && state != ledger::InstanceState::Running;
+    const bool isOver = ledger::isOver(state);
     return isOver ? QStringLiteral("muted") : QString();
 }
 

@@ -6,13 +6,16 @@
 #include <QJsonDocument>
 #include <QString>
 
+#include <functional>
+
 namespace runner {
 
 /// How a subcommand ended.
 struct Result {
     int status = 0;
-    QByteArray output; ///< for standard output
-    QString error;     ///< one line for standard error; empty: nothing
+    QByteArray output;                    ///< for standard output
+    QString error;                        ///< one line for standard error; empty: nothing
+    std::function<void()> told = nullptr; ///< called once the output was taken
 };
 
 /// Wrong usage, or something that the reference data does not know.

@@ -12,6 +12,8 @@
 
 #include <QFileInfo>
 
+#include <functional>
+
 namespace runner {
 
 namespace {
@@ -30,26 +32,65 @@ QString objection(const DialogDriver& driver, const CommandLine& line)
     return driver.shownBoxes().isEmpty() || line.yes ? QString() : ledger::texts::importComplained();
 }
 
+/// What came of a creation.
+struct Creation {
+    QJsonObject json;
+    Status status = Complained;
+    std::function<void()> told = nullptr;
+};
+
+Creation failed(const QString& error)
+{
+    return {noCreationToJson(error), Complained, nullptr};
+}
+
+/// What a creation is judged by.
+struct Ground {
+    const table::Table& table;
+    const verdict::Desk& desk;
+    const ReferenceData& data;
+};
+
 /// The judgement on the batch, and the batch where it and what was accepted let it pass.
-QJsonObject createBatch(DialogDriver& driver, const CommandLine& line, const table::Table& table,
-                        const verdict::Desk& desk, const ReferenceData& data)
+Creation judgeAndCreate(Ledger& ledger, const ledger::BatchDraft& draft, const batch::DialogContent& content,
+                        const CommandLine& line, const Ground& ground)
+{
+    Outcome<verdict::Judgement> judgement = verdict::judge(
+        ledger, draft, {content, ground.table}, ground.desk, ground.data, QDateTime::currentDateTimeUtc());
+    if (!judgement.ok()) {
+        return failed(judgement.error);
+    }
+    const verdict::Acceptance acceptance{line.accept.split(QLatin1Char(',')), line.amount};
+    const Outcome<ledger::Batch> created = verdict::createJudged(ledger, judgement.value, acceptance);
+    const bool waits = created.ok() && created.value.state == ledger::BatchState::Waiting;
+    const Status status = !created.ok() ? Complained : waits ? Waiting : Done;
+    return {creationToJson(judgement.value, created), status, nullptr};
+}
+
+/// A repeated command finds what the one before made, where that never told its outcome.
+Creation createBatch(DialogDriver& driver, const CommandLine& line, const Ground& ground)
 {
     const QString stopped = objection(driver, line);
     if (!stopped.isEmpty()) {
-        return noCreationToJson(stopped);
+        return failed(stopped);
     }
-    const auto opened = Ledger::open(homeFolder(line));
+    const auto opened = Ledger::open(ledger::Address::ofFile(Ledger::pathIn(homeFolder(line))));
     if (!opened.ok()) {
-        return noCreationToJson(opened.error);
+        return failed(opened.error);
     }
-    Outcome<verdict::Judgement> judgement =
-        verdict::judge(*opened.value, {driver.content(), table}, desk, data, QDateTime::currentDateTimeUtc());
-    if (!judgement.ok()) {
-        return noCreationToJson(judgement.error);
+    const batch::DialogContent content = driver.content();
+    ledger::BatchDraft draft = batch::makeDraft(content);
+    const ledger::DraftJournal journal(homeFolder(line));
+    const Outcome<ledger::Attempt> attempt = ledger::beginAttempt(*opened.value, journal, draft);
+    if (!attempt.ok()) {
+        return failed(attempt.error);
     }
-    const verdict::Acceptance acceptance{line.accept.split(QLatin1Char(',')), line.amount};
-    const Outcome<ledger::Batch> created = verdict::createJudged(*opened.value, judgement.value, acceptance);
-    return creationToJson(judgement.value, created);
+    Creation creation = attempt.value.made ? Creation{repeatedToJson(*attempt.value.made), Done, nullptr}
+                                           : judgeAndCreate(*opened.value, draft, content, line, ground);
+    if (creation.status != Complained) {
+        creation.told = [journal, entry = attempt.value.entry] { journal.end(entry); };
+    }
+    return creation;
 }
 
 /// Why the refused rows cannot go to that file; empty where they can.
@@ -123,17 +164,20 @@ Result importFile(const CommandLine& line)
         json[QStringLiteral("faults")] = toJson(driver.faults());
     }
     bool complained = !driver.shownBoxes().isEmpty();
+    Creation creation{{}, Done, nullptr};
     if (line.create) {
-        const QJsonObject creation = createBatch(driver, line, file.table, desk.value, host->referenceData());
-        json[QStringLiteral("creation")] = creation;
-        complained = complained || !creation[QStringLiteral("batch")].isObject();
+        creation = createBatch(driver, line, {file.table, desk.value, host->referenceData()});
+        json[QStringLiteral("creation")] = creation.json;
+        complained = complained || creation.status == Complained;
     }
     if (!line.rejects.isEmpty()) {
         const QJsonObject rejects = writeRejects(file.table, driver.fileFaults(), line.rejects);
         json[QStringLiteral("rejects")] = rejects;
         complained = complained || !rejects[QStringLiteral("error")].toString().isEmpty();
     }
-    return print(complained ? Complained : Done, QJsonDocument(json));
+    Result result = print(complained ? Complained : creation.status, QJsonDocument(json));
+    result.told = creation.told;
+    return result;
 }
 
 } // namespace runner

@@ -32,7 +32,7 @@ Outcome<LedgerPointer> openLedger(const CommandLine& line, ledger::Ledger::Acces
 {
     ledger::Ledger::Options options;
     options.access = access;
-    return ledger::Ledger::open(homeFolder(line), options);
+    return ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(homeFolder(line))), options);
 }
 
 std::optional<qint64> batchNumber(const QString& text)
@@ -52,7 +52,15 @@ Result refuseNumber(const QString& text)
 Result listBatches(const CommandLine& line)
 {
     const auto opened = openLedger(line, ledger::Ledger::Access::Read);
-    return opened.ok() ? printed(opened.value->batches()) : complain(opened.error);
+    if (!opened.ok()) {
+        return complain(opened.error);
+    }
+    QJsonArray batches;
+    const Outcome<void> read = opened.value->eachBatch([&](const ledger::Batch& batch) {
+        batches.append(toJson(batch));
+        return true;
+    });
+    return read.ok() ? print(Done, QJsonDocument(batches)) : complain(read.error);
 }
 
 Result listInstances(const CommandLine& line)
@@ -65,8 +73,16 @@ Result listInstances(const CommandLine& line)
     if (!opened.ok()) {
         return complain(opened.error);
     }
-    const QString missing = number ? opened.value->batch(*number).error : QString();
-    return missing.isEmpty() ? printed(opened.value->instances(number)) : complain(missing);
+    if (number) {
+        const QString missing = opened.value->batch(*number).error;
+        return missing.isEmpty() ? printed(opened.value->instancesOf(*number)) : complain(missing);
+    }
+    QJsonArray instances;
+    const Outcome<void> read = opened.value->eachInstance([&](const ledger::Instance& instance) {
+        instances.append(toJson(instance));
+        return true;
+    });
+    return read.ok() ? print(Done, QJsonDocument(instances)) : complain(read.error);
 }
 
 Result undoBatch(const CommandLine& line)

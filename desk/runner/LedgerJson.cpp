@@ -34,6 +34,20 @@ QJsonObject legToJson(const Leg& leg)
             {key("amount"), leg.amount.toDouble()}};
 }
 
+void addFill(QJsonObject& json, const Decimal& filled, const Decimal& average)
+{
+    json[key("filledQuantity")] = filled.text();
+    json[key("averagePrice")] = average.text();
+}
+
+/// Of a pair, whose legs are filled each by itself.
+QJsonObject filledLegToJson(const Leg& leg)
+{
+    QJsonObject json = legToJson(leg);
+    addFill(json, leg.filledQuantity, leg.averagePrice);
+    return json;
+}
+
 QJsonObject findingToJson(const Finding& finding)
 {
     return {{key("rule"), finding.rule},
@@ -42,7 +56,7 @@ QJsonObject findingToJson(const Finding& finding)
             {key("rows"), arrayOf(finding.rows, [](int row) { return row; })}};
 }
 
-QJsonObject undoneToJson(const UndoneInstance& undone)
+QJsonObject undoneToJson(const ChangedInstance& undone)
 {
     return {{key("id"), undone.id.text()},
             {key("row"), undone.id.row},
@@ -92,15 +106,22 @@ QJsonObject toJson(const Batch& batch)
 
 QJsonObject toJson(const Instance& instance)
 {
-    return {{key("id"), instance.id.text()},
-            {key("batch"), instance.id.batch},
-            {key("row"), instance.id.row},
-            {key("account"), instance.account},
-            {key("strategy"), instance.strategy},
-            {key("state"), nameOf(instance.state)},
-            {key("changedAt"), utc(instance.changedAt)},
-            {key("legs"), arrayOf(instance.legs, legToJson)},
-            {key("parameters"), QJsonObject::fromVariantMap(instance.parameters)}};
+    const bool isPair = instance.legs.size() > 1;
+    QJsonObject json{{key("id"), instance.id.text()},
+                     {key("batch"), instance.id.batch},
+                     {key("row"), instance.id.row},
+                     {key("account"), instance.account},
+                     {key("strategy"), instance.strategy},
+                     {key("state"), nameOf(instance.state)},
+                     {key("changedAt"), utc(instance.changedAt)},
+                     {key("clOrdId"), instance.clOrdId},
+                     {key("reason"), instance.reason},
+                     {key("legs"), arrayOf(instance.legs, isPair ? filledLegToJson : legToJson)},
+                     {key("parameters"), QJsonObject::fromVariantMap(instance.parameters)}};
+    if (!isPair) {
+        addFill(json, instance.filledQuantity, instance.averagePrice);
+    }
+    return json;
 }
 
 QJsonObject toJson(const Verdict& verdict)
@@ -148,6 +169,14 @@ QJsonObject creationToJson(const Verdict& verdict, const Outcome<Batch>& created
     return {{key("guard"), toJson(verdict)},
             {key("batch"), created.ok() ? QJsonValue(toJson(created.value)) : QJsonValue(QJsonValue::Null)},
             {key("error"), created.error}};
+}
+
+QJsonObject repeatedToJson(const Batch& batch)
+{
+    return {{key("guard"), QJsonValue::Null},
+            {key("batch"), toJson(batch)},
+            {key("error"), QString()},
+            {key("repeated"), true}};
 }
 
 QJsonObject noCreationToJson(const QString& error)

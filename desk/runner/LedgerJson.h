@@ -19,6 +19,8 @@ QJsonArray toJson(const QList<ledger::Batch>& batches);
 QJsonArray toJson(const QList<ledger::Instance>& instances);
 /// The verdict and the batch that came of it, or the error.
 QJsonObject creationToJson(const ledger::Verdict& verdict, const Outcome<ledger::Batch>& created);
+/// A batch that an earlier attempt at the same draft made.
+QJsonObject repeatedToJson(const ledger::Batch& batch);
 /// The same where it did not come to a verdict.
 QJsonObject noCreationToJson(const QString& error);
 

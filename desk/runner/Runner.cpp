@@ -71,17 +71,17 @@ Result dispatch(const QStringList& arguments)
     if (!line) {
         return refuse(error);
     }
-    return line->help ? Result{Done, usage().toUtf8(), QString()} : found->run(*line);
+    return line->help ? Result{Done, usage().toUtf8(), QString(), nullptr} : found->run(*line);
 }
 
 Result answer(const QStringList& arguments)
 {
     const QString& first = arguments.first();
     if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
-        return {Done, usage().toUtf8(), QString()};
+        return {Done, usage().toUtf8(), QString(), nullptr};
     }
     if (first == QLatin1String("--version")) {
-        return {Done, "algodesk " ALGODESK_VERSION "\n", QString()};
+        return {Done, "algodesk " ALGODESK_VERSION "\n", QString(), nullptr};
     }
     return dispatch(arguments);
 }
@@ -90,12 +90,12 @@ Result answer(const QStringList& arguments)
 
 Result refuse(const QString& error)
 {
-    return {Refused, QByteArray(), error};
+    return {Refused, QByteArray(), error, nullptr};
 }
 
 Result print(int status, const QJsonDocument& json)
 {
-    return {status, json.toJson(), QString()};
+    return {status, json.toJson(), QString(), nullptr};
 }
 
 bool isAsked(const QStringList& arguments)
@@ -110,6 +110,8 @@ int run(const QStringList& arguments, QIODevice& out, QIODevice& err)
     if (!write(out, result.output)) {
         result.status = Unprinted;
         result.error = QStringLiteral("cannot write to standard output: ") + out.errorString();
+    } else if (result.told) {
+        result.told();
     }
     if (!result.error.isEmpty()) {
         write(err, result.error.replace(QLatin1Char('\n'), QLatin1Char(' ')).toUtf8() + '\n');

@@ -15,6 +15,7 @@ enum Status {
         2, ///< wrong usage, unknown strategy or account, bad reference data: nothing is printed on `out`
     // 3 and 4: `check`
     Unprinted = 5, ///< it was done, but `out` took no more
+    Waiting = 6,   ///< the batch waits for a second person
 };
 
 /// `arguments` without the program's name; the first one is the subcommand. Needs a QApplication, on any

@@ -2,7 +2,6 @@
 
 #include "desk/batch/HostPrices.h"
 #include "desk/check/FileReport.h"
-#include "desk/verdict/Elsewhere.h"
 #include "desk/verdict/OrderRules.h"
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "import/TableReading.h"
@@ -43,12 +42,12 @@ public:
         mReport = fileReport(mTable, mContent.strategy, mContent.columns, data);
     }
 
-    Judgement judgement(const ledger::Review& review, const Elsewhere& elsewhere, const QDateTime& now) const
+    Judgement judgement(const ledger::Review& review, const QDateTime& now) const
     {
         Judgement made;
         made.review = review;
-        made.summary = summary(review.draft, elsewhere);
-        table::Faults faults = missingRows() + orderFaults(review.draft, now) + elsewhere.faults;
+        made.summary = summary(review);
+        table::Faults faults = missingRows() + orderFaults(review, now);
         for (table::Fault& fault : faults) {
             place(fault);
         }
@@ -105,10 +104,10 @@ private:
         return lines;
     }
 
-    table::Faults orderFaults(const ledger::BatchDraft& draft, const QDateTime& now) const
+    table::Faults orderFaults(const ledger::Review& review, const QDateTime& now) const
     {
-        const ledger::Limits limits = ledger::limitsFor(mDesk.limits, draft.account, draft.strategy);
-        Orders orders{draft, limits, mDesk.calendar, now, mSchema.traits.has(strategy::Futures), {}, {}};
+        Orders orders{
+            review.draft, review.limits, mDesk.calendar, now, mSchema.traits.has(strategy::Futures), {}, {}};
         orders.isBondRepo = [this](const QString& symbol) {
             const Security* security = mData.security(symbol);
             return security != nullptr && security->bondRepo;
@@ -163,26 +162,18 @@ private:
         }
     }
 
-    Summary summary(const ledger::BatchDraft& draft, const Elsewhere& elsewhere) const
+    Summary summary(const ledger::Review& review) const
     {
-        Summary made = summaryOf(draft);
-        const tagUserAccountInfo* account = mData.account(draft.account);
+        Summary made = summaryOf(review.draft);
+        const tagUserAccountInfo* account = mData.account(review.draft.account);
         made.accountName = account == nullptr ? QString() : account->name;
         made.strategyName = mSchema.alias;
         made.refused = refusedRows();
         for (const table_lint::Finding& finding : mReport.findings) {
             made.skipped += finding.fault.rule == rule::OrderWithoutCode ? 1 : 0;
         }
-        made.optedOut = ledger::optedOut(mDesk.limits, draft.account, draft.strategy);
-        made.day.buy += elsewhere.day.buy;
-        made.day.sell += elsewhere.day.sell;
-        made.dayInstances += elsewhere.instances;
-        for (const table::Fault& fault : elsewhere.faults) {
-            const QString text = table::sentence(fault);
-            if (!made.elsewhere.contains(text)) {
-                made.elsewhere.append(text);
-            }
-        }
+        made.optedOut = ledger::optedOut(mDesk.limits, review.draft.account, review.draft.strategy);
+        addStanding(made, review.standing);
         return made;
     }
 
@@ -199,20 +190,16 @@ private:
 
 } // namespace
 
-Outcome<Judgement> judge(const ledger::Ledger& ledger, const Confirmed& confirmed, const Desk& desk,
-                         const ReferenceData& data, const QDateTime& now)
+Outcome<Judgement> judge(const ledger::Ledger& ledger, const ledger::BatchDraft& draft,
+                         const Confirmed& confirmed, const Desk& desk, const ReferenceData& data,
+                         const QDateTime& now)
 {
-    const ledger::BatchDraft draft = batch::makeDraft(confirmed.content);
     const Outcome<ledger::Review> review =
         ledger::reviewBatch(ledger, draft, desk.limits, batch::hostPrices(draft));
     if (!review.ok()) {
         return {{}, review.error};
     }
-    const Outcome<Elsewhere> elsewhere = lookElsewhere(ledger, draft, now);
-    if (!elsewhere.ok()) {
-        return {{}, elsewhere.error};
-    }
-    return {Case(confirmed, desk, data).judgement(review.value, elsewhere.value, now), {}};
+    return {Case(confirmed, desk, data).judgement(review.value, now), {}};
 }
 
 } // namespace verdict

@@ -20,10 +20,12 @@ struct Confirmed {
 /// The one way to a judgement, of the window and of the runner: what the import, the file check and the guard
 /// know against the batch, as one list. The host's quotes are those of the import. `now` as the clock says.
 ///
-///     Outcome<Judgement> judgement = judge(*ledger, {content, file.table}, desk, host.referenceData(), now);
+///     Outcome<Judgement> judgement = judge(*ledger, makeDraft(content), {content, file.table}, desk,
+///     host.referenceData(), now);
 ///     // show judgement.value.summary and .lines, ask rule by rule
 ///     createJudged(*ledger, judgement.value, acceptance);
-Outcome<Judgement> judge(const ledger::Ledger& ledger, const Confirmed& confirmed, const Desk& desk,
-                         const ReferenceData& data, const QDateTime& now);
+Outcome<Judgement> judge(const ledger::Ledger& ledger, const ledger::BatchDraft& draft,
+                         const Confirmed& confirmed, const Desk& desk, const ReferenceData& data,
+                         const QDateTime& now);
 
 } // namespace verdict

@@ -63,6 +63,23 @@ Summary summaryOf(const ledger::BatchDraft& draft)
     return summary;
 }
 
+void addStanding(Summary& summary, const ledger::Standing& standing)
+{
+    summary.day.buy += standing.day.buy;
+    summary.day.sell += standing.day.sell;
+    summary.dayInstances += standing.day.instances;
+    for (const ledger::Duplicate& duplicate : standing.duplicates) {
+        if (duplicate.account != summary.account) {
+            const QString what = duplicate.isSameFile
+                                     ? QStringLiteral("同一文件")
+                                     : QStringLiteral("%1 行同样的委托").arg(duplicate.rows.size());
+            summary.elsewhere.append(QStringLiteral("%1今天已在账户 %2 创建（批次 %3）")
+                                         .arg(what, duplicate.account)
+                                         .arg(duplicate.batch));
+        }
+    }
+}
+
 QStringList linesOf(const Summary& summary)
 {
     QStringList lines = {QStringLiteral("账户：%1").arg(named(summary.account, summary.accountName)),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/draft/BatchDraft.h"
+#include "ledger/guard/Standing.h"
 
 #include <QList>
 #include <QMap>
@@ -33,13 +34,15 @@ struct Summary {
     QMap<QString, Side> markets; ///< by exchange
     QList<Row> largest;          ///< at most five, the largest first
     Side day;                    ///< of the account, with this batch
-    int dayInstances = 0;        ///< likewise
+    qint64 dayInstances = 0;        ///< likewise
     QStringList elsewhere;       ///< the same file or orders on other accounts today, a line each
     QStringList optedOut;        ///< scopes of limits.csv that take this batch out of the general ceilings
 };
 
 /// The part that the draft tells.
 Summary summaryOf(const ledger::BatchDraft& draft);
+/// What the ledger adds: the account's day, and the same on other accounts.
+void addStanding(Summary& summary, const ledger::Standing& standing);
 
 /// For people, a fact a line.
 QStringList linesOf(const Summary& summary);

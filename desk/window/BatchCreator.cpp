@@ -10,8 +10,10 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
         tell(mBooks.ledgerError);
         return std::nullopt;
     }
-    Outcome<verdict::Judgement> judgement = verdict::judge(
-        *mBooks.ledger, {batch.content, batch.table}, mBooks.desk, mData, QDateTime::currentDateTimeUtc());
+    const ledger::BatchDraft draft = batch::makeDraft(batch.content);
+    Outcome<verdict::Judgement> judgement =
+        verdict::judge(*mBooks.ledger, draft, {batch.content, batch.table}, mBooks.desk, mData,
+                       QDateTime::currentDateTimeUtc());
     if (!judgement.ok()) {
         tell(judgement.error);
         return std::nullopt;

@@ -8,14 +8,12 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
 
-QString undoneLines(const QList<ledger::UndoneInstance>& instances)
+QString undoneLines(const QList<ledger::ChangedInstance>& instances)
 {
     QString text;
-    for (const ledger::UndoneInstance& instance : instances) {
+    for (const ledger::ChangedInstance& instance : instances) {
         text += QStringLiteral("  %1  %2\n")
                     .arg(instance.id.text(), instance.symbols.join(QStringLiteral(" / ")));
     }
@@ -54,7 +52,7 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
     connect(mTable, &FilteredTable::selectionChanged, this, &BatchesPage::enableButtons);
     connect(mTable, &FilteredTable::said, this, &BatchesPage::said);
     connect(mModel, &ListModel::failed, this, &BatchesPage::said);
-    mModel->setPages(pagesOf<ledger::Batch>([this] { return batches(); }));
+    mModel->setPages([this](const ledger::Batch* last, int count) { return batches(last, count); });
     tellState();
 }
 
@@ -79,14 +77,12 @@ void BatchesPage::tellState()
     }
 }
 
-Outcome<QList<ledger::Batch>> BatchesPage::batches() const
+Outcome<QList<ledger::Batch>> BatchesPage::batches(const ledger::Batch* last, int count) const
 {
     if (!mBooks.ledger) {
         return {{}, mBooks.ledgerError};
     }
-    Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
-    std::reverse(batches.value.begin(), batches.value.end());
-    return batches;
+    return mBooks.ledger->batchesBefore(last ? std::make_optional(last->number) : std::nullopt, count);
 }
 
 std::optional<qint64> BatchesPage::selectedBatch() const

@@ -37,7 +37,8 @@ signals:
     void comparisonWanted(qint64 batch);
 
 private:
-    Outcome<QList<ledger::Batch>> batches() const;
+    /// Newest first, those behind `last`.
+    Outcome<QList<ledger::Batch>> batches(const ledger::Batch* last, int count) const;
     void tellState();
     std::optional<qint64> selectedBatch() const;
     void enableButtons();

@@ -7,7 +7,7 @@ std::optional<DeskBooks> openDeskBooks(const QString& home, const QString& dataF
     if (!desk.ok()) {
         return std::nullopt;
     }
-    const Outcome<std::shared_ptr<ledger::Ledger>> opened = ledger::Ledger::open(home);
+    const auto opened = ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home)));
     DeskBooks books;
     books.ledger = opened.value;
     books.ledgerError = opened.error;

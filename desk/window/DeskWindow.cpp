@@ -226,9 +226,9 @@ void DeskWindow::compareWithEarlier()
         return;
     }
     const batch::DialogContent now = mImport->content();
-    const Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batches();
+    const Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batchesBefore(std::nullopt, 1000);
     sayToo(batches.error);
-    for (auto batch = batches.value.crbegin(); batch != batches.value.crend(); ++batch) {
+    for (auto batch = batches.value.cbegin(); batch != batches.value.cend(); ++batch) {
         if (batch->strategy == now.strategy && batch->account == now.account &&
             batch->fileName == mImport->fileName() && batch->state != ledger::BatchState::Withdrawn) {
             compareWith(batch->number);

@@ -7,20 +7,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
-namespace {
-
-/// Newest batch first, each in the order of its rows.
-void sortNewestFirst(QList<ledger::Instance>& instances)
-{
-    std::stable_sort(
-        instances.begin(), instances.end(),
-        [](const ledger::Instance& a, const ledger::Instance& b) { return a.id.batch > b.id.batch; });
-}
-
-} // namespace
-
 InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts,
                              QWidget* parent)
     : QWidget(parent), mHost(host), mBooks(books),
@@ -40,7 +26,7 @@ InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPro
 void InstancesPage::showBatch(std::optional<qint64> batch)
 {
     mAllBatches->setVisible(batch.has_value());
-    mModel->setPages(pagesOf<ledger::Instance>([this, batch] { return instancesOf(batch); }));
+    mModel->setPages(pagesOfBatch(batch));
     tellState();
 }
 
@@ -64,14 +50,19 @@ void InstancesPage::tellState()
     }
 }
 
-Outcome<QList<ledger::Instance>> InstancesPage::instancesOf(std::optional<qint64> batch) const
+Pages<ledger::Instance> InstancesPage::pagesOfBatch(std::optional<qint64> batch) const
 {
     if (!mBooks.ledger) {
-        return {{}, mBooks.ledgerError};
+        return pagesOf<ledger::Instance>([this] {
+            return Outcome<QList<ledger::Instance>>{{}, mBooks.ledgerError};
+        });
     }
-    Outcome<QList<ledger::Instance>> instances = mBooks.ledger->instances(batch);
-    sortNewestFirst(instances.value);
-    return instances;
+    if (batch) {
+        return pagesOf<ledger::Instance>([this, batch] { return mBooks.ledger->instancesOf(*batch); });
+    }
+    return [this](const ledger::Instance* last, int count) {
+        return mBooks.ledger->instancesBehind(last ? std::make_optional(last->id) : std::nullopt, count);
+    };
 }
 
 QString InstancesPage::nameOf(const QString& symbol) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/models/PagedModel.h"
 #include "desk/window/DeskBooks.h"
 
 #include <QWidget>
@@ -33,7 +34,8 @@ signals:
     void said(const QString& text);
 
 private:
-    Outcome<QList<ledger::Instance>> instancesOf(std::optional<qint64> batch) const;
+    /// Nothing: of all batches.
+    Pages<ledger::Instance> pagesOfBatch(std::optional<qint64> batch) const;
     QString nameOf(const QString& symbol) const;
     void tellState();
 

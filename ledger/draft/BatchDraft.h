@@ -24,6 +24,8 @@ struct Leg {
     bool isNegative = false;   ///< quantity, limit price or amount has a minus sign
     Decimal typedAmount;       ///< money, where the row names an amount instead of a quantity; else 0
     Decimal amount;            ///< money in CNY, filled by valueLegs(); 0: no price was to be had
+    Decimal filledQuantity;    ///< of a pair, in the ledger
+    Decimal averagePrice;
 
     /// A direction of neither side counts on both: no ceiling is passed by a text that nobody knows.
     bool buys() const;

@@ -61,6 +61,11 @@ bool isUnpriced(const Leg& leg)
     return leg.quantity > 0 && !(leg.amount > 0);
 }
 
+QString figure(const Decimal& value)
+{
+    return value.shown(value.isWhole() ? 0 : 2);
+}
+
 QString someOf(const QStringList& names)
 {
     const QString listed = names.mid(0, MostNames).join(QStringLiteral("、"));
@@ -70,7 +75,7 @@ QString someOf(const QStringList& names)
 } // namespace guard
 
 Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& prices,
-                   const QList<EarlierBatch>& earlier)
+                   const Standing& standing)
 {
     Verdict verdict;
     const guard::AmountsBySecurity amounts = amountsBySecurity(draft);
@@ -78,7 +83,8 @@ Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& 
     verdict.grossBuy = gross.buy;
     verdict.grossSell = gross.sell;
     guard::refuse(draft, limits, prices, amounts, verdict);
-    guard::warn(draft, limits, earlier, verdict);
+    verdict.refusals += refusalsOfDay(draft, limits, standing);
+    guard::warn(draft, limits, standing, verdict);
 
     const Decimal sum = gross.buy + gross.sell;
     if (limits.confirmAmount && sum > 0 && sum >= *limits.confirmAmount) {

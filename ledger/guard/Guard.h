@@ -3,20 +3,13 @@
 #include "ledger/draft/BatchDraft.h"
 #include "ledger/draft/Prices.h"
 #include "ledger/guard/Limits.h"
+#include "ledger/guard/Standing.h"
 
 #include <QList>
-#include <QSet>
 #include <QString>
 
 /// The last look at a batch before its instances exist.
 namespace ledger {
-
-/// A batch created earlier today on the same account, of which something still stands.
-struct EarlierBatch {
-    qint64 number = 0;
-    QString fileSha256;
-    QSet<QString> rowKeys; ///< of each row that was not taken back before anything could have traded
-};
 
 /// One line of a verdict.
 struct Finding {
@@ -36,10 +29,14 @@ struct Verdict {
     bool refuses() const { return !refusals.isEmpty(); }
 };
 
-/// A pure function of its arguments. `draft` has its amounts (valueLegs()); `earlier` is
-/// Ledger::createdToday() of the draft's account.
+/// A pure function of its arguments. `draft` has its amounts (valueLegs()); `standing` is
+/// Ledger::standingOf() the draft.
 Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& prices,
-                   const QList<EarlierBatch>& earlier);
+                   const Standing& standing);
+
+/// The part of it that the ledger decides once more inside the transaction that creates: halts and ceilings
+/// of the day.
+QList<Finding> refusalsOfDay(const BatchDraft& draft, const Limits& limits, const Standing& standing);
 
 /// Whether that is the amount the verdict asks for: group separators, blanks and a fraction are let pass.
 bool isConfirmedBy(const Verdict& verdict, const QString& typed);

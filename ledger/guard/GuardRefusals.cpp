@@ -5,11 +5,6 @@ namespace ledger::guard {
 
 namespace {
 
-QString figure(const Decimal& value)
-{
-    return value.shown(value.isWhole() ? 0 : 2);
-}
-
 Decimal amountOf(const InstanceDraft& instance)
 {
     Decimal sum;

@@ -18,8 +18,7 @@ using AmountsBySecurity = QMap<QString, SecurityAmounts>;
 void refuse(const BatchDraft& draft, const Limits& limits, const Prices& prices,
             const AmountsBySecurity& amounts, Verdict& verdict);
 /// What may be meant that way; worst first.
-void warn(const BatchDraft& draft, const Limits& limits, const QList<EarlierBatch>& earlier,
-          Verdict& verdict);
+void warn(const BatchDraft& draft, const Limits& limits, const Standing& standing, Verdict& verdict);
 
 /// Whether a value is above a ceiling. What is no number is above every one.
 bool exceeds(const Decimal& value, const std::optional<Decimal>& ceiling);
@@ -34,6 +33,9 @@ QList<int> rowsWithLeg(const BatchDraft& draft, const std::function<bool(const L
 
 /// A leg whose quantity has no value in money, since no price is known.
 bool isUnpriced(const Leg& leg);
+
+/// A number as a sentence shows it.
+QString figure(const Decimal& value);
 
 /// Some names of securities or batches, as one line lists them.
 QString someOf(const QStringList& names);

@@ -1,5 +1,6 @@
 #include "ledger/guard/GuardRules.h"
 #include "ledger/LedgerTexts.h"
+#include "ledger/values/ExchangeTime.h"
 
 #include <QSet>
 
@@ -13,40 +14,66 @@ constexpr int MoneyLikeAmount = 100000000;
 constexpr int RoundQuantityAmount = 10000000;
 constexpr int RoundQuantityStep = 10000;
 
-void warnOfSameFile(const BatchDraft& draft, const QList<EarlierBatch>& earlier, Verdict& verdict)
+QString named(const Duplicate& duplicate)
 {
-    QStringList batches;
-    for (const EarlierBatch& batch : earlier) {
-        if (!draft.fileSha256.isEmpty() && batch.fileSha256 == draft.fileSha256) {
-            batches.append(QString::number(batch.number));
+    return QString::number(duplicate.batch);
+}
+
+QString namedWithAccount(const Duplicate& duplicate)
+{
+    return QStringLiteral("%1，账号 %2").arg(QString::number(duplicate.batch), duplicate.account);
+}
+
+QString namedWithTime(const Duplicate& duplicate)
+{
+    return QStringLiteral("%1，%2").arg(
+        QString::number(duplicate.batch),
+        exchangeTime(duplicate.createdAt).toString(QStringLiteral("MM-dd HH:mm")));
+}
+
+/// The names of those that a test holds for, oldest first.
+template <typename Test, typename Name>
+QStringList namesOf(const QList<Duplicate>& duplicates, Test holds, Name nameOf)
+{
+    QStringList names;
+    for (const Duplicate& duplicate : duplicates) {
+        if (holds(duplicate)) {
+            names.prepend(nameOf(duplicate));
         }
     }
-    report(verdict.warnings, "sameFile", batches.size(), texts::sameFile(batches.size(), someOf(batches)));
+    return names;
+}
+
+void warnOfSameFile(const BatchDraft& draft, const Standing& standing, Verdict& verdict)
+{
+    const auto isHere = [&](const Duplicate& other) {
+        return other.isSameFile && other.account == draft.account;
+    };
+    const auto isElsewhere = [&](const Duplicate& other) {
+        return other.isSameFile && other.account != draft.account;
+    };
+    const QStringList here = namesOf(standing.duplicates, isHere, named);
+    report(verdict.warnings, "sameFile", here.size(), texts::sameFile(here.size(), someOf(here)));
+    const QStringList elsewhere = namesOf(standing.duplicates, isElsewhere, namedWithAccount);
+    report(verdict.warnings, "sameFileElsewhere", elsewhere.size(),
+           texts::sameFileElsewhere(elsewhere.size(), someOf(elsewhere)));
+    const QStringList lately = namesOf(
+        standing.lately, [](const Duplicate&) { return true; }, namedWithTime);
+    report(verdict.warnings, "sameFileLately", lately.size(),
+           texts::sameFileLately(lately.size(), someOf(lately)));
 }
 
 /// Rows that another file of today held; those of the very same file are warned of as a whole.
-void warnOfSameRows(const BatchDraft& draft, const QList<EarlierBatch>& earlier, Verdict& verdict)
+void warnOfSameRows(const Standing& standing, Verdict& verdict)
 {
-    QStringList keys;
-    for (const InstanceDraft& instance : draft.instances) {
-        keys.append(rowKey(draft.strategy, instance));
-    }
+    const auto isOther = [](const Duplicate& other) { return !other.isSameFile && !other.rows.isEmpty(); };
     QMap<int, bool> rows;
-    QStringList batches;
-    for (const EarlierBatch& batch : earlier) {
-        if (!draft.fileSha256.isEmpty() && batch.fileSha256 == draft.fileSha256) {
-            continue;
-        }
-        bool isConcerned = false;
-        for (int i = 0; i < keys.size(); ++i) {
-            if (batch.rowKeys.contains(keys.at(i))) {
-                rows[i + 1] = isConcerned = true;
-            }
-        }
-        if (isConcerned) {
-            batches.append(QString::number(batch.number));
+    for (const Duplicate& duplicate : standing.duplicates) {
+        for (const int row : isOther(duplicate) ? duplicate.rows : QSet<int>()) {
+            rows[row] = true;
         }
     }
+    const QStringList batches = namesOf(standing.duplicates, isOther, named);
     report(verdict.warnings, "sameRows", rows.size(), texts::sameRows(rows.size(), someOf(batches)),
            rows.keys());
 }
@@ -110,10 +137,10 @@ void warnOfPrices(const BatchDraft& draft, const Limits& limits, Verdict& verdic
 
 } // namespace
 
-void warn(const BatchDraft& draft, const Limits& limits, const QList<EarlierBatch>& earlier, Verdict& verdict)
+void warn(const BatchDraft& draft, const Limits& limits, const Standing& standing, Verdict& verdict)
 {
-    warnOfSameFile(draft, earlier, verdict);
-    warnOfSameRows(draft, earlier, verdict);
+    warnOfSameFile(draft, standing, verdict);
+    warnOfSameRows(standing, verdict);
     warnOfBothSides(draft, verdict);
     warnOfMoney(draft, limits, verdict);
     warnOfLostLimits(draft, verdict);

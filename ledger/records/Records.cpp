@@ -2,47 +2,19 @@
 
 namespace ledger {
 
-namespace {
-
-struct StateName {
-    const char* name;
-    const char16_t* shown;
-};
-
-// In the order of the enumerators.
-constexpr StateName BatchStates[] = {
-    {"created", u"已创建"}, {"withdrawn", u"已撤销"}, {"partly_reversed", u"部分撤销"}};
-constexpr StateName InstanceStates[] = {{"created", u"未启动"},
-                                        {"running", u"运行中"},
-                                        {"stopped", u"已停止"},
-                                        {"finished", u"已完成"},
-                                        {"withdrawn", u"已撤销"}};
-
-} // namespace
-
-QString nameOf(BatchState state)
-{
-    return QString::fromLatin1(BatchStates[static_cast<int>(state)].name);
-}
-
-QString nameOf(InstanceState state)
-{
-    return QString::fromLatin1(InstanceStates[static_cast<int>(state)].name);
-}
-
-QString shownName(BatchState state)
-{
-    return QString::fromUtf16(BatchStates[static_cast<int>(state)].shown);
-}
-
-QString shownName(InstanceState state)
-{
-    return QString::fromUtf16(InstanceStates[static_cast<int>(state)].shown);
-}
-
 QString InstanceId::text() const
 {
     return QStringLiteral("%1-%2").arg(batch).arg(row);
+}
+
+std::optional<InstanceId> InstanceId::fromText(const QString& text)
+{
+    const QStringList parts = text.split(QLatin1Char('-'));
+    bool isBatch = false;
+    bool isRow = false;
+    const InstanceId id{parts.value(0).toLongLong(&isBatch), parts.value(1).toInt(&isRow)};
+    const bool isSound = parts.size() == 2 && isBatch && isRow && id.batch > 0 && id.row > 0;
+    return isSound ? std::make_optional(id) : std::nullopt;
 }
 
 } // namespace ledger

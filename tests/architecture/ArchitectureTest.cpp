@@ -25,7 +25,7 @@ QMap<QString, QStringList> arrows()
             {QStringLiteral("import"), rooms("schema amounts validation strategy table host")},
             {QStringLiteral("dialog"), rooms("import schema amounts validation strategy table host")},
             {QStringLiteral("files"), rooms("table")},
-            {QStringLiteral("ledger"), rooms("table")},
+            {QStringLiteral("ledger"), rooms("files table")},
             {QStringLiteral("embedded_host"), rooms("files strategy table host")},
             {QStringLiteral("desk"),
              rooms("ledger embedded_host files import amounts validation strategy table host")}};

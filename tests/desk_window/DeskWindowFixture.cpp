@@ -22,7 +22,8 @@ DeskWindowFixture::~DeskWindowFixture()
 void DeskWindowFixture::open()
 {
     if (!books.ledger && books.ledgerError.isEmpty()) {
-        const auto opened = ledger::Ledger::open(home.path());
+        const auto opened =
+            ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())));
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         books.ledger = opened.value;
     }

@@ -19,11 +19,11 @@ Prices pricesOf(const BatchDraft& draft, const Decimal& last = 10)
     return prices;
 }
 
-Verdict verdictOn(BatchDraft draft, const Limits& limits = {}, const QList<EarlierBatch>& earlier = {})
+Verdict verdictOn(BatchDraft draft, const Limits& limits = {}, const Standing& standing = {})
 {
     const Prices prices = pricesOf(draft);
     valueLegs(draft, prices);
-    return checkBatch(draft, limits, prices, earlier);
+    return checkBatch(draft, limits, prices, standing);
 }
 
 QStringList rulesOf(const QList<Finding>& findings)
@@ -41,14 +41,22 @@ SampleRow row(const QString& symbol, const QString& direction, const Decimal& qu
     return {symbol, direction, quantity, limitPrice, false};
 }
 
-/// The draft as it would be found after it was created.
-EarlierBatch asEarlier(const BatchDraft& draft, qint64 number)
+/// A ledger in which these batches of account 1001 hold the same.
+Standing withDuplicates(const QList<Duplicate>& duplicates)
 {
-    EarlierBatch earlier{number, draft.fileSha256, {}};
-    for (const InstanceDraft& instance : draft.instances) {
-        earlier.rowKeys.insert(rowKey(draft.strategy, instance));
-    }
-    return earlier;
+    Standing standing;
+    standing.duplicates = duplicates;
+    return standing;
+}
+
+Duplicate sameFile(qint64 batch, const QString& account = "1001"_s)
+{
+    return {batch, account, sampleMorning(), "trader"_s, true, {}};
+}
+
+Duplicate sameRows(qint64 batch, const QSet<int>& rows)
+{
+    return {batch, "1001"_s, sampleMorning(), "trader"_s, false, rows};
 }
 
 const QString A = "600000.SH"_s;
@@ -142,7 +150,7 @@ TEST(Guard, ComparesNoInterestRateWithAFaceValue)
 TEST(Guard, WarnsThatThisVeryFileWasCreatedToday)
 {
     const BatchDraft draft = sampleDraft(3);
-    const Verdict verdict = verdictOn(draft, {}, {asEarlier(draft, 4), asEarlier(draft, 6)});
+    const Verdict verdict = verdictOn(draft, {}, withDuplicates({sameFile(6), sameFile(4)}));
     ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"sameFile"_s});
     EXPECT_EQ(verdict.warnings.first().count, 2);
     EXPECT_EQ(verdict.warnings.first().text, "该文件今天在此账号已创建过 2 次（批次 4、6）"_s);
@@ -150,13 +158,50 @@ TEST(Guard, WarnsThatThisVeryFileWasCreatedToday)
 
 TEST(Guard, WarnsOfRowsThatAnotherFileCreatedToday)
 {
-    BatchDraft before = sampleDraft({row(A, "Buy"_s, 1000), row(B, "Buy"_s, 500)});
-    before.fileSha256 = QString(64, QLatin1Char('b'));
-    const BatchDraft draft = sampleDraft({row(A, "Buy"_s, 900), row(B, "Sell"_s, 500), row(B, "Buy"_s, 500)});
-    const Verdict verdict = verdictOn(draft, {}, {asEarlier(before, 1)});
-    ASSERT_EQ(verdict.warnings.first().rule, "sameRows"_s);
+    const Verdict verdict = verdictOn(sampleDraft(3), {}, withDuplicates({sameRows(1, {3})}));
+    ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"sameRows"_s});
     EXPECT_EQ(verdict.warnings.first().count, 1);
     EXPECT_EQ(verdict.warnings.first().rows, QList<int>{3});
+    EXPECT_EQ(verdict.warnings.first().text, "1 行与今天在此账号已创建的委托相同（批次 1）"_s);
+}
+
+TEST(Guard, WarnsOfTheSameFileOnAnotherAccountAndOfOneOfLately)
+{
+    Standing standing = withDuplicates({sameFile(3, "1002"_s)});
+    standing.lately = {sameFile(1)};
+    const Verdict verdict = verdictOn(sampleDraft(1), {}, standing);
+    ASSERT_EQ(rulesOf(verdict.warnings), (QStringList{"sameFileElsewhere"_s, "sameFileLately"_s}));
+    EXPECT_TRUE(verdict.warnings.at(0).text.contains("批次 3，账号 1002"_s));
+    EXPECT_TRUE(verdict.warnings.at(1).text.contains("11-03 10:00"_s));
+}
+
+TEST(Guard, RefusesWhileTheAccountIsHalted)
+{
+    Standing standing;
+    standing.halts = {{"1001"_s, "行情异常"_s, "risk"_s, sampleMorning()}};
+    const Verdict verdict = verdictOn(sampleDraft(1), {}, standing);
+    ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"halted"_s});
+    EXPECT_EQ(verdict.refusals.first().text, "账号 1001 已暂停交易（risk）：行情异常"_s);
+}
+
+TEST(Guard, HoldsTheDayWithThisBatchAgainstItsCeilings)
+{
+    Limits limits;
+    limits.dayBuy = 30000;
+    limits.daySell = 5000;
+    limits.dayInstances = 4;
+    Standing standing;
+    standing.day.buy = 20000;
+    standing.day.instances = 3;
+    EXPECT_FALSE(verdictOn(sampleDraft({row(A, "Buy"_s, 1000)}), limits, standing).refuses());
+    standing.day.buy = 20000.01_d;
+    standing.day.instances = 4;
+    EXPECT_EQ(rulesOf(verdictOn(sampleDraft({row(A, "Buy"_s, 1000)}), limits, standing).refusals),
+              (QStringList{"dayBuy"_s, "dayInstances"_s}));
+    limits.dayInstances.reset();
+    EXPECT_EQ(rulesOf(verdictOn(sampleDraft({row(A, "Sell"_s, 501)}), limits, standing).refusals),
+              QStringList{"daySell"_s})
+        << "a sale is not held against what was bought";
 }
 
 TEST(Guard, WarnsOfASecurityThatIsBoughtAndSold)
@@ -227,10 +272,8 @@ TEST(Guard, ValuesEachSideWithItsOwnFactor)
 
 TEST(Guard, PutsTheWorstWarningFirst)
 {
-    BatchDraft other = sampleDraft({row(A, "Buy"_s, 2000000)});
-    other.fileSha256 = QString(64, QLatin1Char('b'));
     const BatchDraft draft = sampleDraft({row(A, "Buy"_s, 2000000), row(A, "Sell"_s, 100)});
-    const Verdict verdict = verdictOn(draft, {}, {asEarlier(draft, 1), asEarlier(other, 2)});
+    const Verdict verdict = verdictOn(draft, {}, withDuplicates({sameRows(2, {1}), sameFile(1)}));
     EXPECT_EQ(rulesOf(verdict.warnings),
               (QStringList{"sameFile"_s, "sameRows"_s, "bothSides"_s, "moneyLikeQuantity"_s}));
 }
@@ -254,12 +297,12 @@ TEST(Creation, NeedsConsentToWarnings)
 {
     SampleLedger ledger;
     const BatchDraft draft = sampleDraft({row(A, "Buy"_s, 100), row(A, "Sell"_s, 100)});
-    const Review review = reviewBatch(*ledger, draft, {}, pricesOf(draft)).value;
+    Review review = reviewBatch(*ledger, draft, {}, pricesOf(draft)).value;
     const Outcome<Batch> without = createReviewed(*ledger, review, {});
     EXPECT_TRUE(without.error.contains("同时买入和卖出"_s)) << without.error.toStdString();
-    EXPECT_TRUE(ledger->batches().value.isEmpty());
+    EXPECT_TRUE(allBatches(*ledger).value.isEmpty());
     EXPECT_EQ(createReviewed(*ledger, review, {true, QString()}).error, QString());
-    EXPECT_EQ(ledger->instances().value.first().legs.first().amount, 1000);
+    EXPECT_EQ(allInstances(*ledger).value.first().legs.first().amount, 1000);
 }
 
 TEST(Creation, IsRefusedAboveACeilingWhateverTheConsent)
@@ -268,10 +311,10 @@ TEST(Creation, IsRefusedAboveACeilingWhateverTheConsent)
     LimitScope scope;
     scope.limits.grossBuy = 10;
     const BatchDraft draft = sampleDraft(1);
-    const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
+    Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
     EXPECT_EQ(createReviewed(*ledger, review, {true, "10000"_s}).error,
               "不能创建：买入总金额 10,000 元超过上限 10 元。"_s);
-    EXPECT_TRUE(ledger->batches().value.isEmpty());
+    EXPECT_TRUE(allBatches(*ledger).value.isEmpty());
 }
 
 TEST(Creation, NeedsTheGrossAmountTypedWhereTheGuardAsksForIt)
@@ -280,7 +323,7 @@ TEST(Creation, NeedsTheGrossAmountTypedWhereTheGuardAsksForIt)
     LimitScope scope;
     scope.limits.confirmAmount = 1;
     const BatchDraft draft = sampleDraft(1);
-    const Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
+    Review review = reviewBatch(*ledger, draft, {scope}, pricesOf(draft)).value;
     EXPECT_TRUE(createReviewed(*ledger, review, {true, "9999"_s}).error.contains("10,000"_s));
     EXPECT_EQ(createReviewed(*ledger, review, {false, "10000"_s}).error, QString());
 }
@@ -290,7 +333,8 @@ TEST(Creation, OfTheSameFileIsWarnedOfUntilTheFirstBatchIsUndone)
     SampleLedger ledger;
     const BatchDraft draft = sampleDraft(2);
     const Prices prices = pricesOf(draft);
-    createReviewed(*ledger, reviewBatch(*ledger, draft, {}, prices).value, {});
+    Review first = reviewBatch(*ledger, draft, {}, prices).value;
+    createReviewed(*ledger, first, {});
     BatchDraft again = draft;
     again.id = QUuid::createUuid();
     EXPECT_EQ(rulesOf(reviewBatch(*ledger, again, {}, prices).value.verdict.warnings),

@@ -43,7 +43,7 @@ int expectSound(const QString& home, bool withInstances)
     if (!opened.ok()) {
         return 0;
     }
-    const QList<Batch> batches = opened.value->batches().value;
+    const QList<Batch> batches = allBatches(*opened.value).value;
     QSet<QUuid> drafts;
     for (int i = 0; i < batches.size(); ++i) {
         drafts.insert(batches.at(i).draftId);
@@ -52,7 +52,7 @@ int expectSound(const QString& home, bool withInstances)
     }
     EXPECT_EQ(drafts.size(), batches.size());
     if (withInstances) {
-        const QList<Instance> instances = opened.value->instances().value;
+        const QList<Instance> instances = allInstances(*opened.value).value;
         EXPECT_EQ(instances.size(), batches.size() * InstancesPerBatch);
         for (const Instance& instance : instances) {
             EXPECT_EQ(instance.legs.size(), 1) << instance.id.text().toStdString();
@@ -93,7 +93,7 @@ TEST(KilledAtAnyMoment, TheLedgerHoldsEveryBatchWholeAndOnce)
     EXPECT_GT(batches, kills / 4) << "the kills came too early to prove anything";
     RecordProperty("kills", kills);
     RecordProperty("batches", batches);
-    const auto opened = Ledger::open(home.path());
+    const auto opened = openIn(home.path());
     ASSERT_EQ(opened.error, QString());
     EXPECT_EQ(opened.value->createBatch(sampleDraft(1)).value.number, batches + 1);
 }

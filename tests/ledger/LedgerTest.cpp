@@ -25,7 +25,7 @@ TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
     EXPECT_EQ(batch.createdBy, "trader"_s);
     EXPECT_EQ(batch.state, BatchState::Created);
 
-    const QList<Instance> instances = ledger->instances(1).value;
+    const QList<Instance> instances = ledger->instancesOf(1).value;
     ASSERT_EQ(instances.size(), 2);
     EXPECT_EQ(instances.at(1).id.text(), "1-2"_s);
     EXPECT_EQ(instances.at(1).parameters, draft.instances.at(1).parameters);
@@ -44,7 +44,7 @@ TEST(Ledger, KeepsBothLegsOfAPairInTheirOrder)
     draft.instances[0].legs.append(draft.instances[0].legs.first());
     draft.instances[0].legs[1].direction = "Sell"_s;
     ASSERT_EQ(ledger->createBatch(draft).error, QString());
-    const QList<Leg> legs = ledger->instances().value.first().legs;
+    const QList<Leg> legs = allInstances(*ledger).value.first().legs;
     ASSERT_EQ(legs.size(), 2);
     EXPECT_EQ(legs.at(0).direction, "Buy"_s);
     EXPECT_EQ(legs.at(1).direction, "Sell"_s);
@@ -59,8 +59,8 @@ TEST(Ledger, GivesTheSameBatchWhenADraftIsTriedAgain)
     const Outcome<Batch> again = ledger->createBatch(draft);
     EXPECT_EQ(again.error, QString());
     EXPECT_EQ(again.value.number, first.number);
-    EXPECT_EQ(ledger->batches().value.size(), 1);
-    EXPECT_EQ(ledger->instances().value.size(), 3);
+    EXPECT_EQ(allBatches(*ledger).value.size(), 1);
+    EXPECT_EQ(allInstances(*ledger).value.size(), 3);
 }
 
 TEST(Ledger, RefusesADraftWithoutIdOrInstances)
@@ -70,7 +70,7 @@ TEST(Ledger, RefusesADraftWithoutIdOrInstances)
     nameless.id = QUuid();
     EXPECT_NE(ledger->createBatch(nameless).error, QString());
     EXPECT_NE(ledger->createBatch(sampleDraft(0)).error, QString());
-    EXPECT_TRUE(ledger->batches().value.isEmpty());
+    EXPECT_TRUE(allBatches(*ledger).value.isEmpty());
 }
 
 TEST(Ledger, KeepsTheOrderOfCreationWhenTheClockJumpsBack)
@@ -81,7 +81,7 @@ TEST(Ledger, KeepsTheOrderOfCreationWhenTheClockJumpsBack)
     ledger->createBatch(sampleDraft(1));
     ledger.now = sampleMorning().addSecs(60);
     ledger->createBatch(sampleDraft(1));
-    const QList<Batch> batches = ledger->batches().value;
+    const QList<Batch> batches = allBatches(*ledger).value;
     ASSERT_EQ(batches.size(), 3);
     EXPECT_EQ(batches.at(0).number, 1);
     EXPECT_EQ(batches.at(1).number, 2);
@@ -95,7 +95,7 @@ TEST(Ledger, StartsInstancesThatAreToStartAtCreation)
     SampleRow started;
     started.startsNow = true;
     ledger->createBatch(sampleDraft({SampleRow(), started}));
-    const QList<Instance> instances = ledger->instances().value;
+    const QList<Instance> instances = allInstances(*ledger).value;
     EXPECT_EQ(instances.at(0).state, InstanceState::Created);
     EXPECT_EQ(instances.at(1).state, InstanceState::Running);
 }
@@ -105,14 +105,14 @@ TEST(Ledger, MovesAnInstanceOnlyAlongItsLife)
     SampleLedger ledger;
     ledger->createBatch(sampleDraft(1));
     const InstanceId id{1, 1};
-    EXPECT_NE(ledger->changeState(id, InstanceState::Finished), QString());
-    EXPECT_EQ(ledger->changeState(id, InstanceState::Running), QString());
+    EXPECT_NE(ledger->changeState(id, InstanceState::Finished).error, QString());
+    EXPECT_EQ(ledger->changeState(id, InstanceState::Running).error, QString());
     ledger.now = sampleMorning().addSecs(5);
-    EXPECT_EQ(ledger->changeState(id, InstanceState::Finished), QString());
-    EXPECT_NE(ledger->changeState(id, InstanceState::Running), QString());
-    EXPECT_NE(ledger->changeState({1, 9}, InstanceState::Running), QString());
-    EXPECT_EQ(ledger->instances().value.first().state, InstanceState::Finished);
-    EXPECT_EQ(ledger->instances().value.first().changedAt, ledger.now);
+    EXPECT_EQ(ledger->changeState(id, InstanceState::Finished).error, QString());
+    EXPECT_NE(ledger->changeState(id, InstanceState::Running).error, QString());
+    EXPECT_NE(ledger->changeState({1, 9}, InstanceState::Running).error, QString());
+    EXPECT_EQ(allInstances(*ledger).value.first().state, InstanceState::Finished);
+    EXPECT_EQ(allInstances(*ledger).value.first().changedAt, ledger.now);
 }
 
 TEST(Ledger, TakesTextsOfAFileAsTextsAndNeverAsSql)
@@ -126,11 +126,11 @@ TEST(Ledger, TakesTextsOfAFileAsTextsAndNeverAsSql)
     draft.instances[0].parameters.insert(hostile, hostile);
     draft.table.rows[0][0] = hostile;
     ASSERT_EQ(ledger->createBatch(draft).error, QString());
-    EXPECT_EQ(ledger->batches().value.first().fileName, hostile);
-    EXPECT_EQ(ledger->instances().value.first().legs.first().symbol, hostile);
-    EXPECT_EQ(ledger->instances().value.first().parameters.value(hostile).toString(), hostile);
+    EXPECT_EQ(allBatches(*ledger).value.first().fileName, hostile);
+    EXPECT_EQ(allInstances(*ledger).value.first().legs.first().symbol, hostile);
+    EXPECT_EQ(allInstances(*ledger).value.first().parameters.value(hostile).toString(), hostile);
     EXPECT_EQ(ledger->tableOf(1).value.rows.first().first(), hostile);
-    EXPECT_EQ(ledger->createdToday(hostile).value.size(), 1);
+    EXPECT_EQ(ledger->standingOf(draft).value.duplicates.size(), 1);
 }
 
 TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
@@ -142,25 +142,71 @@ TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
     }
 }
 
-TEST(CreatedToday, HoldsTheBatchesOfTheAccountSinceMidnightInShanghai)
+TEST(Ledger, HandsOutBatchesAndInstancesAPageAtATimeNewestFirst)
 {
     SampleLedger ledger;
-    ledger.now = QDateTime(QDate(2025, 11, 2), QTime(15, 59), Qt::UTC); // 23:59 in Shanghai
-    ledger->createBatch(sampleDraft(1));
-    ledger.now = QDateTime(QDate(2025, 11, 2), QTime(16, 0), Qt::UTC); // midnight
-    ledger->createBatch(sampleDraft(2));
-    ledger.now = sampleMorning();
-    const QList<EarlierBatch> earlier = ledger->createdToday("1001"_s).value;
-    ASSERT_EQ(earlier.size(), 1);
-    EXPECT_EQ(earlier.first().number, 2);
-    EXPECT_EQ(earlier.first().rowKeys.size(), 2);
-    EXPECT_TRUE(ledger->createdToday("2001"_s).value.isEmpty());
+    for (int i = 0; i < 3; ++i) {
+        ledger->createBatch(sampleDraft(2));
+    }
+    const QList<Batch> first = ledger->batchesBefore(std::nullopt, 2).value;
+    ASSERT_EQ(first.size(), 2);
+    EXPECT_EQ(first.at(0).number, 3);
+    const QList<Batch> rest = ledger->batchesBefore(first.last().number, 2).value;
+    ASSERT_EQ(rest.size(), 1);
+    EXPECT_EQ(rest.first().number, 1);
+
+    QStringList seen;
+    std::optional<InstanceId> last;
+    for (int page = 0; page < 3; ++page) {
+        const QList<Instance> instances = ledger->instancesBehind(last, 2 + page).value;
+        for (const Instance& instance : instances) {
+            seen.append(instance.id.text());
+            EXPECT_EQ(instance.legs.size(), 1);
+            last = instance.id;
+        }
+    }
+    EXPECT_EQ(seen, (QStringList{"3-1"_s, "3-2"_s, "2-1"_s, "2-2"_s, "1-1"_s, "1-2"_s}));
 }
 
-TEST(CreatedToday, StillHoldsABatchFromBeforeTheClockWasSetBack)
+TEST(Ledger, CountsInstancesByTheirStates)
 {
     SampleLedger ledger;
-    ledger->createBatch(sampleDraft(1));
-    ledger.now = sampleMorning().addDays(-1);
-    EXPECT_EQ(ledger->createdToday("1001"_s).value.size(), 1);
+    SampleRow started;
+    started.startsNow = true;
+    ledger->createBatch(sampleDraft({SampleRow(), started}));
+    ledger->createBatch(sampleDraft(3));
+    EXPECT_EQ(ledger->counts().value.value(InstanceState::Created), 4);
+    EXPECT_EQ(ledger->counts(1).value.value(InstanceState::Running), 1);
+    EXPECT_EQ(ledger->counts(1).value.value(InstanceState::Created), 1);
+}
+
+TEST(Ledger, StartsAndStopsWhatIsNamedAllOrNone)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(3));
+    EXPECT_FALSE(ledger->start({{{1, 1}, {1, 9}}, std::nullopt}).ok());
+    EXPECT_EQ(ledger->counts().value.value(InstanceState::Created), 3);
+    EXPECT_EQ(ledger->start({{{1, 1}}, std::nullopt}).value.value(0).after, InstanceState::Running);
+    EXPECT_FALSE(ledger->start({{{1, 1}}, std::nullopt}).ok()) << "it runs";
+    EXPECT_EQ(ledger->start({{}, 1}).value.size(), 2) << "those that it applies to";
+    EXPECT_EQ(ledger->stop({{{1, 2}}, std::nullopt}).value.value(0).after, InstanceState::Stopped);
+    EXPECT_FALSE(ledger->withdraw({{{1, 2}}, std::nullopt}).ok());
+    EXPECT_FALSE(ledger->start({{}, 7}).ok());
+}
+
+TEST(Ledger, WithdrawsWhatHasNotStarted)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(2));
+    EXPECT_EQ(ledger->withdraw({{{1, 2}}, std::nullopt}).value.value(0).after, InstanceState::Withdrawn);
+    EXPECT_EQ(ledger->status().value.days.size(), 1);
+    EXPECT_EQ(ledger->status().value.days.value(0).instances, 1);
+}
+
+TEST(Ledger, KnowsAnInstanceByItsName)
+{
+    EXPECT_EQ(InstanceId::fromText("12-3"_s)->text(), "12-3"_s);
+    for (const QString& text : {""_s, "12"_s, "12-0"_s, "0-1"_s, "a-1"_s, "1-2-3"_s, "-1-2"_s}) {
+        EXPECT_FALSE(InstanceId::fromText(text).has_value()) << text.toStdString();
+    }
 }

@@ -13,7 +13,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    const auto opened = ledger::Ledger::open(arguments.at(1));
+    const auto opened = openIn(arguments.at(1));
     if (!opened.ok()) {
         fprintf(stderr, "%s\n", qPrintable(opened.error));
         return 1;

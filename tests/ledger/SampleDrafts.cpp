@@ -63,7 +63,9 @@ QString SampleLedger::reopen(int maxPages)
     Ledger::Options options;
     options.clock = [this] { return now; };
     options.maxPages = maxPages;
-    const auto opened = Ledger::open(home(), options);
+    options.user = "trader"_s;
+    options.program = "algodesk 9.9"_s;
+    const auto opened = openIn(home(), options);
     mLedger = opened.value;
     return opened.error;
 }
@@ -72,5 +74,34 @@ Outcome<std::shared_ptr<Ledger>> openToRead(const QString& home)
 {
     Ledger::Options options;
     options.access = Ledger::Access::Read;
-    return Ledger::open(home, options);
+    return openIn(home, options);
+}
+
+Outcome<std::shared_ptr<Ledger>> openIn(const QString& home, const Ledger::Options& options)
+{
+    return Ledger::open(Address::ofFile(Ledger::pathIn(home)), options);
+}
+
+Outcome<QList<Batch>> allBatches(const Ledger& ledger)
+{
+    Outcome<QList<Batch>> all;
+    all.error = ledger
+                    .eachBatch([&](const Batch& batch) {
+                        all.value.append(batch);
+                        return true;
+                    })
+                    .error;
+    return all;
+}
+
+Outcome<QList<Instance>> allInstances(const Ledger& ledger)
+{
+    Outcome<QList<Instance>> all;
+    all.error = ledger
+                    .eachInstance([&](const Instance& instance) {
+                        all.value.append(instance);
+                        return true;
+                    })
+                    .error;
+    return all;
 }

@@ -52,6 +52,7 @@ public:
     void close() { mLedger.reset(); }
     ledger::Ledger& operator*() const { return *mLedger; }
     ledger::Ledger* operator->() const { return mLedger.get(); }
+    std::shared_ptr<ledger::Ledger> shared() const { return mLedger; }
 
     QDateTime now;
 
@@ -60,5 +61,12 @@ private:
     std::shared_ptr<ledger::Ledger> mLedger;
 };
 
+/// Everything that a ledger holds, oldest first.
+Outcome<QList<ledger::Batch>> allBatches(const ledger::Ledger& ledger);
+Outcome<QList<ledger::Instance>> allInstances(const ledger::Ledger& ledger);
+
+/// That home's ledger.
+Outcome<std::shared_ptr<ledger::Ledger>> openIn(const QString& home,
+                                                const ledger::Ledger::Options& options = {});
 /// Opens for reading.
 Outcome<std::shared_ptr<ledger::Ledger>> openToRead(const QString& home);

@@ -35,7 +35,7 @@ TEST(Undo, WithdrawsWhatHasNotStartedAndStopsWhatRuns)
     EXPECT_TRUE(undone.value.notReversed.isEmpty());
     EXPECT_EQ(undone.value.state, BatchState::PartlyReversed) << "what ran may have traded";
 
-    const QList<Instance> instances = ledger->instances(1).value;
+    const QList<Instance> instances = ledger->instancesOf(1).value;
     EXPECT_EQ(instances.at(0).state, InstanceState::Withdrawn);
     EXPECT_EQ(instances.at(1).state, InstanceState::Stopped);
     EXPECT_EQ(instances.at(1).changedAt, ledger.now);
@@ -53,7 +53,7 @@ TEST(Undo, ListsWhatCouldNotBeReversed)
     EXPECT_EQ(report.notReversed.first().after, InstanceState::Finished);
     EXPECT_EQ(report.state, BatchState::PartlyReversed);
     EXPECT_EQ(ledger->batch(1).value.state, BatchState::PartlyReversed);
-    EXPECT_EQ(ledger->instances(1).value.at(2).state, InstanceState::Finished);
+    EXPECT_EQ(ledger->instancesOf(1).value.at(2).state, InstanceState::Finished);
 }
 
 TEST(Undo, DoesNoHarmTheSecondTime)
@@ -77,16 +77,16 @@ TEST(Undo, TouchesNoOtherBatch)
     ledger->createBatch(sampleDraft(1));
     ledger->undo(1);
     EXPECT_EQ(ledger->batch(2).value.state, BatchState::Created);
-    EXPECT_EQ(ledger->instances(2).value.first().state, InstanceState::Created);
+    EXPECT_EQ(ledger->instancesOf(2).value.first().state, InstanceState::Created);
 }
 
 TEST(Undo, MakesABatchNoDuplicateAnyMore)
 {
     SampleLedger ledger;
     ledger->createBatch(sampleDraft(1));
-    ASSERT_EQ(ledger->createdToday("1001"_s).value.size(), 1);
+    ASSERT_EQ(ledger->standingOf(sampleDraft(1)).value.duplicates.size(), 1);
     ledger->undo(1);
-    EXPECT_TRUE(ledger->createdToday("1001"_s).value.isEmpty());
+    EXPECT_TRUE(ledger->standingOf(sampleDraft(1)).value.duplicates.isEmpty());
 }
 
 TEST(Undo, OfABatchOfWhichNothingRanWithdrawsIt)
@@ -118,8 +118,23 @@ TEST(Undo, LeavesTheRowsThatMayHaveTradedAsDuplicates)
     ledger->createBatch(draft);
     ledger->changeState({1, 3}, InstanceState::Finished);
     ledger->undo(1);
-    const QList<EarlierBatch> earlier = ledger->createdToday("1001"_s).value;
-    ASSERT_EQ(earlier.size(), 1);
-    EXPECT_EQ(earlier.first().rowKeys, (QSet<QString>{rowKey(draft.strategy, draft.instances.at(1)),
-                                                      rowKey(draft.strategy, draft.instances.at(2))}));
+    const QList<Duplicate> duplicates = ledger->standingOf(draft).value.duplicates;
+    ASSERT_EQ(duplicates.size(), 1);
+    EXPECT_EQ(duplicates.first().rows, (QSet<int>{2, 3}));
+}
+
+TEST(Undo, GivesTheDayBackWhatWasNeverSent)
+{
+    SampleLedger ledger;
+    BatchDraft draft = sampleDraft({SampleRow(), {"600001.SH"_s, "Buy"_s, 1000, 10, true}});
+    draft.instances[0].legs[0].amount = 10000;
+    draft.instances[1].legs[0].amount = 500.5_d;
+    ledger->createBatch(draft);
+    EXPECT_EQ(ledger->standingOf(draft).value.day.buy, 10500.5_d);
+    ledger->undo(1);
+    ledger->undo(1);
+    const AccountDay day = ledger->standingOf(draft).value.day;
+    EXPECT_EQ(day.buy, 500.5_d) << "the other ran";
+    EXPECT_EQ(day.instances, 1);
+    EXPECT_EQ(day.batches, 1);
 }

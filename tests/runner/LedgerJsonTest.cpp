@@ -48,8 +48,8 @@ TEST(LedgerJson, OfBatchesAndInstancesMatchesItsSchema)
     ledger->createBatch(sampleDraft(2));
     ledger->createBatch(sampleDraft(1));
     ledger->undo(2);
-    const QJsonArray batches = toJson(ledger->batches().value);
-    const QJsonArray instances = toJson(ledger->instances().value);
+    const QJsonArray batches = toJson(allBatches(*ledger).value);
+    const QJsonArray instances = toJson(allInstances(*ledger).value);
     ASSERT_EQ(batches.size(), 2);
     ASSERT_EQ(instances.size(), 3);
     expectValid(batches, "batches.schema.json"_s);

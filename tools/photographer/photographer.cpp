@@ -302,7 +302,8 @@ int main(int argc, char** argv)
     EmbeddedHost::Options options;
     options.home = home.path();
     EmbeddedHost host(ReferenceData(std::move(*tables)), options);
-    const Outcome<std::shared_ptr<ledger::Ledger>> opened = ledger::Ledger::open(home.path());
+    const Outcome<std::shared_ptr<ledger::Ledger>> opened =
+        ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())));
     if (!opened.ok()) {
         return fail(opened.error);
     }

@@ -1,0 +1,48 @@
+// What the ledger holds against a batch: halts, and what the account did today.
+
+#include "ledger/guard/GuardRules.h"
+#include "ledger/LedgerTexts.h"
+
+namespace ledger {
+
+namespace {
+
+using guard::exceeds;
+using guard::figure;
+using guard::report;
+
+void checkHalts(const Standing& standing, QList<Finding>& findings)
+{
+    QStringList reasons;
+    for (const Halt& halt : standing.halts) {
+        reasons.append(halt.account == QLatin1String("*")
+                           ? texts::haltOfAll(halt.reason, halt.by)
+                           : texts::haltOf(halt.account, halt.reason, halt.by));
+    }
+    report(findings, "halted", reasons.size(), reasons.join(QStringLiteral("；")));
+}
+
+} // namespace
+
+QList<Finding> refusalsOfDay(const BatchDraft& draft, const Limits& limits, const Standing& standing)
+{
+    QList<Finding> findings;
+    checkHalts(standing, findings);
+    const Gross gross = grossOf(draft.instances);
+    const Decimal buy = standing.day.buy + gross.buy;
+    const Decimal sell = standing.day.sell + gross.sell;
+    const Decimal instances = Decimal(standing.day.instances) + draft.instances.size();
+    if (gross.buy != 0 && exceeds(buy, limits.dayBuy)) {
+        report(findings, "dayBuy", 1, texts::dayBuy(figure(buy), figure(*limits.dayBuy)));
+    }
+    if (gross.sell != 0 && exceeds(sell, limits.daySell)) {
+        report(findings, "daySell", 1, texts::daySell(figure(sell), figure(*limits.daySell)));
+    }
+    if (exceeds(instances, limits.dayInstances)) {
+        report(findings, "dayInstances", draft.instances.size(),
+               texts::dayInstances(figure(instances), figure(*limits.dayInstances)));
+    }
+    return findings;
+}
+
+} // namespace ledger

@@ -1,0 +1,182 @@
+// Creating a batch: one transaction with everything that decides it.
+
+#include "ledger/operations/Core.h"
+#include "ledger/operations/Digest.h"
+#include "ledger/store/BatchQueries.h"
+#include "ledger/store/ControlQueries.h"
+#include "ledger/store/InstanceQueries.h"
+
+namespace ledger {
+
+namespace {
+
+Batch batchOf(const BatchDraft& draft, const QDateTime& now)
+{
+    Batch batch;
+    batch.draftId = draft.id;
+    batch.fileName = draft.fileName;
+    batch.fileSha256 = draft.fileSha256;
+    batch.account = draft.account;
+    batch.strategy = draft.strategy;
+    batch.rowCount = draft.instances.size();
+    batch.expectedBuy = draft.expectedBuy;
+    batch.expectedSell = draft.expectedSell;
+    batch.createdAt = now;
+    batch.createdBy = draft.createdBy;
+    return batch;
+}
+
+Standing standingOf(Statements& statements, const BatchDraft& draft, const QDateTime& now,
+                    const QString& forUpdate)
+{
+    Standing standing;
+    standing.halts = selectHalts(statements, draft.account);
+    standing.day = selectDay(statements, draft.account, exchangeDay(now), forUpdate);
+    return standing;
+}
+
+/// Batches that hold the same and that whoever confirms was not told of: another desk was faster.
+QList<Finding> unknownDuplicates(const QList<Duplicate>& duplicates, const QSet<qint64>& known)
+{
+    QList<Finding> findings;
+    for (const Duplicate& duplicate : duplicates) {
+        if (!known.contains(duplicate.batch)) {
+            findings.append({QStringLiteral("createdMeanwhile"),
+                             1,
+                             texts::createdMeanwhile(duplicate.createdBy, QString::number(duplicate.batch),
+                                                     duplicate.account),
+                             {}});
+        }
+    }
+    return findings;
+}
+
+QList<Finding> refusalsOf(Change& change, const BatchDraft& draft, const CreationTerms& terms,
+                          AccountDay& day)
+{
+    const Standing standing = standingOf(change.statements, draft, change.at, change.store.forUpdate());
+    day = standing.day;
+    QList<Finding> refusals = refusalsOfDay(draft, terms.limits, standing);
+    if (terms.knownDuplicates) {
+        refusals +=
+            unknownDuplicates(selectDuplicates(change.statements, draft, change.at), *terms.knownDuplicates);
+    }
+    return refusals;
+}
+
+void addToDay(Change& change, AccountDay day, const BatchDraft& draft)
+{
+    const Gross gross = grossOf(draft.instances);
+    day.buy += gross.buy;
+    day.sell += gross.sell;
+    day.batches += 1;
+    day.instances += draft.instances.size();
+    saveDay(change.statements, day);
+}
+
+bool needsApproval(const BatchDraft& draft, const Limits& limits)
+{
+    const Gross gross = grossOf(draft.instances);
+    return limits.approvalAmount && !(gross.buy + gross.sell < *limits.approvalAmount);
+}
+
+void askForApproval(Change& change, const Batch& batch, const CreationTerms& terms)
+{
+    Approval approval;
+    approval.batch = batch.number;
+    approval.verdict = textOf(terms.verdict);
+    approval.digest = digestOf(change.statements, batch, terms.limits, approval.verdict);
+    approval.askedBy = change.by;
+    approval.askedAt = change.at;
+    insertApproval(change.statements, batch, approval);
+}
+
+void insert(Change& change, Batch& batch, const BatchDraft& draft, const CreationTerms& terms)
+{
+    const bool waits = needsApproval(draft, terms.limits);
+    batch.number = takeNumber(change.statements, QStringLiteral("last_batch"));
+    batch.state = waits ? BatchState::Waiting : BatchState::Created;
+    insertBatch(change.statements, batch);
+    insertInstances(change.statements, batch, draft.instances,
+                    waits ? InstanceState::Created
+                          : operations::startedState(change.statements, batch.account));
+    insertTable(change.statements, batch, draft.table);
+    if (waits) {
+        askForApproval(change, batch, terms);
+    }
+    const Gross gross = grossOf(draft.instances);
+    change.note(QStringLiteral("create"), QString::number(batch.number),
+                {{QStringLiteral("draft"), batch.draftId.toString(QUuid::WithoutBraces)},
+                 {QStringLiteral("file"), batch.fileName},
+                 {QStringLiteral("sha256"), batch.fileSha256},
+                 {QStringLiteral("account"), batch.account},
+                 {QStringLiteral("strategy"), batch.strategy},
+                 {QStringLiteral("rows"), batch.rowCount},
+                 {QStringLiteral("buy"), gross.buy.text()},
+                 {QStringLiteral("sell"), gross.sell.text()},
+                 {QStringLiteral("state"), nameOf(batch.state)},
+                 {QStringLiteral("limits"), textOf(terms.limits)}});
+}
+
+/// What no ledger takes, whatever else it decides.
+QString faultOf(const BatchDraft& draft)
+{
+    if (draft.id.isNull() || draft.instances.isEmpty()) {
+        return draft.id.isNull() ? texts::draftWithoutId() : texts::emptyDraft();
+    }
+    const Gross gross = grossOf(draft.instances);
+    return gross.buy.isNumber() && gross.sell.isNumber() ? QString() : texts::numberTooLong();
+}
+
+QString joined(const QList<Finding>& findings)
+{
+    QStringList texts;
+    for (const Finding& finding : findings) {
+        texts.append(finding.text);
+    }
+    return texts.join(QStringLiteral("；"));
+}
+
+} // namespace
+
+Outcome<Standing> Ledger::standingOf(const BatchDraft& draft) const
+{
+    return mCore->read<Standing>([&](Statements& statements) {
+        const QDateTime now = mCore->now();
+        Standing standing = ledger::standingOf(statements, draft, now, QString());
+        standing.duplicates = selectDuplicates(statements, draft, now);
+        standing.lately = selectLately(statements, draft, now);
+        return Outcome<Standing>{standing, QString()};
+    });
+}
+
+Outcome<Batch> Ledger::createBatch(const BatchDraft& draft, const CreationTerms& terms,
+                                   QList<Finding>* refusals)
+{
+    const QString fault = faultOf(draft);
+    if (!fault.isEmpty()) {
+        return {{}, fault};
+    }
+    return mCore->change<Batch>([&](Change& change) {
+        const QList<Batch> known =
+            selectBatches(change.statements, QStringLiteral("WHERE draft_id = ? AND account = ?"),
+                          {draft.id.toString(QUuid::WithoutBraces), column::text(draft.account)});
+        if (!known.isEmpty()) {
+            return Outcome<Batch>{known.first(), QString()};
+        }
+        AccountDay day;
+        const QList<Finding> found = refusalsOf(change, draft, terms, day);
+        if (refusals) {
+            *refusals = found;
+        }
+        if (!found.isEmpty()) {
+            return Outcome<Batch>{{}, texts::refused(joined(found))};
+        }
+        Batch batch = batchOf(draft, change.at);
+        insert(change, batch, draft, terms);
+        addToDay(change, day, draft);
+        return Outcome<Batch>{batch, QString()};
+    });
+}
+
+} // namespace ledger

@@ -1,0 +1,44 @@
+#include "ledger/operations/Digest.h"
+
+#include "ledger/operations/Core.h"
+#include "ledger/store/InstanceQueries.h"
+#include "ledger/store/ParameterText.h"
+
+#include <QCryptographicHash>
+
+namespace ledger {
+
+namespace {
+
+void add(QCryptographicHash& hash, const QString& part)
+{
+    const QByteArray bytes = part.toUtf8();
+    hash.addData(QByteArray::number(bytes.size()) + ':' + bytes);
+}
+
+} // namespace
+
+QString digestOf(Statements& statements, const Batch& batch, const Limits& limits, const QString& verdict)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const QString& part : {batch.draftId.toString(QUuid::WithoutBraces), batch.account, batch.strategy,
+                                batch.fileSha256, textOf(limits), verdict}) {
+        add(hash, part);
+    }
+    const QList<Instance> instances =
+        selectInstances(statements, {QStringLiteral("batch_number = ?"), {batch.number}});
+    for (const Instance& instance : instances) {
+        add(hash, instance.id.text());
+        add(hash, QString::fromUtf8(parametersToText(instance.parameters)));
+        add(hash, QString::number(instance.startsNow));
+        for (const Leg& leg : instance.legs) {
+            for (const QString& part : {leg.symbol, leg.exchange, leg.direction, leg.quantity.text(),
+                                        leg.limitPrice.text(), leg.amount.text()}) {
+                add(hash, part);
+            }
+        }
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+} // namespace ledger

@@ -1,0 +1,289 @@
+// Starting, stopping and taking back instances.
+
+#include "ledger/operations/Core.h"
+#include "ledger/store/BatchQueries.h"
+#include "ledger/store/ControlQueries.h"
+#include "ledger/store/InstanceQueries.h"
+
+#include <QJsonObject>
+
+namespace ledger {
+
+namespace {
+
+using ChangedList = QList<ChangedInstance>;
+
+enum class Applies {
+    Yes,
+    Not,       ///< to this instance; told where it was named
+    Forbidden, ///< and told in any case
+};
+
+/// What an operation makes of an instance, with the sentence for where it makes nothing of it.
+using Rule = std::function<Applies(Instance& instance, QString& objection)>;
+
+/// The instances of a selection; an error where one of those named does not exist.
+Outcome<QList<Instance>> selected(Change& change, const Selection& selection)
+{
+    QList<Instance> instances;
+    if (selection.batch) {
+        const Outcome<Batch> batch = operations::batchNumbered(change, *selection.batch);
+        if (!batch.ok()) {
+            return {{}, batch.error};
+        }
+        instances =
+            selectInstances(change.statements, {QStringLiteral("batch_number = ?"), {*selection.batch}});
+    }
+    for (const InstanceId& id : selection.ids) {
+        const std::optional<Instance> found = selectInstance(change.statements, id);
+        if (!found) {
+            return {{}, texts::noSuchInstance(id.text())};
+        }
+        instances.append(*found);
+    }
+    return {instances, QString()};
+}
+
+QString forbidden(const Instance& instance, InstanceState after)
+{
+    return texts::forbiddenChange(instance.id.text(), shownName(instance.state), shownName(after));
+}
+
+/// Applies a rule to each, writes down what changed, and takes what was withdrawn out of the day's sums.
+Outcome<ChangedList> apply(Change& change, const Selection& selection, const QString& what, const Rule& rule)
+{
+    const Outcome<QList<Instance>> found = selected(change, selection);
+    ChangedList answers;
+    QList<Instance> changed;
+    QMap<qint64, QList<Instance>> withdrawn;
+    for (Instance instance : found.value) {
+        const InstanceState before = instance.state;
+        QString objection;
+        const Applies applies = rule(instance, objection);
+        if (applies == Applies::Forbidden ||
+            (applies == Applies::Not && selection.ids.contains(instance.id))) {
+            return {{}, objection};
+        }
+        if (applies == Applies::Not) {
+            continue;
+        }
+        changed.append(instance);
+        answers.append(operations::changedInstance(instance, before));
+        if (instance.state == InstanceState::Withdrawn) {
+            withdrawn[instance.id.batch].append(instance);
+        }
+    }
+    if (!found.ok() || changed.isEmpty()) {
+        return {answers, found.error};
+    }
+    updateInstances(change.statements, changed, change.at);
+    for (auto batch = withdrawn.cbegin(); batch != withdrawn.cend(); ++batch) {
+        const std::optional<Batch> ofThese = selectBatch(change.statements, batch.key());
+        operations::releaseDay(change, ofThese.value_or(Batch()), *batch, false);
+    }
+    change.note(what, operations::namesOf(changed));
+    return {answers, QString()};
+}
+
+/// A cancel, as soon as it can be sent. Without a gateway nothing is to be sent: it is stopped at once.
+void stopRunning(Instance& instance)
+{
+    if (instance.clOrdId.isEmpty()) {
+        instance.state = InstanceState::Stopped;
+        return;
+    }
+    instance.state = InstanceState::Stopping;
+    instance.isCancelDue = true;
+}
+
+/// Takes an instance back, as far as it can be.
+bool takeBack(Instance& instance)
+{
+    switch (instance.state) {
+    case InstanceState::Created:
+    case InstanceState::Queued:
+        instance.state = InstanceState::Withdrawn;
+        return true;
+    case InstanceState::Running:
+        stopRunning(instance);
+        return true;
+    case InstanceState::Sending:
+    case InstanceState::Unknown: {
+        const bool isNew = !instance.isTakenBack;
+        instance.isTakenBack = true;
+        return isNew;
+    }
+    default:
+        return false;
+    }
+}
+
+/// Why nothing of a batch may be started; empty where it may.
+QString startObjection(Change& change, const Instance& instance)
+{
+    const std::optional<Batch> batch = selectBatch(change.statements, instance.id.batch);
+    const bool stands =
+        batch && (batch->state == BatchState::Created || batch->state == BatchState::PartlyReversed);
+    if (!stands) {
+        return texts::notYetApproved(instance.id.batch, shownName(batch ? batch->state : BatchState::Lapsed));
+    }
+    const QList<Halt> halts = selectHalts(change.statements, instance.account);
+    return halts.isEmpty() ? QString()
+                           : texts::haltOf(instance.account, halts.first().reason, halts.first().by);
+}
+
+struct UndoSort {
+    UndoReport report;
+    QList<Instance> changed;
+    QList<Instance> withdrawn;
+};
+
+/// What undo makes of each instance. One that ran may have traded: stopping it, now or before, reverses
+/// nothing.
+UndoSort sortForUndo(const QList<Instance>& instances)
+{
+    UndoSort sort;
+    sort.report.state = BatchState::Withdrawn;
+    for (Instance instance : instances) {
+        const InstanceState before = instance.state;
+        const bool isChanged = takeBack(instance);
+        if (isChanged) {
+            sort.changed.append(instance);
+        }
+        const ChangedInstance undone = operations::changedInstance(instance, before);
+        if (isChanged && instance.state == InstanceState::Withdrawn) {
+            sort.report.withdrawn.append(undone);
+            sort.withdrawn.append(instance);
+        } else if (isChanged) {
+            sort.report.stopped.append(undone);
+        } else if (instance.state == InstanceState::Finished) {
+            sort.report.notReversed.append(undone);
+        } else {
+            ++sort.report.alreadyUndone;
+        }
+        if (instance.state != InstanceState::Withdrawn && instance.state != InstanceState::Rejected) {
+            sort.report.state = BatchState::PartlyReversed;
+        }
+    }
+    return sort;
+}
+
+bool isSettlement(InstanceState state)
+{
+    return state == InstanceState::Running || state == InstanceState::Stopped ||
+           state == InstanceState::Finished || state == InstanceState::Rejected ||
+           state == InstanceState::Queued;
+}
+
+} // namespace
+
+Outcome<QList<ChangedInstance>> Ledger::start(const Selection& selection)
+{
+    return mCore->change<ChangedList>([&](Change& change) {
+        return apply(change, selection, QStringLiteral("start"), [&](Instance& instance, QString& objection) {
+            if (instance.state != InstanceState::Created) {
+                objection = forbidden(instance, InstanceState::Running);
+                return Applies::Not;
+            }
+            objection = startObjection(change, instance);
+            instance.state = operations::startedState(change.statements, instance.account);
+            return objection.isEmpty() ? Applies::Yes : Applies::Forbidden;
+        });
+    });
+}
+
+Outcome<QList<ChangedInstance>> Ledger::stop(const Selection& selection)
+{
+    return mCore->change<ChangedList>([&](Change& change) {
+        return apply(change, selection, QStringLiteral("stop"), [](Instance& instance, QString& objection) {
+            objection = forbidden(instance, InstanceState::Stopped);
+            return instance.state != InstanceState::Created && takeBack(instance) ? Applies::Yes
+                                                                                  : Applies::Not;
+        });
+    });
+}
+
+Outcome<QList<ChangedInstance>> Ledger::withdraw(const Selection& selection)
+{
+    return mCore->change<ChangedList>([&](Change& change) {
+        return apply(change, selection, QStringLiteral("withdraw"),
+                     [](Instance& instance, QString& objection) {
+                         objection = forbidden(instance, InstanceState::Withdrawn);
+                         return instance.state != InstanceState::Running && takeBack(instance) ? Applies::Yes
+                                                                                               : Applies::Not;
+                     });
+    });
+}
+
+Outcome<ChangedInstance> Ledger::settle(const InstanceId& id, InstanceState state, const QString& reason)
+{
+    if (reason.trimmed().isEmpty()) {
+        return {{}, texts::noReason()};
+    }
+    return mCore->change<ChangedInstance>([&](Change& change) {
+        const std::optional<Instance> found = selectInstance(change.statements, id);
+        if (!found) {
+            return Outcome<ChangedInstance>{{}, texts::noSuchInstance(id.text())};
+        }
+        if (found->state != InstanceState::Unknown || !isSettlement(state)) {
+            return Outcome<ChangedInstance>{{},
+                                            found->state == InstanceState::Unknown
+                                                ? forbidden(*found, state)
+                                                : texts::notUnknown(id.text(), shownName(found->state))};
+        }
+        Instance settled = *found;
+        settled.state = state;
+        settled.reason = reason;
+        updateInstances(change.statements, {settled}, change.at);
+        change.note(QStringLiteral("settle"), id.text(),
+                    {{QStringLiteral("as"), nameOf(state)}, {QStringLiteral("reason"), reason}});
+        return Outcome<ChangedInstance>{operations::changedInstance(settled, found->state), QString()};
+    });
+}
+
+Outcome<UndoReport> Ledger::undo(qint64 batchNumber)
+{
+    return mCore->change<UndoReport>([&](Change& change) {
+        const Outcome<Batch> batch = operations::batchNumbered(change, batchNumber);
+        if (!batch.ok()) {
+            return Outcome<UndoReport>{{}, batch.error};
+        }
+        UndoSort sort = sortForUndo(
+            selectInstances(change.statements, {QStringLiteral("batch_number = ?"), {batchNumber}}));
+        sort.report.batch = batchNumber;
+        const bool wasTakenBack = batch.value.state == BatchState::Withdrawn ||
+                                  batch.value.state == BatchState::Refused ||
+                                  batch.value.state == BatchState::Lapsed;
+        if (wasTakenBack) {
+            sort.report.state = batch.value.state;
+        }
+        if (sort.changed.isEmpty() && sort.report.state == batch.value.state) {
+            return Outcome<UndoReport>{sort.report, QString()};
+        }
+        updateInstances(change.statements, sort.changed, change.at);
+        updateBatchState(change.statements, batch.value, sort.report.state);
+        operations::releaseDay(change, batch.value, sort.withdrawn,
+                               sort.report.state == BatchState::Withdrawn && !wasTakenBack);
+        change.note(QStringLiteral("undo"), QString::number(batchNumber),
+                    {{QStringLiteral("withdrawn"), sort.report.withdrawn.size()},
+                     {QStringLiteral("stopped"), sort.report.stopped.size()},
+                     {QStringLiteral("notReversed"), sort.report.notReversed.size()}});
+        return Outcome<UndoReport>{sort.report, QString()};
+    });
+}
+
+Outcome<void> Ledger::changeState(const InstanceId& id, InstanceState state)
+{
+    const auto changed = mCore->change<ChangedList>([&](Change& change) {
+        return apply(change, {{id}, std::nullopt}, nameOf(state),
+                     [&](Instance& instance, QString& objection) {
+                         objection = forbidden(instance, state);
+                         const bool isAllowed = mayBecome(instance.state, state);
+                         instance.state = isAllowed ? state : instance.state;
+                         return isAllowed ? Applies::Yes : Applies::Not;
+                     });
+    });
+    return {changed.error};
+}
+
+} // namespace ledger

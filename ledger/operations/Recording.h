@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ledger/operations/Change.h"
+#include "ledger/Outbox.h"
+
+#include <QMap>
+
+namespace ledger {
+
+/// What a counterparty said, and what a gateway made of it, written down together: instances are read once
+/// and written once, however many reports there are of each.
+class Recording {
+public:
+    explicit Recording(Change& change) : mChange(change) {}
+
+    Recorded take(const Execution& execution);
+    /// Empty, or why it cannot be.
+    QString decide(const Outbox::Decision& decision);
+    /// Writes everything down.
+    void finish();
+
+private:
+    Instance* find(const QString& clOrdId);
+    Instance* load(const InstanceId& id);
+    bool takeFill(Instance& instance, const Execution& execution);
+    void takeState(Instance& instance, const Execution& execution);
+    void follow(Instance& instance);
+    Recorded keep(const Execution& execution, Recorded::Kind kind);
+
+    Change& mChange;
+    QMap<QPair<qint64, int>, Instance> mInstances;
+    QMap<QUuid, qint64> mBatches;
+    QList<QPair<qint64, int>> mChanged;
+};
+
+/// The draft and the row that an order identifier names; a null draft where it names none.
+QPair<QUuid, int> orderNamed(const QString& clOrdId);
+
+} // namespace ledger

@@ -1,0 +1,188 @@
+#include "ledger/store/InstanceQueries.h"
+
+#include "ledger/store/ParameterText.h"
+
+#include <QHash>
+
+namespace ledger {
+
+namespace {
+
+Instance instanceOf(const QSqlQuery& row)
+{
+    Instance instance;
+    instance.id = {row.value(0).toLongLong(), row.value(1).toInt()};
+    instance.account = row.value(2).toString();
+    instance.strategy = row.value(3).toString();
+    instance.state = instanceStateNamed(row.value(4).toString());
+    instance.changedAt = column::timeOf(row.value(5));
+    instance.parameters = parametersFromText(row.value(6).toString().toUtf8());
+    instance.startsNow = row.value(7).toInt() != 0;
+    instance.isTakenBack = row.value(8).toInt() != 0;
+    instance.clOrdId = row.value(9).toString();
+    instance.cancels = row.value(10).toInt();
+    instance.isCancelDue = row.value(11).toInt() != 0;
+    instance.filledQuantity = column::decimalOf(row.value(12));
+    instance.averagePrice = column::decimalOf(row.value(13));
+    instance.reason = row.value(14).toString();
+    return instance;
+}
+
+Leg legOf(const QSqlQuery& row)
+{
+    Leg leg;
+    leg.symbol = row.value(0).toString();
+    leg.exchange = row.value(1).toString();
+    leg.direction = row.value(2).toString();
+    leg.quantity = column::decimalOf(row.value(3));
+    leg.limitPrice = column::decimalOf(row.value(4));
+    leg.amount = column::decimalOf(row.value(5));
+    leg.filledQuantity = column::decimalOf(row.value(6));
+    leg.averagePrice = column::decimalOf(row.value(7));
+    return leg;
+}
+
+/// The legs of instances of one batch, which stand one behind the other from `first` to before `end`.
+void addLegsOfBatch(Statements& statements, QList<Instance>& instances, int first, int end)
+{
+    const int firstRow = qMin(instances.at(first).id.row, instances.at(end - 1).id.row);
+    const int lastRow = qMax(instances.at(first).id.row, instances.at(end - 1).id.row);
+    QSqlQuery query = statements.select(
+        QStringLiteral(
+            "SELECT symbol, exchange, direction, quantity, limit_price, amount, filled, average, row_no "
+            "FROM instance_leg WHERE batch_number = ? AND row_no BETWEEN ? AND ? AND account = ? "
+            "ORDER BY row_no, leg_no"),
+        {instances.at(first).id.batch, firstRow, lastRow, column::text(instances.at(first).account)});
+    QHash<int, int> places;
+    for (int i = first; i < end; ++i) {
+        places[instances.at(i).id.row] = i;
+    }
+    while (statements.next(query)) {
+        const int place = places.value(query.value(8).toInt(), -1);
+        if (place >= 0) {
+            instances[place].legs.append(legOf(query));
+        }
+    }
+}
+
+void addLegs(Statements& statements, QList<Instance>& instances)
+{
+    int first = 0;
+    for (int end = 1; end <= instances.size(); ++end) {
+        if (end == instances.size() || instances.at(end).id.batch != instances.at(first).id.batch) {
+            addLegsOfBatch(statements, instances, first, end);
+            first = end;
+        }
+    }
+}
+
+void updateLegs(Statements& statements, const Instance& instance)
+{
+    int number = 0;
+    for (const Leg& leg : instance.legs) {
+        statements.run(QStringLiteral("UPDATE instance_leg SET filled = ?, average = ? "
+                                      "WHERE batch_number = ? AND row_no = ? AND leg_no = ? AND account = ?"),
+                       {column::decimal(leg.filledQuantity), column::decimal(leg.averagePrice),
+                        instance.id.batch, instance.id.row, ++number, column::text(instance.account)});
+    }
+}
+
+} // namespace
+
+QList<Instance> selectInstances(Statements& statements, const InstanceChoice& choice)
+{
+    QString text =
+        QStringLiteral("SELECT batch_number, row_no, account, strategy, state, changed_at, parameters, "
+                       "starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason "
+                       "FROM instance ");
+    text += choice.condition.isEmpty() ? QString() : QLatin1String("WHERE ") + choice.condition;
+    text += choice.isNewestFirst ? QStringLiteral(" ORDER BY batch_number DESC, row_no")
+                                 : QStringLiteral(" ORDER BY batch_number, row_no");
+    text += choice.most > 0 ? QStringLiteral(" LIMIT %1").arg(choice.most) : QString();
+    QList<Instance> instances;
+    {
+        QSqlQuery query = statements.select(text, choice.values);
+        while (statements.next(query)) {
+            instances.append(instanceOf(query));
+        }
+    }
+    addLegs(statements, instances);
+    return instances;
+}
+
+std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id)
+{
+    const QList<Instance> found =
+        selectInstances(statements, {QStringLiteral("batch_number = ? AND row_no = ?"), {id.batch, id.row}});
+    return found.isEmpty() ? std::nullopt : std::make_optional(found.first());
+}
+
+QMap<InstanceState, qint64> countStates(Statements& statements, std::optional<qint64> batch)
+{
+    const QString condition = batch ? QStringLiteral("WHERE batch_number = ? ") : QString();
+    QSqlQuery query = statements.select(QStringLiteral("SELECT state, COUNT(*) FROM instance ") + condition +
+                                            QLatin1String("GROUP BY state"),
+                                        batch ? QVariantList{*batch} : QVariantList());
+    QMap<InstanceState, qint64> counts;
+    while (statements.next(query)) {
+        counts[instanceStateNamed(query.value(0).toString())] += query.value(1).toLongLong();
+    }
+    return counts;
+}
+
+void insertInstances(Statements& statements, const Batch& batch, const QList<InstanceDraft>& instances,
+                     InstanceState ofStarted)
+{
+    static const QStringList columns =
+        QStringLiteral("batch_number row_no account strategy state changed_at parameters "
+                       "row_key starts_now taken_back cl_ord_id cancels cancel_due "
+                       "filled average reason")
+            .split(QLatin1Char(' '));
+    static const QStringList legColumns =
+        QStringLiteral(
+            "batch_number row_no leg_no account symbol exchange direction quantity limit_price amount "
+            "filled average")
+            .split(QLatin1Char(' '));
+    const QString none = QStringLiteral("");
+    const QVariant zero = column::decimal(Decimal());
+    QList<QVariantList> rows;
+    QList<QVariantList> legs;
+    int row = 0;
+    for (const InstanceDraft& instance : instances) {
+        ++row;
+        const InstanceState state = instance.startsNow ? ofStarted : InstanceState::Created;
+        rows.append(
+            {batch.number, row, column::text(batch.account), column::text(batch.strategy), nameOf(state),
+             column::time(batch.createdAt), QString::fromUtf8(parametersToText(instance.parameters)),
+             rowKey(batch.strategy, instance), instance.startsNow ? 1 : 0, 0, none, 0, 0, zero, zero, none});
+        int number = 0;
+        for (const Leg& leg : instance.legs) {
+            legs.append({batch.number, row, ++number, column::text(batch.account), column::text(leg.symbol),
+                         column::text(leg.exchange), column::text(leg.direction),
+                         column::decimal(leg.quantity), column::decimal(leg.limitPrice),
+                         column::decimal(leg.amount), zero, zero});
+        }
+    }
+    statements.insertRows(QStringLiteral("instance"), columns, rows);
+    statements.insertRows(QStringLiteral("instance_leg"), legColumns, legs);
+}
+
+void updateInstances(Statements& statements, const QList<Instance>& changed, const QDateTime& now)
+{
+    QSqlQuery update = statements.prepare(QStringLiteral(
+        "UPDATE instance SET state = ?, changed_at = ?, taken_back = ?, cl_ord_id = ?, cancels = ?, "
+        "cancel_due = ?, filled = ?, average = ?, reason = ? "
+        "WHERE batch_number = ? AND row_no = ? AND account = ?"));
+    for (const Instance& instance : changed) {
+        statements.runAgain(update, {nameOf(instance.state), column::time(now), instance.isTakenBack ? 1 : 0,
+                                     column::text(instance.clOrdId), instance.cancels,
+                                     instance.isCancelDue ? 1 : 0, column::decimal(instance.filledQuantity),
+                                     column::decimal(instance.averagePrice), column::text(instance.reason),
+                                     instance.id.batch, instance.id.row, column::text(instance.account)});
+        if (instance.legs.size() > 1) {
+            updateLegs(statements, instance);
+        }
+    }
+}
+
+} // namespace ledger

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ledger/records/Records.h"
+#include "ledger/store/Statements.h"
+
+/// The statements about instances and their legs.
+namespace ledger {
+
+/// `condition` is what follows WHERE, up to the order; of the legs of the same instances nothing else may be
+/// asked than batch_number, row_no and account.
+struct InstanceChoice {
+    QString condition;
+    QVariantList values;
+    bool isNewestFirst = false;
+    int most = 0; ///< 0: all
+};
+
+/// Legs are read by the keys of the instances found.
+QList<Instance> selectInstances(Statements& statements, const InstanceChoice& choice);
+std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id);
+QMap<InstanceState, qint64> countStates(Statements& statements, std::optional<qint64> batch);
+
+void insertInstances(Statements& statements, const Batch& batch, const QList<InstanceDraft>& instances,
+                     InstanceState ofStarted);
+/// Writes down whatever may have changed: state, order identifier, fills, reason, wishes; of `changed` all.
+void updateInstances(Statements& statements, const QList<Instance>& changed, const QDateTime& now);
+
+} // namespace ledger

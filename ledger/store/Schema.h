@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStringList>
+
+/// The tables of the ledger and how older ones become today's.
+namespace ledger {
+
+/// The version that this program writes.
+int schemaVersion();
+
+/// Today's tables, in standard SQL, with the store's type of decimals; made in an empty ledger.
+QStringList tablesOfToday(const QString& decimalType);
+/// Their names in the order in which they may be filled.
+QStringList tableNames();
+
+/// Writes the version down; the last statement of a migration.
+QString versionStatement(int version);
+
+} // namespace ledger

@@ -27,6 +27,35 @@ inline const QString LostRows = QStringLiteral("file.lostRows");
 inline const QString ReplacedText = QStringLiteral("text.replaced");
 inline const QString UnknownCodePage = QStringLiteral("text.codepage");
 
+// ---- of the workbook
+inline const QString ActiveSheet = QStringLiteral("sheet.active"); ///< its name, the one that is read
+inline const QString OtherSheet = QStringLiteral("sheet.other");   ///< likewise
+// ---- of the header
+inline const QString SecondTitle = QStringLiteral("title.second");     ///< title, the one that is read
+inline const QString OtherStrategy = QStringLiteral("title.strategy"); ///< columns, strategies
+// ---- of a row
+inline const QString OrderWithoutCode = QStringLiteral("row.code");
+inline const QString HeaderAgain = QStringLiteral("row.header");
+inline const QString TotalRow = QStringLiteral("row.total");
+inline const QString SameOrder = QStringLiteral("row.repeated"); ///< line of the first one
+inline const QString StruckRow = QStringLiteral("row.struck");
+// ---- of a cell
+inline const QString Uncalculated = QStringLiteral("formula.uncalculated");
+inline const QString ShownOtherwise = QStringLiteral("number.shown"); ///< as taken, as shown
+inline const QString NoFreeNumber = QStringLiteral("number.invalid.free");
+inline const QString BelowZero = QStringLiteral("number.below");
+inline const QString NoPercent = QStringLiteral("number.percent");
+inline const QString SmallShare = QStringLiteral("share.small"); ///< number, what could be meant
+inline const QString PointForGroups = QStringLiteral("number.grouping");
+inline const QString SmallAmount = QStringLiteral("amount.small");
+inline const QString OddRate = QStringLiteral("price.rate");
+inline const QString NoWholeLot = QStringLiteral("quantity.lot");
+inline const QString OddLotSold = QStringLiteral("quantity.odd");
+inline const QString OtherName = QStringLiteral("name.differs"); ///< name, the security
+inline const QString LostChoice = QStringLiteral("choice.lost");
+inline const QString EmptyByMerge =
+    QStringLiteral("merged.empty"); ///< text, address of the area's first cell
+
 /// The first two words: number.invalid of number.invalid.price.
 inline QString codeOf(const QString& rule)
 {

@@ -36,14 +36,14 @@ ReferenceColumn<LimitScope> ceilingColumn(const Ceiling& ceiling)
             nullptr};
 }
 
-ReferenceColumn<LimitScope> unpricedColumn()
+template <typename Take> ReferenceColumn<LimitScope> flagColumn(const char* column, Take take)
 {
-    const QString name = QStringLiteral("refuseUnpriced");
+    const QString name = QString::fromLatin1(column);
     return {name,
-            [name](LimitScope& row, const QString& cell) {
-                row.limits.refusesUnpriced = cell == QLatin1String("1");
-                const bool isFlag = row.limits.refusesUnpriced || cell == QLatin1String("0");
-                return isFlag ? QString() : reference_faults::notFlag(name, cell);
+            [name, take](LimitScope& row, const QString& cell) {
+                const bool isOn = cell == QLatin1String("1");
+                take(row, isOn);
+                return isOn || cell == QLatin1String("0") ? QString() : reference_faults::notFlag(name, cell);
             },
             nullptr};
 }
@@ -51,10 +51,13 @@ ReferenceColumn<LimitScope> unpricedColumn()
 const ReferenceTable<LimitScope>& limitTable()
 {
     static const ReferenceTable<LimitScope> table = [] {
-        ReferenceTable<LimitScope> made{QStringLiteral("limits"),
-                                        nullptr,
-                                        {scopeColumn("account", &LimitScope::account),
-                                         scopeColumn("strategy", &LimitScope::strategy), unpricedColumn()}};
+        ReferenceTable<LimitScope> made{
+            QStringLiteral("limits"),
+            nullptr,
+            {scopeColumn("account", &LimitScope::account), scopeColumn("strategy", &LimitScope::strategy),
+             flagColumn("refuseUnpriced",
+                        [](LimitScope& row, bool isOn) { row.limits.refusesUnpriced = isOn; }),
+             flagColumn("replacesGeneral", [](LimitScope& row, bool isOn) { row.replacesGeneral = isOn; })}};
         for (const Ceiling& ceiling : ceilings()) {
             made.columns.append(ceilingColumn(ceiling));
         }

@@ -37,8 +37,9 @@ constexpr Option Options[] = {
      "tell what is wrong with the file and the batch as data, beside the messages"},
     {"create", "", nullptr, &CommandLine::create,
      "create the confirmed batch in the ledger, if the guard lets it pass"},
-    {"yes", "", nullptr, &CommandLine::yes,
-     "create in spite of messages and of the guard's warnings (never of its refusals)"},
+    {"yes", "", nullptr, &CommandLine::yes, "create in spite of messages"},
+    {"accept", "RULE[,RULE]", &CommandLine::accept, nullptr,
+     "create in spite of what these rules found (never of a refusal); each is named, there is no yes to all"},
     {"amount", "AMOUNT", &CommandLine::amount, nullptr,
      "the gross amount, where the guard wants it typed once more"},
     {"batch", "N", &CommandLine::batch, nullptr, "only this batch"},
@@ -144,8 +145,9 @@ QString usage()
     QString text = QStringLiteral(
         "Usage: algodesk                     open the desk window\n"
         "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
-        "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--amount "
-        "AMOUNT]]]\n"
+        "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--accept "
+        "RULE[,RULE]]\n"
+        "                            [--amount AMOUNT]]]\n"
         "                            [--faults] [--rejects OUT]\n"
         "       algodesk rows FILE [--encoding NAME]\n"
         "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"

@@ -18,6 +18,7 @@ struct CommandLine {
     QString encoding;
     QString rejects;
     QString batch;
+    QString accept;                         ///< rules that are acknowledged, separated by commas
     QString amount;                         ///< the gross amount, typed once more
     QString answer = QStringLiteral("yes"); ///< to the row-limit question: yes or no
     bool confirm = false;

@@ -1,26 +1,24 @@
-#include "desk/batch/HostPrices.h"
-#include "desk/batch/LimitsFile.h"
 #include "desk/check/ImportedFile.h"
 #include "desk/check/RejectedRows.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/FaultJson.h"
+#include "desk/runner/JudgementJson.h"
 #include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
+#include "desk/verdict/Judge.h"
 #include "ledger/LedgerTexts.h"
 
 #include <QFileInfo>
 
-#include <optional>
+#include <functional>
 
 namespace runner {
 
 namespace {
 
 using ledger::Ledger;
-using ledger::LimitScope;
-using ledger::Review;
 
 /// What stands against creating the batch before the guard looks at it: the runner asks nobody.
 QString objection(const DialogDriver& driver, const CommandLine& line)
@@ -46,23 +44,31 @@ Creation failed(const QString& error)
     return {noCreationToJson(error), Complained, nullptr};
 }
 
-/// The guard's look at the batch, and the batch where guard and consent let it pass.
-Creation reviewAndCreate(Ledger& ledger, const ledger::BatchDraft& draft, const CommandLine& line,
-                         const QList<LimitScope>& limits)
+/// What a creation is judged by.
+struct Ground {
+    const table::Table& table;
+    const verdict::Desk& desk;
+    const ReferenceData& data;
+};
+
+/// The judgement on the batch, and the batch where it and what was accepted let it pass.
+Creation judgeAndCreate(Ledger& ledger, const ledger::BatchDraft& draft, const batch::DialogContent& content,
+                        const CommandLine& line, const Ground& ground)
 {
-    Outcome<Review> review = ledger::reviewBatch(ledger, draft, limits, batch::hostPrices(draft));
-    if (!review.ok()) {
-        return failed(review.error);
+    Outcome<verdict::Judgement> judgement = verdict::judge(
+        ledger, draft, {content, ground.table}, ground.desk, ground.data, QDateTime::currentDateTimeUtc());
+    if (!judgement.ok()) {
+        return failed(judgement.error);
     }
-    const Outcome<ledger::Batch> created =
-        ledger::createReviewed(ledger, review.value, {line.yes, line.amount});
+    const verdict::Acceptance acceptance{line.accept.split(QLatin1Char(',')), line.amount};
+    const Outcome<ledger::Batch> created = verdict::createJudged(ledger, judgement.value, acceptance);
     const bool waits = created.ok() && created.value.state == ledger::BatchState::Waiting;
     const Status status = !created.ok() ? Complained : waits ? Waiting : Done;
-    return {creationToJson(review.value.verdict, created), status, nullptr};
+    return {creationToJson(judgement.value, created), status, nullptr};
 }
 
 /// A repeated command finds what the one before made, where that never told its outcome.
-Creation createBatch(DialogDriver& driver, const CommandLine& line, const QList<LimitScope>& limits)
+Creation createBatch(DialogDriver& driver, const CommandLine& line, const Ground& ground)
 {
     const QString stopped = objection(driver, line);
     if (!stopped.isEmpty()) {
@@ -72,14 +78,15 @@ Creation createBatch(DialogDriver& driver, const CommandLine& line, const QList<
     if (!opened.ok()) {
         return failed(opened.error);
     }
-    ledger::BatchDraft draft = batch::makeDraft(driver.content());
+    const batch::DialogContent content = driver.content();
+    ledger::BatchDraft draft = batch::makeDraft(content);
     const ledger::DraftJournal journal(homeFolder(line));
     const Outcome<ledger::Attempt> attempt = ledger::beginAttempt(*opened.value, journal, draft);
     if (!attempt.ok()) {
         return failed(attempt.error);
     }
     Creation creation = attempt.value.made ? Creation{repeatedToJson(*attempt.value.made), Done, nullptr}
-                                           : reviewAndCreate(*opened.value, draft, line, limits);
+                                           : judgeAndCreate(*opened.value, draft, content, line, ground);
     if (creation.status != Complained) {
         creation.told = [journal, entry = attempt.value.entry] { journal.end(entry); };
     }
@@ -106,8 +113,8 @@ QString usageFault(const CommandLine& line)
     if (line.create && !line.confirm) {
         return QStringLiteral("--create needs --confirm");
     }
-    if (!line.create && (line.yes || !line.amount.isEmpty())) {
-        return QStringLiteral("--yes and --amount need --create");
+    if (!line.create && (line.yes || !line.amount.isEmpty() || !line.accept.isEmpty())) {
+        return QStringLiteral("--yes, --accept and --amount need --create");
     }
     return line.rejects.isEmpty() ? QString() : rejectsFault(line);
 }
@@ -140,9 +147,9 @@ Result importFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
-    const std::optional<QList<LimitScope>> limits = batch::readLimits(referenceDataFolder(line), error);
-    if (!limits) {
-        return refuse(error);
+    const Outcome<verdict::Desk> desk = verdict::Desk::read(referenceDataFolder(line));
+    if (!desk.ok()) {
+        return refuse(desk.error);
     }
     DialogDriver driver(*host, line);
     if (!driver.unknownName().isEmpty()) {
@@ -159,7 +166,7 @@ Result importFile(const CommandLine& line)
     bool complained = !driver.shownBoxes().isEmpty();
     Creation creation{{}, Done, nullptr};
     if (line.create) {
-        creation = createBatch(driver, line, *limits);
+        creation = createBatch(driver, line, {file.table, desk.value, host->referenceData()});
         json[QStringLiteral("creation")] = creation.json;
         complained = complained || creation.status == Complained;
     }

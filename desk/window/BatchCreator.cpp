@@ -1,6 +1,6 @@
 #include "desk/window/BatchCreator.h"
 
-#include "desk/batch/HostPrices.h"
+#include "desk/verdict/Judge.h"
 #include "desk/window/VerdictDialog.h"
 #include "host/ZelMessageBox.h"
 
@@ -11,17 +11,18 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
         return std::nullopt;
     }
     const ledger::BatchDraft draft = batch::makeDraft(batch.content);
-    Outcome<ledger::Review> review =
-        ledger::reviewBatch(*mBooks.ledger, draft, mBooks.limits, batch::hostPrices(draft));
-    if (!review.ok()) {
-        tell(review.error);
+    Outcome<verdict::Judgement> judgement =
+        verdict::judge(*mBooks.ledger, draft, {batch.content, batch.table}, mBooks.desk, mData,
+                       QDateTime::currentDateTimeUtc());
+    if (!judgement.ok()) {
+        tell(judgement.error);
         return std::nullopt;
     }
-    ledger::Consent consent;
-    if (VerdictDialog::isNeeded(review.value.verdict) && !askUser(review.value, consent)) {
+    verdict::Acceptance acceptance;
+    if (!askUser(judgement.value, acceptance)) {
         return std::nullopt;
     }
-    const Outcome<ledger::Batch> created = ledger::createReviewed(*mBooks.ledger, review.value, consent);
+    const Outcome<ledger::Batch> created = verdict::createJudged(*mBooks.ledger, judgement.value, acceptance);
     if (!created.ok()) {
         tell(created.error);
         return std::nullopt;
@@ -29,11 +30,16 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
     return created.value;
 }
 
-bool BatchCreator::askUser(const ledger::Review& review, ledger::Consent& consent) const
+bool BatchCreator::askUser(const verdict::Judgement& judgement, verdict::Acceptance& acceptance) const
 {
-    VerdictDialog dialog(review, mParent);
+    VerdictDialog dialog(judgement, mParent);
+    QObject::connect(&dialog, &VerdictDialog::rowWanted, mParent, [this](int row) {
+        if (mShowRow) {
+            mShowRow(row);
+        }
+    });
     const bool agreed = dialog.exec() == QDialog::Accepted;
-    consent = dialog.consent();
+    acceptance = dialog.acceptance();
     return agreed;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/guard/Limits.h"
+#include "desk/verdict/Desk.h"
 #include "ledger/Ledger.h"
 
 #include <QList>
@@ -13,7 +13,7 @@
 struct DeskBooks {
     std::shared_ptr<ledger::Ledger> ledger; ///< null: nothing can be created
     QString ledgerError;                    ///< why there is none, for the user; empty with a ledger
-    QList<ledger::LimitScope> limits;
+    verdict::Desk desk;
 };
 
 /// The ledger of a home and the ceilings of a reference data folder. A ledger that cannot be opened leaves

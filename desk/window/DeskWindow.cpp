@@ -203,7 +203,10 @@ void DeskWindow::sayToo(const QString& text)
 
 void DeskWindow::takeBatch(const HandOver& batch)
 {
-    const std::optional<ledger::Batch> created = BatchCreator(mBooks, this).create(batch);
+    const std::optional<ledger::Batch> created =
+        BatchCreator(
+            mBooks, mHost.referenceData(), [this](int row) { mImport->showRow(row); }, this)
+            .create(batch);
     mImport->finish(batch, created.has_value());
     if (!created) {
         say(QStringLiteral("未创建，批次保持原样"));

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "desk/batch/DraftBuilder.h"
+#include "table/Table.h"
 
 /// A batch that the user confirmed in the dialog.
 struct HandOver {
     batch::DialogContent content;
+    table::Table table;          ///< of the file, as it was imported
     bool closeAfterwards = true; ///< the user wants the dialog closed once the instances exist
 };

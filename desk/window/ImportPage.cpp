@@ -177,7 +177,7 @@ QString ImportPage::importSummary() const
 void ImportPage::takeConfirmation(bool closeAfterwards)
 {
     mProblems->forgetBatch();
-    HandOver batch{content(), closeAfterwards};
+    HandOver batch{content(), mFile.table, closeAfterwards};
     bool cancelled = false;
     const Outcome<QString> digest = mDigest.wait(this, cancelled);
     batch.content.fileSha256 = digest.value;
@@ -210,6 +210,13 @@ void ImportPage::showHandedOver(const HandOver& batch)
     mHandedOver->fitColumns();
     mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数 %1").arg(maps.size()));
     mLower->setCurrentIndex(HandedOverTab);
+}
+
+void ImportPage::showRow(int row)
+{
+    if (mFrame->table() && row > 0) {
+        mFrame->table()->selectRecord(row - 1);
+    }
 }
 
 ledger::BatchTable ImportPage::currentTable() const

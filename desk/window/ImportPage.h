@@ -41,6 +41,8 @@ public:
     /// or lets him confirm again.
     void finish(const HandOver& batch, bool created);
     /// The table as it stands; without rows before an import.
+    /// Selects a row of the batch, from 1.
+    void showRow(int row);
     ledger::BatchTable currentTable() const;
     QString fileName() const;
     /// What the open dialog holds.

@@ -1,15 +1,19 @@
 #include "desk/window/VerdictDialog.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
-constexpr int Width = 520;
+constexpr int Width = 560;
 constexpr int MostLines = 6; // of findings without a scroll bar
 
 QLabel* makeLabel(const QString& text, const QString& role, QWidget* parent)
@@ -21,10 +25,23 @@ QLabel* makeLabel(const QString& text, const QString& role, QWidget* parent)
     return label;
 }
 
+QStringList textsOf(const QList<verdict::Line>& lines)
+{
+    QStringList texts;
+    for (const verdict::Line& line : lines) {
+        texts.append(line.text);
+    }
+    return texts;
+}
+
+constexpr int MostLinks = 12; // to rows of one rule
+
 } // namespace
 
-VerdictDialog::VerdictDialog(const ledger::Review& review, QWidget* parent) : QDialog(parent), mReview(review)
+VerdictDialog::VerdictDialog(const verdict::Judgement& judgement, QWidget* parent)
+    : QDialog(parent), mJudgement(judgement)
 {
+    using verdict::Action;
     setWindowTitle(QStringLiteral("创建前检查"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setMinimumWidth(Width);
@@ -32,54 +49,54 @@ VerdictDialog::VerdictDialog(const ledger::Review& review, QWidget* parent) : QD
     column->setContentsMargins(16, 14, 16, 12);
     column->setSpacing(8);
     addSummary(column);
-    addFindings(column, QStringLiteral("不能创建"), review.verdict.refusals, QStringLiteral("error"));
-    addFindings(column, QStringLiteral("请留意"), review.verdict.warnings, QStringLiteral("warning"));
+    addText(column, QStringLiteral("不能创建"), textsOf(judgement.linesWith(Action::Refuse)),
+            QStringLiteral("error"));
+    addQuestions(column);
+    addText(column, QStringLiteral("提示"), textsOf(judgement.linesWith(Action::Tell)),
+            QStringLiteral("notice"));
     addAmount(column);
     addButtons(column);
     showWhetherAllowed();
 }
 
-bool VerdictDialog::isNeeded(const ledger::Verdict& verdict)
+verdict::Acceptance VerdictDialog::acceptance() const
 {
-    return verdict.refuses() || !verdict.warnings.isEmpty() || verdict.confirmationAmount > 0;
-}
-
-ledger::Consent VerdictDialog::consent() const
-{
-    ledger::Consent consent;
-    consent.toWarnings = true;
-    consent.typedAmount = mAmount ? mAmount->text() : QString();
-    return consent;
+    verdict::Acceptance acceptance;
+    for (const QCheckBox* question : mQuestions) {
+        if (question->isChecked()) {
+            acceptance.rules.append(question->property("rule").toString());
+        }
+    }
+    acceptance.typedAmount = mAmount ? mAmount->text() : QString();
+    return acceptance;
 }
 
 void VerdictDialog::addSummary(QVBoxLayout* column)
 {
-    const ledger::BatchDraft& draft = mReview.draft;
+    const ledger::BatchDraft& draft = mJudgement.review.draft;
+    const ledger::Verdict& verdict = mJudgement.review.verdict;
     column->addWidget(makeLabel(
         QStringLiteral("%1 · %2 · %3 个实例").arg(draft.account, draft.strategy).arg(draft.instances.size()),
         QStringLiteral("heading"), this));
     auto* amounts = new QHBoxLayout;
     amounts->setSpacing(24);
-    amounts->addWidget(makeLabel(QStringLiteral("买入合计 %1 元").arg(mReview.verdict.grossBuy.shown(2)),
+    amounts->addWidget(makeLabel(QStringLiteral("买入合计 %1 元").arg(verdict.grossBuy.shown(2)),
                                  QStringLiteral("buy"), this));
-    amounts->addWidget(makeLabel(QStringLiteral("卖出合计 %1 元").arg(mReview.verdict.grossSell.shown(2)),
+    amounts->addWidget(makeLabel(QStringLiteral("卖出合计 %1 元").arg(verdict.grossSell.shown(2)),
                                  QStringLiteral("sell"), this));
     amounts->addStretch();
     column->addLayout(amounts);
+    addText(column, QStringLiteral("摘要"), verdict::linesOf(mJudgement.summary), QStringLiteral("summary"));
 }
 
-void VerdictDialog::addFindings(QVBoxLayout* column, const QString& title,
-                                const QList<ledger::Finding>& findings, const QString& role)
+void VerdictDialog::addText(QVBoxLayout* column, const QString& title, const QStringList& lines,
+                            const QString& role)
 {
-    if (findings.isEmpty()) {
+    if (lines.isEmpty()) {
         return;
     }
     column->addSpacing(4);
     column->addWidget(makeLabel(title, role, this));
-    QStringList lines;
-    for (const ledger::Finding& finding : findings) {
-        lines.append(finding.text);
-    }
     auto* text = new QTextEdit(this);
     text->setObjectName(QStringLiteral("findings_") + role);
     text->setAccessibleName(title);
@@ -90,10 +107,70 @@ void VerdictDialog::addFindings(QVBoxLayout* column, const QString& title,
     column->addWidget(text);
 }
 
+/// Each rule by itself: there is no yes to all.
+void VerdictDialog::addQuestions(QVBoxLayout* column)
+{
+    const QList<verdict::Line> lines = mJudgement.linesWith(verdict::Action::Ask);
+    if (lines.isEmpty()) {
+        return;
+    }
+    column->addSpacing(4);
+    column->addWidget(makeLabel(QStringLiteral("请逐条确认"), QStringLiteral("warning"), this));
+    auto* list = new QWidget;
+    auto* rows = new QVBoxLayout(list);
+    for (const verdict::Line& line : lines) {
+        auto* question = new QCheckBox(list);
+        question->setObjectName(QStringLiteral("check_") + line.rule);
+        question->setProperty("rule", line.rule);
+        question->setAccessibleName(line.text);
+        question->setEnabled(!mJudgement.refuses());
+        connect(question, &QCheckBox::toggled, this, &VerdictDialog::showWhetherAllowed);
+        mQuestions.append(question);
+        auto* row = new QHBoxLayout;
+        row->addWidget(question, 0, Qt::AlignTop);
+        row->addWidget(makeLabel(line.text, QStringLiteral("caption"), list), 1);
+        rows->addLayout(row);
+        if (QLabel* places = makeRows(line)) {
+            rows->addWidget(places);
+        }
+    }
+    rows->addStretch();
+    auto* area = new QScrollArea(this);
+    area->setWidgetResizable(true);
+    area->setWidget(list);
+    area->setMinimumHeight((qMin(lines.size(), MostLines) * 2 + 1) * fontMetrics().lineSpacing());
+    column->addWidget(area, 1);
+}
+
+/// Rows of the batch to jump to; null where the rule is about none.
+QLabel* VerdictDialog::makeRows(const verdict::Line& line)
+{
+    QList<int> rows;
+    for (const table::Fault& fault : line.faults) {
+        if (fault.row > 0 && !rows.contains(fault.row)) {
+            rows.append(fault.row);
+        }
+    }
+    QStringList links;
+    for (const int row : rows.mid(0, MostLinks)) {
+        links.append(QStringLiteral("<a href=\"%1\">%1</a>").arg(row));
+    }
+    // The rows that the import refused are in no batch.
+    if (links.isEmpty() || line.rule == QLatin1String("rows.missing")) {
+        return nullptr;
+    }
+    auto* places = new QLabel(QStringLiteral("转到表格行 ") + links.join(QLatin1Char(' ')), this);
+    places->setTextFormat(Qt::RichText); // numbers alone
+    places->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(places, &QLabel::linkActivated, this,
+            [this](const QString& row) { emit rowWanted(row.toInt()); });
+    return places;
+}
+
 void VerdictDialog::addAmount(QVBoxLayout* column)
 {
-    const ledger::Verdict& verdict = mReview.verdict;
-    if (verdict.refuses() || verdict.confirmationAmount <= 0) {
+    const ledger::Verdict& verdict = mJudgement.review.verdict;
+    if (mJudgement.refuses() || verdict.confirmationAmount <= 0) {
         return;
     }
     column->addSpacing(4);
@@ -109,16 +186,15 @@ void VerdictDialog::addAmount(QVBoxLayout* column)
 
 void VerdictDialog::addButtons(QVBoxLayout* column)
 {
-    mCancel =
-        new QPushButton(mReview.verdict.refuses() ? QStringLiteral("关闭") : QStringLiteral("取消"), this);
+    mCancel = new QPushButton(mJudgement.refuses() ? QStringLiteral("关闭") : QStringLiteral("取消"), this);
     mCancel->setObjectName(QStringLiteral("button_cancel"));
     mCancel->setAutoDefault(false);
     connect(mCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addStretch();
-    if (!mReview.verdict.refuses()) {
-        mCreate = new QPushButton(
-            mReview.verdict.warnings.isEmpty() ? QStringLiteral("创建") : QStringLiteral("仍然创建"), this);
+    if (!mJudgement.refuses()) {
+        mCreate =
+            new QPushButton(mQuestions.isEmpty() ? QStringLiteral("创建") : QStringLiteral("仍然创建"), this);
         mCreate->setObjectName(QStringLiteral("button_create"));
         mCreate->setAutoDefault(false);
         connect(mCreate, &QPushButton::clicked, this, &QDialog::accept);
@@ -134,10 +210,14 @@ void VerdictDialog::addButtons(QVBoxLayout* column)
 
 void VerdictDialog::showWhetherAllowed()
 {
-    if (mCreate && mAmount) {
-        const bool allowed = ledger::isConfirmedBy(mReview.verdict, mAmount->text());
-        mCreate->setEnabled(allowed);
-        mCreate->setDefault(allowed); // who typed the whole amount means it
-        mCancel->setDefault(!allowed);
+    if (!mCreate) {
+        return;
     }
+    const bool hasAmount = !mAmount || ledger::isConfirmedBy(mJudgement.review.verdict, mAmount->text());
+    const bool isAnswered = std::all_of(mQuestions.begin(), mQuestions.end(),
+                                        [](const QCheckBox* question) { return question->isChecked(); });
+    mCreate->setEnabled(hasAmount && isAnswered);
+    const bool isMeant = mAmount && hasAmount && isAnswered; // who typed the whole amount means it
+    mCreate->setDefault(isMeant);
+    mCancel->setDefault(!isMeant);
 }

@@ -1,37 +1,44 @@
 #pragma once
 
-#include "ledger/BatchCreation.h"
+#include "desk/verdict/Judgement.h"
 
 #include <QDialog>
+#include <QList>
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
 
-/// What the guard says of a batch before it exists: refusals that nobody can override, warnings to be
-/// accepted, and above a threshold the gross amount to be typed once more.
+/// What is to be created, before every creation, and what is known against it: refusals that nobody can
+/// override, questions that are acknowledged rule by rule, what is told, and above a threshold the gross
+/// amount to be typed once more.
 class VerdictDialog : public QDialog {
     Q_OBJECT
 
 public:
-    explicit VerdictDialog(const ledger::Review& review, QWidget* parent = nullptr);
+    explicit VerdictDialog(const verdict::Judgement& judgement, QWidget* parent = nullptr);
 
-    /// Whether there is anything to ask.
-    static bool isNeeded(const ledger::Verdict& verdict);
     /// What the user agreed to; meaningful after the dialog was accepted.
-    ledger::Consent consent() const;
+    verdict::Acceptance acceptance() const;
+
+signals:
+    /// The user wants to see a row of the batch, from 1.
+    void rowWanted(int row);
 
 private:
     void addSummary(QVBoxLayout* column);
-    void addFindings(QVBoxLayout* column, const QString& title, const QList<ledger::Finding>& findings,
-                     const QString& role);
+    void addText(QVBoxLayout* column, const QString& title, const QStringList& lines, const QString& role);
+    void addQuestions(QVBoxLayout* column);
+    QLabel* makeRows(const verdict::Line& line);
     void addAmount(QVBoxLayout* column);
     void addButtons(QVBoxLayout* column);
     void showWhetherAllowed();
 
-    ledger::Review mReview;
+    verdict::Judgement mJudgement;
+    QList<QCheckBox*> mQuestions; ///< one a rule, which is its property "rule"
     QLineEdit* mAmount = nullptr;
-    QPushButton* mCreate = nullptr; ///< null where the guard refuses
+    QPushButton* mCreate = nullptr; ///< null where something refuses
     QPushButton* mCancel = nullptr;
 };

@@ -1,17 +1,17 @@
 #include "embedded_host/table_check/TableLint.h"
 
-#include "embedded_host/table_check/TitleLint.h"
-#include "table/CellAddress.h"
+#include "embedded_host/table_check/Findings.h"
+#include "embedded_host/table_check/HeaderLint.h"
+#include "embedded_host/table_check/NumberLint.h"
+#include "embedded_host/table_check/RowLint.h"
+#include "embedded_host/table_check/SheetLint.h"
 #include "table/CheckRules.h"
-#include "table/FaultCatalogue.h"
-#include "table/HarmlessCell.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <numeric>
+#include <optional>
 
 namespace table_lint {
 namespace {
@@ -56,167 +56,116 @@ int significantDigits(const QString& text)
     return points < 2 ? digits : 0;
 }
 
-/// Whole numbers have 32 bits; an infinity and "nan" are numbers as well.
-bool fits(double number, NumberKind kind)
+/// What is left of a name when what exchanges and systems add to it is taken away.
+QString plainName(const QString& name)
 {
-    constexpr double Least = std::numeric_limits<qint32>::min();
-    constexpr double Greatest = std::numeric_limits<qint32>::max();
-    return std::isfinite(number) && (kind != NumberKind::Whole || (number >= Least && number <= Greatest));
-}
-
-/// A fraction that gets lost: one that a spreadsheet's rounding leaves behind is none.
-bool hasFraction(double number)
-{
-    constexpr double Noise = 1e-6;
-    return std::fabs(number - std::round(number)) > Noise;
-}
-
-/// Every title that the import would find: the columns', what may stand for each, and the reasons of a reject
-/// file.
-QStringList knownTitles(const Expectation& expectation)
-{
-    QStringList known = {table::reasonTitle()};
-    for (const QString& title : expectation.titles) {
-        known << title << expectation.aliases.value(title, title) << expectation.aliases.key(title, title);
+    static const QRegularExpression marks(
+        QStringLiteral("^(XD|XR|DR|\\*?ST|S\\*?ST|N|C|U|W)+(?=\\W|[^A-Z])"));
+    QString plain;
+    for (const QChar c : name.normalized(QString::NormalizationForm_KC).toUpper()) {
+        if (c.isLetterOrNumber() || c == QLatin1Char('*')) {
+            plain.append(c);
+        }
     }
-    return known;
+    return plain.remove(marks).remove(QLatin1Char('*'));
 }
 
-class Linter {
+bool isChinese(const QString& text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.script() == QChar::Script_Han; });
+}
+
+/// Abbreviations are the same name; a name in another language is compared with nothing.
+bool namesDiffer(const QString& typed, const QString& known)
+{
+    const QString one = plainName(typed);
+    const QString other = plainName(known);
+    return isChinese(one) && isChinese(other) && !one.contains(other) && !other.contains(one);
+}
+
+/// The cells of a table, a row at a time.
+class CellLint {
 public:
-    Linter(const Table& table, const Expectation& expectation)
-        : mTable(table), mExpectation(expectation), mKnownTitles(knownTitles(expectation))
+    CellLint(const Table& table, const Expectation& expectation, Findings& findings)
+        : mTable(table), mExpectation(expectation), mFindings(findings), mColumns(table, expectation)
     {
     }
 
-    QList<Finding> run();
+    void look(int row);
 
 private:
-    void lintTitles();
-    void lintTitle(int column, const QStringList& titles);
-    void lintRow(int row);
-    void lintCell(int row, int column, const QString& text);
-    void lintCode(int row, int column, const QString& text);
-    void lintNumber(int row, int column, const QString& text, NumberKind kind);
+    void lookAtCell(int row, int column, const QString& text);
+    void lookAtCode(int row, const QString& text);
+    void lookAtValue(int row, int column, const QString& text);
+    void lookAtNumber(int row, int column, const QString& text, NumberKind kind);
+    void lookAtSecurity(int row);
+    QString text(int row, int column) const { return mTable.rows.at(row).value(column); }
     QVector<int> areasOver(int row, int columns) const;
-    void add(const QString& rule, int row, int column, const QString& text,
-             const QStringList& suggestions = QStringList());
 
     const Table& mTable;
     const Expectation& mExpectation;
-    const QStringList mKnownTitles;
-    int mCodeColumn = -1;
-    QMap<int, NumberKind> mNumberColumns;
+    Findings& mFindings;
+    const FileColumns mColumns;
     QVector<int> mAreasOver; ///< of each column, in the row looked at
-    QList<Finding> mFindings;
+    std::optional<KnownSecurity> mSecurity;
 };
 
-QList<Finding> Linter::run()
-{
-    if (mTable.inspection.replacedCharacters > 0) {
-        const QString count = QString::number(mTable.inspection.replacedCharacters);
-        add(rule::ReplacedText, -1, -1, count, {mTable.encoding});
-    }
-    if (mTable.inspection.unknownCodePage > 0) {
-        add(rule::UnknownCodePage, -1, -1, QString::number(mTable.inspection.unknownCodePage));
-    }
-    if (!mTable.rows.isEmpty()) {
-        lintTitles();
-    }
-    for (int row = 0; row < mTable.rows.size() && mFindings.size() < MaxFindings; ++row) {
-        lintRow(row);
-    }
-    return mFindings;
-}
-
-void Linter::lintTitles()
-{
-    const QStringList& header = mTable.rows.first();
-    for (int column = 0; column < header.size(); ++column) {
-        const QString& title = header.at(column);
-        const QString meant = mExpectation.aliases.value(title, title);
-        if (mCodeColumn < 0 && !meant.isEmpty() && meant == mExpectation.codeTitle) {
-            mCodeColumn = column;
-        }
-        const bool isRead = mExpectation.titles.isEmpty() || mKnownTitles.contains(title);
-        if (isRead && header.indexOf(title) == column && mExpectation.numbers.contains(title)) {
-            mNumberColumns[column] = mExpectation.numbers.value(title);
-        }
-        lintTitle(column, header);
-    }
-}
-
-void Linter::lintTitle(int column, const QStringList& header)
-{
-    const QString& title = header.at(column);
-    if (title.isEmpty()) {
-        return;
-    }
-    if (header.indexOf(title) < column) {
-        add(rule::RepeatedTitle, 0, column, title);
-        return;
-    }
-    if (mExpectation.titles.isEmpty() || mKnownTitles.contains(title)) {
-        return;
-    }
-    const QString nearest = nearestTitle(title, mKnownTitles);
-    if (nearest.isEmpty()) {
-        add(rule::UnknownTitle, 0, column, title);
-    } else {
-        add(rule::NearTitle, 0, column, title, {nearest});
-    }
-}
-
-void Linter::lintRow(int row)
+void CellLint::look(int row)
 {
     const QStringList& cells = mTable.rows.at(row);
-    const bool isEmpty =
-        std::all_of(cells.begin(), cells.end(), [](const QString& c) { return c.isEmpty(); });
-    if (!isEmpty && mTable.inspection.hiddenRows.contains(row)) {
-        add(rule::HiddenRow, row, -1, QString());
-    }
     const bool isImported = row > 0 && !table::isBlankOrNote(cells);
     mAreasOver = areasOver(row, cells.size());
-    for (int column = 0; column < cells.size() && mFindings.size() < MaxFindings; ++column) {
+    mSecurity = isImported && mExpectation.security && mColumns.code >= 0
+                    ? mExpectation.security(cells.value(mColumns.code), cells.value(mColumns.market))
+                    : std::nullopt;
+    for (int column = 0; column < cells.size(); ++column) {
+        if (isImported && mTable.inspection.uncalculated.contains({row, column}) &&
+            !mColumns.titles.value(column).isEmpty()) {
+            mFindings.ofCell(rule::Uncalculated, row, column, cells.at(column));
+        }
         if (cells.at(column).isEmpty()) {
             continue;
         }
-        lintCell(row, column, cells.at(column));
-        if (isImported && mNumberColumns.contains(column)) {
-            lintNumber(row, column, cells.at(column), mNumberColumns.value(column));
+        lookAtCell(row, column, cells.at(column));
+        if (isImported) {
+            lookAtValue(row, column, cells.at(column));
         }
     }
+    if (mSecurity) {
+        lookAtSecurity(row);
+    }
 }
 
-void Linter::lintCell(int row, int column, const QString& text)
+void CellLint::lookAtCell(int row, int column, const QString& text)
 {
     if (std::any_of(text.begin(), text.end(), isInvisibleBlank)) {
-        add(rule::InvisibleBlank, row, column, text);
+        mFindings.ofCell(rule::InvisibleBlank, row, column, text);
     }
     if (std::any_of(text.begin(), text.end(), isFullWidthDigit)) {
-        add(rule::FullWidthDigit, row, column, text);
+        mFindings.ofCell(rule::FullWidthDigit, row, column, text);
     }
     if (isExponentForm(text)) {
-        add(rule::ExponentForm, row, column, text);
+        mFindings.ofCell(rule::ExponentForm, row, column, text);
     } else if (constexpr int Kept = 15; significantDigits(text) > Kept) {
-        add(rule::LostDigits, row, column, text);
+        mFindings.ofCell(rule::LostDigits, row, column, text);
     }
     if (mAreasOver.at(column) > 0) {
-        add(rule::HiddenByMerge, row, column, text);
+        mFindings.ofCell(rule::HiddenByMerge, row, column, text);
     }
-    if (row > 0 && column == mCodeColumn) {
-        lintCode(row, column, text);
+    if (row > 0 && column == mColumns.code) {
+        lookAtCode(row, text);
     }
 }
 
-/// A code of digits alone that no security has, though some have it with zeros before it.
-void Linter::lintCode(int row, int column, const QString& text)
+/// A code of digits alone that no security has, though some have it with zeros before it; not one that the
+/// import completes by its market.
+void CellLint::lookAtCode(int row, const QString& text)
 {
     constexpr int LongestCode = 6;
     const QString code = text.trimmed();
     const bool isDigits =
         std::all_of(code.begin(), code.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    if (!mExpectation.securities || !isDigits || code.isEmpty() || code.size() >= LongestCode ||
+    if (mSecurity || !mExpectation.securities || !isDigits || code.isEmpty() || code.size() >= LongestCode ||
         !mExpectation.securities(code).isEmpty()) {
         return;
     }
@@ -225,33 +174,70 @@ void Linter::lintCode(int row, int column, const QString& text)
         meant += mExpectation.securities(code.rightJustified(length, QLatin1Char('0')));
     }
     if (!meant.isEmpty()) {
-        add(rule::LostZeros, row, column, text, meant);
+        mFindings.ofCell(rule::LostZeros, row, mColumns.code, text, meant);
     }
 }
 
-void Linter::lintNumber(int row, int column, const QString& text, NumberKind kind)
+void CellLint::lookAtValue(int row, int column, const QString& text)
+{
+    const QString title = mColumns.titles.value(column); // a row may be longer than the header
+    const auto lost = mExpectation.lostTexts.constFind(title);
+    if (lost != mExpectation.lostTexts.constEnd()) {
+        for (const QString& leg : text.split(QLatin1Char('/'))) {
+            if (lost->contains(leg)) {
+                mFindings.ofCell(rule::LostChoice, row, column, leg);
+            }
+        }
+    }
+    const auto kind = mColumns.numbers.constFind(column);
+    if (kind == mColumns.numbers.constEnd()) {
+        return;
+    }
+    const QString shown = mTable.inspection.shown.value({row, column});
+    if (!shown.isEmpty() && showsAnother(shown, text, *kind, mSecurity ? mSecurity->precision : 2)) {
+        mFindings.ofCell(rule::ShownOtherwise, row, column, text, {shown});
+    }
+    lookAtNumber(row, column, text, *kind);
+}
+
+void CellLint::lookAtNumber(int row, int column, const QString& text, NumberKind kind)
 {
     const QStringList legs = text.split(QLatin1Char('/'));
     if (kind == NumberKind::Price && mExpectation.pairedPrices && legs.size() == 2) {
-        lintNumber(row, column, legs.first(), kind);
-        lintNumber(row, column, legs.last(), kind);
+        lookAtNumber(row, column, legs.first(), kind);
+        lookAtNumber(row, column, legs.last(), kind);
         return;
     }
-    bool isNumber = false;
-    const double number = text.toDouble(&isNumber); // as the import reads it
-    if (!isNumber) {
-        add(kind == NumberKind::Price ? rule::NoPrice : rule::NoNumber, row, column, text);
-    } else if (!fits(number, kind)) {
-        add(rule::OutOfRange, row, column, text);
-    } else if (number < 0.0) {
-        add(rule::NegativeNumber, row, column, text);
-    } else if (kind == NumberKind::Whole && hasFraction(number)) {
-        add(rule::LostFraction, row, column, text);
+    std::optional<NumberFault> fault = faultOfNumber(text, kind);
+    if (!fault && kind == NumberKind::Price && mSecurity && mSecurity->isBondRepo) {
+        fault = faultOfRate(text);
+    }
+    if (fault) {
+        mFindings.ofCell(fault->rule, row, column, text,
+                         fault->meant.isEmpty() ? QStringList() : QStringList{fault->meant});
+    }
+}
+
+/// What the row says of its security, against what is known of it.
+void CellLint::lookAtSecurity(int row)
+{
+    const QString name = text(row, mColumns.name);
+    if (mColumns.name >= 0 && !name.isEmpty() && namesDiffer(name, mSecurity->name)) {
+        mFindings.ofCell(rule::OtherName, row, mColumns.name, name,
+                         {mSecurity->symbol + QLatin1Char(' ') + mSecurity->name});
+    }
+    const QString quantity = text(row, mColumns.quantity);
+    if (mColumns.quantity < 0 || faultOfNumber(quantity, NumberKind::Whole)) {
+        return;
+    }
+    const bool sells = text(row, mColumns.direction).trimmed() == QLatin1String("2");
+    if (const std::optional<NumberFault> fault = faultOfLot(quantity, *mSecurity, sells)) {
+        mFindings.ofCell(fault->rule, row, mColumns.quantity, quantity, {fault->meant});
     }
 }
 
 /// How many merged areas hide each of the first columns of a row. An area does not hide its first cell.
-QVector<int> Linter::areasOver(int row, int columns) const
+QVector<int> CellLint::areasOver(int row, int columns) const
 {
     QVector<int> areas(columns + 1);
     for (const QRect& area : mTable.inspection.mergedAreas) {
@@ -265,29 +251,36 @@ QVector<int> Linter::areasOver(int row, int columns) const
     return areas;
 }
 
-void Linter::add(const QString& rule, int row, int column, const QString& text,
-                 const QStringList& suggestions)
-{
-    if (mFindings.size() >= MaxFindings) {
-        return;
-    }
-    Finding finding;
-    finding.fault = table::fault(rule, {text, suggestions.join(QStringLiteral("，"))});
-    finding.fault.line = row >= 0 ? mTable.lineOf(row) : 0;
-    finding.fault.column = column >= 0 ? mTable.rows.first().value(column) : QString();
-    finding.fault.cell = mTable.inspection.numbers.value({row, column}, text);
-    finding.address = column >= 0 ? table::cellAddress(row, column)
-                      : row >= 0  ? QString::number(row + 1)
-                                  : QString();
-    finding.suggestions = suggestions;
-    mFindings.append(finding);
-}
-
 } // namespace
+
+QString Expectation::columnOf(const QString& title) const
+{
+    if (titles.isEmpty() || titles.contains(title)) {
+        return titles.isEmpty() ? aliases.value(title, title) : title;
+    }
+    for (const QString& other : {aliases.value(title), aliases.key(title)}) {
+        if (!other.isEmpty() && titles.contains(other)) {
+            return other;
+        }
+    }
+    return QString();
+}
 
 QList<Finding> lint(const Table& table, const Expectation& expectation)
 {
-    return Linter(table, expectation).run();
+    Findings findings(table);
+    lintFile(table, expectation, findings);
+    if (!table.rows.isEmpty()) {
+        lintHeader(table, expectation, findings);
+        RowLint rows(table, expectation, findings);
+        CellLint cells(table, expectation, findings);
+        for (int row = 0; row < table.rows.size(); ++row) {
+            if (rows.look(row)) {
+                cells.look(row);
+            }
+        }
+    }
+    return findings.take();
 }
 
 } // namespace table_lint

@@ -1,5 +1,7 @@
 #include "embedded_host/table_check/TitleLint.h"
 
+#include <QMap>
+#include <QRegularExpression>
 #include <QVector>
 
 #include <algorithm>
@@ -38,7 +40,62 @@ int distance(const QString& a, const QString& b)
     return row.last();
 }
 
+/// What other systems call a column, by the column. Each is compared without blanks, brackets and signs.
+const QMap<QString, QStringList>& otherNames()
+{
+    const auto names = [](const char* list) { return QString::fromUtf8(list).split(QLatin1Char(' ')); };
+    static const QMap<QString, QStringList> list = {
+        {QStringLiteral("委托限价"), names("限价 价格 委托价格 委托价 指令价格 指令价 报价 买卖价格 买入价 "
+                                           "卖出价 交易价格 下单价格 最高价 最低价 price "
+                                           "limit limitprice")},
+        {QStringLiteral("委托数量"), names("数量 股数 手数 委托股数 委托手数 指令数量 交易数量 买卖数量 "
+                                           "目标数量 下单数量 张数 份额 qty quantity volume")},
+        {QStringLiteral("委托金额"), names("金额 交易金额 指令金额 下单金额 目标金额 amount")},
+        {QStringLiteral("最大市场占比"),
+         names("市场占比 占比 最大占比 参与率 市场参与率 最大参与率 参与比例 最大参与比例 跟量比例 pov")},
+        {QStringLiteral("交易方向"), names("方向 买卖方向 买卖 委托方向 买卖标志 指令方向 side direction")},
+        {QStringLiteral("开始时间"), names("起始时间 开始 算法开始时间 starttime start")},
+        {QStringLiteral("结束时间"),
+         names("截止时间 终止时间 结束 到期时间 过期时间 算法过期时间 算法结束时间 endtime end")},
+        {QStringLiteral("证券代码"),
+         names("代码 股票代码 标的代码 合约代码 合约 标的 证券 code symbol ticker")},
+        {QStringLiteral("市场"), names("交易市场 交易所 证券市场 市场代码 exchange market")}};
+    return list;
+}
+
+/// The title itself, or without the unit behind it: 限价(元), 数量（股）.
+QStringList spellings(const QString& title)
+{
+    static const QRegularExpression unit(QStringLiteral("[(（\\[【/].*$"));
+    QString bare = title;
+    return {plain(title), plain(bare.remove(unit))};
+}
+
+/// Columns that are one in the trade, whatever a strategy calls it.
+QString generalName(const QString& column)
+{
+    static const QMap<QString, QString> names = {{QStringLiteral("限价"), QStringLiteral("委托限价")},
+                                                 {QStringLiteral("算法开始时间"), QStringLiteral("开始时间")},
+                                                 {QStringLiteral("算法过期时间"), QStringLiteral("结束时间")},
+                                                 {QStringLiteral("代码"), QStringLiteral("证券代码")}};
+    return names.value(column, column);
+}
+
 } // namespace
+
+QString synonymOf(const QString& title, const QStringList& columns)
+{
+    const QStringList written = spellings(title);
+    for (const QString& column : columns) {
+        const QStringList names = otherNames().value(generalName(column)) + QStringList{column};
+        for (const QString& name : names) {
+            if (!written.first().isEmpty() && written.contains(plain(name))) {
+                return column;
+            }
+        }
+    }
+    return QString();
+}
 
 QString nearestTitle(const QString& title, const QStringList& known)
 {

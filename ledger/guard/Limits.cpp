@@ -11,6 +11,16 @@ bool covers(const QString& scope, const QString& name)
     return scope == Everything || scope == name;
 }
 
+bool covers(const LimitScope& scope, const QString& account, const QString& strategy)
+{
+    return covers(scope.account, account) && covers(scope.strategy, strategy);
+}
+
+bool isGeneral(const LimitScope& scope)
+{
+    return scope.account == Everything && scope.strategy == Everything;
+}
+
 void tighten(std::optional<Decimal>& ceiling, const std::optional<Decimal>& other)
 {
     if (other && (!ceiling || *other < *ceiling)) {
@@ -42,11 +52,23 @@ const QList<Ceiling>& ceilings()
     return list;
 }
 
+QStringList optedOut(const QList<LimitScope>& scopes, const QString& account, const QString& strategy)
+{
+    QStringList names;
+    for (const LimitScope& scope : scopes) {
+        if (scope.replacesGeneral && !isGeneral(scope) && covers(scope, account, strategy)) {
+            names.append(scope.account + QLatin1Char(' ') + scope.strategy);
+        }
+    }
+    return names;
+}
+
 Limits limitsFor(const QList<LimitScope>& scopes, const QString& account, const QString& strategy)
 {
     Limits limits;
+    const bool isReplaced = !optedOut(scopes, account, strategy).isEmpty();
     for (const LimitScope& scope : scopes) {
-        if (!covers(scope.account, account) || !covers(scope.strategy, strategy)) {
+        if (!covers(scope, account, strategy) || (isReplaced && isGeneral(scope))) {
             continue;
         }
         for (const Ceiling& ceiling : ceilings()) {

@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -42,9 +43,17 @@ struct LimitScope {
     QString account = QStringLiteral("*");
     QString strategy = QStringLiteral("*");
     Limits limits;
+    /// What it is for is taken out of the rows that are for everything ("*", "*"); only this row and others
+    /// of the like hold.
+    bool replacesGeneral = false;
 };
 
-/// All rows that match take part, and of each value the strictest holds: no row can lift another's ceiling.
+/// Scopes that take a batch out of the general ceilings, as "account strategy": to be shown to whoever
+/// creates.
+QStringList optedOut(const QList<LimitScope>& scopes, const QString& account, const QString& strategy);
+
+/// All rows that match take part, and of each value the strictest holds: no row can lift another's ceiling,
+/// but for one that replaces the general ones.
 Limits limitsFor(const QList<LimitScope>& scopes, const QString& account, const QString& strategy);
 
 } // namespace ledger

@@ -1,5 +1,8 @@
 #include "tests/desk_window/DeskWindowFixture.h"
 
+#include "desk/window/VerdictDialog.h"
+
+#include <QCheckBox>
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QMimeData>
@@ -106,6 +109,21 @@ void DeskWindowFixture::pressConfirm()
 {
     auto* button = child<QAbstractButton>("btn_ok");
     ASSERT_NE(button, nullptr);
+    QTimer agreeing;
+    QObject::connect(&agreeing, &QTimer::timeout, [] {
+        auto* verdict = qobject_cast<VerdictDialog*>(QApplication::activeModalWidget());
+        auto* create = verdict ? verdict->findChild<QAbstractButton*>("button_create"_s) : nullptr;
+        if (create == nullptr) {
+            return;
+        }
+        for (QCheckBox* question : verdict->findChildren<QCheckBox*>()) {
+            question->setChecked(true);
+        }
+        create->click();
+    });
+    if (mAwaited == 0) {
+        agreeing.start(PollMs);
+    }
     QTest::mouseClick(button, Qt::LeftButton);
 }
 

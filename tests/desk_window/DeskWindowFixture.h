@@ -42,6 +42,7 @@ protected:
     void whenModal(const std::function<void(QWidget&)>& act);
     /// As soon as a modal window is there, presses one of its buttons.
     void answer(const QString& button);
+    /// Presses 确定; where the test waits for no modal window, the batch is created, whatever is asked.
     void pressConfirm();
     template <typename Widget> Widget* child(const char* name)
     {

@@ -90,9 +90,10 @@ TEST_F(Faults, StandInTheReportOnAFileToo)
 
 TEST_F(Faults, OfSpoiltRowsAndOfACreationFollowTheSchema)
 {
-    const Run result = import(table(goodRow() + badRow()),
-                              aitwap() + QStringList{"--faults"_s, "--confirm"_s, "--create"_s, "--yes"_s,
-                                                     "--rejects"_s, folder() + "/rejects.csv"_s});
+    const Run result =
+        import(table(goodRow() + badRow()),
+               aitwap() + QStringList{"--faults"_s, "--confirm"_s, "--create"_s, "--yes"_s, "--accept"_s,
+                                      "rows.missing"_s, "--rejects"_s, folder() + "/rejects.csv"_s});
     EXPECT_TRUE(result.object()["creation"_s].toObject()["batch"_s].isObject()) << result.out.constData();
     EXPECT_EQ(1, result.object()["rejects"_s].toObject()["rows"_s].toInt());
     EXPECT_EQ(QStringList(), faultsBySchema(result.object(), "import.schema.json"_s));

@@ -66,7 +66,7 @@ protected:
 
 TEST_F(LedgerCommands, CreatesAConfirmedBatchListsItAndTakesItBack)
 {
-    const Run created = create(table(goodRow() + goodRow()), {"--yes"_s});
+    const Run created = create(table(goodRow() + goodRow()), {"--accept"_s, "row.repeated"_s});
     ASSERT_EQ(0, created.status) << created.out.constData();
 
     const QJsonArray batches = atHome({"batches"_s}).json().array();
@@ -88,7 +88,9 @@ TEST_F(LedgerCommands, WantsConsentToASecondImportOfTheSameFile)
     EXPECT_EQ(1, again.status);
     EXPECT_TRUE(rules(again, "warnings"_s).contains("sameFile"_s)) << again.out.constData();
     EXPECT_EQ(1, atHome({"batches"_s}).json().array().size());
-    EXPECT_EQ(0, create(file, {"--yes"_s}).status);
+    EXPECT_EQ(1, create(file, {"--yes"_s}).status) << "of messages alone";
+    EXPECT_EQ(1, create(file, {"--accept"_s, "bothSides"_s}).status) << "another rule";
+    EXPECT_EQ(0, create(file, {"--accept"_s, "bothSides,sameFile"_s}).status);
     EXPECT_EQ(2, atHome({"batches"_s}).json().array().size());
 }
 
@@ -112,7 +114,10 @@ TEST_F(LedgerCommands, CreatesPartOfAFileOnlyWithConsent)
     const Run refused = create(file);
     expectNotCreated(refused, "导入时有提示"_s);
     EXPECT_TRUE(creation(refused)["guard"_s].isNull());
-    const Run agreed = create(file, {"--yes"_s});
+    const Run asked = create(file, {"--yes"_s});
+    EXPECT_EQ(QStringList{"rows.missing"_s}, rules(asked, "warnings"_s));
+    expectNotCreated(asked, "文件的 2 行委托中有 1 行没有导入"_s);
+    const Run agreed = create(file, {"--yes"_s, "--accept"_s, "rows.missing"_s});
     EXPECT_EQ(1, agreed.status) << "there was a message";
     EXPECT_EQ(1, creation(agreed)["batch"_s].toObject()["rowCount"_s].toInt());
 }

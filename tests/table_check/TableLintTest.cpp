@@ -118,7 +118,8 @@ TEST(TableLint, StopsAtAThousandFindings)
 
 TEST(TableLint, StopsAtAThousandFindingsOfTitlesToo)
 {
-    EXPECT_EQ(MaxFindings, lint(inspect(QByteArray("x,").repeated(3000)), expectation()).size());
+    const QList<Finding> findings = lint(inspect(QByteArray("x,").repeated(3000)), expectation());
+    EXPECT_EQ(1 + MaxFindings, findings.size()) << "of one rule; the first is another one";
 }
 
 TEST(TableLint, FindsValuesUnderAnyOfTheMergedAreasOverARow)

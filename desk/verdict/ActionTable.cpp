@@ -1,0 +1,46 @@
+// The product's floors. A rule that is not listed has that of its severity: errors and warnings are asked
+// for, notices told.
+
+#include "desk/verdict/RuleActions.h"
+
+namespace verdict {
+
+const QHash<QString, Action>& floors()
+{
+    static const QHash<QString, Action> table = {
+        // Nobody means it, whoever agrees.
+        {QStringLiteral("time.none"), Action::Refuse},
+        {QStringLiteral("time.ended"), Action::Refuse},
+        {QStringLiteral("direction.empty"), Action::Refuse},
+        {QStringLiteral("direction.foreign"), Action::Refuse},
+        {QStringLiteral("pair.side"), Action::Refuse},
+        {QStringLiteral("pair.half"), Action::Refuse},
+        {QStringLiteral("quantity.money"), Action::Refuse},
+        // Changes no order by itself; where it does, another rule says so.
+        {QStringLiteral("title.unknown"), Action::Tell},
+        {QStringLiteral("blank.invisible"), Action::Tell},
+        {QStringLiteral("digit.fullwidth"), Action::Tell},
+        {QStringLiteral("number.digits"), Action::Tell},
+        {QStringLiteral("quantity.odd"), Action::Tell},
+    };
+    return table;
+}
+
+const QStringList& ledgerRules()
+{
+    static const QStringList names = {QStringLiteral("notShown"),       QStringLiteral("noQuantity"),
+                                      QStringLiteral("negative"),       QStringLiteral("batchRows"),
+                                      QStringLiteral("rowQuantity"),    QStringLiteral("rowAmount"),
+                                      QStringLiteral("securityAmount"), QStringLiteral("grossBuy"),
+                                      QStringLiteral("grossSell"),      QStringLiteral("priceDistance"),
+                                      QStringLiteral("participation"),  QStringLiteral("unpriced"),
+                                      QStringLiteral("sameFile"),       QStringLiteral("sameRows"),
+                                      QStringLiteral("bothSides"),      QStringLiteral("moneyLikeQuantity"),
+                                      QStringLiteral("zeroLimit"),      QStringLiteral("endBeforeStart"),
+                                      QStringLiteral("halted"),         QStringLiteral("dayBuy"),
+                                      QStringLiteral("daySell"),        QStringLiteral("dayInstances"),
+                                      QStringLiteral("sameFileLately")};
+    return names;
+}
+
+} // namespace verdict

@@ -1,0 +1,23 @@
+#include "desk/verdict/Desk.h"
+
+#include "desk/batch/LimitsFile.h"
+#include "embedded_host/reference_data/CalendarFile.h"
+
+namespace verdict {
+
+Outcome<Desk> Desk::read(const QString& folder)
+{
+    QString error;
+    const std::optional<QList<ledger::LimitScope>> limits = batch::readLimits(folder, error);
+    if (!limits) {
+        return {{}, error};
+    }
+    const Outcome<Calendar> calendar = readCalendar(folder);
+    const Outcome<RuleActions> actions = RuleActions::read(folder);
+    if (!calendar.ok() || !actions.ok()) {
+        return {{}, calendar.ok() ? actions.error : calendar.error};
+    }
+    return {{*limits, calendar.value, actions.value}, {}};
+}
+
+} // namespace verdict

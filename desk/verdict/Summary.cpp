@@ -1,0 +1,109 @@
+#include "desk/verdict/Summary.h"
+
+#include <algorithm>
+
+namespace verdict {
+
+namespace {
+
+constexpr int MostRows = 5;
+
+QString money(const ledger::Decimal& amount)
+{
+    return amount.shown(2) + QStringLiteral(" 元");
+}
+
+QString sides(const Summary::Side& side)
+{
+    return QStringLiteral("买入 %1，卖出 %2").arg(money(side.buy), money(side.sell));
+}
+
+QString named(const QString& code, const QString& name)
+{
+    return name.isEmpty() || name == code ? code : name + QStringLiteral("（%1）").arg(code);
+}
+
+Summary::Row rowOf(const ledger::InstanceDraft& instance, int row)
+{
+    Summary::Row large;
+    large.row = row;
+    QStringList symbols;
+    for (const ledger::Leg& leg : instance.legs) {
+        symbols.append(leg.symbol);
+        large.amount += leg.amount;
+        large.direction = leg.direction;
+    }
+    large.symbol = symbols.join(QLatin1Char('/'));
+    return large;
+}
+
+} // namespace
+
+Summary summaryOf(const ledger::BatchDraft& draft)
+{
+    Summary summary;
+    summary.account = draft.account;
+    summary.strategy = draft.strategy;
+    summary.fileName = draft.fileName;
+    summary.taken = draft.instances.size();
+    for (int i = 0; i < draft.instances.size(); ++i) {
+        summary.largest.append(rowOf(draft.instances.at(i), i + 1));
+        for (const ledger::Leg& leg : draft.instances.at(i).legs) {
+            Summary::Side& market = summary.markets[leg.exchange];
+            market.buy += leg.buys() ? leg.amount : ledger::Decimal();
+            market.sell += leg.sells() ? leg.amount : ledger::Decimal();
+        }
+    }
+    std::stable_sort(summary.largest.begin(), summary.largest.end(),
+                     [](const Summary::Row& a, const Summary::Row& b) { return a.amount > b.amount; });
+    summary.largest = summary.largest.mid(0, MostRows);
+    const ledger::Gross gross = ledger::grossOf(draft.instances);
+    summary.day = {gross.buy, gross.sell};
+    summary.dayInstances = summary.taken;
+    return summary;
+}
+
+void addStanding(Summary& summary, const ledger::Standing& standing)
+{
+    summary.day.buy += standing.day.buy;
+    summary.day.sell += standing.day.sell;
+    summary.dayInstances += standing.day.instances;
+    for (const ledger::Duplicate& duplicate : standing.duplicates) {
+        if (duplicate.account != summary.account) {
+            const QString what = duplicate.isSameFile
+                                     ? QStringLiteral("同一文件")
+                                     : QStringLiteral("%1 行同样的委托").arg(duplicate.rows.size());
+            summary.elsewhere.append(QStringLiteral("%1今天已在账户 %2 创建（批次 %3）")
+                                         .arg(what, duplicate.account)
+                                         .arg(duplicate.batch));
+        }
+    }
+}
+
+QStringList linesOf(const Summary& summary)
+{
+    QStringList lines = {QStringLiteral("账户：%1").arg(named(summary.account, summary.accountName)),
+                         QStringLiteral("算法：%1").arg(named(summary.strategy, summary.strategyName)),
+                         QStringLiteral("文件：%1").arg(summary.fileName),
+                         QStringLiteral("导入 %1 行，未导入 %2 行，跳过 %3 行")
+                             .arg(summary.taken)
+                             .arg(summary.refused)
+                             .arg(summary.skipped)};
+    for (auto market = summary.markets.cbegin(); market != summary.markets.cend(); ++market) {
+        lines.append(QStringLiteral("%1：%2").arg(market.key(), sides(*market)));
+    }
+    for (const Summary::Row& row : summary.largest) {
+        lines.append(QStringLiteral("第 %1 行 %2 %3：%4")
+                         .arg(QString::number(row.row), row.symbol, row.direction, money(row.amount)));
+    }
+    lines.append(QStringLiteral("当日合计（含本批）：%1，%2 个实例")
+                     .arg(sides(summary.day))
+                     .arg(summary.dayInstances));
+    lines += summary.elsewhere;
+    for (const QString& scope : summary.optedOut) {
+        lines.append(QStringLiteral("不受通用限额约束：%1").arg(scope));
+    }
+    return lines;
+}
+
+} // namespace verdict

@@ -1,0 +1,177 @@
+#include "embedded_host/table_check/RowLint.h"
+
+#include "table/CellAddress.h"
+#include "table/CheckRules.h"
+
+#include <algorithm>
+
+namespace table_lint {
+
+namespace rule = table::rule;
+
+namespace {
+
+/// What makes two rows the same order; prices of the day and times play no part.
+bool tellsOrdersApart(const QString& column)
+{
+    static const QSet<QString> names = {QStringLiteral("证券代码"), QStringLiteral("代码"),
+                                        QStringLiteral("市场"),     QStringLiteral("交易方向"),
+                                        QStringLiteral("委托方向"), QStringLiteral("委托数量"),
+                                        QStringLiteral("委托金额"), QStringLiteral("委托限价"),
+                                        QStringLiteral("限价"),     QStringLiteral("配对编号")};
+    return names.contains(column);
+}
+
+/// Cells that harm nobody where they are empty.
+bool isForPeople(const QString& column)
+{
+    return column.isEmpty() || column == QLatin1String("证券名称") || column.contains(QStringLiteral("备注"));
+}
+
+bool isFilled(const QString& cell)
+{
+    return !cell.trimmed().isEmpty();
+}
+
+} // namespace
+
+RowLint::RowLint(const table::Table& table, const Expectation& expectation, Findings& findings)
+    : mTable(table), mExpectation(expectation), mFindings(findings)
+{
+    for (const QString& title : table.rows.value(0)) {
+        const QString column = expectation.columnOf(title);
+        mColumns.append(mColumns.contains(column) ? QString() : column);
+    }
+}
+
+bool RowLint::look(int row)
+{
+    const QStringList& cells = mTable.rows.at(row);
+    if (std::none_of(cells.begin(), cells.end(), isFilled)) {
+        return true;
+    }
+    if (mTable.inspection.hiddenRows.contains(row)) {
+        mFindings.ofRow(rule::HiddenRow, row);
+    }
+    if (row == 0) {
+        return true;
+    }
+    if (mTable.inspection.struckRows.contains(row)) {
+        mFindings.ofRow(rule::StruckRow, row);
+    }
+    if (isHeaderAgain(cells)) {
+        mFindings.ofRow(rule::HeaderAgain, row);
+        return false;
+    }
+    if (isTotal(cells)) {
+        mFindings.ofRow(rule::TotalRow, row);
+        return false;
+    }
+    if (table::isBlankOrNote(cells)) {
+        if (isOrderWithoutCode(row)) {
+            mFindings.ofRow(rule::OrderWithoutCode, row);
+        }
+    } else {
+        lookForTheSame(row);
+        lookAtMerges(row);
+    }
+    return true;
+}
+
+bool RowLint::hasFilled(const QStringList& cells, const char* column) const
+{
+    const int at = mColumns.indexOf(QString::fromUtf8(column));
+    return at >= 0 && isFilled(cells.value(at));
+}
+
+/// A note has a text or two; an order says how much, and on which side or market.
+bool RowLint::isOrderWithoutCode(int row) const
+{
+    const QStringList& cells = mTable.rows.at(row);
+    const int filled = int(std::count_if(cells.begin(), cells.end(), isFilled));
+    const bool saysHowMuch = hasFilled(cells, "委托数量") || hasFilled(cells, "委托金额");
+    const bool saysWhere = hasFilled(cells, "市场") || hasFilled(cells, "交易方向");
+    constexpr int Enough = 3;
+    return filled >= Enough && (mExpectation.titles.isEmpty() || (saysHowMuch && saysWhere));
+}
+
+bool RowLint::isHeaderAgain(const QStringList& cells) const
+{
+    const QStringList& header = mTable.rows.first();
+    int same = 0;
+    int other = 0;
+    for (int column = 0; column < cells.size(); ++column) {
+        if (isFilled(cells.at(column))) {
+            ++(cells.at(column).trimmed() == header.value(column).trimmed() ? same : other);
+        }
+    }
+    constexpr int Enough = 2;
+    return same >= Enough && same > other;
+}
+
+bool RowLint::isTotal(const QStringList& cells) const
+{
+    static const QSet<QString> words = {
+        QStringLiteral("合计"), QStringLiteral("总计"), QStringLiteral("小计"),  QStringLiteral("汇总"),
+        QStringLiteral("共计"), QStringLiteral("累计"), QStringLiteral("total"), QStringLiteral("sum")};
+    QString first;
+    for (const QString& cell : cells) {
+        if (isFilled(cell)) {
+            first = cell;
+            break;
+        }
+    }
+    QString word;
+    for (const QChar c : first.normalized(QString::NormalizationForm_KC)) {
+        word += c.isLetter() ? QString(c.toLower()) : QString();
+    }
+    return words.contains(word);
+}
+
+void RowLint::lookForTheSame(int row)
+{
+    const QStringList& cells = mTable.rows.at(row);
+    QStringList order;
+    bool saysHowMuch = false;
+    for (int column = 0; column < mColumns.size(); ++column) {
+        const QString& title = mColumns.at(column);
+        if (!tellsOrdersApart(title)) {
+            continue;
+        }
+        bool isNumber = false;
+        const QString cell = cells.value(column).trimmed();
+        const double number = cell.toDouble(&isNumber);
+        const bool isCode = title == mExpectation.codeTitle;
+        order << title << (isNumber && !isCode ? QString::number(number, 'g', 15) : cell);
+        saysHowMuch = saysHowMuch || (title.startsWith(QStringLiteral("委托数量")) && !cell.isEmpty()) ||
+                      (title == QLatin1String("委托金额") && !cell.isEmpty());
+    }
+    if (!saysHowMuch) {
+        return;
+    }
+    const auto seen = mSeen.constFind(order);
+    if (seen != mSeen.constEnd()) {
+        mFindings.ofRow(rule::SameOrder, row, QString::number(*seen));
+    } else {
+        mSeen.insert(order, mTable.lineOf(row));
+    }
+}
+
+/// An area has its text in its first cell alone: for the import the other rows say nothing.
+void RowLint::lookAtMerges(int row)
+{
+    const QStringList& cells = mTable.rows.at(row);
+    for (const QRect& area : mTable.inspection.mergedAreas) {
+        const bool coversFromAbove = area.top() > 0 && area.top() < row && row <= area.bottom();
+        const int last = coversFromAbove ? std::min(area.right(), mColumns.size() - 1) : -1;
+        for (int column = area.left(); column <= last; ++column) {
+            const QString text = mTable.rows.at(area.top()).value(area.left());
+            if (!isForPeople(mColumns.at(column)) && !isFilled(cells.value(column)) && isFilled(text)) {
+                mFindings.ofCell(rule::EmptyByMerge, row, column, text,
+                                 {table::cellAddress(area.top(), area.left())});
+            }
+        }
+    }
+}
+
+} // namespace table_lint

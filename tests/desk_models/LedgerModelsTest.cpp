@@ -33,7 +33,14 @@ ledger::Leg leg(const QString& symbol, const QString& direction, const char* qua
 
 Instance instance(qint64 batch, int row, InstanceState state, const QList<ledger::Leg>& legs)
 {
-    return {{batch, row}, "80010001"_s, "AITWAP"_s, state, Noon.toUTC(), legs, {}};
+    Instance made;
+    made.id = {batch, row};
+    made.account = "80010001"_s;
+    made.strategy = "AITWAP"_s;
+    made.state = state;
+    made.changedAt = Noon.toUTC();
+    made.legs = legs;
+    return made;
 }
 
 Batch batch(qint64 number, BatchState state)

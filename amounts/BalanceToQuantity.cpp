@@ -1,17 +1,18 @@
-// An amount of money as an order quantity that the day's upper price limit still covers.
+#include "amounts/BalanceToQuantity.h"
 
+#include "amounts/Logging.h"
 #include "amounts/LotRounding.h"
-#include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/Logging.h"
+#include "amounts/WholeNumbers.h"
 #include "host/AlgoConstants.h"
 #include "host/CBusinessDataBase.h"
 #include "host/CommonQuotaHandler.h"
 #include "host/QuotaFields.h"
 #include "host/SolveyBusinessDataInterface.h"
 #include "host/SolveyConstants.h"
-#include "schema/TolerantTruncation.h"
 
 #include <cmath>
+
+namespace amounts {
 
 namespace {
 
@@ -22,20 +23,16 @@ bool hasNoStep(const QString& subType)
     return subType == SubType::ScienTechInnovateBoard || subType == SubType::BjSelectedStock;
 }
 
-} // namespace
-
-qint64 AlgoBatchImportParamSetting::transBalance2Qty(QString& symbol, QString side, double amount)
+double upperLimit(const QString& symbol)
 {
-    qCDebug(lcAmounts) << Q_FUNC_INFO << " symbol: " << symbol << " balance: " << amount;
     const QMap<QString, QVariant> quote = CommonQuotaHandler::instance()->GetQuotaSnapshot(symbol, 0);
     const double maxPx = quote.value(QuotaFields::MaxPx).toDouble();
     qCDebug(lcAmounts) << " quotaMap: " << quote << " maxPx: " << maxPx;
-    if (std::fabs(maxPx) < 1e-15) {
-        qCDebug(lcAmounts) << " maxPx is empty!";
-        return 0;
-    }
-    const qint64 raw = schema::truncation64(amount / maxPx);
+    return maxPx;
+}
 
+qint64 inLots(qint64 quantity, const QString& symbol, const QString& side)
+{
     using Data = SolveyBusinessDataInterface;
     int minimum = Data::GetMinQtyPerOrderBySymbol(symbol);
     int step = Data::GetQtyStepBySymbol(symbol);
@@ -48,12 +45,23 @@ qint64 AlgoBatchImportParamSetting::transBalance2Qty(QString& symbol, QString si
         minimum = step = Data::GetDispFactorBySymbol(symbol);
     }
     if (hasNoStep(CBusinessDataBase::GetInstance()->GetSecuritySubTypeBySymbol(symbol))) {
-        return amounts::atLeastMinimum(raw, minimum);
+        return atLeastMinimum(quantity, minimum);
     }
-    return amounts::roundedToLot(raw, amounts::guardedDivisor(step, symbol), minimum);
+    return roundedToLot(quantity, guardedDivisor(step, symbol), minimum);
 }
 
-qint64 AlgoBatchImportParamSetting::roundQty(qint64 qty, int step, int minimum) const
+} // namespace
+
+qint64 quantityFor(const QString& symbol, const QString& side, double amount)
 {
-    return amounts::roundedToLot(qty, amounts::guardedDivisor(step, QString()), minimum);
+    qCDebug(lcAmounts) << "transBalance2Qty"
+                       << " symbol: " << symbol << " balance: " << amount;
+    const double maxPx = upperLimit(symbol);
+    if (std::fabs(maxPx) < 1e-15) {
+        qCDebug(lcAmounts) << " maxPx is empty!";
+        return 0;
+    }
+    return inLots(truncation64(amount / maxPx), symbol, side);
 }
+
+} // namespace amounts

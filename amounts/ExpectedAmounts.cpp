@@ -1,22 +1,23 @@
 // The expected buy and sell amounts above the table.
 
+#include "amounts/Logging.h"
+#include "amounts/QuoteSubscription.h"
+#include "amounts/Valuation.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/CellRoles.h"
-#include "dialog/ColumnNames.h"
-#include "dialog/Logging.h"
-#include "dialog/QuoteSubscription.h"
-#include "dialog/StrategyLists.h"
 #include "host/AlgoConstants.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/CommonQuotaHandler.h"
 #include "host/FuturesLogicInterface.h"
 #include "host/NorvikConstants.h"
 #include "host/SolveyBusinessDataInterface.h"
-#include "host/SolveyConstants.h"
 #include "host/ZelTableView.h"
+#include "strategy/CellRoles.h"
+#include "strategy/ColumnNames.h"
+#include "strategy/Traits.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QStyle>
+#include <QTextDocument>
 
 namespace {
 
@@ -24,7 +25,6 @@ namespace Info = Algo_Fields::AlgoInstContentInfo;
 namespace Side = Algo_Values::AlgoOrderSide;
 
 constexpr double Zero = 1e-10;
-constexpr double BondRepoPrice = 100.0;
 
 const QString Buy = QStringLiteral("Buy");
 const QString Sell = QStringLiteral("Sell");
@@ -91,7 +91,7 @@ QString securitiesDirection(const QString& direction)
 double priceOf(const QString& symbol)
 {
     if (AlgoTradeLogicNew::GetInstance()->isBondRepoSymbol(symbol)) {
-        return BondRepoPrice;
+        return amounts::BondRepoPrice;
     }
     return CommonQuotaHandler::getLastPriceFromTick(
         CommonQuotaHandler::instance()->GetQuotaSnapshot(symbol, 0));
@@ -99,30 +99,19 @@ double priceOf(const QString& symbol)
 
 bool isHongKongSecurity(const QString& symbol)
 {
-    namespace SubType = Solvey_Values::MdcSubSecurityType;
-    const QString subType = SolveyBusinessDataInterface::GetSecurityDetailsBySymbol(symbol)
-                                .value(Norvik_Fields::MDCFieldDefine::mdcSubSecurityType)
-                                .toString();
-    return SubType::HKSharesTypeList.contains(subType) || subType == SubType::HStcokCirculation;
+    return amounts::isHongKongSubType(SolveyBusinessDataInterface::GetSecurityDetailsBySymbol(symbol)
+                                          .value(Norvik_Fields::MDCFieldDefine::mdcSubSecurityType)
+                                          .toString());
 }
 
-/// A buy is valued at the rate at which the host sells, a sell at the one at which it buys. A missing rate is
-/// 0.
 double exchangeRate(const QString& symbol, const QString& exchange, const QString& direction)
 {
-    constexpr double noConversion = 1.0;
-    namespace Rate = Solvey_Fields::HKSExchgRate;
     if (!isHongKongSecurity(symbol)) {
-        return noConversion;
+        return amounts::SideFactors().of(direction);
     }
     HKExchangeRateTable rates;
     SolveyBusinessDataInterface::GetHKStockExchangeRate(rates);
-    if (rates.isEmpty() || (direction != Buy && direction != Sell)) {
-        return noConversion;
-    }
-    return rates.value(exchange)
-        .value(direction == Buy ? Rate::HKSExchgRateSell : Rate::HKSExchgRateBuy)
-        .toDouble();
+    return amounts::hongKongFactors(rates, exchange).of(direction);
 }
 
 /// What a row is worth beyond price times quantity.
@@ -205,9 +194,11 @@ ExpectedAmounts pricedAmounts(const RecordDataList& rows, const AmountColumns& a
     return amounts;
 }
 
+/// A tool tip, in which Qt would draw a symbol that looks like markup as markup.
 QString notPriced(const QStringList& failures)
 {
-    return NotPriced.arg(failures.join(QStringLiteral("、")));
+    const QString text = NotPriced.arg(failures.join(QStringLiteral("、")));
+    return Qt::mightBeRichText(text) ? QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped()) : text;
 }
 
 void display(const ExpectedSide& side, QWidget* dialog, SolveyDecimalLineEdit* box, QLabel* warning)
@@ -225,10 +216,10 @@ void display(const ExpectedSide& side, QWidget* dialog, SolveyDecimalLineEdit* b
 void AlgoBatchImportParamSetting::calculateExpectAmount(RecordDataList rows)
 {
     const AmountColumns at(mTableHeadLst);
-    const ExpectedAmounts amounts =
-        CollateralOnlyStrategyList.contains(mStrategy.name())
-            ? sumOfAmounts(rows, at)
-            : pricedAmounts(rows, at, FuturesStrategyList.contains(mStrategy.name()));
+    const strategy::Traits traits = strategy::traitsOf(mStrategy.name());
+    const ExpectedAmounts amounts = traits.has(strategy::CollateralOnly)
+                                        ? sumOfAmounts(rows, at)
+                                        : pricedAmounts(rows, at, traits.has(strategy::Futures));
     qCDebug(lcAmounts) << Q_FUNC_INFO << amounts.buy.sum << amounts.sell.sum << amounts.buy.failures.count()
                        << amounts.sell.failures.count();
     display(amounts.buy, this, ui->expectBuyLine, ui->label_bWarning);

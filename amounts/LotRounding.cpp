@@ -1,26 +1,6 @@
 #include "amounts/LotRounding.h"
 
-#include "dialog/Logging.h"
-
-#include <limits>
-
 namespace amounts {
-
-int guardedDivisor(int divisor, const QString& origin)
-{
-    if (divisor == 0) {
-        qCDebug(lcAmounts) << "divisor is 0, taken as 1"
-                           << " symbol: " << origin;
-        return 1;
-    }
-    return divisor;
-}
-
-qint32 quotient(qint32 quantity, int divisor)
-{
-    const bool overflows = divisor == -1 && quantity == std::numeric_limits<qint32>::min();
-    return overflows ? quantity : quantity / divisor;
-}
 
 qint64 roundedToLot(qint64 quantity, qint64 step, qint64 minimum)
 {

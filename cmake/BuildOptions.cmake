@@ -23,6 +23,12 @@ if(ALGO_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${ALGO_CCACHE}")
 endif()
 
+option(ALGO_FAST_LINKER "Link with mold where it is installed" OFF)
+find_program(ALGO_MOLD mold)
+if(ALGO_FAST_LINKER AND ALGO_MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
 if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
   add_compile_options(-Wno-gnu-zero-variadic-macro-arguments) # qCDebug(category) << …

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QLoggingCategory>
 
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -27,6 +28,7 @@ QStringList argumentsOf(int argc, char** argv)
 int runHeadless(int& argc, char** argv, const QStringList& arguments)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::signal(SIGPIPE, SIG_IGN); // a reader that went away is told by a status, like a full disk
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\n*.warning=false"));
     QApplication application(argc, argv);
     QFile out;

@@ -5,6 +5,7 @@
 #include "host/AlgoTradeLogicNew.h"
 #include "host/FuturesLogicInterface.h"
 #include "host/ZelCore.h"
+#include "strategy/Strategy.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 namespace {
@@ -18,7 +19,8 @@ Ui::AlgoBatchImportParamSetting* formThatStays()
 } // namespace
 
 AlgoBatchImportParamSetting::AlgoBatchImportParamSetting(QWidget* parent, BatchInsType type)
-    : QWidget(parent), ui(formThatStays()), mInsType(type)
+    : QWidget(parent), ui(formThatStays()), mInsType(type),
+      mSchema(std::make_shared<const strategy::Strategy>())
 {
     setObjectName(QStringLiteral("AlgoBatchImportParamSetting"));
     ui->setupUi(this);

@@ -12,10 +12,24 @@
 #include <QVariant>
 #include <QWidget>
 
+#include <memory>
+
 class QSettings;
 
 namespace Ui {
 class AlgoBatchImportParamSetting;
+}
+
+namespace import {
+struct HeaderMatch;
+}
+namespace strategy {
+struct Element;
+struct Parameter;
+struct Strategy;
+} // namespace strategy
+namespace validation {
+struct ChosenAccount;
 }
 
 /// How far the user may choose the algorithm type.
@@ -93,7 +107,7 @@ private:
     void initConnect();
     void initGuiData(const AesStrategy& strategy);
     void initAccounts();
-    QStringList completeTableHead(QStringList columns);
+    void addOwnColumns();
     void initTable(const QStringList& columns);
     void initAmountBoxes();
     void initSettings();
@@ -101,15 +115,12 @@ private:
 
     // schema/
     QStringList initTableHeadList(const QString& paramFormats, QString& error);
-    void saveParameter(const QVariantMap& entry, QStringList& names, QStringList& tableHead);
+    void saveElement(const strategy::Element& element);
+    void saveParameter(const strategy::Parameter& parameter);
     void saveComboxParamValue(QMap<QString, QMap<QString, QString>>& options, const QVariantMap& entry,
                               const QString& paramName);
     QString transColData2ColDataName(const QString& symbol, const QString& colName, QString& colData,
                                      QString& error);
-    QString translateDateTime(const QString& colName, QString& colData, QString& error);
-    QString translateOption(const QString& symbol, const QString& colName, QString& colData, QString& error);
-    QString translateLine(const QString& symbol, const QString& colName, QString& colData, QString& error);
-    bool splitPairedCell(const QString& colData, QString& first, QString& second) const;
     QString getDateTime(QString& dt);
     QString transNotSupportParamsForNameAndValue(const QMap<QString, QString>& options) const;
     QString transNotSupportParamsForValueAndName(QMap<QString, QString>& values) const;
@@ -128,15 +139,15 @@ private:
     QString importDataInfo(const QString& path, RecordDataList& records, QMap<int, QString>& errors);
     QString parseStrLst2TableModel(QList<QStringList>& rows, RecordDataList& records,
                                    QMap<int, QString>& errors);
+    QString readRows(const QList<QStringList>& rows, const import::HeaderMatch& header,
+                     RecordDataList& records, QMap<int, QString>& errors);
     QString importFileColIsEmpty(int column) const;
     QString importFileTableHeadLackCol(int column) const;
     void showImported(const RecordDataList& records);
 
     // validation/
     QString checkAccounTypesInParamsMap();
-    QString checkInstance(int row, const QMap<QString, QVariant>& instance, bool paired,
-                          const QString& tradingAccount) const;
-    bool readAccountType(const QString& tradingAccount, QString& accountType) const;
+    validation::ChosenAccount chosenAccount(const QString& tradingAccount) const;
     QString checkSymbolType(int row, const QString& symbol, const QString& exchange) const;
     QString checkEntrustProp(int row, const QString& entrustProp, const QString& tradingAccount) const;
     QString checkEntrustProp(int row, const QString& entrustProp, const QString& tradingAccount,
@@ -145,15 +156,11 @@ private:
                                                 QString& exchange) const;
     void processParams4AILOCK(RecordDataList& records, QMap<int, QString>& errors);
     QString checkAILOCK();
-    QString checkLeg(int row, const QVariantMap& leg, const QString& tradingAccount) const;
-    QVariantMap legOfAccount(QVariantMap leg, const QString& tradingAccount, QString& message) const;
 
     // amounts/
     void calculateExpectAmount(RecordDataList rows);
     qint64 transBalance2Qty(QString& symbol, QString side, double amount);
     qint64 roundQty(qint64 qty, int step, int minimum) const;
-
-    friend class RowParser;
 
     Ui::AlgoBatchImportParamSetting*
         ui; ///< stays allocated when the dialog goes; its widgets have Qt parents
@@ -179,4 +186,7 @@ private:
     QSettings* mSettings = nullptr; ///< the newest of the dialog's settings objects
     bool mIsCsvFile = false;
     QString mDateTimeFormat; ///< layout of date-times in the file being imported
+    /// The loaded strategy as a value, of which the schema above is what the class's own operations look at;
+    /// null before the first load.
+    std::shared_ptr<const strategy::Strategy> mSchema;
 };

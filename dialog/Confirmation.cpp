@@ -4,15 +4,12 @@
 #include "dialog/DialogSettings.h"
 #include "dialog/ErrorBox.h"
 #include "dialog/Logging.h"
-#include "dialog/StrategyLists.h"
 #include "host/AlgoConstants.h"
 #include "host/AlgoTradeLogicNew.h"
+#include "strategy/Traits.h"
+#include "table/FaultCatalogue.h"
+#include "table/Rules.h"
 #include "ui_AlgoBatchImportParamSetting.h"
-
-namespace {
-const QString NoAlgoType = QStringLiteral("未选择任意算法类型");
-const QString NoAuthority = QStringLiteral("当前账号未授权%1算法，请联系客户经理授权！");
-} // namespace
 
 /// The disabled button guards against a second press until the host has dealt with the first.
 void AlgoBatchImportParamSetting::slotBtnOkClicked()
@@ -35,14 +32,15 @@ void AlgoBatchImportParamSetting::slotBtnOkClicked()
 QString AlgoBatchImportParamSetting::batchError()
 {
     if (ui->cbx_algoType->currentText().isEmpty()) {
-        return NoAlgoType;
+        return table::sentence(table::fault(table::rule::NoAlgoType));
     }
     const bool authorised = AlgoTradeLogicNew::GetInstance()->hasCorrespAuthority(
         ui->combx_account->GetCurTradingAccount(), mStrategy.name(), Algo_Values::AlgoGlobalType::algo);
     if (!authorised) {
-        return NoAuthority.arg(mStrategy.alias());
+        return table::sentence(table::fault(table::rule::NoAuthority, {mStrategy.alias()}));
     }
-    return AilockStrategyList.contains(mStrategy.name()) ? checkAILOCK() : checkAccounTypesInParamsMap();
+    const bool lock = strategy::traitsOf(mStrategy.name()).has(strategy::Lock);
+    return lock ? checkAILOCK() : checkAccounTypesInParamsMap();
 }
 
 void AlgoBatchImportParamSetting::slotBtnCancelClicked()

@@ -4,9 +4,9 @@
 
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "dialog/Logging.h"
-#include "dialog/StrategyLists.h"
 #include "host/CBusinessDataBase.h"
 #include "host/ZelCore.h"
+#include "strategy/Traits.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QCoreApplication>
@@ -60,7 +60,7 @@ void AlgoBatchImportParamSetting::initSettings()
     mIsCreatedClose = choice.value_or(true);
     ui->checkbx_createdClose->setChecked(mIsCreatedClose);
 
-    mStrategyCodeLst = HongKongStrategyList;
+    mStrategyCodeLst = strategy::codesWith(strategy::HongKong);
     mSettings = new QSettings(accountSettingsPath(), QSettings::IniFormat, this);
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "amounts/Logging.h"
+#include "import/Logging.h"
+#include "schema/Logging.h"
+#include "validation/Logging.h"
+
 #include <QLoggingCategory>
 
 /// One category a room, on by default: QT_LOGGING_RULES="algo.*.debug=false" makes them silent and free.
-Q_DECLARE_LOGGING_CATEGORY(lcDialog)
-Q_DECLARE_LOGGING_CATEGORY(lcSchema)
-Q_DECLARE_LOGGING_CATEGORY(lcImport)
-Q_DECLARE_LOGGING_CATEGORY(lcValidation)
-Q_DECLARE_LOGGING_CATEGORY(lcAmounts)
+inline Q_LOGGING_CATEGORY(lcDialog, "algo.dialog")

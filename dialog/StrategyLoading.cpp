@@ -1,13 +1,13 @@
 // Loading a strategy turns the empty dialog into the import form of one algorithm.
 
 #include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/ColumnNames.h"
 #include "dialog/Logging.h"
-#include "dialog/StrategyLists.h"
 #include "host/AlgoConstants.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyBusinessDataInterface.h"
 #include "host/ZelTableView.h"
+#include "strategy/ColumnRules.h"
+#include "strategy/Strategy.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QSettings>
@@ -22,22 +22,6 @@ constexpr int ColumnWidth = 90;
 constexpr int AmountDecimals = 2;
 
 const QString DefaultAlgoKey = QStringLiteral("My_DefaultBatch_Algo");
-
-QMap<QString, QString> styleValuesOf(const QString& strategy)
-{
-    const QString neutral = QStringLiteral("neutral");
-    const QString steady = QStringLiteral("平稳");
-    if (AilockStrategyList.contains(strategy)) {
-        return {{neutral, steady}};
-    }
-    if (QndStrategyList.contains(strategy)) {
-        return {{QStringLiteral("0"), QStringLiteral("动态均衡")},
-                {QStringLiteral("1"), QStringLiteral("静态均衡")},
-                {QStringLiteral("2"), QStringLiteral("低撤单率")},
-                {QStringLiteral("3"), QStringLiteral("高收益")}};
-    }
-    return {{neutral, steady}, {QStringLiteral("aggressive"), QStringLiteral("激进")}};
-}
 
 } // namespace
 
@@ -58,7 +42,7 @@ QString AlgoBatchImportParamSetting::CreateStrategyInitWidget(const AesStrategy&
 
     initGuiData(mStrategy);
     initSettings();
-    mColValueNameMap[columns::Style] = styleValuesOf(mStrategy.name());
+    mColValueNameMap[columns::Style] = mSchema->traits.styles();
     return QString();
 }
 
@@ -68,7 +52,9 @@ void AlgoBatchImportParamSetting::initGuiData(const AesStrategy& strategy)
 
     qCDebug(lcDialog) << strategy.paramFormats() << strategy.alias();
     QString error;
-    const QStringList columnNames = completeTableHead(initTableHeadList(strategy.paramFormats(), error));
+    initTableHeadList(strategy.paramFormats(), error);
+    addOwnColumns();
+    const QStringList columnNames = mSchema->titles();
     if (!error.isEmpty() || columnNames.isEmpty()) {
         qCDebug(lcDialog) << " tableHeadList: " << columnNames << " strategy.name(): " << strategy.name()
                           << " strategy.alias(): " << strategy.alias() << " error: " << error;
@@ -101,22 +87,15 @@ void AlgoBatchImportParamSetting::initAccounts()
     ui->combx_account->setAttribute(Qt::WA_MouseTracking);
 }
 
-/// Adds the columns that every strategy has and no parameter format lists.
-QStringList AlgoBatchImportParamSetting::completeTableHead(QStringList columnNames)
+/// The columns that every strategy has and no parameter format lists are parameters too.
+void AlgoBatchImportParamSetting::addOwnColumns()
 {
-    namespace Info = Algo_Fields::AlgoInstContentInfo;
-    columnNames.removeOne(Info::fundAccount);
-    columnNames.append(columns::CreateAndStart);
-    columnNames.insert(1, columns::SecurityName);
-    columnNames.insert(2, Info::Exchange);
-
-    mSymbolParamLst.append(Info::Exchange);
-    mColParamIdMap[Info::Exchange] = Info::Exchange;
+    const QString market = Algo_Fields::AlgoInstContentInfo::Exchange;
+    mSymbolParamLst.append(market);
+    mColParamIdMap[market] = market;
     mInsParamLst.append(columns::CreateAndStart);
     mColParamIdMap[columns::CreateAndStart] = columns::CreateAndStart;
-
-    mExtraColNameLst << CompulsoryColumns;
-    return columnNames;
+    mExtraColNameLst << strategy::CompulsoryColumns;
 }
 
 void AlgoBatchImportParamSetting::initTable(const QStringList& columnNames)
@@ -134,7 +113,7 @@ void AlgoBatchImportParamSetting::initTable(const QStringList& columnNames)
     table->setCheckBoxShow(false);
     table->setViewSortable(true);
     table->setColumnDefaultWidth(ColumnWidth);
-    if (StartOnCreateStrategyList.contains(mStrategy.name())) {
+    if (mSchema->traits.has(strategy::StartsOnCreate)) {
         table->setColumnShow(columnNames.indexOf(columns::CreateAndStart), false);
     }
 }

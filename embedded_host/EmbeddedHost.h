@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded_host/HostJournal.h"
+#include "embedded_host/OfferedTable.h"
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "embedded_host/ScreenPrompts.h"
 
@@ -46,6 +47,8 @@ public:
     SettingsStore& settings() { return *mSettings; }
     SkinService& skins() { return *mSkins; }
     HostJournal& journal() { return mJournal; }
+    /// What the next import of a file may take instead of reading it.
+    OfferedTable& offeredTable() { return mOfferedTable; }
 
     /// Who answers questions; not owned. Null (and at first): dialogs on the screen.
     void setPrompts(UserPrompts* prompts) { mPrompts = prompts ? prompts : &mScreen; }
@@ -60,6 +63,7 @@ private:
     std::unique_ptr<SettingsStore> mSettings;
     std::unique_ptr<SkinService> mSkins;
     HostJournal mJournal;
+    OfferedTable mOfferedTable;
     ScreenPrompts mScreen;
     UserPrompts* mPrompts = &mScreen;
 };

@@ -1,6 +1,7 @@
 // Messages that name a column of a fixed template by its position.
 
 #include "dialog/AlgoBatchImportParamSetting.h"
+#include "strategy/Traits.h"
 
 namespace {
 
@@ -21,24 +22,22 @@ const QString SecondVwapTitles = QStringLiteral("证券代码|证券名称|市�
 
 struct FixedTemplate {
     QString titles;
-    QStringList strategies; ///< whose columns the messages name by it
+    strategy::Trait trait; ///< of the strategies whose columns the messages name by it
 };
 
 const QList<FixedTemplate>& fixedTemplates()
 {
-    static const QList<FixedTemplate> templates = {
-        {GeneralTitles, {QStringLiteral("52")}},
-        {VwapTitles,
-         {QStringLiteral("AIVWAP3"), QStringLiteral("AIVWAPZJC"), QStringLiteral("AIVWAPBASIC"),
-          QStringLiteral("AIVWAPPLUS"), QStringLiteral("VWAP")}},
-        {SecondVwapTitles, {}}};
+    static const QList<FixedTemplate> templates = {{GeneralTitles, strategy::GeneralTitles},
+                                                   {VwapTitles, strategy::VwapTitles},
+                                                   {SecondVwapTitles, strategy::None}};
     return templates;
 }
 
-QStringList templateTitles(const QString& strategy)
+QStringList templateTitles(const QString& code)
 {
+    const strategy::Traits traits = strategy::traitsOf(code);
     for (const FixedTemplate& fixed : fixedTemplates()) {
-        if (fixed.strategies.contains(strategy)) {
+        if (traits.has(fixed.trait)) {
             return fixed.titles.split(TitleSeparator);
         }
     }

@@ -1,6 +1,9 @@
 #include "import/HeaderMatching.h"
 
 #include "host/AlgoConstants.h"
+#include "strategy/ColumnRules.h"
+#include "table/FaultCatalogue.h"
+#include "table/Rules.h"
 
 namespace import {
 
@@ -24,9 +27,23 @@ int fileColumn(const QStringList& fileHeader, const QString& title, const QMap<Q
 
 } // namespace
 
+WantedColumns wantedColumns(const strategy::Strategy& strategy)
+{
+    WantedColumns wanted;
+    wanted.aliases = strategy::HeadAliases;
+    for (const strategy::Column& column : strategy.columns) {
+        wanted.titles.append(column.title);
+        if (column.mustStandInFile()) {
+            wanted.compulsory.append(column.title);
+        }
+    }
+    return wanted;
+}
+
 HeaderMatch matchHeader(const QStringList& fileHeader, const WantedColumns& wanted)
 {
     HeaderMatch match;
+    match.fileTitles = fileHeader;
     for (const QString& title : wanted.titles) {
         if (title == Algo_Values::AlgoParamId::traderOrder) {
             match.directionColumn = fileHeader.indexOf(title);
@@ -36,7 +53,7 @@ HeaderMatch matchHeader(const QStringList& fileHeader, const WantedColumns& want
         const int column = fileColumn(fileHeader, title, wanted.aliases);
         if (column >= 0) {
             match.columnIndexMap[title] = column;
-        } else if (wanted.compulsory.contains(title) || wanted.required.contains(title)) {
+        } else if (wanted.compulsory.contains(title)) {
             match.missingColumn = title;
             return match;
         } else {
@@ -44,6 +61,33 @@ HeaderMatch matchHeader(const QStringList& fileHeader, const WantedColumns& want
         }
     }
     return match;
+}
+
+QStringList completedHeader(const QStringList& header, const strategy::Traits& traits)
+{
+    return traits.has(strategy::StartsOnCreate) ? QStringList{columns::CreateAndStart} + header : header;
+}
+
+QStringList completedRow(const QStringList& cells, const strategy::Traits& traits)
+{
+    return traits.has(strategy::StartsOnCreate)
+               ? QStringList{Algo_Values::AlgoInstruction::StartOnCreate} + cells
+               : cells;
+}
+
+table::Fault missingColumnFault(const HeaderMatch& header)
+{
+    const QString title = header.missingColumn.value_or(QString());
+    table::Fault fault = table::fault(table::rule::MissingColumn, {title});
+    fault.column = title;
+    return fault;
+}
+
+void place(table::Fault& fault, const HeaderMatch& header, const QString& title, const QStringList& cells)
+{
+    const int column = header.columnOf(title);
+    fault.column = header.fileTitles.value(column, title);
+    fault.cell = cells.value(column);
 }
 
 } // namespace import

@@ -1,50 +1,31 @@
 // From the press on 导入算法 to the table: choosing the file, reading and limiting it, matching its header,
 // reporting.
 
+#include "amounts/QuoteSubscription.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/ColumnNames.h"
 #include "dialog/ErrorBox.h"
-#include "dialog/Logging.h"
-#include "dialog/StrategyLists.h"
-#include "host/AlgoConstants.h"
+#include "host/SolveyBusinessDataInterface.h"
 #include "host/SolveyUtils.h"
 #include "host/ZelTableView.h"
 #include "import/HeaderMatching.h"
 #include "import/ImportTexts.h"
+#include "import/Logging.h"
 #include "import/RowErrors.h"
-#include "import/RowParser.h"
-#include "schema/DateTimeFormat.h"
+#include "import/RowReader.h"
+#include "import/TableReading.h"
+#include "strategy/Strategy.h"
+#include "table/FaultCatalogue.h"
+#include "table/Table.h"
+#include "table/Rules.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 #include <QDateTime>
 
-namespace Field = Algo_Fields::AlgoParamFields;
-
 namespace {
 
-constexpr int MaxDataRows = 1000;
-
-const QString SpreadsheetDateTimeFormat = QStringLiteral("yyyy-M-dTH:m:s.z");
-
-/// The second dot-separated part of the whole path decides, not the extension: below a folder with a dot in
-/// its name no file is taken for comma-separated text.
-bool looksLikeCsv(const QString& path)
+QString sentenceOf(const QString& rule)
 {
-    const QStringList parts = path.split(QLatin1Char('.'));
-    return parts.size() >= 2 && parts.at(1).toLower() == QLatin1String("csv");
-}
-
-/// Columns whose parameter is required: any text but "false" requires it, and an absent attribute does not.
-QStringList requiredColumns(const QStringList& titles, const QMap<QString, QMap<QString, QVariant>>& formats)
-{
-    const QString no = QStringLiteral("false");
-    QStringList required;
-    for (const QString& title : titles) {
-        if (formats.value(title).value(Field::required, no).toString() != no) {
-            required.append(title);
-        }
-    }
-    return required;
+    return table::sentence(table::fault(rule));
 }
 
 } // namespace
@@ -60,8 +41,8 @@ void AlgoBatchImportParamSetting::slotBtnImportClicked()
     }
     ui->table_paramSettings->clear();
     ui->btn_ok->setEnabled(true);
-    mIsCsvFile = looksLikeCsv(path);
-    mDateTimeFormat = mIsCsvFile ? schema::TypedDateTimeFormat : SpreadsheetDateTimeFormat;
+    mIsCsvFile = import::looksLikeCsv(path);
+    mDateTimeFormat = import::dateTimeFormatOf(path);
 
     RecordDataList records;
     QMap<int, QString> errors;
@@ -100,11 +81,11 @@ QString AlgoBatchImportParamSetting::importDataInfo(const QString& path, RecordD
         return error;
     }
     if (rows.isEmpty()) {
-        return import::ReadFailed;
+        return sentenceOf(table::rule::ReadFailed);
     }
-    constexpr int headerAndData = 1 + MaxDataRows;
+    constexpr int headerAndData = 1 + table::MostOrders;
     if (rows.size() > headerAndData) {
-        if (!error_box::ask(import::TooManyRows.arg(MaxDataRows), this)) {
+        if (!error_box::ask(import::TooManyRows.arg(table::MostOrders), this)) {
             return import::Declined;
         }
         rows.erase(rows.begin() + headerAndData, rows.end());
@@ -122,27 +103,43 @@ QString AlgoBatchImportParamSetting::parseStrLst2TableModel(QList<QStringList>& 
 {
     mAllParamVarMapLst.clear();
     if (rows.isEmpty()) {
-        return import::EmptyTable;
+        return sentenceOf(table::rule::EmptyTable);
     }
-    // Strategies that always start on creation have no column for it: their rows are read as if they had it
-    // in front.
-    const bool startsOnCreate = StartOnCreateStrategyList.contains(getCurrentAlgoName());
-    QStringList fileHeader = rows.first();
-    if (startsOnCreate) {
-        fileHeader.prepend(columns::CreateAndStart);
-    }
-    const import::HeaderMatch header =
-        import::matchHeader(fileHeader, {mTableHeadLst, mHeadAliasMap, mSymbolParamLst + mExtraColNameLst,
-                                         requiredColumns(mTableHeadLst, mColParamFmtMap)});
+    const QStringList fileHeader =
+        import::completedHeader(rows.first(), strategy::traitsOf(getCurrentAlgoName()));
+    const import::HeaderMatch header = import::matchHeader(fileHeader, import::wantedColumns(*mSchema));
     if (header.missingColumn) {
-        return import::MissingColumn.arg(*header.missingColumn);
+        return table::sentence(import::missingColumnFault(header));
     }
     qCDebug(lcImport) << " columnIndexMap: " << header.columnIndexMap;
     rows.removeFirst();
     if (rows.isEmpty()) {
-        return import::NoData;
+        return sentenceOf(table::rule::NoDataRows);
     }
-    RowParser parser(*this, header);
-    parser.subscribeToQuotes(rows);
-    return parser.parse(rows, records, errors);
+    return readRows(rows, header, records, errors);
+}
+
+/// One subscription for all securities, so that their first quotes are there when the rows are read.
+QString AlgoBatchImportParamSetting::readRows(const QList<QStringList>& rows,
+                                              const import::HeaderMatch& header, RecordDataList& records,
+                                              QMap<int, QString>& errors)
+{
+    subscribeAndAwaitQuotes(import::symbolsOf(rows, header, mSchema->traits));
+    const import::Account account = {ui->combx_account->GetCurTradingAccount(),
+                                     ui->combx_account->GetCurAccountAssetProp()};
+    const import::RowsRead read =
+        import::RowReader(*mSchema, header, account, mDateTimeFormat).read({rows, {}});
+    mAllParamVarMapLst = read.instances;
+    records += read.records;
+    for (const table::Fault& fault : read.faults) {
+        errors[fault.row - 1] = table::sentence(fault);
+    }
+    if (read.end) {
+        return table::sentence(*read.end);
+    }
+    if (mSchema->traits.has(strategy::Lock)) {
+        processParams4AILOCK(records, errors);
+    }
+    SolveyBusinessDataInterface::CheckSymbolRiskInfo(read.symbols, import::RiskSource);
+    return import::Ok;
 }

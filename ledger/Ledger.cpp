@@ -91,13 +91,13 @@ Outcome<QList<Instance>> Ledger::instancesOf(qint64 batchNumber) const
     });
 }
 
-Outcome<QList<Instance>> Ledger::instancesBefore(std::optional<InstanceId> id, int most) const
+Outcome<QList<Instance>> Ledger::instancesBehind(std::optional<InstanceId> id, int most) const
 {
     return mCore->read<QList<Instance>>([&](Statements& statements) {
         InstanceChoice choice{QString(), {}, true, most};
         if (id) {
-            choice.condition = QStringLiteral("(batch_number, row_no) < (?, ?)");
-            choice.values = {id->batch, id->row};
+            choice.condition = QStringLiteral("batch_number < ? OR (batch_number = ? AND row_no > ?)");
+            choice.values = {id->batch, id->batch, id->row};
         }
         return Outcome<QList<Instance>>{selectInstances(statements, choice), QString()};
     });

@@ -87,8 +87,8 @@ public:
     Outcome<QList<Batch>> batchesBefore(std::optional<qint64> number, int most = 200) const;
     /// Of one batch, in order of rows.
     Outcome<QList<Instance>> instancesOf(qint64 batch) const;
-    /// Newest first, those before one.
-    Outcome<QList<Instance>> instancesBefore(std::optional<InstanceId> id, int most = 200) const;
+    /// Newest batch first, each in the order of its rows; those behind one.
+    Outcome<QList<Instance>> instancesBehind(std::optional<InstanceId> id, int most = 200) const;
     /// All, oldest first, a page in memory at a time; `take` may end it by answering false.
     Outcome<void> eachBatch(const std::function<bool(const Batch&)>& take) const;
     Outcome<void> eachInstance(const std::function<bool(const Instance&)>& take) const;

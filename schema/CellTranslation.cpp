@@ -1,35 +1,30 @@
-// A cell holds what a person typed. Translation turns it into a shown text (the result) and a value for the
-// server (written back into the cell text), by the column's editor type.
+#include "schema/CellTranslation.h"
 
-#include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/ColumnNames.h"
-#include "dialog/Logging.h"
-#include "dialog/StrategyLists.h"
+#include "amounts/WholeNumbers.h"
 #include "host/AlgoConstants.h"
 #include "host/CBusinessDataBase.h"
 #include "host/FuturesLogicInterface.h"
 #include "host/NorvikConstants.h"
 #include "host/SolveyBusinessDataInterface.h"
 #include "schema/DateTimeFormat.h"
-#include "schema/TolerantTruncation.h"
-#include "schema/TranslationError.h"
+#include "schema/Logging.h"
+#include "strategy/ColumnNames.h"
+#include "table/FaultCatalogue.h"
+#include "table/Rules.h"
 
 #include <QDateTime>
 
-namespace UiType = Algo_Values::AlgoParamUiType;
-using schema::NotSupported;
-using schema::SentDateTimeFormat;
-using schema::TranslationError;
-using schema::TypedDateTimeFormat;
+namespace schema {
 
 namespace {
 
-const QString BadDateTime = QStringLiteral("%1格式不正确，时间格式为%2");
+namespace UiType = Algo_Values::AlgoParamUiType;
+
 const QChar LegSeparator = QLatin1Char('/');
 
-bool isPriceColumn(const QString& colName)
+bool isPriceColumn(const QString& title)
 {
-    return colName == columns::Limit || colName == Algo_Fields::AlgoInstContentInfo::PriceLimits;
+    return title == columns::Limit || title == Algo_Fields::AlgoInstContentInfo::PriceLimits;
 }
 
 int pricePrecision(const QString& symbol)
@@ -42,46 +37,50 @@ int pricePrecision(const QString& symbol)
 
 QString reformatted(const QString& dateTime, const QString& layout)
 {
-    return schema::sentDateTime(QDateTime::fromString(dateTime, layout));
+    return sentDateTime(QDateTime::fromString(dateTime, layout));
+}
+
+Translation same(const QString& text)
+{
+    return {text, text, std::nullopt};
+}
+
+Translation refused(const QString& cell, const QString& rule, const QStringList& arguments)
+{
+    return {TranslationError, cell, table::fault(rule, arguments)};
 }
 
 } // namespace
 
-QString AlgoBatchImportParamSetting::transColData2ColDataName(const QString& symbol, const QString& colName,
-                                                              QString& colData, QString& error)
+Translation Translator::translated(const strategy::Column& column, const QString& symbol,
+                                   const QString& cell) const
 {
-    qCDebug(lcSchema) << Q_FUNC_INFO << colName << colData << error;
-    const QString uiType = mColUiTypeMap.value(colName);
-    if (uiType == UiType::DateTime) {
-        return translateDateTime(colName, colData, error);
+    qCDebug(lcSchema) << "transColData2ColDataName" << column.title << cell;
+    if (column.editor == UiType::DateTime) {
+        return dateTime(column, cell);
     }
-    if (uiType == UiType::ComboBox) {
-        return translateOption(symbol, colName, colData, error);
+    if (column.editor == UiType::ComboBox) {
+        return option(column, symbol, cell);
     }
-    if (uiType == UiType::LineEdit) {
-        return translateLine(symbol, colName, colData, error);
+    if (column.editor == UiType::LineEdit) {
+        return line(column, symbol, cell);
     }
-    return colData;
+    return same(cell);
 }
 
-QString AlgoBatchImportParamSetting::translateDateTime(const QString& colName, QString& colData,
-                                                       QString& error)
+Translation Translator::dateTime(const strategy::Column& column, const QString& cell) const
 {
-    const QString shown = getDateTime(colData);
-    if (shown == TranslationError) {
-        error = BadDateTime.arg(colName, SentDateTimeFormat);
-    }
-    return shown;
+    const QString sent = sentDateTimeOf(cell, dateTimeFormat);
+    return sent.isEmpty() ? refused(cell, table::rule::BadDateTime, {column.title, SentDateTimeFormat})
+                          : same(sent);
 }
 
-/// A lock strategy's cell of exactly two parts holds one value per leg.
-bool AlgoBatchImportParamSetting::splitPairedCell(const QString& colData, QString& first,
-                                                  QString& second) const
+bool Translator::splits(const QString& cell, QString& first, QString& second) const
 {
-    if (!colData.contains(LegSeparator) || !AilockStrategyList.contains(mStrategy.name())) {
+    if (!twoLegs || !cell.contains(LegSeparator)) {
         return false;
     }
-    const QStringList parts = colData.split(LegSeparator);
+    const QStringList parts = cell.split(LegSeparator);
     if (parts.size() != 2) {
         return false;
     }
@@ -90,101 +89,87 @@ bool AlgoBatchImportParamSetting::splitPairedCell(const QString& colData, QStrin
     return true;
 }
 
-QString AlgoBatchImportParamSetting::translateOption(const QString& symbol, const QString& colName,
-                                                     QString& colData, QString& error)
+Translation Translator::option(const strategy::Column& column, const QString& symbol,
+                               const QString& cell) const
 {
     QString first;
     QString second;
-    if (splitPairedCell(colData, first, second)) {
-        const QString firstShown = transColData2ColDataName(symbol, colName, first, error);
-        if (!error.isEmpty()) {
-            return firstShown;
+    if (splits(cell, first, second)) {
+        const Translation one = translated(column, symbol, first);
+        if (one.fault) {
+            return {one.shown, cell, one.fault};
         }
-        const QString secondShown = transColData2ColDataName(symbol, colName, second, error);
-        if (!error.isEmpty()) {
-            return secondShown;
+        const Translation other = translated(column, symbol, second);
+        if (other.fault) {
+            return {other.shown, cell, other.fault};
         }
-        colData = first + LegSeparator + second;
-        return firstShown + LegSeparator + secondShown;
+        return {one.shown + LegSeparator + other.shown, one.value + LegSeparator + other.value, std::nullopt};
     }
 
-    const QMap<QString, QString> options = mColOptionMap.value(colName);
-    QMap<QString, QString> accepted = mColValueNameMap.value(colName);
-    if (!accepted.isEmpty()) {
-        const auto known = accepted.constFind(colData);
-        if (known == accepted.constEnd()) {
-            qCDebug(lcSchema) << " colName: " << colName << " colData: " << colData
-                              << " specParamValueAndDispMap: " << accepted;
-            error = NotSupported.arg(colName, transNotSupportParamsForValueAndName(accepted));
-            return TranslationError;
+    if (!column.accepted.isEmpty()) {
+        const auto known = column.accepted.constFind(cell);
+        if (known == column.accepted.constEnd()) {
+            qCDebug(lcSchema) << " colName: " << column.title << " colData: " << cell
+                              << " specParamValueAndDispMap: " << column.accepted;
+            return refused(cell, table::rule::NotSupported, {column.title, acceptedValues(column.accepted)});
         }
-        colData = options.value(*known);
-        return *known;
+        return {*known, column.options.value(*known), std::nullopt};
     }
 
-    qCDebug(lcSchema) << " paramValueDataAndDispMap: " << options;
-    const QString shown = options.key(colData);
+    qCDebug(lcSchema) << " paramValueDataAndDispMap: " << column.options;
+    const QString shown = column.options.key(cell);
     if (shown.isEmpty()) {
-        qCDebug(lcSchema) << " colName: " << colName << " colData: " << colData;
-        error = NotSupported.arg(colName, transNotSupportParamsForNameAndValue(options));
-        return TranslationError;
+        qCDebug(lcSchema) << " colName: " << column.title << " colData: " << cell;
+        return refused(cell, table::rule::NotSupported, {column.title, acceptedOptions(column.options)});
     }
-    return shown;
+    return {shown, cell, std::nullopt};
 }
 
-QString AlgoBatchImportParamSetting::translateLine(const QString& symbol, const QString& colName,
-                                                   QString& colData, QString& error)
+Translation Translator::line(const strategy::Column& column, const QString& symbol, const QString& cell) const
 {
-    if (mNumericColNameLst.contains(colName)) {
-        colData = QString::number(double(schema::tolerantTruncation(colData.toDouble())), 'f', 0);
-        return colData;
+    if (column.wholeNumber) {
+        return same(QString::number(double(amounts::tolerantTruncation(cell.toDouble())), 'f', 0));
     }
-    if (!isPriceColumn(colName)) {
-        return colData;
+    if (!isPriceColumn(column.title)) {
+        return same(cell);
     }
     QString first;
     QString second;
-    if (splitPairedCell(colData, first, second)) {
-        // The cell text stays as it was typed: the legs take their prices from it.
-        const QString firstPrice = transColData2ColDataName(symbol, colName, first, error);
-        return firstPrice + LegSeparator + transColData2ColDataName(symbol, colName, second, error);
+    if (splits(cell, first, second)) {
+        // The value stays as it was typed: the legs take their prices from it.
+        const QString firstPrice = translated(column, symbol, first).shown;
+        return {firstPrice + LegSeparator + translated(column, symbol, second).shown, cell, std::nullopt};
     }
-    colData = QString::number(colData.toDouble(), 'f', pricePrecision(symbol));
-    return colData;
+    return same(QString::number(cell.toDouble(), 'f', pricePrecision(symbol)));
 }
 
-QString AlgoBatchImportParamSetting::getDateTime(QString& dt)
+QString sentDateTimeOf(const QString& typed, const QString& dateTimeFormat)
 {
-    QString result = reformatted(dt, mDateTimeFormat);
-    if (result.isEmpty()) {
-        result = reformatted(dt, TypedDateTimeFormat);
+    QString sent = reformatted(typed, dateTimeFormat);
+    if (sent.isEmpty()) {
+        sent = reformatted(typed, TypedDateTimeFormat);
     }
-    qCDebug(lcSchema) << Q_FUNC_INFO << dt << mDateTimeFormat << result;
-    if (result.isEmpty()) {
-        return TranslationError;
-    }
-    dt = result;
-    return result;
+    qCDebug(lcSchema) << "getDateTime" << typed << dateTimeFormat << sent;
+    return sent;
 }
 
-QString
-AlgoBatchImportParamSetting::transNotSupportParamsForNameAndValue(const QMap<QString, QString>& options) const
+QString acceptedOptions(const QMap<QString, QString>& options)
 {
-    QString tmp;
+    QString list;
     for (auto option = options.constBegin(); option != options.constEnd(); ++option) {
-        tmp += option.value() + QLatin1Char('-') + option.key() + QLatin1Char(',');
-        qCDebug(lcSchema) << " tmp: " << tmp;
+        list += option.value() + QLatin1Char('-') + option.key() + QLatin1Char(',');
+        qCDebug(lcSchema) << " tmp: " << list;
     }
-    return tmp;
+    return list;
 }
 
-/// Values that share a display are each listed with the first of them.
-QString
-AlgoBatchImportParamSetting::transNotSupportParamsForValueAndName(QMap<QString, QString>& values) const
+QString acceptedValues(const QMap<QString, QString>& values)
 {
-    QString tmp;
-    for (const QString& display : qAsConst(values)) {
-        tmp += display + QLatin1Char('-') + values.key(display) + QLatin1Char(',');
+    QString list;
+    for (const QString& shown : values) {
+        list += shown + QLatin1Char('-') + values.key(shown) + QLatin1Char(',');
     }
-    return tmp;
+    return list;
 }
+
+} // namespace schema

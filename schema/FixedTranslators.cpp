@@ -1,52 +1,31 @@
 // Small vocabularies of the class's interface. "-1" stands for a text that is not recognised.
 
 #include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/ColumnNames.h"
-#include "dialog/Logging.h"
-#include "host/AlgoConstants.h"
 #include "host/CDataBase.h"
 #include "host/SolveyBusinessDataInterface.h"
+#include "host/SolveyConstants.h"
+#include "schema/CreateStatus.h"
+#include "schema/Logging.h"
+#include "strategy/Traits.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
 namespace {
 
-const QString Unknown = QStringLiteral("-1");
+using schema::UnknownText;
+
 const QString Yes = QStringLiteral("是");
 const QString No = QStringLiteral("否");
-
-struct Style {
-    QString value;
-    QString shown;
-    QString code;
-};
-
-const QList<Style>& styles()
-{
-    static const QList<Style> list = {
-        {QStringLiteral("passive"), QStringLiteral("保守"), QStringLiteral("Conservative")},
-        {QStringLiteral("neutral"), QStringLiteral("平稳"), QStringLiteral("Balance")},
-        {QStringLiteral("aggressive"), QStringLiteral("激进"), QStringLiteral("Aggressive")}};
-    return list;
-}
 
 } // namespace
 
 QString AlgoBatchImportParamSetting::getCreateIfStartName(const QString& ifStart) const
 {
-    if (ifStart == Algo_Values::AlgoInstruction::Create) {
-        return No;
-    }
-    if (ifStart == Algo_Values::AlgoInstruction::StartOnCreate) {
-        return Yes;
-    }
-    qCDebug(lcSchema) << "ifStart is other"
-                      << " ifStart: " << ifStart;
-    return Unknown;
+    return schema::shownCreateStatus(ifStart);
 }
 
 QString AlgoBatchImportParamSetting::getStyleName(const QString& style, QString& styleCode) const
 {
-    for (const Style& known : styles()) {
+    for (const strategy::Style& known : strategy::namedStyles()) {
         if (style.toUpper() == known.value.toUpper()) {
             styleCode = known.code;
             return known.shown;
@@ -54,7 +33,7 @@ QString AlgoBatchImportParamSetting::getStyleName(const QString& style, QString&
     }
     qCDebug(lcSchema) << "style is other"
                       << " style: " << style;
-    return Unknown;
+    return UnknownText;
 }
 
 QString AlgoBatchImportParamSetting::getEntrustPropertyName(QString property) const
@@ -68,7 +47,7 @@ QString AlgoBatchImportParamSetting::getEntrustPropertyName(QString property) co
     }
     qCDebug(lcSchema) << "property is other"
                       << " property: " << property;
-    return Unknown;
+    return UnknownText;
 }
 
 QString AlgoBatchImportParamSetting::getEntrustPosition(const QString& num) const
@@ -80,7 +59,7 @@ QString AlgoBatchImportParamSetting::getEntrustPosition(const QString& num) cons
     }
     qCDebug(lcSchema) << "num is other"
                       << " num: " << num;
-    return Unknown;
+    return UnknownText;
 }
 
 QString AlgoBatchImportParamSetting::getUpNoSellAndDownNoBuy(const QString& flag) const
@@ -93,12 +72,12 @@ QString AlgoBatchImportParamSetting::getUpNoSellAndDownNoBuy(const QString& flag
     }
     qCDebug(lcSchema) << "strUpNoSellAndDownNoBuy is other"
                       << " strUpNoSellAndDownNoBuy: " << flag;
-    return Unknown;
+    return UnknownText;
 }
 
 QString AlgoBatchImportParamSetting::getExchangeName(const QString& exchange) const
 {
-    return CDataBase::GetInstance()->GetStaticCfgValue(MarketNameSection, exchange);
+    return CDataBase::GetInstance()->GetStaticCfgValue(SolveyConstants::MarketNameSection, exchange);
 }
 
 QString AlgoBatchImportParamSetting::getSecurityAccount(const QString&, const QString& exchange) const

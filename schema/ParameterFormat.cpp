@@ -1,21 +1,21 @@
 // Reads a strategy's parameter format document into the table head and the schema tables.
 
 #include "dialog/AlgoBatchImportParamSetting.h"
-#include "dialog/Logging.h"
 #include "host/AlgoConstants.h"
+#include "schema/Logging.h"
+#include "strategy/Strategy.h"
 
-#include <QJsonDocument>
-
-namespace Field = Algo_Fields::AlgoParamFields;
 namespace UiType = Algo_Values::AlgoParamUiType;
 
 namespace {
 
-/// true in any letter case, as a JSON boolean or as text; an absent attribute counts as true.
-bool isShown(const QVariantMap& entry)
+QVariantList jsonOf(const strategy::Strategy& schema)
 {
-    const QString yes = QStringLiteral("true");
-    return entry.value(Field::visible, yes).toString().toUpper() == yes.toUpper();
+    QVariantList elements;
+    for (const strategy::Element& element : schema.document) {
+        elements.append(element.json);
+    }
+    return elements;
 }
 
 } // namespace
@@ -23,73 +23,59 @@ bool isShown(const QVariantMap& entry)
 QStringList AlgoBatchImportParamSetting::initTableHeadList(const QString& paramFormats, QString& error)
 {
     qCDebug(lcSchema) << "###tag-error: " << Q_FUNC_INFO;
-    QJsonParseError jsonError;
-    const QJsonDocument document = QJsonDocument::fromJson(paramFormats.toUtf8(), &jsonError);
-    if (jsonError.error != QJsonParseError::NoError) {
-        qCDebug(lcSchema) << " jsonErr.errorString(): " << jsonError.errorString();
-        error = jsonError.errorString();
+    const Outcome<strategy::Strategy> parsed =
+        strategy::Strategy::parse(mStrategy.name(), mStrategy.alias(), paramFormats);
+    if (!parsed.ok()) {
+        qCDebug(lcSchema) << " jsonErr.errorString(): " << parsed.error;
+        error = parsed.error;
+        mSchema = std::make_shared<const strategy::Strategy>(
+            strategy::Strategy::withoutParameters(mStrategy.name(), mStrategy.alias()));
         return QStringList();
     }
-    const QVariantList parameters = document.toVariant().toList();
-    qCDebug(lcSchema) << " paramFmtLst: " << parameters;
+    mSchema = std::make_shared<const strategy::Strategy>(parsed.value);
+    qCDebug(lcSchema) << " paramFmtLst: " << jsonOf(*mSchema);
+    for (const strategy::Element& element : mSchema->document) {
+        saveElement(element);
+    }
+    return mSchema->visibleNames();
+}
 
-    QStringList tableHead;
-    for (const QVariant& parameter : parameters) {
-        qCDebug(lcSchema) << " varParam: " << parameter;
-        const QVariantMap entry = parameter.toMap();
-        if (entry.isEmpty()) {
-            continue;
-        }
-        if (entry.value(Field::ui).toString() != UiType::Table) {
-            saveParameter(entry, mInsParamLst, tableHead);
-            continue;
-        }
-        const QVariantList tableColumns = entry.value(Field::columns).toList();
-        qCDebug(lcSchema) << " columnParamLst cnt: " << tableColumns.count();
-        for (const QVariant& column : tableColumns) {
-            const QVariantMap columnEntry = column.toMap();
-            if (columnEntry.isEmpty()) {
-                qCDebug(lcSchema) << " tableParamMap: " << columnEntry;
-                continue;
-            }
-            saveParameter(columnEntry, mSymbolParamLst, tableHead);
+void AlgoBatchImportParamSetting::saveElement(const strategy::Element& element)
+{
+    qCDebug(lcSchema) << " varParam: " << element.json;
+    if (element.isTable) {
+        qCDebug(lcSchema) << " columnParamLst cnt: " << element.parameters.count();
+    }
+    for (const strategy::Parameter& parameter : element.parameters) {
+        if (parameter.entry.isEmpty()) {
+            qCDebug(lcSchema) << " tableParamMap: " << parameter.entry;
+        } else {
+            saveParameter(parameter);
         }
     }
-    return tableHead;
 }
 
 /// Files one parameter under its name; a name that the document repeats keeps the last entry in the tables.
-void AlgoBatchImportParamSetting::saveParameter(const QVariantMap& entry, QStringList& names,
-                                                QStringList& tableHead)
+void AlgoBatchImportParamSetting::saveParameter(const strategy::Parameter& parameter)
 {
-    const QString name = entry.value(Field::paramName).toString();
-    const QString id = entry.value(Field::paramId).toString();
-    const QString uiType = entry.value(Field::ui).toString();
-    if (uiType == UiType::ComboBox) {
-        saveComboxParamValue(mColOptionMap, entry, name);
+    if (parameter.editor == UiType::ComboBox) {
+        saveComboxParamValue(mColOptionMap, parameter.entry, parameter.name);
     }
-    qCDebug(lcSchema) << (&names == &mSymbolParamLst ? "###tag-column: " : "###tag-params: ")
-                      << " paramName: " << name << " paramId: " << id;
-    if (isShown(entry)) {
-        tableHead.append(name);
-    }
-    mColUiTypeMap[name] = uiType;
-    names.append(name);
-    mColParamIdMap[name] = id;
-    mColParamFmtMap[name] = entry;
+    qCDebug(lcSchema) << (parameter.ofSecurity ? "###tag-column: " : "###tag-params: ")
+                      << " paramName: " << parameter.name << " paramId: " << parameter.id;
+    mColUiTypeMap[parameter.name] = parameter.editor;
+    (parameter.ofSecurity ? mSymbolParamLst : mInsParamLst).append(parameter.name);
+    mColParamIdMap[parameter.name] = parameter.id;
+    mColParamFmtMap[parameter.name] = parameter.entry;
 }
 
 void AlgoBatchImportParamSetting::saveComboxParamValue(QMap<QString, QMap<QString, QString>>& options,
                                                        const QVariantMap& entry, const QString& paramName)
 {
-    const QVariantList optionList = entry.value(Field::options).toList();
-    for (const QVariant& option : optionList) {
-        const QVariantMap optionMap = option.toMap();
-        const QString display = optionMap.value(Field::display).toString();
-        const QString value = optionMap.value(Field::value).toString();
+    for (const strategy::Option& option : strategy::optionsOf(entry)) {
         qCDebug(lcSchema) << "###tag-params-1: "
-                          << " paramName: " << paramName << " optionDisp: " << display
-                          << " optionValue: " << value;
-        options[paramName][display] = value;
+                          << " paramName: " << paramName << " optionDisp: " << option.shown
+                          << " optionValue: " << option.value;
+        options[paramName][option.shown] = option.value;
     }
 }

@@ -12,6 +12,11 @@
 /// mended it.
 namespace table {
 
+/// Orders that an import takes; of a longer file it asks whether to take these alone.
+constexpr int MostOrders = 1000;
+/// What is read of a file at most: the header, the orders, and one row more that tells of too many.
+constexpr int RowsToRead = MostOrders + 2;
+
 /// (row, column), both from 0, those of Table::rows.
 using Cell = QPair<int, int>;
 
@@ -36,6 +41,8 @@ struct Inspection {
     QHash<Cell, QString>
         shown; ///< of cells that the spreadsheet shows otherwise than the text that the table holds
     QSet<Cell> uncalculated;    ///< formulas without a stored result
+    int unknownCodePage = 0;    ///< of xls: number of the code page of its texts where nobody knows it; they
+                                ///< are read as Western then, and wrong but for ASCII
     int replacedCharacters = 0; ///< of csv: bytes that the encoding does not know, shown as U+FFFD
 };
 

@@ -1,6 +1,6 @@
 #include "bench/table_reader/BenchFiles.h"
 
-#include "embedded_host/table_reader/BiffStream.h"
+#include "embedded_host/table_reader/xls/BiffStream.h"
 #include "tests/table_reader/Samples.h"
 
 #include <xlsxwriter.h>

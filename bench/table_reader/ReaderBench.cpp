@@ -27,7 +27,7 @@ void read(benchmark::State& state, const QString& path, bool inspect = false)
     options.inspect = inspect;
     int rows = 0;
     for (auto _ : state) {
-        const table_reader::Table table = table_reader::readTable(path, options);
+        const table::Table table = table_reader::readTable(path, options);
         rows = table.rows.size();
         if (!table.error.isEmpty()) {
             state.SkipWithError(table.error.toUtf8().constData());

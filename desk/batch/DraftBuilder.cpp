@@ -1,6 +1,8 @@
 #include "desk/batch/DraftBuilder.h"
 
 #include "host/AlgoConstants.h"
+#include "strategy/CellRoles.h"
+#include "strategy/ColumnNames.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -15,12 +17,6 @@ namespace {
 
 namespace Info = Algo_Fields::AlgoInstContentInfo;
 namespace Id = Algo_Values::AlgoParamId;
-
-const QString OrderDirection = QStringLiteral("委托方向");
-const QString StartsAtOnce = QStringLiteral("创建后是否立即启动");
-
-const QString ShownRole = QString::number(Qt::DisplayRole);
-const QString ValueRole = QString::number(Qt::UserRole);
 
 /// Size of a number, 0 for a text that is none: no sign and no "nan" slips past a ceiling. One that is too
 /// long is Decimal::none(), which no ceiling lets pass.
@@ -47,7 +43,7 @@ public:
     /// The value of a cell; empty where the table has no such column.
     QString cell(const QString& column) const
     {
-        return mRecord.value(mColumns.indexOf(column)).value(ValueRole).toString();
+        return mRecord.value(mColumns.indexOf(column)).value(cell_roles::Value).toString();
     }
 
     /// A leg's own parameter, else the instance's, else the cell of that name.
@@ -66,7 +62,7 @@ public:
     {
         InstanceDraft instance;
         instance.parameters = mParameters;
-        instance.startsNow = text({}, StartsAtOnce) == Algo_Values::AlgoInstruction::StartOnCreate;
+        instance.startsNow = text({}, columns::CreateAndStart) == Algo_Values::AlgoInstruction::StartOnCreate;
         instance.start = time(Info::AlgoStartTime);
         instance.end = time(Info::AlgoEndTime);
         instance.participation = sizeOf(text({}, Info::participationrate));
@@ -91,7 +87,7 @@ private:
         leg.exchange = text(parameters, Info::Exchange);
         leg.direction = text(parameters, Id::traderOrder);
         if (leg.direction.isEmpty()) {
-            leg.direction = text(parameters, OrderDirection);
+            leg.direction = text(parameters, columns::OrderDirection);
         }
         const QString limit = text(parameters, Info::PriceLimits);
         leg.limitPrice = sizeOf(limit);
@@ -143,7 +139,7 @@ BatchTable shownTable(const QStringList& columns, const RecordDataList& records)
     for (const RecordData& record : records) {
         QStringList row;
         for (int column = 0; column < columns.size(); ++column) {
-            row.append(record.value(column).value(ShownRole).toString());
+            row.append(record.value(column).value(cell_roles::Shown).toString());
         }
         table.rows.append(row);
     }
@@ -152,7 +148,7 @@ BatchTable shownTable(const QStringList& columns, const RecordDataList& records)
 
 const QStringList& orderColumns()
 {
-    static const QStringList names{Info::Symbol, Info::Exchange, Id::traderOrder, OrderDirection};
+    static const QStringList names{Info::Symbol, Info::Exchange, Id::traderOrder, columns::OrderDirection};
     return names;
 }
 

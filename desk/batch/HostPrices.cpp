@@ -1,11 +1,11 @@
 #include "desk/batch/HostPrices.h"
 
+#include "amounts/Valuation.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/CommonQuotaHandler.h"
 #include "host/FuturesLogicInterface.h"
 #include "host/NorvikConstants.h"
 #include "host/SolveyBusinessDataInterface.h"
-#include "host/SolveyConstants.h"
 
 namespace batch {
 
@@ -13,35 +13,18 @@ using namespace ledger;
 
 namespace {
 
-constexpr int BondRepoFaceValue = 100;
-
 bool isHongKong(const QString& symbol)
 {
-    namespace SubType = Solvey_Values::MdcSubSecurityType;
-    const QString subType = SolveyBusinessDataInterface::GetSecurityDetailsBySymbol(symbol)
-                                .value(Norvik_Fields::MDCFieldDefine::mdcSubSecurityType)
-                                .toString();
-    return SubType::HKSharesTypeList.contains(subType) || subType == SubType::HStcokCirculation;
-}
-
-/// A buy is valued at the rate at which the bank sells, and a sale at the one at which it buys. One that is
-/// missing is 0; a host without any rates leaves the amounts in their own currency, as the dialog does.
-void addExchangeRates(Price& price, const QString& exchange, const HKExchangeRateTable& rates)
-{
-    if (rates.isEmpty()) {
-        return;
-    }
-    namespace Rate = Solvey_Fields::HKSExchgRate;
-    const QMap<QString, QVariant> ofExchange = rates.value(exchange);
-    price.buyFactor = Decimal::fromDouble(ofExchange.value(Rate::HKSExchgRateSell).toDouble());
-    price.sellFactor = Decimal::fromDouble(ofExchange.value(Rate::HKSExchgRateBuy).toDouble());
+    return amounts::isHongKongSubType(SolveyBusinessDataInterface::GetSecurityDetailsBySymbol(symbol)
+                                          .value(Norvik_Fields::MDCFieldDefine::mdcSubSecurityType)
+                                          .toString());
 }
 
 Price priceOf(const Leg& leg, const HKExchangeRateTable& rates)
 {
     Price price;
     if (AlgoTradeLogicNew::GetInstance()->isBondRepoSymbol(leg.symbol)) {
-        price.last = BondRepoFaceValue;
+        price.last = Decimal::fromDouble(amounts::BondRepoPrice);
         price.isNominal = true;
         return price;
     }
@@ -50,8 +33,10 @@ Price priceOf(const Leg& leg, const HKExchangeRateTable& rates)
     price.buyFactor =
         Decimal::fromDouble(FuturesLogicInterface::GetFuturesBaseData(leg.symbol).contractMultiplier);
     price.sellFactor = price.buyFactor;
-    if (isHongKong(leg.symbol)) {
-        addExchangeRates(price, leg.exchange, rates);
+    if (isHongKong(leg.symbol) && !rates.isEmpty()) {
+        const amounts::SideFactors factors = amounts::hongKongFactors(rates, leg.exchange);
+        price.buyFactor = Decimal::fromDouble(factors.buy);
+        price.sellFactor = Decimal::fromDouble(factors.sell);
     }
     return price;
 }

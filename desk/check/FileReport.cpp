@@ -2,7 +2,9 @@
 
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "host/AlgoConstants.h"
-#include "host/ImportTable.h"
+#include "strategy/ColumnRules.h"
+#include "strategy/Traits.h"
+#include "table/Table.h"
 
 #include <QMultiHash>
 
@@ -28,10 +30,10 @@ QMap<QString, table_lint::NumberKind> numberColumns()
     QMap<QString, NumberKind> kinds = {{Info::PriceLimits, NumberKind::Price},
                                        {Info::Quantity_Amount, NumberKind::Amount},
                                        {columns::SealingAmount, NumberKind::Amount}};
-    for (const QString& title : WholeNumberColumns) {
+    for (const QString& title : strategy::WholeNumberColumns) {
         kinds[title] = NumberKind::Whole;
     }
-    for (auto alias = HeadAliases.cbegin(); alias != HeadAliases.cend(); ++alias) {
+    for (auto alias = strategy::HeadAliases.cbegin(); alias != strategy::HeadAliases.cend(); ++alias) {
         if (kinds.contains(*alias)) {
             kinds[alias.key()] = kinds.value(*alias);
         }
@@ -44,13 +46,13 @@ table_lint::Expectation expectationOf(const QString& strategy, const QStringList
 {
     table_lint::Expectation expected;
     expected.titles = titles;
-    expected.aliases = HeadAliases;
+    expected.aliases = strategy::HeadAliases;
     expected.codeTitle = Algo_Fields::AlgoInstContentInfo::Symbol;
     expected.securities = [byCode = securitiesByCode(data)](const QString& code) {
         return QStringList(byCode.values(code));
     };
     expected.numbers = numberColumns();
-    expected.pairedPrices = strategy.isEmpty() || AilockStrategyList.contains(strategy);
+    expected.pairedPrices = strategy.isEmpty() || strategy::traitsOf(strategy).has(strategy::Lock);
     return expected;
 }
 
@@ -65,8 +67,7 @@ bool isSkippedOrder(const QStringList& cells)
 /// The rows that an import looks at.
 QList<QStringList> dataRows(const QList<QStringList>& rows)
 {
-    constexpr int most = table_reader::MaxRows - 2; // the header and the row that is one too many
-    return rows.mid(1, most);
+    return rows.mid(1, table::MostOrders);
 }
 
 } // namespace
@@ -74,17 +75,13 @@ QList<QStringList> dataRows(const QList<QStringList>& rows)
 bool FileReport::hasErrors() const
 {
     return std::any_of(findings.begin(), findings.end(), [](const table_lint::Finding& finding) {
-        return finding.severity == table_lint::Severity::Error;
+        return finding.fault.severity == table::Severity::Error;
     });
 }
 
-FileReport fileReport(const QString& path, const QString& encoding, const QString& strategy,
-                      const QStringList& titles, const ReferenceData& referenceData)
+FileReport fileReport(const table::Table& table, const QString& strategy, const QStringList& titles,
+                      const ReferenceData& referenceData)
 {
-    table_reader::ReadOptions options;
-    options.encoding = encoding;
-    options.inspect = true;
-    const table_reader::Table table = table_reader::readTable(path, options);
     FileReport report;
     report.format = table.format;
     report.encoding = table.encoding;
@@ -92,7 +89,7 @@ FileReport fileReport(const QString& path, const QString& encoding, const QStrin
     report.sheet = table.sheet;
     report.rowCount = table.rows.size();
     const QList<QStringList> data = dataRows(table.rows);
-    report.orderCount = data.size() - int(std::count_if(data.begin(), data.end(), table_lint::isPassedOver));
+    report.orderCount = data.size() - int(std::count_if(data.begin(), data.end(), table::isBlankOrNote));
     report.skippedRowCount = int(std::count_if(data.begin(), data.end(), isSkippedOrder));
     report.error = table.error;
     if (table.error.isEmpty()) {

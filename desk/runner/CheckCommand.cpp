@@ -1,9 +1,14 @@
-#include "desk/batch/DraftBuilder.h"
 #include "desk/check/FileReport.h"
+#include "desk/check/ImportedFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
+#include "desk/runner/FaultJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
+#include "embedded_host/table_reader/TableFile.h"
+#include "strategy/Strategy.h"
+#include "table/CheckRules.h"
+#include "table/FaultCatalogue.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -15,17 +20,18 @@ namespace {
 /// Exit statuses of a report; 2 is the runner's own Refused.
 enum CheckStatus { Clean = 0, Warnings = 1, Errors = 3, Unreadable = 4 };
 
-QJsonObject toJson(const table_lint::Finding& finding)
+/// The line is told of csv alone: in a sheet the address says it.
+QJsonObject toJson(const table_lint::Finding& finding, const FileReport& report)
 {
-    const bool error = finding.severity == table_lint::Severity::Error;
-    return {{QStringLiteral("code"), finding.code},
-            {QStringLiteral("severity"), error ? QStringLiteral("error") : QStringLiteral("warning")},
-            {QStringLiteral("chinese"), finding.chinese},
-            {QStringLiteral("english"), finding.english},
-            {QStringLiteral("sheet"), finding.sheet},
+    const table::Fault& fault = finding.fault;
+    return {{QStringLiteral("code"), table::rule::codeOf(fault.rule)},
+            {QStringLiteral("severity"), table::nameOf(fault.severity)},
+            {QStringLiteral("chinese"), table::sentence(fault)},
+            {QStringLiteral("english"), table::sentence(fault, table::Language::English)},
+            {QStringLiteral("sheet"), report.sheet},
             {QStringLiteral("address"), finding.address},
-            {QStringLiteral("line"), finding.line},
-            {QStringLiteral("raw"), finding.raw},
+            {QStringLiteral("line"), report.isSpreadsheet() ? 0 : fault.line},
+            {QStringLiteral("raw"), fault.cell},
             {QStringLiteral("suggestions"), QJsonArray::fromStringList(finding.suggestions)}};
 }
 
@@ -44,12 +50,33 @@ QJsonObject toJson(const FileReport& report)
 {
     QJsonArray findings;
     for (const table_lint::Finding& finding : report.findings) {
-        findings.append(toJson(finding));
+        findings.append(toJson(finding, report));
     }
     return {{QStringLiteral("format"), report.format},       {QStringLiteral("encoding"), report.encoding},
             {QStringLiteral("separator"), report.separator}, {QStringLiteral("sheet"), report.sheet},
             {QStringLiteral("sha256"), report.sha256},       {QStringLiteral("rows"), report.rowCount},
             {QStringLiteral("error"), report.error},         {QStringLiteral("findings"), findings}};
+}
+
+/// Of the strategy's table; empty where its document cannot be read.
+QStringList titlesOf(const QString& code, const EmbeddedHost& host)
+{
+    const AesStrategy* offered = host.referenceData().strategy(code);
+    if (offered == nullptr) {
+        return {};
+    }
+    return strategy::Strategy::parse(offered->name(), offered->alias(), offered->paramFormats())
+        .value.titles();
+}
+
+/// The dialog is offered what it would read by itself, and it knows no encoding.
+ImportedFile asTheDialogReads(const ImportedFile& file, const CommandLine& line)
+{
+    ImportedFile plain = file;
+    if (!line.encoding.isEmpty()) {
+        plain.table = file.file->read();
+    }
+    return plain;
 }
 
 } // namespace
@@ -67,23 +94,27 @@ Result checkFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
+    const QString& path = line.files.first();
+    const ImportedFile file = ImportedFile::read(path, line.encoding);
     QStringList titles;
     QJsonArray boxes;
+    table::Faults faults;
     if (!line.strategy.isEmpty()) {
         DialogDriver driver(*host, line);
         if (!driver.unknownName().isEmpty()) {
             return refuse(driver.unknownName());
         }
-        driver.importFile();
-        titles = driver.content().columns;
+        driver.importFile(asTheDialogReads(file, line));
+        titles = titlesOf(line.strategy, *host);
         boxes = driver.boxes();
+        faults = driver.faults();
     }
-    const QString& path = line.files.first();
-    FileReport report = fileReport(path, line.encoding, line.strategy, titles, host->referenceData());
-    report.sha256 = batch::sha256OfFile(path);
+    FileReport report = fileReport(file.table, line.strategy, titles, host->referenceData());
+    report.sha256 = file.file->sha256().value;
     QJsonObject json = toJson(report);
     json[QStringLiteral("file")] = path;
     json[QStringLiteral("messageBoxes")] = boxes;
+    json[QStringLiteral("faults")] = toJson(faults);
     return print(statusOf(report, !boxes.isEmpty()), QJsonDocument(json));
 }
 

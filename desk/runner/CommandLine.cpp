@@ -1,6 +1,9 @@
 #include "desk/runner/CommandLine.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+
+#include <algorithm>
 
 namespace runner {
 
@@ -30,6 +33,8 @@ constexpr Option Options[] = {
      "encoding of a csv file, such as Big5, instead of the one that its bytes tell"},
     {"rejects", "OUT", &CommandLine::rejects, nullptr,
      "write the refused rows with their reasons to OUT (xlsx or csv)"},
+    {"faults", "", nullptr, &CommandLine::faults,
+     "tell what is wrong with the file and the batch as data, beside the messages"},
     {"create", "", nullptr, &CommandLine::create,
      "create the confirmed batch in the ledger, if the guard lets it pass"},
     {"yes", "", nullptr, &CommandLine::yes,
@@ -58,6 +63,12 @@ QList<Option> optionsOf(const Command& command)
         }
     }
     return options;
+}
+
+/// A path as the shell means it: to Qt, what begins with a colon is a resource of the program's own.
+QString asFile(const QString& path)
+{
+    return path.startsWith(QLatin1Char(':')) ? QDir::currentPath() + QLatin1Char('/') + path : path;
 }
 
 /// Takes an option over where it was given; false where its value is empty, or the option that follows.
@@ -120,6 +131,10 @@ std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const 
             return std::nullopt;
         }
     }
+    for (QString* path : {&line.dataFolder, &line.home, &line.rejects}) {
+        *path = asFile(*path);
+    }
+    std::transform(line.files.begin(), line.files.end(), line.files.begin(), asFile);
     error = line.help ? QString() : faultOf(line, command);
     return error.isEmpty() ? std::make_optional(line) : std::nullopt;
 }
@@ -131,7 +146,7 @@ QString usage()
         "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
         "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--amount "
         "AMOUNT]]]\n"
-        "                            [--rejects OUT]\n"
+        "                            [--faults] [--rejects OUT]\n"
         "       algodesk rows FILE [--encoding NAME]\n"
         "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"
         "       algodesk strategies | accounts | securities [--data DIR]\n"
@@ -140,6 +155,7 @@ QString usage()
         "       algodesk instances [--batch N]\n"
         "       algodesk undo N\n"
         "       algodesk diff N FILE [--data DIR]\n"
+        "       algodesk ledger init ADDRESS | ledger copy FROM TO\n"
         "       algodesk --help | --version\n"
         "\n"
         "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "

@@ -22,6 +22,7 @@ struct CommandLine {
     QString answer = QStringLiteral("yes"); ///< to the row-limit question: yes or no
     bool confirm = false;
     bool create = false;
+    bool faults = false;
     bool yes = false;
     bool allTemplates = false;
     bool help = false;

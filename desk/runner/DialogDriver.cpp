@@ -1,15 +1,16 @@
 #include "desk/runner/DialogDriver.h"
 
+#include "desk/probe/DialogProbe.h"
 #include "desk/runner/Session.h"
 #include "desk/runner/WidgetJson.h"
+#include "embedded_host/table_reader/TableFile.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
-#include "host/SolveyDecimalLineEdit.h"
-#include "host/ZelTableView.h"
+#include "host/ZelMessageBox.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QFileInfo>
-#include <QPushButton>
 
 namespace runner {
 
@@ -42,10 +43,10 @@ QString DialogDriver::unknownName() const
     return QString();
 }
 
-void DialogDriver::importFile()
+void DialogDriver::importFile(const ImportedFile& file)
 {
     if (mLine.create) {
-        mSha256 = batch::sha256OfFile(mPath); // of what is read now, whatever becomes of the file meanwhile
+        mDigest = file.file->sha256();
     }
     mDialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
     QObject::connect(mDialog.get(), &AlgoBatchImportParamSetting::signalBtnOkClicked,
@@ -54,18 +55,45 @@ void DialogDriver::importFile()
                                                {QStringLiteral("createdClose"), createdClose}};
                      });
     mDialog->CreateStrategyInitWidget(AlgoTradeLogicNew::GetInstance()->GetStrategy(mLine.strategy));
-    child<SolveyAccountComboBox>(*mDialog, "combx_account").SetCurTradingAccount(mLine.account);
-    child<QPushButton>(*mDialog, "btn_import").click();
+    const DialogProbe probe(*mDialog);
+    probe.accounts().SetCurTradingAccount(mLine.account);
+    mHost.offeredTable().offer(mPath, file.table);
+    const int boxes = errorTexts().size();
+    probe.importButton().click();
+    mFileFaults = faultsSince(boxes, [&] { return probe.faults().ofFile(file.table, mPath); });
 }
 
 void DialogDriver::switchAccountAndConfirm()
 {
+    const DialogProbe probe(*mDialog);
     if (!mLine.switchAccount.isEmpty()) {
-        child<SolveyAccountComboBox>(*mDialog, "combx_account").SetCurTradingAccount(mLine.switchAccount);
+        const int boxes = errorTexts().size();
+        probe.accounts().SetCurTradingAccount(mLine.switchAccount);
+        mBatchFaults +=
+            faultsSince(boxes, [&] { return probe.faults().ofAccount(mDialog->getWidgetData()); });
     }
     if (mLine.confirm) {
-        child<QPushButton>(*mDialog, "btn_ok").click();
+        const int boxes = errorTexts().size();
+        probe.confirmButton().click();
+        mBatchFaults += faultsSince(boxes, [&] { return probe.faults().ofBatch(mDialog->getWidgetData()); });
     }
+}
+
+QStringList DialogDriver::errorTexts() const
+{
+    QStringList texts;
+    for (const ShownBox& box : mPrompts.boxes()) {
+        if (box.type == ZelMessageBox::Error) {
+            texts.append(box.text);
+        }
+    }
+    return texts;
+}
+
+table::Faults DialogDriver::faultsSince(int boxes, const std::function<table::Faults()>& find) const
+{
+    const QStringList texts = errorTexts();
+    return texts.size() > boxes ? DialogFaults::orWords(find(), texts.last()) : table::Faults();
 }
 
 QJsonObject DialogDriver::toJson()
@@ -85,19 +113,7 @@ QJsonArray DialogDriver::boxes() const
 
 batch::DialogContent DialogDriver::content()
 {
-    const auto& table = child<ZelTableView>(*mDialog, "table_paramSettings");
-    batch::DialogContent content;
-    content.strategy = mDialog->getStrategy().name();
-    content.account = child<SolveyAccountComboBox>(*mDialog, "combx_account").GetCurTradingAccount();
-    content.filePath = mPath;
-    content.fileSha256 = mSha256;
-    content.createdBy = mHost.options().loginAccount;
-    content.expectedBuy = child<SolveyDecimalLineEdit>(*mDialog, "expectBuyLine").value();
-    content.expectedSell = child<SolveyDecimalLineEdit>(*mDialog, "expectSellLine").value();
-    content.columns = table.headNames();
-    content.records = table.getViewData();
-    content.parameterMaps = mDialog->getWidgetData();
-    return content;
+    return DialogProbe(*mDialog).content({mPath, mDigest.value, mHost.options().loginAccount});
 }
 
 } // namespace runner

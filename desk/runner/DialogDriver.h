@@ -1,15 +1,19 @@
 #pragma once
 
 #include "desk/batch/DraftBuilder.h"
+#include "desk/check/ImportedFile.h"
 #include "desk/runner/CommandLine.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/RecordingPrompts.h"
+#include "table/Fault.h"
+#include "table/Outcome.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace runner {
@@ -18,7 +22,7 @@ namespace runner {
 ///
 ///     DialogDriver driver(*host, line);
 ///     if (!driver.unknownName().isEmpty()) …
-///     driver.importFile();
+///     driver.importFile(ImportedFile::read(driver.path()));
 ///     driver.switchAccountAndConfirm();
 ///     QJsonObject json = driver.toJson();
 class DialogDriver {
@@ -29,8 +33,9 @@ public:
     /// The first name in the arguments that the reference data does not know; empty when all is known.
     QString unknownName() const;
 
-    /// Constructs the dialog, loads the strategy, chooses the account and presses 导入算法.
-    void importFile();
+    /// Constructs the dialog, loads the strategy, chooses the account and presses 导入算法. The dialog takes
+    /// the table as it was read.
+    void importFile(const ImportedFile& file);
     /// Chooses the other account and presses 确定, each where the arguments ask for it.
     void switchAccountAndConfirm();
 
@@ -39,19 +44,31 @@ public:
     QJsonObject toJson();
     QJsonArray boxes() const;
     const QList<ShownBox>& shownBoxes() const { return mPrompts.boxes(); }
+    /// What the error boxes are about: of the file, and of the batch behind it.
+    const table::Faults& fileFaults() const { return mFileFaults; }
+    const table::Faults& batchFaults() const { return mBatchFaults; }
+    table::Faults faults() const { return mFileFaults + mBatchFaults; }
     /// What the desk takes over on confirmation.
     batch::DialogContent content();
+    /// Why the imported file has no digest, which a creation needs; empty where it has.
+    QString digestError() const { return mDigest.error; }
     /// As the file dialog gave it: absolute, without "." and ".." steps.
     QString path() const { return mPath; }
 
 private:
+    QStringList errorTexts() const;
+    /// Those found where an error box came up since there were so many.
+    table::Faults faultsSince(int boxes, const std::function<table::Faults()>& find) const;
+
     EmbeddedHost& mHost;
     CommandLine mLine;
     QString mPath;
-    QString mSha256;
     RecordingPrompts mPrompts;
     std::unique_ptr<AlgoBatchImportParamSetting> mDialog;
+    Outcome<QString> mDigest;
     QJsonValue mSignal = QJsonValue::Null;
+    table::Faults mFileFaults;
+    table::Faults mBatchFaults;
 };
 
 } // namespace runner

@@ -1,14 +1,13 @@
 #include "desk/batch/HostPrices.h"
 #include "desk/batch/LimitsFile.h"
+#include "desk/check/ImportedFile.h"
+#include "desk/check/RejectedRows.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
+#include "desk/runner/FaultJson.h"
 #include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
-#include "desk/window/ImportProblems.h"
-#include "desk/window/RejectFile.h"
-#include "embedded_host/table_reader/RejectFile.h"
-#include "embedded_host/table_reader/TableReader.h"
 #include "ledger/LedgerTexts.h"
 
 #include <QFileInfo>
@@ -28,6 +27,9 @@ QString objection(const DialogDriver& driver, const CommandLine& line)
 {
     if (!driver.isConfirmed()) {
         return ledger::texts::notConfirmed();
+    }
+    if (!driver.digestError().isEmpty()) {
+        return driver.digestError();
     }
     return driver.shownBoxes().isEmpty() || line.yes ? QString() : ledger::texts::importComplained();
 }
@@ -116,21 +118,14 @@ QJsonObject rejectsToJson(const QString& out, int rows, const QString& error)
 }
 
 /// The refused rows of the file with their reasons, as a file to mend and import again.
-QJsonObject writeRejects(const DialogDriver& driver, const QString& out)
+QJsonObject writeRejects(const table::Table& table, const table::Faults& faults, const QString& out)
 {
-    const table_reader::Table table = table_reader::readTable(driver.path());
     if (!table.error.isEmpty()) {
         return rejectsToJson(out, 0, table.error);
     }
-    QList<Problem> problems;
-    for (const ShownBox& box : driver.shownBoxes()) {
-        problems += import_problems::fromBoxText(box.text);
-    }
-    const bool spreadsheetToCsv =
-        table.format != QLatin1String("csv") && !out.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
-    const reject_file::Refused refused = reject_file::refusedRows(problems, table.rows, spreadsheetToCsv);
-    const QString error = table_writer::writeRejects(out, table.rows.value(0), refused.rows);
-    return rejectsToJson(out, refused.rows.size(), error.isEmpty() ? refused.doubt : error);
+    const QList<table_writer::RefusedRow> rows =
+        rejected_rows::of(faults, table, rejected_rows::needDatesForCsv(table, out));
+    return rejectsToJson(out, rows.size(), rejected_rows::write(out, table, rows));
 }
 
 } // namespace
@@ -153,10 +148,14 @@ Result importFile(const CommandLine& line)
     if (!driver.unknownName().isEmpty()) {
         return refuse(driver.unknownName());
     }
-    driver.importFile();
+    const ImportedFile file = ImportedFile::read(driver.path());
+    driver.importFile(file);
     driver.switchAccountAndConfirm();
 
     QJsonObject json = driver.toJson();
+    if (line.faults) {
+        json[QStringLiteral("faults")] = toJson(driver.faults());
+    }
     bool complained = !driver.shownBoxes().isEmpty();
     Creation creation{{}, Done, nullptr};
     if (line.create) {
@@ -165,7 +164,7 @@ Result importFile(const CommandLine& line)
         complained = complained || creation.status == Complained;
     }
     if (!line.rejects.isEmpty()) {
-        const QJsonObject rejects = writeRejects(driver, line.rejects);
+        const QJsonObject rejects = writeRejects(file.table, driver.fileFaults(), line.rejects);
         json[QStringLiteral("rejects")] = rejects;
         complained = complained || !rejects[QStringLiteral("error")].toString().isEmpty();
     }

@@ -1,3 +1,4 @@
+#include "desk/check/ImportedFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/LedgerJson.h"
@@ -130,7 +131,7 @@ Result diffBatch(const CommandLine& line)
     if (!driver.unknownName().isEmpty()) {
         return refuse(driver.unknownName());
     }
-    driver.importFile();
+    driver.importFile(ImportedFile::read(driver.path()));
     const batch::DialogContent content = driver.content();
     const ledger::BatchDiff diff = ledger::compareTables(
         before.value, batch::shownTable(content.columns, content.records), batch::orderColumns());

@@ -88,7 +88,7 @@ Result readRows(const CommandLine& line)
 {
     table_reader::ReadOptions options;
     options.encoding = line.encoding;
-    const table_reader::Table table = table_reader::readTable(line.files.first(), options);
+    const table::Table table = table_reader::readTable(line.files.first(), options);
     QJsonArray rows;
     for (const QStringList& row : table.rows) {
         rows.append(QJsonArray::fromStringList(row));

@@ -1,10 +1,11 @@
 #include "desk/runner/WidgetJson.h"
 
+#include "desk/probe/DialogProbe.h"
 #include "host/SolveyDecimalLineEdit.h"
 #include "host/ZelTableView.h"
 
+#include <QAbstractButton>
 #include <QLabel>
-#include <QPushButton>
 
 namespace runner {
 
@@ -44,11 +45,10 @@ QJsonArray mapsToJson(const QList<QMap<QString, QVariant>>& maps)
     return array;
 }
 
-QJsonObject expectedToJson(const AlgoBatchImportParamSetting& dialog, const char* boxName,
-                           const char* warningName)
+QJsonObject expectedToJson(const DialogProbe::Expected& expected)
 {
-    const auto& box = child<SolveyDecimalLineEdit>(dialog, boxName);
-    const auto& warning = child<QLabel>(dialog, warningName);
+    const SolveyDecimalLineEdit& box = expected.box;
+    const QLabel& warning = expected.warning;
     return {{QStringLiteral("value"), box.value()},
             {QStringLiteral("text"), box.text()},
             {QStringLiteral("toolTip"), box.toolTip()},
@@ -61,16 +61,16 @@ QJsonObject expectedToJson(const AlgoBatchImportParamSetting& dialog, const char
 
 QJsonObject dialogToJson(AlgoBatchImportParamSetting& dialog)
 {
-    const auto& table = child<ZelTableView>(dialog, "table_paramSettings");
-    return {
-        {QStringLiteral("columns"), QJsonArray::fromStringList(table.headNames())},
-        {QStringLiteral("hiddenColumns"), hiddenColumns(table)},
-        {QStringLiteral("records"), recordsToJson(table.getViewData())},
-        {QStringLiteral("parameterMaps"), mapsToJson(dialog.getWidgetData())},
-        {QStringLiteral("expected"),
-         QJsonObject{{QStringLiteral("buy"), expectedToJson(dialog, "expectBuyLine", "label_bWarning")},
-                     {QStringLiteral("sell"), expectedToJson(dialog, "expectSellLine", "label_sWarning")}}},
-        {QStringLiteral("okEnabled"), child<QPushButton>(dialog, "btn_ok").isEnabled()}};
+    const DialogProbe probe(dialog);
+    const ZelTableView& table = probe.table();
+    return {{QStringLiteral("columns"), QJsonArray::fromStringList(table.headNames())},
+            {QStringLiteral("hiddenColumns"), hiddenColumns(table)},
+            {QStringLiteral("records"), recordsToJson(table.getViewData())},
+            {QStringLiteral("parameterMaps"), mapsToJson(dialog.getWidgetData())},
+            {QStringLiteral("expected"),
+             QJsonObject{{QStringLiteral("buy"), expectedToJson(probe.expectedBuy())},
+                         {QStringLiteral("sell"), expectedToJson(probe.expectedSell())}}},
+            {QStringLiteral("okEnabled"), probe.confirmButton().isEnabled()}};
 }
 
 QJsonArray boxesToJson(const QList<ShownBox>& boxes)

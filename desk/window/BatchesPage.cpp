@@ -1,31 +1,14 @@
 #include "desk/window/BatchesPage.h"
 
+#include "desk/models/BatchesModel.h"
 #include "desk/window/FilteredTable.h"
-#include "embedded_host/EmbeddedHost.h"
-#include "embedded_host/skin/SkinService.h"
 #include "host/ZelMessageBox.h"
 
-#include <QColor>
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
 
 namespace {
-
-/// The newest ones.
-constexpr int MostBatches = 1000;
-
-enum Column { Number, State, Created, File, Account, Strategy, Rows, Buy, Sell, By, Digest };
-
-const QStringList& titles()
-{
-    static const QStringList texts = {
-        QStringLiteral("批次"),   QStringLiteral("状态"),     QStringLiteral("创建时间"),
-        QStringLiteral("文件"),   QStringLiteral("账户"),     QStringLiteral("算法"),
-        QStringLiteral("行数"),   QStringLiteral("预计买入"), QStringLiteral("预计卖出"),
-        QStringLiteral("创建人"), QStringLiteral("SHA-256")};
-    return texts;
-}
 
 QString undoneLines(const QList<ledger::ChangedInstance>& instances)
 {
@@ -40,12 +23,11 @@ QString undoneLines(const QList<ledger::ChangedInstance>& instances)
 } // namespace
 
 BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mHost(host), mBooks(books), mModel(new TextTable(titles(), this)),
+    : QWidget(parent), mBooks(books), mModel(new BatchesModel(this)),
       mTable(new FilteredTable(mModel, {QStringLiteral("批次"), QString()}, prompts, this))
 {
     mTable->setSingleSelection();
-    mModel->setNumeric({Number, Rows, Buy, Sell});
-    mModel->setTint([this](int row, int column) { return tintOf(row, column); });
+    mTable->setColoursOf(host);
     QPushButton* look = mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"));
     QPushButton* compare =
         mTable->addButton(QStringLiteral("与当前导入比较"), QStringLiteral("button_compare"));
@@ -69,56 +51,44 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
     connect(take, &QPushButton::clicked, this, &BatchesPage::undo);
     connect(mTable, &FilteredTable::selectionChanged, this, &BatchesPage::enableButtons);
     connect(mTable, &FilteredTable::said, this, &BatchesPage::said);
-    reload();
+    connect(mModel, &ListModel::failed, this, &BatchesPage::said);
+    mModel->setPages([this](const ledger::Batch* last, int count) { return batches(last, count); });
+    tellState();
 }
 
 void BatchesPage::reload()
 {
-    Outcome<QList<ledger::Batch>> batches{{}, mBooks.ledgerError};
-    if (mBooks.ledger) {
-        batches = mBooks.ledger->batchesBefore(std::nullopt, MostBatches);
-    }
-    QList<QStringList> rows;
-    for (const ledger::Batch& batch : qAsConst(batches.value)) {
-        rows.append(rowOf(batch));
-    }
-    mError = batches.error;
-    mTable->setEmptyText(mError.isEmpty() ? QStringLiteral("还没有批次") : mError);
-    mModel->setRows(rows);
+    mModel->reload();
+    tellState();
+}
+
+QString BatchesPage::error() const
+{
+    return mModel->error();
+}
+
+void BatchesPage::tellState()
+{
+    mTable->setEmptyText(error().isEmpty() ? QStringLiteral("还没有批次") : error());
     mTable->fitColumnsOnce();
     enableButtons();
-    if (!mError.isEmpty()) {
-        emit said(mError);
+    if (!error().isEmpty()) {
+        emit said(error());
     }
 }
 
-QStringList BatchesPage::rowOf(const ledger::Batch& batch)
+Outcome<QList<ledger::Batch>> BatchesPage::batches(const ledger::Batch* last, int count) const
 {
-    return {QString::number(batch.number),
-            ledger::shownName(batch.state),
-            batch.createdAt.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")),
-            batch.fileName,
-            batch.account,
-            batch.strategy,
-            QString::number(batch.rowCount),
-            batch.expectedBuy.shown(2),
-            batch.expectedSell.shown(2),
-            batch.createdBy,
-            batch.fileSha256};
-}
-
-QColor BatchesPage::tintOf(int row, int column) const
-{
-    const bool stands = mModel->rows().at(row).at(State) == ledger::shownName(ledger::BatchState::Created);
-    return column == Digest || (column == State && !stands)
-               ? mHost.skins().colours().colour(QStringLiteral("muted"))
-               : QColor();
+    if (!mBooks.ledger) {
+        return {{}, mBooks.ledgerError};
+    }
+    return mBooks.ledger->batchesBefore(last ? std::make_optional(last->number) : std::nullopt, count);
 }
 
 std::optional<qint64> BatchesPage::selectedBatch() const
 {
     const int row = mTable->selectedRow();
-    return row < 0 ? std::nullopt : std::optional<qint64>(mModel->rows().at(row).at(Number).toLongLong());
+    return row < 0 ? std::nullopt : std::optional<qint64>(mModel->records().at(row).number);
 }
 
 void BatchesPage::enableButtons()
@@ -147,11 +117,11 @@ void BatchesPage::undo()
 
 bool BatchesPage::isUndoWanted()
 {
-    const QStringList& cells = mModel->rows().at(mTable->selectedRow());
-    const QString question =
-        QStringLiteral("撤销批次 %1？\n文件 %2\n账户 %3，算法 %4，%5 行\n")
-            .arg(cells.at(Number), cells.at(File), cells.at(Account), cells.at(Strategy), cells.at(Rows)) +
-        QStringLiteral("未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。");
+    const ledger::Batch& batch = mModel->records().at(mTable->selectedRow());
+    const QString question = QStringLiteral("撤销批次 %1？\n文件 %2\n账户 %3，算法 %4，%5 行\n")
+                                 .arg(QString::number(batch.number), batch.fileName, batch.account,
+                                      batch.strategy, QString::number(batch.rowCount)) +
+                             QStringLiteral("未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。");
     ZelMessageBox box(QStringLiteral("撤销批次"), question, ZelMessageBox::Question, this);
     return box.showModally() == QDialog::Accepted;
 }

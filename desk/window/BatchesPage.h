@@ -6,10 +6,10 @@
 
 #include <optional>
 
+class BatchesModel;
 class EmbeddedHost;
 class FilteredTable;
 class QPushButton;
-class TextTable;
 class UserPrompts;
 
 /// The batches of the ledger, newest first: look into one, take it back, hold the table now imported against
@@ -22,7 +22,7 @@ public:
 
     FilteredTable* table() const { return mTable; }
     /// Why the batches could not be read; empty when they could.
-    QString error() const { return mError; }
+    QString error() const;
 
 public slots:
     void reload();
@@ -37,17 +37,16 @@ signals:
     void comparisonWanted(qint64 batch);
 
 private:
-    static QStringList rowOf(const ledger::Batch& batch);
-    QColor tintOf(int row, int column) const;
+    /// Newest first, those behind `last`.
+    Outcome<QList<ledger::Batch>> batches(const ledger::Batch* last, int count) const;
+    void tellState();
     std::optional<qint64> selectedBatch() const;
     void enableButtons();
     bool isUndoWanted();
     void tellUndone(const ledger::UndoReport& report);
 
-    EmbeddedHost& mHost;
     const DeskBooks& mBooks;
-    TextTable* mModel;
+    BatchesModel* mModel;
     FilteredTable* mTable;
     QList<QPushButton*> mBatchButtons;
-    QString mError;
 };

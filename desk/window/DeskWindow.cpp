@@ -222,7 +222,7 @@ void DeskWindow::compareWithEarlier()
     if (!mBooks.ledger || mImport->currentTable().rows.isEmpty()) {
         return;
     }
-    const batch::DialogContent now = mImport->frame()->content();
+    const batch::DialogContent now = mImport->content();
     const Outcome<QList<ledger::Batch>> batches = mBooks.ledger->batchesBefore(std::nullopt, 1000);
     sayToo(batches.error);
     for (auto batch = batches.value.cbegin(); batch != batches.value.cend(); ++batch) {

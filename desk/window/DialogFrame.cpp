@@ -1,5 +1,6 @@
 #include "desk/window/DialogFrame.h"
 
+#include "desk/probe/DialogProbe.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "embedded_host/EmbeddedHost.h"
@@ -12,7 +13,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDoubleSpinBox>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -21,10 +21,6 @@
 namespace {
 
 constexpr int WidestAccountBox = 240; // pixels; name and number together are longer than the form allows for
-
-const QString ImportButton = QStringLiteral("btn_import");
-const QString ConfirmButton = QStringLiteral("btn_ok");
-const QString TemplateButton = QStringLiteral("pb_exportModules");
 
 } // namespace
 
@@ -77,7 +73,7 @@ void DialogFrame::open()
 
 void DialogFrame::dressAccountBox()
 {
-    SolveyAccountComboBox* accounts = accountBox();
+    SolveyAccountComboBox* accounts = &probe().accounts();
     const auto showWhole = [accounts] { accounts->setToolTip(plainToolTip(accounts->currentText())); };
     connect(accounts, &QComboBox::currentTextChanged, accounts, showWhole);
     accounts->setAccessibleName(QStringLiteral("账户名称"));
@@ -91,21 +87,23 @@ void DialogFrame::listenToButtons()
     connect(mDialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, this, &DialogFrame::confirmed);
     connect(mDialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, this, &DialogFrame::close);
     // The dialog connected its own slot first, so that here the import is over.
-    connect(button(ImportButton), &QAbstractButton::clicked, this, &DialogFrame::endImport);
-    connect(button(ConfirmButton), &QAbstractButton::pressed, this, [this] { mSubject = Subject::Batch; });
-    connect(button(TemplateButton), &QAbstractButton::pressed, this, [this] { mSubject = Subject::Nothing; });
+    connect(&probe().importButton(), &QAbstractButton::clicked, this, &DialogFrame::endImport);
+    connect(&probe().confirmButton(), &QAbstractButton::pressed, this, [this] { mSubject = Subject::Batch; });
+    connect(&probe().templateButton(), &QAbstractButton::pressed, this,
+            [this] { mSubject = Subject::Nothing; });
 }
 
 void DialogFrame::listenToBoxes()
 {
-    auto* strategies = mDialog->findChild<QComboBox*>(QStringLiteral("cbx_algoType"));
+    QComboBox* strategies = &probe().strategies();
+    SolveyAccountComboBox* accounts = &probe().accounts();
     strategies->setAccessibleName(QStringLiteral("算法类型"));
     strategies->installEventFilter(this);
     connect(strategies, &QComboBox::currentTextChanged, this, &DialogFrame::strategyChanged);
-    accountBox()->installEventFilter(this);
+    accounts->installEventFilter(this);
     // This signal comes before the change of text, for which the dialog checks the batch again.
-    connect(accountBox(), QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
-        mSubject = Subject::Batch;
+    connect(accounts, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
+        mSubject = Subject::Account;
         emit accountChanging();
     });
 }
@@ -139,7 +137,7 @@ void DialogFrame::import()
     if (!mDialog) {
         open();
     }
-    button(ImportButton)->click();
+    probe().importButton().click();
 }
 
 void DialogFrame::importFile(const QString& path)
@@ -152,10 +150,10 @@ void DialogFrame::confirm()
 {
     if (!mDialog) {
         emit said(QStringLiteral("批量导入已关闭，没有可提交的批次"));
-    } else if (!button(ConfirmButton)->isEnabled()) {
+    } else if (!probe().confirmButton().isEnabled()) {
         emit said(QStringLiteral("“确定”不可用：请先按提示改正，或重新导入"));
     } else {
-        button(ConfirmButton)->click();
+        probe().confirmButton().click();
     }
 }
 
@@ -184,18 +182,19 @@ void DialogFrame::takeMessage(const QString& text, int type)
     }
 }
 
-batch::DialogContent DialogFrame::content() const
+batch::DialogContent DialogFrame::content(const QString& filePath, const QString& fileSha256) const
 {
-    batch::DialogContent content;
-    content.strategy = mDialog->getStrategy().name();
-    content.account = accountBox()->GetCurTradingAccount();
-    content.createdBy = mHost.options().loginAccount;
-    content.expectedBuy = amountIn(QStringLiteral("expectBuyLine"));
-    content.expectedSell = amountIn(QStringLiteral("expectSellLine"));
-    content.parameterMaps = mDialog->getWidgetData();
-    content.columns = table()->headNames();
-    content.records = table()->getViewData();
-    return content;
+    return probe().content({filePath, fileSha256, mHost.options().loginAccount});
+}
+
+DialogFaults DialogFrame::faults() const
+{
+    return probe().faults();
+}
+
+ledger::BatchTable DialogFrame::shownTable() const
+{
+    return mDialog ? probe().shownTable() : ledger::BatchTable();
 }
 
 void DialogFrame::saveChoice() const
@@ -203,13 +202,13 @@ void DialogFrame::saveChoice() const
     if (mDialog) {
         DeskSettings settings(mHost);
         settings.setLastStrategy(mDialog->getCurrentAlgoName());
-        settings.setLastAccount(accountBox()->GetCurTradingAccount());
+        settings.setLastAccount(probe().accounts().GetCurTradingAccount());
     }
 }
 
 ZelTableView* DialogFrame::table() const
 {
-    return mDialog ? mDialog->findChild<ZelTableView*>(QStringLiteral("table_paramSettings")) : nullptr;
+    return mDialog ? &probe().table() : nullptr;
 }
 
 int DialogFrame::rowCount() const
@@ -218,17 +217,7 @@ int DialogFrame::rowCount() const
     return shown ? shown->getViewData().size() : 0;
 }
 
-QAbstractButton* DialogFrame::button(const QString& name) const
+DialogProbe DialogFrame::probe() const
 {
-    return mDialog->findChild<QAbstractButton*>(name);
-}
-
-SolveyAccountComboBox* DialogFrame::accountBox() const
-{
-    return mDialog->findChild<SolveyAccountComboBox*>(QStringLiteral("combx_account"));
-}
-
-double DialogFrame::amountIn(const QString& box) const
-{
-    return mDialog->findChild<QDoubleSpinBox*>(box)->value();
+    return DialogProbe(*mDialog);
 }

@@ -4,9 +4,9 @@
 
 #include <QWidget>
 
+class DiffModel;
 class EmbeddedHost;
 class FilteredTable;
-class TextTable;
 class UserPrompts;
 
 /// What the table now imported changes against an earlier batch, one change a line.
@@ -22,9 +22,6 @@ public:
     void clear();
 
 private:
-    QColor tintOf(int row, int column) const;
-
-    EmbeddedHost& mHost;
-    TextTable* mModel;
+    DiffModel* mModel;
     FilteredTable* mTable;
 };

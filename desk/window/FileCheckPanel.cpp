@@ -1,11 +1,9 @@
 #include "desk/window/FileCheckPanel.h"
 
+#include "desk/models/FindingsModel.h"
 #include "desk/window/FilteredTable.h"
-#include "embedded_host/EmbeddedHost.h"
-#include "embedded_host/skin/SkinService.h"
-#include "embedded_host/table_reader/TableReader.h"
+#include "embedded_host/widgets/PlainToolTip.h"
 
-#include <QColor>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,39 +12,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-enum Column { Severity, Place, Raw, Sentence, Suggestions };
-
-const QString ErrorText = QStringLiteral("错误");
-const QString WarningText = QStringLiteral("警告");
-const QString WholeFile = QStringLiteral("整个文件");
-
-QString placeText(const table_lint::Finding& finding)
-{
-    if (finding.address.isEmpty()) {
-        return WholeFile;
-    }
-    if (finding.line > 0) {
-        return QStringLiteral("%1（文件第 %2 行）").arg(finding.address).arg(finding.line);
-    }
-    const bool wholeRow = finding.address.at(0).isDigit();
-    const QString address = wholeRow ? QStringLiteral("第 %1 行").arg(finding.address) : finding.address;
-    return finding.sheet.isEmpty() ? address : finding.sheet + QLatin1Char('!') + address;
-}
-
-QList<QStringList> linesOf(const FileReport& report)
-{
-    QList<QStringList> lines;
-    if (!report.error.isEmpty()) {
-        lines.append({ErrorText, WholeFile, QString(), report.error, QString()});
-    }
-    for (const table_lint::Finding& finding : report.findings) {
-        const bool error = finding.severity == table_lint::Severity::Error;
-        lines.append({error ? ErrorText : WarningText, placeText(finding), finding.raw, finding.chinese,
-                      finding.suggestions.join(QStringLiteral("，"))});
-    }
-    return lines;
-}
 
 QString separatorName(const QString& separator)
 {
@@ -58,8 +23,8 @@ QString separatorName(const QString& separator)
 
 QString rowCountText(int rows)
 {
-    return rows < table_reader::MaxRows ? QStringLiteral("%1（含表头）").arg(rows)
-                                        : QStringLiteral("至少 %1（含表头）").arg(rows);
+    return rows < table::RowsToRead ? QStringLiteral("%1（含表头）").arg(rows)
+                                    : QStringLiteral("至少 %1（含表头）").arg(rows);
 }
 
 QString skippedText(int rows)
@@ -90,15 +55,12 @@ QString factsOf(const FileReport& report)
 } // namespace
 
 FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mHost(host),
-      mModel(new TextTable({QStringLiteral("严重程度"), QStringLiteral("位置"), QStringLiteral("原文"),
-                            QStringLiteral("说明"), QStringLiteral("建议")},
-                           this)),
+    : QWidget(parent), mModel(new FindingsModel(this)),
       mTable(new FilteredTable(mModel, {QStringLiteral("文件检查"), QString()}, prompts, this)),
       mFacts(new QLabel(this))
 {
-    mModel->setTint([this](int row, int column) { return tintOf(row, column); });
-    mTable->view()->horizontalHeader()->setSectionResizeMode(Sentence, QHeaderView::Stretch);
+    mTable->setColoursOf(host);
+    mTable->view()->horizontalHeader()->setSectionResizeMode(FindingsModel::Sentence, QHeaderView::Stretch);
     mFacts->setObjectName(QStringLiteral("label_fileFacts"));
     mFacts->setTextFormat(Qt::PlainText);
     mFacts->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -116,7 +78,7 @@ FileCheckPanel::FileCheckPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget
 void FileCheckPanel::show(const FileReport& report)
 {
     mReport = report;
-    mModel->setTable(mModel->columns(), linesOf(report));
+    mModel->show(report);
     mTable->filter()->clear();
     mTable->setEmptyText(QStringLiteral("没有发现"));
     mTable->fitColumns();
@@ -143,15 +105,6 @@ void FileCheckPanel::showFacts()
 {
     const QString facts = factsOf(mReport);
     mFacts->setText(facts);
-    mFacts->setToolTip(facts.toHtmlEscaped());
+    mFacts->setToolTip(plainToolTip(facts));
     mFacts->setAccessibleDescription(facts); // its name hides the text from a screen reader
-}
-
-QColor FileCheckPanel::tintOf(int row, int column) const
-{
-    if (column != Severity) {
-        return {};
-    }
-    const bool error = mModel->rows().at(row).at(Severity) == ErrorText;
-    return mHost.skins().colours().colour(error ? QStringLiteral("error") : QStringLiteral("warning"));
 }

@@ -6,8 +6,8 @@
 
 class EmbeddedHost;
 class FilteredTable;
+class FindingsModel;
 class QLabel;
-class TextTable;
 class UserPrompts;
 
 /// The report on the imported file: a line of facts, and what looks wrong in it, one finding a line.
@@ -31,10 +31,8 @@ signals:
 
 private:
     void showFacts();
-    QColor tintOf(int row, int column) const;
 
-    EmbeddedHost& mHost;
-    TextTable* mModel;
+    FindingsModel* mModel;
     FilteredTable* mTable;
     QLabel* mFacts;
     FileReport mReport;

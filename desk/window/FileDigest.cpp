@@ -1,7 +1,5 @@
 #include "desk/window/FileDigest.h"
 
-#include "desk/batch/DraftBuilder.h"
-
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QProgressDialog>
@@ -19,7 +17,7 @@ constexpr int PollMs = 20;
 
 struct FileDigest::Work {
     std::atomic<bool> done{false};
-    QString digest; // to be read once `done`
+    Outcome<QString> digest; // to be read once `done`
 };
 
 FileDigest::FileDigest(QObject* parent) : QObject(parent)
@@ -28,13 +26,13 @@ FileDigest::FileDigest(QObject* parent) : QObject(parent)
     connect(&mPoll, &QTimer::timeout, this, &FileDigest::announce);
 }
 
-void FileDigest::start(const QString& path)
+void FileDigest::start(const Take& take)
 {
     auto work = std::make_shared<Work>();
     mWork = work;
     // Nothing waits for it at the end of the program: it only reads, into memory that it shares.
-    std::thread([work, path] {
-        work->digest = batch::sha256OfFile(path);
+    std::thread([work, take] {
+        work->digest = take();
         work->done = true;
     }).detach();
     mPoll.start(); // the thread may outlive this object, so it is asked and does not call
@@ -44,11 +42,11 @@ void FileDigest::announce()
 {
     if (mWork->done) {
         mPoll.stop();
-        emit taken(mWork->digest);
+        emit taken(mWork->digest.value);
     }
 }
 
-QString FileDigest::wait(QWidget* parent, bool& cancelled) const
+Outcome<QString> FileDigest::wait(QWidget* parent, bool& cancelled) const
 {
     cancelled = false;
     const std::shared_ptr<Work> work = mWork; // another file may be started while events are processed

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "table/Outcome.h"
+
 #include <QObject>
 #include <QString>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class QWidget;
@@ -16,14 +19,17 @@ class FileDigest : public QObject {
 public:
     explicit FileDigest(QObject* parent = nullptr);
 
+    /// Takes the digest; called in a thread of its own, with which it shares nothing.
+    using Take = std::function<Outcome<QString>()>;
+
     /// Forgets the file before.
-    void start(const QString& path);
-    /// Hexadecimal digits; empty for a file that cannot be read. Shows progress where it takes long; nothing
-    /// and `cancelled` set where the user did not want to wait.
-    QString wait(QWidget* parent, bool& cancelled) const;
+    void start(const Take& take);
+    /// Hexadecimal digits; the error says why there are none. Shows progress where it takes long; nothing and
+    /// `cancelled` set where the user did not want to wait.
+    Outcome<QString> wait(QWidget* parent, bool& cancelled) const;
 
 signals:
-    /// Once for each file, unless another was started before it was done.
+    /// Once for each file, unless another was started before it was done; empty where it has none.
     void taken(const QString& digest);
 
 private:

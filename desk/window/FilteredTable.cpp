@@ -1,16 +1,18 @@
 #include "desk/window/FilteredTable.h"
 
-#include "embedded_host/table_reader/CsvText.h"
+#include "desk/window/ListProxy.h"
+#include "embedded_host/EmbeddedHost.h"
+#include "embedded_host/skin/SkinService.h"
+#include "embedded_host/table_writer/CsvText.h"
 #include "embedded_host/UserPrompts.h"
-#include "embedded_host/widgets/NaturalOrderProxy.h"
 #include "embedded_host/widgets/TableBehaviour.h"
+#include "files/Save.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -21,27 +23,17 @@ constexpr int WidestColumn = 320;
 constexpr int FilterWidth = 220;
 constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the buttons
 
-// Replaces the file only once the new one is whole. Empty, or a sentence for the user.
-QString saved(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return QStringLiteral("无法写入文件“%1”：%2").arg(path, file.errorString());
-    }
-    return {};
-}
-
 } // namespace
 
-FilteredTable::FilteredTable(TextTable* source, const Words& words, UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mSource(source), mWords(words), mPrompts(prompts), mProxy(new NaturalOrderProxy(this)),
+FilteredTable::FilteredTable(ListModel* source, const Words& words, UserPrompts& prompts, QWidget* parent)
+    : QWidget(parent), mSource(source), mWords(words), mPrompts(prompts), mProxy(new ListProxy(this)),
       mView(new QTableView(this)), mFilter(new QLineEdit(this)), mCount(new QLabel(this)),
       mToolRow(makeToolRow()), mBehaviour(new TableBehaviour(mView, mProxy))
 {
     mProxy->setSourceModel(source);
     mProxy->setFilterKeyColumn(-1);
     mProxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
-    mProxy->setSortRole(TextTable::PlainText);
+    mProxy->setSortRole(ListModel::PlainRole);
     mBehaviour->setSortable(true);
     mBehaviour->setEmptyText(words.emptyText);
     mView->setAccessibleName(words.name);
@@ -102,6 +94,11 @@ QPushButton* FilteredTable::addButton(const QString& text, const QString& object
     return button;
 }
 
+void FilteredTable::setColoursOf(EmbeddedHost& host)
+{
+    mProxy->setColours([&host](const QString& name) { return host.skins().colours().colour(name); });
+}
+
 void FilteredTable::setSingleSelection()
 {
     mView->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -121,6 +118,9 @@ QString FilteredTable::emptyText() const
 void FilteredTable::applyFilter(const QString& text)
 {
     const QPersistentModelIndex chosen = mProxy->mapToSource(mView->currentIndex());
+    if (!text.isEmpty()) {
+        mProxy->fetchAll();
+    }
     mProxy->setFilterFixedString(text);
     if (!mProxy->mapFromSource(chosen).isValid()) {
         mView->selectionModel()->clear();
@@ -157,17 +157,18 @@ QList<QStringList> FilteredTable::shownRows() const
 {
     QList<int> columns;
     QStringList titles;
-    for (int column = 0; column < mSource->columns().size(); ++column) {
+    const QStringList all = mSource->titles();
+    for (int column = 0; column < all.size(); ++column) {
         if (!mView->isColumnHidden(column)) {
             columns.append(column);
-            titles.append(mSource->columns().at(column));
+            titles.append(all.at(column));
         }
     }
     QList<QStringList> rows{titles};
     for (int row = 0; row < mProxy->rowCount(); ++row) {
         QStringList cells;
         for (const int column : qAsConst(columns)) {
-            cells.append(mProxy->index(row, column).data(TextTable::PlainText).toString());
+            cells.append(mProxy->index(row, column).data(ListModel::PlainRole).toString());
         }
         rows.append(cells);
     }
@@ -198,7 +199,7 @@ void FilteredTable::fitColumns()
 {
     mFitted = true;
     mView->resizeColumnsToContents();
-    for (int column = 0; column < mSource->columns().size(); ++column) {
+    for (int column = 0; column < mSource->columnCount(); ++column) {
         mView->setColumnWidth(column, qBound(NarrowestColumn, mView->columnWidth(column) + 8, WidestColumn));
     }
 }
@@ -220,14 +221,16 @@ void FilteredTable::exportRows()
     if (path.isEmpty()) {
         return;
     }
-    const QString error = saved(path, table_reader::harmlessCsvText(shownRows()));
-    emit said(error.isEmpty() ? QStringLiteral("已导出到 %1").arg(path) : error);
+    mProxy->fetchAll();
+    const Outcome<void> saved = files::save(path, table_writer::harmlessCsvText(shownRows()));
+    emit said(saved.ok() ? QStringLiteral("已导出到 %1").arg(path) : files::cannotWrite(path, saved.error));
 }
 
 void FilteredTable::showCount()
 {
     const int all = mSource->rowCount();
     const int shown = mProxy->rowCount();
-    mCount->setText(shown == all ? QStringLiteral("共 %1 行").arg(all)
-                                 : QStringLiteral("%1 / %2 行").arg(shown).arg(all));
+    const QString total =
+        mSource->canFetchMore({}) ? QStringLiteral("前 %1 行").arg(all) : QStringLiteral("共 %1 行").arg(all);
+    mCount->setText(shown == all ? total : QStringLiteral("%1 / %2 行").arg(shown).arg(all));
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "desk/window/TextTable.h"
+#include "desk/models/ListModel.h"
 
 #include <QList>
 #include <QString>
 #include <QWidget>
 
-class NaturalOrderProxy;
+class EmbeddedHost;
+class ListProxy;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -26,13 +27,15 @@ public:
         QString emptyText;
     };
 
-    FilteredTable(TextTable* source, const Words& words, UserPrompts& prompts, QWidget* parent = nullptr);
+    FilteredTable(ListModel* source, const Words& words, UserPrompts& prompts, QWidget* parent = nullptr);
 
     QTableView* view() const { return mView; }
     QLineEdit* filter() const { return mFilter; }
     /// Puts a button at the left end of those above the table.
     QPushButton* addButton(const QString& text, const QString& objectName);
 
+    /// Draws the tints of the list in the colours of the host's skin.
+    void setColoursOf(EmbeddedHost& host);
     /// For a list of which one row at a time is dealt with.
     void setSingleSelection();
     /// What stands in place of the rows while the source has none.
@@ -73,10 +76,10 @@ private:
     void applyFilter(const QString& text);
     void showCount();
 
-    TextTable* mSource;
+    ListModel* mSource;
     Words mWords;
     UserPrompts& mPrompts;
-    NaturalOrderProxy* mProxy;
+    ListProxy* mProxy;
     QTableView* mView;
     QLineEdit* mFilter;
     QLabel* mCount;

@@ -1,16 +1,21 @@
 #include "desk/window/ImportPage.h"
 
+#include "desk/check/DialogFaults.h"
 #include "desk/check/FileReport.h"
+#include "desk/check/Problem.h"
+#include "desk/models/ParametersModel.h"
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/DiffPanel.h"
 #include "desk/window/FileCheckPanel.h"
 #include "desk/window/FilteredTable.h"
-#include "desk/window/ParameterTable.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
+#include "embedded_host/table_reader/TableFile.h"
 #include "host/ZelTableView.h"
+#include "table/CheckRules.h"
+#include "table/FaultCatalogue.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -29,7 +34,7 @@ const QList<int> FirstSizes{520, 230};
 ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
     : QWidget(parent), mHost(host), mFrame(new DialogFrame(host, prompts)),
       mAmounts(new AmountRefresher(host.quotes(), this)), mProblems(new ProblemsPanel(prompts)),
-      mHandedOverModel(new TextTable({})),
+      mHandedOverModel(new ParametersModel),
       mHandedOver(new FilteredTable(
           mHandedOverModel, {QStringLiteral("已提交参数"), QStringLiteral("确定后，提交的参数显示在这里")},
           prompts)),
@@ -96,24 +101,31 @@ void ImportPage::listenToPanels()
 void ImportPage::takeFile(const QString& path)
 {
     forgetFile();
-    mFile = path;
-    mProblems->begin(path);
-    mDigest.start(path);
-    checkFile();
-}
-
-void ImportPage::checkFile()
-{
-    mFileCheck->show(fileReport(mFile, QString(), mFrame->dialog()->getStrategy().name(),
+    mFile = ImportedFile::read(path);
+    mHost.offeredTable().offer(path, mFile.table);
+    mProblems->begin(path, mFile.table);
+    mDigest.start([file = mFile.file] { return file->sha256(); });
+    mFileCheck->show(fileReport(mFile.table, mFrame->dialog()->getStrategy().name(),
                                 mFrame->table()->headNames(), mHost.referenceData()));
 }
 
 void ImportPage::showProblem(const QString& text, DialogFrame::Subject subject)
 {
-    if (subject == DialogFrame::Subject::File) {
-        mProblems->addOfFile(text);
-    } else {
-        mProblems->showOfBatch(text);
+    const DialogFaults dialog = mFrame->faults();
+    switch (subject) {
+    case DialogFrame::Subject::File:
+        mProblems->addOfFile(DialogFaults::orWords(dialog.ofFile(mFile.table, mFile.path), text));
+        break;
+    case DialogFrame::Subject::Account:
+        mProblems->showOfBatch(
+            DialogFaults::orWords(dialog.ofAccount(mFrame->dialog()->getWidgetData()), text));
+        break;
+    case DialogFrame::Subject::Batch:
+        mProblems->showOfBatch(
+            DialogFaults::orWords(dialog.ofBatch(mFrame->dialog()->getWidgetData()), text));
+        break;
+    case DialogFrame::Subject::Nothing:
+        return;
     }
     mLower->setCurrentIndex(ProblemsTab);
 }
@@ -123,14 +135,14 @@ void ImportPage::tellOfLostRows()
 {
     QSet<int> lines;
     for (const Problem& problem : mProblems->problems()) {
-        if (problem.place == Problem::Place::FileRow) {
-            lines.insert(problem.line);
+        if (problem.subject == Problem::Subject::File && problem.fault.row > 0) {
+            lines.insert(problem.fault.line);
         }
     }
     const int told = mFrame->rowCount() + lines.size();
     const int lost = mFileCheck->report().orderCount - told;
     if (told > 0 && lost > 0) {
-        mProblems->addOfFile(QStringLiteral("另有 %1 行既未导入，也未列出原因，请核对文件").arg(lost));
+        mProblems->addOfFile({table::fault(table::rule::LostRows, {QString::number(lost)})});
         mLower->setCurrentIndex(ProblemsTab);
     }
 }
@@ -159,18 +171,21 @@ QString ImportPage::importSummary() const
     if (skipped > 0) {
         facts.append(QStringLiteral("前两格为空而跳过 %1 行").arg(skipped));
     }
-    return facts.join(QStringLiteral("，")) + QStringLiteral(" · ") + mFile;
+    return facts.join(QStringLiteral("，")) + QStringLiteral(" · ") + mFile.path;
 }
 
 void ImportPage::takeConfirmation(bool closeAfterwards)
 {
     mProblems->forgetBatch();
-    HandOver batch{mFrame->content(), closeAfterwards};
-    batch.content.filePath = mFile;
+    HandOver batch{content(), closeAfterwards};
     bool cancelled = false;
-    batch.content.fileSha256 = mDigest.wait(this, cancelled);
-    if (cancelled) {
+    const Outcome<QString> digest = mDigest.wait(this, cancelled);
+    batch.content.fileSha256 = digest.value;
+    if (cancelled || !digest.ok()) {
         finish(batch, false);
+        if (!digest.ok()) {
+            emit said(digest.error);
+        }
     } else {
         emit confirmed(batch);
     }
@@ -191,8 +206,7 @@ void ImportPage::finish(const HandOver& batch, bool created)
 void ImportPage::showHandedOver(const HandOver& batch)
 {
     const auto& maps = batch.content.parameterMaps;
-    const QStringList columns = parameter_table::columnsOf(maps);
-    mHandedOverModel->setTable(columns, parameter_table::rowsOf(maps, columns));
+    mHandedOverModel->setMaps(maps);
     mHandedOver->fitColumns();
     mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数 %1").arg(maps.size()));
     mLower->setCurrentIndex(HandedOverTab);
@@ -200,13 +214,12 @@ void ImportPage::showHandedOver(const HandOver& batch)
 
 ledger::BatchTable ImportPage::currentTable() const
 {
-    const ZelTableView* table = mFrame->table();
-    return table ? batch::shownTable(table->headNames(), table->getViewData()) : ledger::BatchTable();
+    return mFrame->shownTable();
 }
 
 QString ImportPage::fileName() const
 {
-    return QFileInfo(mFile).fileName();
+    return QFileInfo(mFile.path).fileName();
 }
 
 void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
@@ -220,8 +233,8 @@ void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
 
 void ImportPage::showRecord(const Problem& problem)
 {
-    if (mFrame->table() && problem.place == Problem::Place::BatchRow) {
-        mFrame->table()->selectRecord(problem.line - 1);
+    if (mFrame->table() && problem.subject == Problem::Subject::Batch && problem.fault.row > 0) {
+        mFrame->table()->selectRecord(problem.fault.row - 1);
     }
 }
 
@@ -245,7 +258,7 @@ void ImportPage::forgetDiff()
 
 void ImportPage::forgetFile()
 {
-    mFile.clear();
+    mFile = {};
     mProblems->clear();
     mFileCheck->clear();
     forgetDiff();

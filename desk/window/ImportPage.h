@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/check/ImportedFile.h"
 #include "desk/window/DialogFrame.h"
 #include "desk/window/FileDigest.h"
 #include "desk/window/HandOver.h"
@@ -12,10 +13,10 @@ class AmountRefresher;
 class DiffPanel;
 class FileCheckPanel;
 class FilteredTable;
+class ParametersModel;
 class ProblemsPanel;
 class QSplitter;
 class QTabWidget;
-class TextTable;
 struct Problem;
 
 /// The dialog in its frame, and below it the problems of its last file, the report on it and what was handed
@@ -42,6 +43,8 @@ public:
     /// The table as it stands; without rows before an import.
     ledger::BatchTable currentTable() const;
     QString fileName() const;
+    /// What the open dialog holds.
+    batch::DialogContent content() const { return mFrame->content(mFile.path, QString()); }
     /// What the table changes against a batch.
     void showDiff(const ledger::BatchDiff& diff, qint64 batch);
     /// Keeps strategy, account and splitter for the next session.
@@ -61,7 +64,6 @@ private:
     void listenToFrame();
     void listenToPanels();
     void takeFile(const QString& path);
-    void checkFile();
     void showProblem(const QString& text, DialogFrame::Subject subject);
     void showImported();
     void tellOfLostRows();
@@ -78,12 +80,12 @@ private:
     DialogFrame* mFrame;
     AmountRefresher* mAmounts;
     ProblemsPanel* mProblems;
-    TextTable* mHandedOverModel;
+    ParametersModel* mHandedOverModel;
     FilteredTable* mHandedOver;
     DiffPanel* mDiff;
     FileCheckPanel* mFileCheck;
     QTabWidget* mLower;
     QSplitter* mSplitter;
-    QString mFile;
+    ImportedFile mFile;
     FileDigest mDigest;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/models/PagedModel.h"
 #include "desk/window/DeskBooks.h"
 
 #include <QWidget>
@@ -8,11 +9,11 @@
 
 class EmbeddedHost;
 class FilteredTable;
+class InstancesModel;
 class QPushButton;
-class TextTable;
 class UserPrompts;
 
-/// The instances of the ledger, of all batches or of one.
+/// The instances of the ledger, of all batches or of one; those of the newest batch first.
 class InstancesPage : public QWidget {
     Q_OBJECT
 
@@ -22,7 +23,7 @@ public:
 
     FilteredTable* table() const { return mTable; }
     /// Why the instances could not be read; empty when they could.
-    QString error() const { return mError; }
+    QString error() const;
     /// Nothing: of all batches.
     void showBatch(std::optional<qint64> batch);
 
@@ -33,14 +34,14 @@ signals:
     void said(const QString& text);
 
 private:
-    QStringList rowOf(const ledger::Instance& instance) const;
-    QColor tintOf(int row, int column) const;
+    /// Nothing: of all batches.
+    Pages<ledger::Instance> pagesOfBatch(std::optional<qint64> batch) const;
+    QString nameOf(const QString& symbol) const;
+    void tellState();
 
     EmbeddedHost& mHost;
     const DeskBooks& mBooks;
-    TextTable* mModel;
+    InstancesModel* mModel;
     FilteredTable* mTable;
     QPushButton* mAllBatches;
-    QString mError;
-    std::optional<qint64> mBatch;
 };

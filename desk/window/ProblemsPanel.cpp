@@ -1,9 +1,10 @@
 #include "desk/window/ProblemsPanel.h"
 
+#include "desk/check/RejectedRows.h"
+#include "desk/models/ProblemsModel.h"
 #include "desk/window/FilteredTable.h"
-#include "desk/window/RejectFile.h"
-#include "embedded_host/table_reader/TableReader.h"
 #include "embedded_host/UserPrompts.h"
+#include "table/FaultCatalogue.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -14,28 +15,8 @@
 
 #include <algorithm>
 
-namespace {
-
-QString placeText(const Problem& problem)
-{
-    switch (problem.place) {
-    case Problem::Place::FileRow:
-        return QStringLiteral("文件第 %1 行").arg(problem.line);
-    case Problem::Place::BatchRow:
-        return QStringLiteral("表格第 %1 行").arg(problem.line);
-    case Problem::Place::Whole:
-        break;
-    }
-    return QStringLiteral("整体");
-}
-
-} // namespace
-
 ProblemsPanel::ProblemsPanel(UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mPrompts(prompts),
-      mModel(new TextTable(
-          {QStringLiteral("位置"), QStringLiteral("列"), QStringLiteral("原值"), QStringLiteral("原因")},
-          this)),
+    : QWidget(parent), mPrompts(prompts), mModel(new ProblemsModel(this)),
       mTable(new FilteredTable(mModel, {QStringLiteral("问题"), QString()}, prompts, this)),
       mDetail(new QLabel(this)),
       mSave(mTable->addButton(QStringLiteral("保存问题行"), QStringLiteral("button_saveRejects")))
@@ -61,26 +42,23 @@ ProblemsPanel::ProblemsPanel(UserPrompts& prompts, QWidget* parent)
     show();
 }
 
-void ProblemsPanel::begin(const QString& path)
+void ProblemsPanel::begin(const QString& path, const table::Table& table)
 {
     clear();
     mPath = path;
+    mTableOfFile = table;
     show();
 }
 
-void ProblemsPanel::addOfFile(const QString& boxText)
+void ProblemsPanel::addOfFile(const table::Faults& faults)
 {
-    mOfFile.append(import_problems::fromBoxText(boxText));
-    if (namesFileRows() && mFileRows.isEmpty()) {
-        readFileRows();
-    }
-    import_problems::locate(mOfFile, mFileRows);
+    mOfFile += faults;
     show();
 }
 
-void ProblemsPanel::showOfBatch(const QString& boxText)
+void ProblemsPanel::showOfBatch(const table::Faults& faults)
 {
-    mOfBatch = import_problems::fromBoxText(boxText);
+    mOfBatch = faults;
     show();
 }
 
@@ -95,8 +73,7 @@ void ProblemsPanel::forgetBatch()
 void ProblemsPanel::clear()
 {
     mPath.clear();
-    mFileRows.clear();
-    mReadError.clear();
+    mTableOfFile = {};
     mOfFile.clear();
     mOfBatch.clear();
     show();
@@ -105,50 +82,51 @@ void ProblemsPanel::clear()
 bool ProblemsPanel::namesFileRows() const
 {
     return std::any_of(mOfFile.cbegin(), mOfFile.cend(),
-                       [](const Problem& problem) { return problem.place == Problem::Place::FileRow; });
+                       [this](const table::Fault& fault) { return rowOf(fault) > 0; });
+}
+
+int ProblemsPanel::rowOf(const table::Fault& fault) const
+{
+    for (int row = 0; row < mTableOfFile.rows.size(); ++row) {
+        if (mTableOfFile.lineOf(row) == fault.line) {
+            return row;
+        }
+    }
+    return -1;
 }
 
 void ProblemsPanel::saveRejects()
 {
-    if (mFileRows.isEmpty()) {
-        emit said(mReadError.isEmpty() ? QStringLiteral("没有问题行") : mReadError);
+    if (!namesFileRows()) {
+        emit said(QStringLiteral("没有问题行"));
         return;
     }
+    const bool spreadsheet = mTableOfFile.format != QLatin1String("csv");
     const QString path = mPrompts.chooseSaveFile(this, QStringLiteral("保存问题行"),
-                                                 reject_file::suggestedPath(mPath, mIsSpreadsheet),
+                                                 rejected_rows::suggestedPath(mPath, spreadsheet),
                                                  QStringLiteral("表格文件 (*.csv *.xlsx)"));
     if (path.isEmpty()) {
         return;
     }
-    const bool datesForCsv = mIsSpreadsheet && !path.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
-    const reject_file::Refused refused = reject_file::refusedRows(mProblems, mFileRows, datesForCsv);
-    const QString error = table_writer::writeRejects(path, mFileRows.first(), refused.rows);
-    const QStringList done = {QStringLiteral("已把 %1 行问题保存到 %2").arg(refused.rows.size()).arg(path),
-                              refused.doubt};
-    emit said(error.isEmpty() ? done.join(QLatin1Char(' ')).trimmed() : error);
-}
-
-void ProblemsPanel::readFileRows()
-{
-    const table_reader::Table table = table_reader::readTable(mPath);
-    mFileRows = table.rows;
-    mReadError = table.error;
-    mIsSpreadsheet = table.format != QLatin1String("csv");
+    const QList<table_writer::RefusedRow> rows =
+        rejected_rows::of(mOfFile, mTableOfFile, rejected_rows::needDatesForCsv(mTableOfFile, path));
+    const QString error = rejected_rows::write(path, mTableOfFile, rows);
+    emit said(error.isEmpty() ? QStringLiteral("已把 %1 行问题保存到 %2").arg(rows.size()).arg(path) : error);
 }
 
 void ProblemsPanel::show()
 {
-    mProblems = mOfFile + mOfBatch;
-    QList<QStringList> rows;
-    for (const Problem& problem : qAsConst(mProblems)) {
-        QString reason = problem.reason;
-        rows.append({placeText(problem), problem.column, problem.cell,
-                     reason.replace(QLatin1Char('\n'), QLatin1Char(' '))});
+    mProblems.clear();
+    for (const table::Fault& fault : qAsConst(mOfFile)) {
+        mProblems.append({fault, Problem::Subject::File});
+    }
+    for (const table::Fault& fault : qAsConst(mOfBatch)) {
+        mProblems.append({fault, Problem::Subject::Batch});
     }
     mTable->filter()->clear(); // it was typed for other problems, and would hide these
     mTable->setEmptyText(mPath.isEmpty() ? QStringLiteral("导入文件后，其中的问题显示在这里")
                                          : QStringLiteral("没有问题"));
-    mModel->setTable(mModel->columns(), rows);
+    mModel->setRecords(mProblems);
     mTable->fitColumns();
     mSave->setEnabled(namesFileRows());
     showDetail(-1);
@@ -180,11 +158,12 @@ void ProblemsPanel::showDetail(int row)
 
 QString ProblemsPanel::detailOf(const Problem& problem) const
 {
-    if (problem.place != Problem::Place::FileRow || problem.line < 2 || problem.line > mFileRows.size()) {
-        return problem.reason.simplified();
+    const int at = problem.subject == Problem::Subject::File ? rowOf(problem.fault) : -1;
+    if (at < 1) {
+        return table::sentence(problem.fault).simplified();
     }
-    const QStringList& header = mFileRows.first();
-    const QStringList& row = mFileRows.at(problem.line - 1);
+    const QStringList& header = mTableOfFile.rows.first();
+    const QStringList& row = mTableOfFile.rows.at(at);
     QStringList cells;
     for (int column = 0; column < row.size(); ++column) {
         if (!row.at(column).trimmed().isEmpty()) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "desk/window/ImportProblems.h"
+#include "desk/check/Problem.h"
+#include "table/Table.h"
 
 #include <QList>
 #include <QString>
@@ -8,9 +9,9 @@
 #include <QWidget>
 
 class FilteredTable;
+class ProblemsModel;
 class QLabel;
 class QPushButton;
-class TextTable;
 class UserPrompts;
 
 /// The problems of the last import or confirmation, one a line; the row of the file that the current one
@@ -21,12 +22,12 @@ class ProblemsPanel : public QWidget {
 public:
     explicit ProblemsPanel(UserPrompts& prompts, QWidget* parent = nullptr);
 
-    /// A new file is imported; its path is where the reject file is suggested.
-    void begin(const QString& path);
-    /// Adds what a message box says about the file. Reads the file's rows where it names any.
-    void addOfFile(const QString& boxText);
-    /// Shows what a message box says about the batch, in place of what one said of it before.
-    void showOfBatch(const QString& boxText);
+    /// A new file is imported; its path is where the reject file is suggested, and the table is what was read
+    /// of it.
+    void begin(const QString& path, const table::Table& table);
+    void addOfFile(const table::Faults& faults);
+    /// In place of what was said of the batch before.
+    void showOfBatch(const table::Faults& faults);
     /// What was said of the batch no longer holds.
     void forgetBatch();
     void clear();
@@ -44,28 +45,27 @@ public slots:
 
 signals:
     void countChanged(int count);
-    /// The current problem changed; `place` tells what its line counts.
+    /// The current problem changed.
     void currentChanged(const Problem& problem);
     void said(const QString& text);
 
 private:
     bool namesFileRows() const;
-    void readFileRows();
+    /// Of the table, from 0; -1 where the fault is of no row of it.
+    int rowOf(const table::Fault& fault) const;
     void show();
     void step(int by);
     void showDetail(int row);
     QString detailOf(const Problem& problem) const;
 
     UserPrompts& mPrompts;
-    TextTable* mModel;
+    ProblemsModel* mModel;
     FilteredTable* mTable;
     QLabel* mDetail;
     QPushButton* mSave;
     QString mPath;
-    QList<QStringList> mFileRows;
-    QString mReadError; ///< why the rows could not be read again
-    bool mIsSpreadsheet = false;
-    QList<Problem> mOfFile;
-    QList<Problem> mOfBatch;
+    table::Table mTableOfFile;
+    table::Faults mOfFile;
+    table::Faults mOfBatch;
     QList<Problem> mProblems; ///< both, as shown
 };

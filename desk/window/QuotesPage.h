@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 
 class EmbeddedHost;
 class FilteredTable;
-class TextTable;
+class QuotesModel;
+struct QuoteLine;
 class UserPrompts;
 
 /// The quotes of the securities that were subscribed to, moving; up in the colour of buying, down in that of
@@ -24,12 +24,11 @@ protected:
 
 private:
     void showQuotes();
-    QStringList rowOf(const QString& symbol) const;
+    QuoteLine quoteOf(const QString& symbol) const;
     int decimalsOf(const QString& symbol) const;
-    QColor tintOf(int row, int column) const;
 
     EmbeddedHost& mHost;
-    TextTable* mModel;
+    QuotesModel* mModel;
     FilteredTable* mTable;
     QTimer mSoon; // many changes are drawn once
 };

@@ -1,7 +1,7 @@
 #include "embedded_host/reference_data/CsvRecords.h"
 
 #include "embedded_host/reference_data/ReferenceFaults.h"
-#include "embedded_host/table_reader/CsvTokenizer.h"
+#include "embedded_host/table_reader/text/CsvTokenizer.h"
 
 #include <QTextCodec>
 

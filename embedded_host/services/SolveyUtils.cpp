@@ -61,9 +61,10 @@ QList<QStringList> SolveyUtils::ReadTableData(const QString& path, ReadTableCfg 
 {
     record("SolveyUtils::ReadTableData", path, cfg);
     // Whatever `cfg` says: this host reads one sheet.
-    table_reader::Table table = table_reader::readTable(path);
+    const std::optional<table::Table> offered = EmbeddedHost::current().offeredTable().take(path);
+    const table::Table table = offered ? *offered : table_reader::readTable(path);
     error = table.error;
-    return table.rows;
+    return table.rows.mid(0, table::RowsToRead);
 }
 
 QPoint SolveyUtils::GetWidgetPos(QWidget* widget, WidgetShowPosType type)

@@ -2,11 +2,14 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QLoggingCategory>
 
 namespace {
 
 Q_LOGGING_CATEGORY(lcSettings, "algo.host.settings")
+
+constexpr int FirstPatienceMs = 2000;
 
 /// An ini file knows texts only; the types of other values stand beside them in this group.
 const QString TypesGroup = QStringLiteral("value_types/");
@@ -54,9 +57,19 @@ QVariant withType(const QVariant& stored, const QByteArray& typeName)
     return type != QMetaType::UnknownType && typed.convert(type) ? typed : stored;
 }
 
+void store(QSettings& settings, const QString& path, const QVariant& value)
+{
+    settings.setValue(path, value);
+    if (losesType(value)) {
+        settings.setValue(TypesGroup + path, QString::fromLatin1(value.typeName()));
+    } else {
+        settings.remove(TypesGroup + path);
+    }
+}
+
 } // namespace
 
-SettingsStore::SettingsStore(const QString& home) : mHome(home) {}
+SettingsStore::SettingsStore(const QString& home) : mHome(home), mPatienceMs(FirstPatienceMs) {}
 
 SettingsStore::~SettingsStore() = default;
 
@@ -81,8 +94,9 @@ QVariant SettingsStore::value(const QString& key, const QString& group, const QS
         return QVariant();
     }
     const QString path = pathInFile(group, key);
-    if (mHome.isEmpty()) {
-        return mMemory.value(iniName(file)).value(path);
+    const Values unsaved = mMemory.value(iniName(file));
+    if (mHome.isEmpty() || unsaved.contains(path)) {
+        return unsaved.value(path);
     }
     const QSettings& settings = ini(file);
     return withType(settings.value(path), settings.value(TypesGroup + path).toString().toLatin1());
@@ -94,21 +108,36 @@ void SettingsStore::setValue(const QString& key, const QVariant& value, const QS
     if (key.isEmpty()) {
         return;
     }
-    const QString path = pathInFile(group, key);
+    Values& unsaved = mMemory[iniName(file)];
+    unsaved.insert(pathInFile(group, key), value);
     if (mHome.isEmpty()) {
-        mMemory[iniName(file)].insert(path, value);
         return;
     }
-    QSettings& settings = ini(file);
-    settings.setValue(path, value);
-    if (losesType(value)) {
-        settings.setValue(TypesGroup + path, QString::fromLatin1(value.typeName()));
+    if (save(file, unsaved)) {
+        unsaved.clear();
     } else {
-        settings.remove(TypesGroup + path);
-    }
-    settings.sync(); // another process, or the next run after a crash, sees the choice
-    if (settings.status() != QSettings::NoError) {
         qCInfo(lcSettings) << "settings cannot be written, they last until the end of this run:"
                            << pathOf(file);
     }
+}
+
+// QSettings waits for its lock file for ever, even for that of a program that was stopped while it held it.
+// So it gets a value only when that lock is free, and only one of us at a time looks whether it is.
+bool SettingsStore::save(const QString& file, const Values& values)
+{
+    const QString path = pathOf(file);
+    QDir().mkpath(mHome);
+    QLockFile ours(path + QStringLiteral(".writer.lock"));
+    QLockFile its(path + QStringLiteral(".lock"));
+    if (!ours.tryLock(mPatienceMs) || !its.tryLock(mPatienceMs)) {
+        mPatienceMs = 0; // whoever holds it for so long will hold it longer
+        return false;
+    }
+    its.unlock();
+    QSettings& settings = ini(file);
+    for (auto value = values.constBegin(); value != values.constEnd(); ++value) {
+        store(settings, value.key(), value.value());
+    }
+    settings.sync(); // another process, or the next run after a crash, sees the choice
+    return settings.status() == QSettings::NoError;
 }

@@ -14,7 +14,8 @@
 /// dropped).
 ///
 /// A text, truth value, number or list of texts comes back with the type that it was saved with, after a
-/// restart too. A home that cannot be written is not an error: the values then last as long as the store.
+/// restart too. A home that cannot be written is not an error, nor is one in which another program keeps its
+/// lock for seconds: the values then last as long as the store.
 class SettingsStore {
 public:
     explicit SettingsStore(const QString& home);
@@ -33,9 +34,13 @@ public:
     QString pathOf(const QString& file) const;
 
 private:
+    using Values = QHash<QString, QVariant>; // by group/key
+
     QSettings& ini(const QString& file) const;
+    bool save(const QString& file, const Values& values);
 
     QString mHome;
-    QHash<QString, QHash<QString, QVariant>> mMemory; // ini name -> group/key -> value
+    QHash<QString, Values> mMemory; // ini name -> values; with a home, those that are not in it yet
+    int mPatienceMs;                // with others that write
     mutable std::map<QString, std::unique_ptr<QSettings>> mIniFiles;
 };

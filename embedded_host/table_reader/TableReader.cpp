@@ -1,16 +1,16 @@
 #include "embedded_host/table_reader/TableReader.h"
 
-#include "embedded_host/table_reader/CsvReader.h"
-#include "embedded_host/table_reader/Messages.h"
-#include "embedded_host/table_reader/OdsReader.h"
-#include "embedded_host/table_reader/Package.h"
-#include "embedded_host/table_reader/TextKind.h"
-#include "embedded_host/table_reader/XlsReader.h"
-#include "embedded_host/table_reader/XlsxReader.h"
-#include "embedded_host/table_reader/ZipArchive.h"
+#include "embedded_host/table_reader/ods/OdsReader.h"
+#include "embedded_host/table_reader/shared/Messages.h"
+#include "embedded_host/table_reader/shared/ZipArchive.h"
+#include "embedded_host/table_reader/TableFile.h"
+#include "embedded_host/table_reader/text/CsvReader.h"
+#include "embedded_host/table_reader/text/TextKind.h"
+#include "embedded_host/table_reader/xls/XlsReader.h"
+#include "embedded_host/table_reader/xlsx/Package.h"
+#include "embedded_host/table_reader/xlsx/XlsxReader.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include <QIODevice>
 
 namespace table_reader {
 namespace {
@@ -22,7 +22,7 @@ bool isZip(const QByteArray& head)
     return head.startsWith("PK\x03\x04") || head.startsWith("PK\x05\x06") || head.startsWith("PK\x07\x08");
 }
 
-QString readZip(QIODevice& file, const ReadOptions& options, Table& table)
+QString readZip(QIODevice& file, const ReadOptions& options, table::Table& table)
 {
     ZipArchive archive(file);
     QString error = archive.open();
@@ -47,7 +47,7 @@ QString readZip(QIODevice& file, const ReadOptions& options, Table& table)
     return readXlsx(archive, workbook, options, table);
 }
 
-QString readAny(QIODevice& file, const ReadOptions& options, Table& table)
+QString readAny(QIODevice& file, const ReadOptions& options, table::Table& table)
 {
     const QByteArray head = file.peek(HeadBytes);
     if (isZip(head)) {
@@ -60,43 +60,24 @@ QString readAny(QIODevice& file, const ReadOptions& options, Table& table)
     return refusal.isEmpty() ? readCsv(file, options, table) : refusal;
 }
 
-Table refused(const QString& error)
-{
-    Table table;
-    table.error = error;
-    return table;
-}
-
 } // namespace
 
-Table readTable(QIODevice& file, const ReadOptions& options)
+table::Table readTable(QIODevice& file, const ReadOptions& options)
 {
-    Table table;
+    table::Table table;
     table.error = readAny(file, options, table);
     if (!table.error.isEmpty()) {
         table.rows.clear();
+        table.lines.clear();
+        table.sheets.clear();
         table.inspection = {};
     }
     return table;
 }
 
-Table readTable(const QString& path, const ReadOptions& options)
+table::Table readTable(const QString& path, const ReadOptions& options)
 {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        return refused(message::missing());
-    }
-    if (info.isDir()) {
-        return refused(message::isDirectory());
-    }
-    if (!info.isFile()) {
-        return refused(message::notRegular()); // a pipe could keep us waiting for ever
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return refused(message::unreadable(file.errorString()));
-    }
-    return readTable(file, options);
+    return TableFile(path).read(options);
 }
 
 } // namespace table_reader

@@ -2,10 +2,10 @@
 
 #include "embedded_host/templates/TemplateFormats.h"
 #include "embedded_host/templates/TemplateTexts.h"
+#include "files/Save.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace template_files {
 
@@ -37,18 +37,15 @@ QString obstacle(const QString& path)
     return isOpenElsewhere(file) ? template_texts::OpenElsewhere.arg(shown) : QString();
 }
 
-/// Writes beside the file, then renames over it.
 QString save(const QString& path, const QByteArray& bytes)
 {
     const QString reason = obstacle(path);
     if (!reason.isEmpty()) {
         return reason;
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return template_texts::WriteFailed.arg(QDir::toNativeSeparators(path), file.errorString());
-    }
-    return QString();
+    const Outcome<void> saved = files::save(path, bytes);
+    return saved.ok() ? QString()
+                      : template_texts::WriteFailed.arg(QDir::toNativeSeparators(path), saved.error);
 }
 
 /// "templates.csv" and AITWAP: "templates-AITWAP.csv". A path separator in a code stays out of the name.

@@ -13,7 +13,7 @@ namespace template_files {
 QByteArray csvBytes(const TemplateSheet& sheet);
 
 /// A workbook with one sheet each: bold frozen header, notes, drop-down lists, number and date formats.
-/// Empty, with `error` (in the words of the library), where it cannot be written.
+/// Empty, with `error`, where it cannot be written.
 QByteArray xlsxBytes(const QList<TemplateSheet>& sheets, QString& error);
 
 } // namespace template_files

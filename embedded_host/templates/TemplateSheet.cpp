@@ -2,16 +2,14 @@
 
 #include "embedded_host/templates/TemplateTexts.h"
 #include "host/AlgoConstants.h"
-#include "host/ImportTable.h"
+#include "strategy/ColumnRules.h"
+#include "table/Table.h"
 
 #include <QDate>
 #include <QHash>
-#include <QJsonDocument>
-#include <QVariantMap>
 
 #include <algorithm>
 
-namespace Field = Algo_Fields::AlgoParamFields;
 namespace Info = Algo_Fields::AlgoInstContentInfo;
 namespace ParamId = Algo_Values::AlgoParamId;
 namespace UiType = Algo_Values::AlgoParamUiType;
@@ -75,17 +73,14 @@ const QHash<QString, Convention>& conventions()
 using Choice = QPair<QString, QString>;
 
 /// Directions are typed as the market numbers them, not as the strategy sends them.
-QList<Choice> choicesOf(const QVariantMap& entry)
+QList<Choice> choicesOf(const strategy::Parameter& parameter)
 {
-    const bool direction = entry.value(Field::paramName).toString() == ParamId::traderOrder;
+    const bool direction = parameter.name == ParamId::traderOrder;
     QList<Choice> choices;
-    const QVariantList options = entry.value(Field::options).toList();
-    for (const QVariant& option : options) {
-        const QString display = option.toMap().value(Field::display).toString();
-        const QString value = option.toMap().value(Field::value).toString();
-        const QString typed = direction ? TypedDirections.key(display) : value;
+    for (const strategy::Option& option : parameter.options) {
+        const QString typed = direction ? strategy::TypedDirections.key(option.shown) : option.value;
         if (!typed.isEmpty()) {
-            choices.append({typed, display});
+            choices.append({typed, option.shown});
         }
     }
     return choices;
@@ -123,13 +118,13 @@ QStringList legPairs(const QStringList& values, bool opposite)
     return pairs;
 }
 
-QString defaultNote(const QVariantMap& entry, const QList<Choice>& choices)
+QString defaultNote(const strategy::Parameter& parameter, const QList<Choice>& choices)
 {
-    const QString value = entry.value(Field::strDefault).toMap().value(Field::value).toString();
+    const QString& value = parameter.defaultValue;
     if (value.isEmpty()) {
         return QString();
     }
-    if (entry.value(Field::ui).toString() == UiType::DateTime) {
+    if (parameter.editor == UiType::DateTime) {
         return value == Algo_Values::AlgoParamOptions::currentTime ? template_texts::DefaultNow
                                                                    : template_texts::DefaultToday.arg(value);
     }
@@ -150,17 +145,15 @@ struct Kind {
     bool futures;
 };
 
-/// Describes one parameter of the strategy's document.
+/// Describes one column that a parameter of the document makes.
 class ColumnWriter {
 public:
-    ColumnWriter(QVariantMap entry, bool ofTable, const Kind& kind)
-        : mEntry(std::move(entry)), mChoices(choicesOf(mEntry)), mTwoLegs(kind.twoLegs && ofTable),
-          mFutures(kind.futures)
+    ColumnWriter(const strategy::Column& column, const Kind& kind)
+        : mParameter(column.parameter), mChoices(choicesOf(mParameter)),
+          mTwoLegs(kind.twoLegs && mParameter.ofSecurity), mFutures(kind.futures)
     {
-        mColumn.title = mEntry.value(Field::paramName).toString();
-        mColumn.required =
-            ofTable || CompulsoryColumns.contains(mColumn.title) ||
-            mEntry.value(Field::required, QStringLiteral("false")).toString() != QLatin1String("false");
+        mColumn.title = column.title;
+        mColumn.required = column.mustStandInFile();
     }
 
     TemplateColumn column()
@@ -169,7 +162,7 @@ public:
         if (mColumn.title == Info::Symbol) {
             mColumn.kind = CellKind::Verbatim;
             unit = template_texts::CodeNote;
-        } else if (mEntry.value(Field::ui).toString() == UiType::DateTime) {
+        } else if (mParameter.editor == UiType::DateTime) {
             mColumn.kind = CellKind::DateTime;
             mColumn.example = exampleTime();
             unit = template_texts::DateTimeNote;
@@ -220,7 +213,7 @@ private:
 
     QString whenEmpty() const
     {
-        const QString byDefault = defaultNote(mEntry, mChoices);
+        const QString byDefault = defaultNote(mParameter, mChoices);
         const auto known = conventions().constFind(mColumn.title);
         return byDefault.isEmpty() && known != conventions().constEnd() ? QString::fromUtf8(known->whenEmpty)
                                                                         : byDefault;
@@ -234,57 +227,31 @@ private:
 
     QString exampleTime() const
     {
-        const QString value = mEntry.value(Field::strDefault).toMap().value(Field::value).toString();
-        const QTime time = QTime::fromString(value, Qt::TextDate);
+        const QTime time = QTime::fromString(mParameter.defaultValue, Qt::TextDate);
         return QDate::currentDate().toString(Qt::ISODate) + QLatin1Char(' ') +
                (time.isValid() ? time : QTime(9, 30)).toString(QStringLiteral("HH:mm:ss"));
     }
 
-    const QVariantMap mEntry;
+    const strategy::Parameter& mParameter;
     const QList<Choice> mChoices;
     const bool mTwoLegs;
     const bool mFutures;
     TemplateColumn mColumn;
 };
 
-bool isVisible(const QVariantMap& entry)
-{
-    return entry.value(Field::visible, true).toString().toUpper() == QLatin1String("TRUE");
-}
-
 /// Futures are opened and closed instead of bought and sold.
-bool tradesFutures(const QVariantList& document)
+bool tradesFutures(const strategy::Strategy& strategy)
 {
-    return std::any_of(document.begin(), document.end(), [](const QVariant& element) {
-        const QVariantMap entry = element.toMap();
-        return entry.value(Field::paramName).toString() == ParamId::traderOrder &&
-               typedValues(choicesOf(entry)).contains(Solvey_Values::SideUnion::openBuy);
-    });
-}
-
-QList<TemplateColumn> documentColumns(const AesStrategy& strategy)
-{
-    const QVariantList document =
-        QJsonDocument::fromJson(strategy.paramFormats().toUtf8()).toVariant().toList();
-    const Kind kind{AilockStrategyList.contains(strategy.name()), tradesFutures(document)};
-    QList<TemplateColumn> columns;
-    const auto add = [&](const QVariantMap& entry, bool ofTable) {
-        if (!entry.isEmpty() && isVisible(entry)) {
-            columns.append(ColumnWriter(entry, ofTable, kind).column());
-        }
-    };
-    for (const QVariant& element : document) {
-        const QVariantMap entry = element.toMap();
-        if (entry.value(Field::ui).toString() != UiType::Table) {
-            add(entry, false);
-            continue;
-        }
-        const QVariantList tableColumns = entry.value(Field::columns).toList();
-        for (const QVariant& column : tableColumns) {
-            add(column.toMap(), true);
-        }
-    }
-    return columns;
+    return std::any_of(strategy.document.begin(), strategy.document.end(),
+                       [](const strategy::Element& element) {
+                           return !element.isTable &&
+                                  std::any_of(element.parameters.begin(), element.parameters.end(),
+                                              [](const strategy::Parameter& parameter) {
+                                                  return parameter.name == ParamId::traderOrder &&
+                                                         typedValues(choicesOf(parameter))
+                                                             .contains(Solvey_Values::SideUnion::openBuy);
+                                              });
+                       });
 }
 
 TemplateColumn choiceColumn(const QString& title, const QList<Choice>& choices)
@@ -324,20 +291,22 @@ TemplateColumn nameColumn()
     return column;
 }
 
-void removeFundAccount(QList<TemplateColumn>& columns)
+TemplateColumn columnOf(const strategy::Column& column, const Kind& kind, const QList<Market>& markets)
 {
-    const auto found = std::find_if(columns.begin(), columns.end(), [](const TemplateColumn& column) {
-        return column.title == Info::fundAccount;
-    });
-    if (found != columns.end()) {
-        columns.erase(found);
+    if (!column.isAdded()) {
+        return ColumnWriter(column, kind).column();
     }
+    if (column.kind == strategy::Kind::Market) {
+        return marketColumn(markets);
+    }
+    return column.kind == strategy::Kind::CreateAndStart ? startColumn() : nameColumn();
 }
 
 QStringList notesOn(const QList<TemplateColumn>& columns)
 {
     using namespace template_texts;
-    QStringList notes{NotesTitle, NumberedNote.arg(1).arg(SkippedRowsTitle, SkippedRows)};
+    QStringList notes{NotesTitle,
+                      NumberedNote.arg(1).arg(SkippedRowsTitle, SkippedRows.arg(table::MostOrders))};
     for (const TemplateColumn& column : columns) {
         notes.append(NumberedNote.arg(notes.size()).arg(column.title, column.note));
     }
@@ -380,20 +349,22 @@ QList<QStringList> TemplateSheet::rows() const
     return result;
 }
 
-TemplateSheet describeTemplate(const AesStrategy& strategy, const QList<Market>& markets)
+TemplateSheet describeTemplate(const AesStrategy& offered, const QList<Market>& markets)
 {
     TemplateSheet sheet;
-    sheet.name = strategy.name();
-    sheet.columns = documentColumns(strategy);
-    if (sheet.columns.isEmpty()) {
+    sheet.name = offered.name();
+    const strategy::Strategy strategy =
+        strategy::Strategy::parse(offered.name(), offered.alias(), offered.paramFormats()).value;
+    if (strategy.visibleNames().isEmpty()) {
         return sheet;
     }
-    removeFundAccount(sheet.columns);
-    if (!StartOnCreateStrategyList.contains(strategy.name())) {
-        sheet.columns.append(startColumn());
+    const Kind kind{strategy.traits.has(strategy::Lock), tradesFutures(strategy)};
+    for (const strategy::Column& column : strategy.columns) {
+        const bool isStart = column.isAdded() && column.kind == strategy::Kind::CreateAndStart;
+        if (!isStart || !strategy.traits.has(strategy::StartsOnCreate)) {
+            sheet.columns.append(columnOf(column, kind, markets));
+        }
     }
-    sheet.columns.insert(std::min(1, sheet.columns.size()), nameColumn());
-    sheet.columns.insert(std::min(2, sheet.columns.size()), marketColumn(markets));
     sheet.notes = notesOn(sheet.columns);
     return sheet;
 }

@@ -2,6 +2,7 @@
 
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "host/AesStrategy.h"
+#include "strategy/Strategy.h"
 
 #include <QList>
 #include <QString>
@@ -46,6 +47,6 @@ struct TemplateSheet {
 /// The columns that the import dialog shows for the strategy, in its order: visible parameters without the
 /// fund account, with name and market behind the first, and the start flag at the end unless the strategy
 /// always starts at once. Without columns where the parameter format document has none.
-TemplateSheet describeTemplate(const AesStrategy& strategy, const QList<Market>& markets);
+TemplateSheet describeTemplate(const AesStrategy& offered, const QList<Market>& markets);
 
 } // namespace template_files

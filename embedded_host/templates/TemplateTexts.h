@@ -8,7 +8,7 @@ namespace template_texts {
 inline const QString NotesTitle = QStringLiteral("备注：");
 inline const QString NumberedNote = QStringLiteral("%1、%2：%3");
 inline const QString SkippedRows =
-    QStringLiteral("前两格都为空的行是备注行，导入时跳过；一行一个算法实例，最多1000行（备注行计算在内）");
+    QStringLiteral("前两格都为空的行是备注行，导入时跳过；一行一个算法实例，最多%1行（备注行计算在内）");
 inline const QString SkippedRowsTitle = QStringLiteral("说明");
 inline const QString FirstSheetOnly =
     QStringLiteral("导入时只读取第一张可见的工作表：请把本表移到最前面，或另存为单独的文件");

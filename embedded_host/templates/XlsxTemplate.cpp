@@ -1,6 +1,7 @@
-#include "embedded_host/table_reader/XlsxDraft.h"
+#include "embedded_host/table_writer/XlsxDraft.h"
 #include "embedded_host/templates/TemplateFormats.h"
 #include "embedded_host/templates/TemplateTexts.h"
+#include "table/Table.h"
 
 #include <xlsxwriter.h>
 
@@ -14,7 +15,7 @@ namespace template_files {
 
 namespace {
 
-constexpr int LastTypedRow = 1000; ///< 0-based: header and 1,000 rows are imported
+constexpr int LastTypedRow = table::MostOrders; ///< 0-based: the header comes first
 constexpr int MaxSheetName = 31;
 constexpr int MaxListLength = 255; ///< of a drop-down list, separators included
 constexpr double LeastWidth = 10.0;

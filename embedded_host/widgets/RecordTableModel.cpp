@@ -1,14 +1,7 @@
 #include "embedded_host/widgets/RecordTableModel.h"
 
 #include "embedded_host/widgets/PlainToolTip.h"
-
-namespace {
-
-// A record's cell maps are keyed by the decimal texts of Qt's roles.
-const QString ShownKey = QString::number(Qt::DisplayRole);
-const QString ValueKey = QString::number(Qt::UserRole);
-
-} // namespace
+#include "strategy/CellRoles.h"
 
 void RecordTableModel::setColumns(const QStringList& columns)
 {
@@ -65,11 +58,11 @@ QVariant RecordTableModel::data(const QModelIndex& index, int role) const
 {
     switch (role) {
     case Qt::DisplayRole:
-        return cell(index, ShownKey);
+        return cell(index, cell_roles::Shown);
     case Qt::UserRole:
-        return cell(index, ValueKey);
+        return cell(index, cell_roles::Value);
     case Qt::ToolTipRole:
-        return plainToolTip(cell(index, ShownKey).toString());
+        return plainToolTip(cell(index, cell_roles::Shown).toString());
     case Qt::TextAlignmentRole:
         return int(mAlignment);
     case Qt::CheckStateRole:

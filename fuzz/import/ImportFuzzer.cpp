@@ -99,7 +99,7 @@ RecordDataList importRows(DialogInspector inspector, QList<QStringList> rows, co
     return records;
 }
 
-void use(AlgoBatchImportParamSetting& dialog, int account, const table_reader::Table& table)
+void use(AlgoBatchImportParamSetting& dialog, int account, const table::Table& table)
 {
     auto& accounts = *dialog.findChild<SolveyAccountComboBox*>(QStringLiteral("combx_account"));
     auto& view = *dialog.findChild<ZelTableView*>(QStringLiteral("table_paramSettings"));
@@ -135,7 +135,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QByteArray bytes = fuzz::bytesOf(data + 1, size - 1);
     QBuffer file(&bytes);
     file.open(QIODevice::ReadOnly);
-    const table_reader::Table table = table_reader::readTable(file);
+    const table::Table table = table_reader::readTable(file);
     if (!table.rows.isEmpty()) {
         use(desk().dialog(fuzz::strategyOf(data[0])), fuzz::accountOf(data[0]), table);
     }

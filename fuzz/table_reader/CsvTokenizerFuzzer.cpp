@@ -1,4 +1,4 @@
-#include "embedded_host/table_reader/CsvTokenizer.h"
+#include "embedded_host/table_reader/text/CsvTokenizer.h"
 #include "fuzz/table_reader/FuzzSupport.h"
 
 namespace {

@@ -29,9 +29,10 @@ inline void readAsFile(QByteArray bytes)
     using namespace table_reader;
     QBuffer file(&bytes);
     file.open(QIODevice::ReadOnly);
-    const Table table = readTable(file);
+    const table::Table table = readTable(file);
     require(table.error.isEmpty() || table.rows.isEmpty());
-    require(table.rows.size() <= MaxRows);
+    require(table.rows.size() <= table::RowsToRead);
+    require(table.lines.size() == table.rows.size());
     if (!table.error.isEmpty() || table.rows.isEmpty()) {
         return;
     }
@@ -40,7 +41,7 @@ inline void readAsFile(QByteArray bytes)
     file.seek(0);
     ReadOptions options;
     options.inspect = true;
-    const Table inspected = readTable(file, options);
+    const table::Table inspected = readTable(file, options);
     require(!inspected.error.isEmpty() || inspected.rows == table.rows);
 }
 

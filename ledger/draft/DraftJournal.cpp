@@ -1,15 +1,15 @@
 #include "ledger/draft/DraftJournal.h"
 
+#include "files/Save.h"
 #include "ledger/LedgerTexts.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QFileInfo>
 
 namespace ledger {
 
@@ -22,34 +22,14 @@ QString nameOf(const BatchDraft& draft, const QDate& day)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     QStringList parts{draft.fileSha256, draft.account, draft.strategy, day.toString(Qt::ISODate)};
-    for (const InstanceDraft& instance : draft.fileSha256.isEmpty() ? draft.instances : QList<InstanceDraft>()) {
+    for (const InstanceDraft& instance :
+         draft.fileSha256.isEmpty() ? draft.instances : QList<InstanceDraft>()) {
         parts.append(rowKey(draft.strategy, instance));
     }
     for (const QString& part : qAsConst(parts)) {
         hash.addData(part.toUtf8() + '\0');
     }
     return QString::fromLatin1(hash.result().toHex().left(40));
-}
-
-bool syncFolder(const QString& folder)
-{
-    const int descriptor = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const bool isSynced = descriptor >= 0 && fsync(descriptor) == 0;
-    if (descriptor >= 0) {
-        close(descriptor);
-    }
-    return isSynced;
-}
-
-bool writeThrough(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
-                           file.flush() && fsync(file.handle()) == 0;
-    if (!isWritten) {
-        file.cancelWriting();
-    }
-    return file.commit() && isWritten;
 }
 
 /// Entries of attempts that were given up. Their days are over, so that nobody asks for them.
@@ -79,9 +59,9 @@ Outcome<DraftJournal::Entry> DraftJournal::begin(const BatchDraft& draft, const 
         entry.isRepeated = !id.isNull();
         entry.id = entry.isRepeated ? id : draft.id;
     }
-    const bool isKept = entry.isRepeated ||
-                        (hasFolder && writeThrough(entry.file, draft.id.toByteArray(QUuid::WithoutBraces)) &&
-                         syncFolder(mFolder));
+    const bool isKept =
+        entry.isRepeated ||
+        (hasFolder && files::save(entry.file, draft.id.toByteArray(QUuid::WithoutBraces)).ok());
     return isKept ? Outcome<Entry>{entry, QString()} : Outcome<Entry>{{}, texts::draftNotKept(mFolder)};
 }
 

@@ -96,7 +96,7 @@ QList<Instance> selectInstances(Statements& statements, const InstanceChoice& ch
                        "starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason "
                        "FROM instance ");
     text += choice.condition.isEmpty() ? QString() : QLatin1String("WHERE ") + choice.condition;
-    text += choice.isNewestFirst ? QStringLiteral(" ORDER BY batch_number DESC, row_no DESC")
+    text += choice.isNewestFirst ? QStringLiteral(" ORDER BY batch_number DESC, row_no")
                                  : QStringLiteral(" ORDER BY batch_number, row_no");
     text += choice.most > 0 ? QStringLiteral(" LIMIT %1").arg(choice.most) : QString();
     QList<Instance> instances;

@@ -5,14 +5,14 @@
 #include "ledger/store/FileLock.h"
 #include "ledger/store/SqliteStore.h"
 #include "ledger/store/Statements.h"
-
-#include <fcntl.h>
-#include <unistd.h>
+#include "ledger/store/Sync.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QUuid>
+
+#include <cstdio>
 
 namespace ledger {
 
@@ -49,22 +49,12 @@ bool closeLog(const QString& path)
     return isAlone;
 }
 
-bool syncPath(const QString& path, int flags)
-{
-    const int descriptor = open(QFile::encodeName(path).constData(), flags | O_CLOEXEC);
-    const bool isSynced = descriptor >= 0 && fsync(descriptor) == 0;
-    if (descriptor >= 0) {
-        close(descriptor);
-    }
-    return isSynced;
-}
-
 /// A copy beside the ledger that is whole on the disk before it takes the ledger's name.
 bool copyBeside(const QString& backup, const QString& copy)
 {
     QFile::remove(copy);
     return QFile::copy(backup, copy) && QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner) &&
-           syncPath(copy, O_RDWR);
+           syncFile(copy);
 }
 
 } // namespace
@@ -89,7 +79,7 @@ Outcome<void> restoreLedger(const QString& backup, const QString& path)
     const bool isRestored =
         copyBeside(backup, copy) && (!isThere || QFile::rename(path, kept)) &&
         rename(QFile::encodeName(copy).constData(), QFile::encodeName(path).constData()) == 0 &&
-        syncPath(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY);
+        syncFolder(QFileInfo(path).absolutePath());
     return {isRestored ? QString() : texts::restoreFailed(path)};
 }
 

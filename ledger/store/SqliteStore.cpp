@@ -7,6 +7,7 @@
 #include "ledger/store/Schema.h"
 #include "ledger/store/SqliteMigrations.h"
 #include "ledger/store/Statements.h"
+#include "ledger/store/Sync.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -66,26 +67,6 @@ bool isSymlink(const QString& path)
 {
     struct stat info = {};
     return lstat(QFile::encodeName(path).constData(), &info) == 0 && S_ISLNK(info.st_mode);
-}
-
-/// Makes sure that a name in a folder survives a power failure.
-void syncFolder(const QString& folder)
-{
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        fsync(descriptor);
-        close(descriptor);
-    }
-}
-
-bool syncFile(const QString& path)
-{
-    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    const bool isSynced = descriptor >= 0 && fsync(descriptor) == 0;
-    if (descriptor >= 0) {
-        close(descriptor);
-    }
-    return isSynced;
 }
 
 /// What tells whether a file was changed while it was copied: SQLite counts in its header, and a log beside
@@ -204,6 +185,7 @@ QString SqliteStore::prepareFolder() const
 /// The file belongs to its owner alone, and with it the logs, which SQLite makes alike.
 QString SqliteStore::prepareFile() const
 {
+    const bool isNew = !QFile::exists(mPath);
     const int descriptor =
         ::open(QFile::encodeName(mPath).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
     if (descriptor < 0) {
@@ -218,7 +200,9 @@ QString SqliteStore::prepareFile() const
         fchmod(descriptor, 0600);
     }
     close(descriptor);
-    syncFolder(folderOf(mPath));
+    if (isNew) {
+        syncFolder(folderOf(mPath));
+    }
     return QString();
 }
 

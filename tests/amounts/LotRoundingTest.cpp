@@ -2,13 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QString>
-
 #include <limits>
 
 using amounts::atLeastMinimum;
-using amounts::guardedDivisor;
-using amounts::quotient;
 using amounts::roundedToLot;
 
 TEST(LotRounding, RoundsDownToTheStep)
@@ -32,15 +28,6 @@ TEST(LotRounding, TakesTheRemainderByItsSign)
     EXPECT_EQ(5, roundedToLot(5, -1, 0));
 }
 
-TEST(LotRounding, DividesTowardZeroWithinThirtyTwoBits)
-{
-    constexpr qint32 least = std::numeric_limits<qint32>::min();
-    EXPECT_EQ(10, quotient(1099, 100));
-    EXPECT_EQ(-10, quotient(-1099, 100));
-    EXPECT_EQ(-1099, quotient(1099, -1));
-    EXPECT_EQ(least, quotient(least, -1)) << "no quantity must not become one";
-}
-
 TEST(LotRounding, CoversTheWholeRange)
 {
     constexpr qint64 least = std::numeric_limits<qint64>::min();
@@ -48,13 +35,6 @@ TEST(LotRounding, CoversTheWholeRange)
     EXPECT_EQ(least, roundedToLot(least, -1, least));
     EXPECT_EQ(0, roundedToLot(least, 100, 1));
     EXPECT_EQ(most - most % 100, roundedToLot(most, 100, 1));
-}
-
-TEST(LotRounding, ADivisorOfZeroIsOne)
-{
-    EXPECT_EQ(1, guardedDivisor(0, QStringLiteral("600000.SH")));
-    EXPECT_EQ(100, guardedDivisor(100, QString()));
-    EXPECT_EQ(-3, guardedDivisor(-3, QString()));
 }
 
 TEST(LotRounding, WithoutAStepOnlyTheMinimumCounts)

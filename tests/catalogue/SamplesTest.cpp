@@ -1,5 +1,9 @@
+#include "host/SolveyUtils.h"
 #include "tests/catalogue/SampleTable.h"
 #include "tests/catalogue/ShippedDialog.h"
+#include "tests/support/Readings.h"
+#include "validation/BatchRules.h"
+#include "validation/ValidationTexts.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -72,6 +76,58 @@ TEST_P(FaultySample, SaysWhatTheTableSays)
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, FaultySample, testing::ValuesIn(sample_table::faultySamples()), testName);
+
+/// What a reading without the dialog gives is what the dialog shows and says.
+class AnySample : public SampleDialog {
+protected:
+    import::Reading reading() { table::Table read;
+    const QString path = shipped::path("samples/"_s + GetParam().file);
+    read.rows = SolveyUtils::ReadTableData(path, ReadTableCfg(1), read.error);
+    return import::readRows(strategy, read,
+                            {accounts().GetCurTradingAccount(), accounts().GetCurAccountAssetProp()},
+                            inspect().dateTimeFormat());
+}
+
+/// Without what is filled in by the clock.
+QList<QMap<QString, QVariant>>
+withoutNow(QList<QMap<QString, QVariant>> instances) const
+{
+    for (const strategy::Column& column : strategy.columns) {
+        for (QMap<QString, QVariant>& instance : instances) {
+            if (column.defaultValue == "currentTime"_s) {
+                instance.remove(column.id);
+            }
+        }
+    }
+    return instances;
+}
+
+strategy::Strategy strategy;
+}; // namespace
+
+TEST_P(AnySample, ReadWithoutTheDialogGivesWhatTheDialogShowsAndSays)
+{
+    importSample();
+    strategy = readings::parsed(dialog->getStrategy());
+    const import::Reading read = reading();
+    EXPECT_EQ(readings::boxText(read), readings::errorTexts(prompts));
+    EXPECT_EQ(withoutNow(read.instances), withoutNow(dialog->getWidgetData()));
+    EXPECT_EQ(read.lines.size(), read.records.size());
+    if (!read.end) {
+        EXPECT_EQ(read.records.size(), table().getViewData().size());
+    }
+
+    prompts.clear();
+    button("btn_ok").click();
+    const QString account = accounts().GetCurTradingAccount();
+    EXPECT_EQ(validation::textOfBatch(
+                  validation::faultsOfBatch(read.instances, strategy.traits, {account, {}, {}})),
+              readings::errorTexts(prompts));
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, AnySample,
+                         testing::ValuesIn(sample_table::goodSamples() + sample_table::faultySamples()),
+                         testName);
 
 QSet<QString> listed(const QList<Sample>& samples)
 {

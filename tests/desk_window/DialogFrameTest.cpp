@@ -5,6 +5,8 @@
 #include "desk/window/FileCheckPanel.h"
 #include "desk/window/ProblemsPanel.h"
 #include "host/SolveyAccountComboBox.h"
+#include "table/FaultCatalogue.h"
+#include "table/Rules.h"
 #include "tests/desk_window/DeskWindowFixture.h"
 
 #include <QFileDialog>
@@ -181,9 +183,12 @@ TEST_F(DialogFrameTest, TellsOfRowsThatAnImportLostBehindTheOneThatEndedIt)
     const QString path = writeFile({row("999999"_s), row(), hongKong, row()});
     answer("button_ok"_s);
     drop(path);
-    EXPECT_EQ(message(), "已导入 1 行，2 个问题 · "_s + path);
-    ASSERT_EQ(problems().problems().size(), 2);
-    EXPECT_EQ(problems().problems().last().reason, "另有 2 行既未导入，也未列出原因，请核对文件"_s);
+    EXPECT_EQ(message(), "已导入 1 行，3 个问题 · "_s + path);
+    ASSERT_EQ(problems().problems().size(), 3);
+    EXPECT_EQ(problems().problems().at(1).fault.rule, table::rule::NoHongKong);
+    EXPECT_EQ(problems().problems().at(1).fault.line, 4);
+    EXPECT_EQ(table::sentence(problems().problems().last().fault),
+              "另有 1 行既未导入，也未列出原因，请核对文件"_s);
 }
 
 TEST_F(DialogFrameTest, ATemplateThatCannotBeSavedIsNoProblemOfTheBatch)
@@ -194,10 +199,10 @@ TEST_F(DialogFrameTest, ATemplateThatCannotBeSavedIsNoProblemOfTheBatch)
     answer("button_ok"_s);
     pressConfirm();
     ASSERT_EQ(problems().problems().size(), 1);
-    const QString before = problems().problems().first().reason;
+    const QString before = problems().problems().first().fault.rule;
     failToExportATemplate();
     ASSERT_EQ(problems().problems().size(), 1);
-    EXPECT_EQ(problems().problems().first().reason, before);
+    EXPECT_EQ(problems().problems().first().fault.rule, before);
 }
 
 TEST_F(DialogFrameTest, WhatAnAccountSufferedFromIsGoneWithIt)

@@ -38,6 +38,11 @@ protected:
         file.write(bytes);
     }
 
+    static FileDigest::Take of(const QString& path)
+    {
+        return [path] { return Outcome<QString>{batch::sha256OfFile(path), {}}; };
+    }
+
     QTemporaryDir folder;
     QWidget window;
     FileDigest digest;
@@ -49,21 +54,21 @@ TEST_F(FileDigestTest, IsThatOfTheFileWaitedForWhateverIsStartedMeanwhile)
     const QString first = makePipe();
     const QString second = makeFile("second"_s, "B");
     const QString expected = batch::sha256OfFile(makeFile("same"_s, "A"));
-    digest.start(first);
+    digest.start(of(first));
     QTimer::singleShot(50, &window, [&] {
-        digest.start(second);
+        digest.start(of(second));
         write(first, "A");
     });
-    EXPECT_EQ(digest.wait(&window, cancelled), expected);
+    EXPECT_EQ(digest.wait(&window, cancelled).value, expected);
     EXPECT_FALSE(cancelled);
-    EXPECT_EQ(digest.wait(&window, cancelled), batch::sha256OfFile(second));
+    EXPECT_EQ(digest.wait(&window, cancelled).value, batch::sha256OfFile(second));
 }
 
 TEST_F(FileDigestTest, IsGivenUpWhereTheUserDoesNotWant)
 {
     const QString path = makePipe();
     window.show();
-    digest.start(path);
+    digest.start(of(path));
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &window, [&] {
         auto* progress = window.findChild<QProgressDialog*>();
@@ -72,13 +77,13 @@ TEST_F(FileDigestTest, IsGivenUpWhereTheUserDoesNotWant)
         }
     });
     poll.start(20);
-    EXPECT_EQ(digest.wait(&window, cancelled), QString());
+    EXPECT_EQ(digest.wait(&window, cancelled).value, QString());
     EXPECT_TRUE(cancelled);
     write(path, "A"); // lets the reader end
 }
 
 TEST_F(FileDigestTest, IsEmptyBeforeAnyFile)
 {
-    EXPECT_EQ(digest.wait(&window, cancelled), QString());
+    EXPECT_EQ(digest.wait(&window, cancelled).value, QString());
     EXPECT_FALSE(cancelled);
 }

@@ -2,6 +2,7 @@
 
 #include "desk/window/DeskPrompts.h"
 #include "tests/support/Text.h"
+#include "tests/support/TextsModel.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +14,7 @@ class FilteredTableTest : public testing::Test {
 protected:
     FilteredTableTest()
     {
-        model.setNumeric({1});
-        model.setRows({{"甲"_s, "900.00"_s}, {"乙"_s, "1,234.00"_s}, {"丙"_s, "50.00"_s}});
+        model.setRecords({{"甲"_s, "900.00"_s}, {"乙"_s, "1,234.00"_s}, {"丙"_s, "50.00"_s}});
         table.show();
     }
 
@@ -25,7 +25,7 @@ protected:
     }
 
     DeskPrompts prompts;
-    TextTable model{{"名称"_s, "金额"_s}};
+    TextsModel model{{{"名称"_s}, {"金额"_s, true}}};
     FilteredTable table{&model, {"清单"_s, "还没有"_s}, prompts};
 };
 
@@ -34,7 +34,7 @@ TEST_F(FilteredTableTest, DoesNotSayOfFilteredRowsThatThereAreNone)
     EXPECT_EQ(table.emptyText(), QString());
     table.filter()->setText("丁"_s);
     EXPECT_EQ(table.emptyText(), "没有符合筛选的行"_s);
-    model.setRows({});
+    model.setRecords({});
     EXPECT_EQ(table.emptyText(), "还没有"_s);
 }
 

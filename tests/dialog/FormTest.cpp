@@ -1,5 +1,6 @@
 // The form: every control, layout and spacer by name, class, parent, text and size.
 
+#include "dialog/AccountComboBox.h"
 #include "tests/support/DialogFixture.h"
 #include "ui_AlgoBatchImportParamSetting.h"
 
@@ -202,6 +203,8 @@ TEST_F(Form, AnAccountIsShownByNameAndAccount)
 {
     open();
     EXPECT_EQ(accounts().currentText(), "账户CASH1 (CASH1)"_s);
+    EXPECT_NE(dynamic_cast<const AccountComboBox*>(&accounts()), nullptr)
+        << "by the mode that it was constructed with, not by the host's default";
 }
 
 TEST_F(Form, TheFormObjectHoldsItsItemsInOrderUnderTheirNames)

@@ -138,17 +138,28 @@ TEST_F(StrategyLoading, ExtraColumnsAreAppendedAtEveryLoadAndNeverCleared)
     EXPECT_EQ(inspect().extraColumns(), once + once);
 }
 
+/// Whatever the table was told before, or is by itself.
 TEST_F(StrategyLoading, ConfiguresTheTable)
 {
-    open();
+    construct();
+    table().setSelectionBehavior(QAbstractItemView::SelectItems);
+    table().setSerialNumberColumnPropety(ZelViewModel::SerialNumColumnOrder::None);
+    table().setColumnDefaultTextAlignment(Qt::AlignLeft);
+    table().setItemSelectable(false);
+    table().setCheckBoxShow(true);
+    table().setViewSortable(false);
+    table().setColumnDefaultWidth(33);
+    load("AITWAP"_s);
     EXPECT_EQ(table().horizontalHeader()->defaultSectionSize(), 90);
     EXPECT_EQ(table().columnWidth(0), 90) << "the host may widen a column for its title, not this one";
-    importRows({ordinaryHeader(), ordinaryRow()});
+    importRows({ordinaryHeader(), ordinaryRow("600000"_s), ordinaryRow("510300"_s)});
     EXPECT_EQ(table().selectionBehavior(), QAbstractItemView::SelectRows);
     EXPECT_NE(table().selectionMode(), QAbstractItemView::NoSelection);
     EXPECT_TRUE(table().verticalHeader()->isVisibleTo(&table())) << "serial numbers";
-    EXPECT_TRUE(table().horizontalHeader()->sectionsClickable()) << "sortable";
     const QModelIndex first = table().model()->index(0, 0);
+    EXPECT_EQ(first.data().toString(), "600000"_s);
+    emit table().horizontalHeader()->sectionClicked(0);
+    EXPECT_EQ(table().model()->index(0, 0).data().toString(), "510300"_s) << "sortable";
     EXPECT_EQ(first.data(Qt::TextAlignmentRole).toInt(), 132);
     EXPECT_FALSE(first.data(Qt::CheckStateRole).isValid());
 }

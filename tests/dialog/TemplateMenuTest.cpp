@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -22,6 +23,9 @@ protected:
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             ASSERT_NE(menu, nullptr);
             parent = menu->parentWidget();
+            for (const QAction* action : menu->actions()) {
+                actionParents.append(action->parent());
+            }
             position = menu->pos();
             for (QAction* action : menu->actions()) {
                 offered.append(action->text());
@@ -48,6 +52,7 @@ protected:
     QStringList offered;
     QPoint position;
     QWidget* parent = nullptr;
+    QList<QObject*> actionParents;
 };
 
 } // namespace
@@ -116,6 +121,7 @@ TEST_F(TemplateMenu, OpensUnderTheButtonAndLeavesNothingBehind)
     pressAndChoose(QString());
     EXPECT_EQ(position, dialog->mapToGlobal(button("pb_exportModules").pos() + QPoint(0, 24)));
     EXPECT_EQ(parent, nullptr);
+    EXPECT_EQ(actionParents, (QList<QObject*>{dialog.get(), dialog.get()}));
     EXPECT_EQ(dialog->findChildren<QAction*>().size(), children) << "both actions are gone";
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
@@ -125,4 +131,25 @@ TEST_F(TemplateMenu, ACancelledDownloadIsNotReported)
     open("AITWAP"_s);
     pressAndChoose(All); // the prompts answer the save dialog with nothing
     EXPECT_TRUE(prompts.boxes().isEmpty());
+}
+
+TEST_F(TemplateMenu, ADialogThatIsDeletedUnderTheOpenMenuTakesItsActionsAlongAndClosesIt)
+{
+    open("AITWAP"_s);
+    const QPointer<QPushButton> pressed = &button("pb_exportModules");
+    QPointer<QAction> entry;
+    bool closed = false;
+    QTimer::singleShot(0, qApp, [&] {
+        const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        entry = menu->actions().first();
+        dialog.reset();
+        closed = !menu->isVisible();
+        menu->close(); // or the press would not return
+    });
+    pressed->click();
+    EXPECT_EQ(dialog, nullptr);
+    EXPECT_TRUE(closed);
+    EXPECT_TRUE(pressed.isNull());
+    EXPECT_TRUE(entry.isNull());
 }

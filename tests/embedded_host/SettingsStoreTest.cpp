@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLockFile>
 #include <QTemporaryDir>
 
 namespace {
@@ -151,6 +152,34 @@ TEST_F(SettingsStoreTest, HomeThatCannotBeWrittenIsNotFatal)
     SettingsStore store(file.fileName() + "/home"_s); // a folder inside a file
     store.setValue("K"_s, false);
     EXPECT_EQ(store.value("K"_s), QVariant(false));
+}
+
+TEST_F(SettingsStoreTest, ALockThatIsNeverGivenBackHoldsNobodyUp)
+{
+    for (const QString& name : {"settings.ini.lock"_s, "settings.ini.writer.lock"_s}) {
+        save("K"_s, 1);
+        QLockFile stopped(folder.filePath(name));
+        ASSERT_TRUE(stopped.lock());
+        {
+            SettingsStore store(folder.path());
+            store.setValue("K"_s, 2);
+            EXPECT_EQ(store.value("K"_s), QVariant(2)) << "until the end of the run";
+        }
+        EXPECT_EQ(afterRestart("K"_s), QVariant(1)) << qPrintable(name);
+    }
+}
+
+TEST_F(SettingsStoreTest, WhatALockKeptFromTheFileFollowsWithTheNextValue)
+{
+    SettingsStore store(folder.path());
+    {
+        QLockFile slow(folder.filePath("settings.ini.lock"_s));
+        ASSERT_TRUE(slow.lock());
+        store.setValue("first"_s, 1);
+    }
+    store.setValue("second"_s, 2);
+    EXPECT_EQ(afterRestart("first"_s), QVariant(1));
+    EXPECT_EQ(afterRestart("second"_s), QVariant(2));
 }
 
 TEST_F(SettingsStoreTest, EmptyKeyIsIgnored)

@@ -83,6 +83,41 @@ TEST_F(SolveyUtilsTest, TableIsReadIntoRows)
     EXPECT_EQ(error, QString());
 }
 
+TEST_F(SolveyUtilsTest, TableThatWasOfferedIsTakenOnceAndForItsPathAlone)
+{
+    const auto firstCell = [](const QString& path) {
+        QString error;
+        const QList<QStringList> rows = SolveyUtils::ReadTableData(path, ReadTableCfg::FirstSheet, error);
+        return rows.isEmpty() ? error : rows.first().value(0);
+    };
+    table::Table offered;
+    offered.rows = {{"offered"_s}};
+    host.offeredTable().offer("/no/such.csv"_s, offered);
+    EXPECT_EQ("offered"_s, firstCell("/no/such.csv"_s));
+    EXPECT_EQ("文件不存在"_s, firstCell("/no/such.csv"_s));
+
+    host.offeredTable().offer("/no/such.csv"_s, offered);
+    EXPECT_EQ("文件不存在"_s, firstCell("/no/other.csv"_s));
+    EXPECT_EQ("文件不存在"_s, firstCell("/no/such.csv"_s)) << "an offer outlasts no read";
+
+    offered.error = "已损坏"_s;
+    offered.rows.clear();
+    host.offeredTable().offer("/no/such.csv"_s, offered);
+    EXPECT_EQ("已损坏"_s, firstCell("/no/such.csv"_s));
+}
+
+TEST_F(SolveyUtilsTest, TableThatWasOfferedIsHandedOnAsFarAsAFileIsRead)
+{
+    table::Table offered;
+    for (int row = 0; row < 1500; ++row) {
+        offered.rows.append({QString::number(row)});
+    }
+    host.offeredTable().offer("/no/such.csv"_s, offered);
+    QString error;
+    EXPECT_EQ(table::RowsToRead,
+              SolveyUtils::ReadTableData("/no/such.csv"_s, ReadTableCfg::FirstSheet, error).size());
+}
+
 TEST_F(SolveyUtilsTest, TableThatIsMissingGivesAnErrorAndNoRows)
 {
     QString error;

@@ -141,3 +141,72 @@ TEST(Ledger, NamesTheFileAndTheBatchThatIsNotThere)
         EXPECT_TRUE(error.contains("批次 7"_s)) << error.toStdString();
     }
 }
+
+TEST(Ledger, HandsOutBatchesAndInstancesAPageAtATimeNewestFirst)
+{
+    SampleLedger ledger;
+    for (int i = 0; i < 3; ++i) {
+        ledger->createBatch(sampleDraft(2));
+    }
+    const QList<Batch> first = ledger->batchesBefore(std::nullopt, 2).value;
+    ASSERT_EQ(first.size(), 2);
+    EXPECT_EQ(first.at(0).number, 3);
+    const QList<Batch> rest = ledger->batchesBefore(first.last().number, 2).value;
+    ASSERT_EQ(rest.size(), 1);
+    EXPECT_EQ(rest.first().number, 1);
+
+    QStringList seen;
+    std::optional<InstanceId> last;
+    for (int page = 0; page < 3; ++page) {
+        const QList<Instance> instances = ledger->instancesBehind(last, 2 + page).value;
+        for (const Instance& instance : instances) {
+            seen.append(instance.id.text());
+            EXPECT_EQ(instance.legs.size(), 1);
+            last = instance.id;
+        }
+    }
+    EXPECT_EQ(seen, (QStringList{"3-1"_s, "3-2"_s, "2-1"_s, "2-2"_s, "1-1"_s, "1-2"_s}));
+}
+
+TEST(Ledger, CountsInstancesByTheirStates)
+{
+    SampleLedger ledger;
+    SampleRow started;
+    started.startsNow = true;
+    ledger->createBatch(sampleDraft({SampleRow(), started}));
+    ledger->createBatch(sampleDraft(3));
+    EXPECT_EQ(ledger->counts().value.value(InstanceState::Created), 4);
+    EXPECT_EQ(ledger->counts(1).value.value(InstanceState::Running), 1);
+    EXPECT_EQ(ledger->counts(1).value.value(InstanceState::Created), 1);
+}
+
+TEST(Ledger, StartsAndStopsWhatIsNamedAllOrNone)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(3));
+    EXPECT_FALSE(ledger->start({{{1, 1}, {1, 9}}, std::nullopt}).ok());
+    EXPECT_EQ(ledger->counts().value.value(InstanceState::Created), 3);
+    EXPECT_EQ(ledger->start({{{1, 1}}, std::nullopt}).value.value(0).after, InstanceState::Running);
+    EXPECT_FALSE(ledger->start({{{1, 1}}, std::nullopt}).ok()) << "it runs";
+    EXPECT_EQ(ledger->start({{}, 1}).value.size(), 2) << "those that it applies to";
+    EXPECT_EQ(ledger->stop({{{1, 2}}, std::nullopt}).value.value(0).after, InstanceState::Stopped);
+    EXPECT_FALSE(ledger->withdraw({{{1, 2}}, std::nullopt}).ok());
+    EXPECT_FALSE(ledger->start({{}, 7}).ok());
+}
+
+TEST(Ledger, WithdrawsWhatHasNotStarted)
+{
+    SampleLedger ledger;
+    ledger->createBatch(sampleDraft(2));
+    EXPECT_EQ(ledger->withdraw({{{1, 2}}, std::nullopt}).value.value(0).after, InstanceState::Withdrawn);
+    EXPECT_EQ(ledger->status().value.days.size(), 1);
+    EXPECT_EQ(ledger->status().value.days.value(0).instances, 1);
+}
+
+TEST(Ledger, KnowsAnInstanceByItsName)
+{
+    EXPECT_EQ(InstanceId::fromText("12-3"_s)->text(), "12-3"_s);
+    for (const QString& text : {""_s, "12"_s, "12-0"_s, "0-1"_s, "a-1"_s, "1-2-3"_s, "-1-2"_s}) {
+        EXPECT_FALSE(InstanceId::fromText(text).has_value()) << text.toStdString();
+    }
+}

@@ -1,4 +1,5 @@
 #include "tests/properties/RandomImports.h"
+#include "tests/support/Readings.h"
 
 class ImportProperties : public RandomImports {
 protected:
@@ -11,6 +12,27 @@ protected:
             }
         }
         return lines;
+    }
+
+    /// Every faulty row has a fault on its line, and every record the line of a good one.
+    static void expectTrueLines(const import::Reading& reading, const RandomTable& random)
+    {
+        QList<int> faulty;
+        for (const table::Fault& fault : reading.faults) {
+            faulty.append(fault.line);
+        }
+        std::sort(faulty.begin(), faulty.end());
+        QList<int> expectedFaulty;
+        QList<int> expectedGood;
+        for (int i = 0; i < random.kinds.size(); ++i) {
+            if (random.kinds.at(i) == RowKind::Faulty) {
+                expectedFaulty.append(readings::lineOfRow(i + 1));
+            } else if (random.kinds.at(i) == RowKind::Good) {
+                expectedGood.append(readings::lineOfRow(i + 1));
+            }
+        }
+        EXPECT_EQ(faulty, expectedFaulty);
+        EXPECT_EQ(reading.lines, expectedGood);
     }
 };
 
@@ -130,5 +152,31 @@ TEST_F(ImportProperties, SwitchingTheAccountAwayAndBackRestoresTheLegs)
         accounts().SetCurTradingAccount("CASH1"_s);
         EXPECT_EQ(before, dialog->getWidgetData());
         EXPECT_TRUE(button("btn_ok").isEnabled());
+    }
+}
+
+/// What a reading without the dialog gives is what the dialog shows and says, fault by fault.
+TEST_F(ImportProperties, AReadingWithoutTheDialogIsTheDialogsImport)
+{
+    for (unsigned n = 700; n < 700 + Cases; ++n) {
+        SCOPED_TRACE("seed " + std::to_string(n));
+        seed(n);
+        const bool lock = chance(50);
+        if (lock) {
+            open("AILOCK"_s);
+        } else {
+            openRandomStrategy();
+        }
+        const RandomTable random = lock ? randomLockTable(1 + below(12)) : randomTable(1 + below(12));
+        prompts.clear();
+        importRows(random.sheet.rows());
+        const import::Reading reading =
+            import::readRows(readings::parsed(dialog->getStrategy()), readings::tableOf(random.sheet.rows()),
+                             {accounts().GetCurTradingAccount(), accounts().GetCurAccountAssetProp()},
+                             inspect().dateTimeFormat());
+        EXPECT_EQ(readings::boxText(reading), readings::errorTexts(prompts));
+        EXPECT_EQ(reading.records, table().getViewData());
+        EXPECT_EQ(reading.instances, dialog->getWidgetData());
+        expectTrueLines(reading, random);
     }
 }

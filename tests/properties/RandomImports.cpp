@@ -79,6 +79,23 @@ RandomImports::RandomTable RandomImports::randomTable(int rowCount)
     return result;
 }
 
+RandomImports::RandomTable RandomImports::randomLockTable(int rowCount)
+{
+    const QList<QPair<QString, QString>> faults = {{"证券代码"_s, "999999"_s}, {"交易方向"_s, "1"_s},
+                                                   {"委托属性"_s, "0"_s},      {"委托限价"_s, "10"_s},
+                                                   {"委托限价"_s, "1/2/3"_s},  {"交易方向"_s, "1/"_s},
+                                                   {"委托数量"_s, QString()},  {"委托属性"_s, "0/0/0"_s}};
+    RandomTable result = {Sheet::paired(), {}};
+    for (int i = 0; i < rowCount; ++i) {
+        const bool faulty = chance(50);
+        const auto fault = oneOf(faults);
+        const QMap<QString, QString> cells = {{fault.first, fault.second}};
+        result.kinds.append(faulty ? RowKind::Faulty : RowKind::Good);
+        result.sheet.add(faulty ? cells : QMap<QString, QString>());
+    }
+    return result;
+}
+
 QList<int> RandomImports::errorLines() const
 {
     QList<int> lines;

@@ -26,6 +26,8 @@ protected:
     void openRandomStrategy();
     /// Rows of every kind under the columns of the loaded strategy.
     RandomTable randomTable(int rowCount);
+    /// Likewise for a lock strategy, whose rows may also lack a leg.
+    RandomTable randomLockTable(int rowCount);
     QList<int> randomOrder(int count);
 
     /// Lines that the last error box names.

@@ -75,8 +75,8 @@ TEST_F(CheckCommand, PrintsHowTheFileWasReadAndEachFinding)
 {
     const QString path = table("1,SZ,1000,1,0,7\n");
     const QJsonObject report = check(path).object();
-    EXPECT_EQ(QStringList({"encoding"_s, "error"_s, "file"_s, "findings"_s, "format"_s, "messageBoxes"_s,
-                           "rows"_s, "separator"_s, "sha256"_s, "sheet"_s}),
+    EXPECT_EQ(QStringList({"encoding"_s, "error"_s, "faults"_s, "file"_s, "findings"_s, "format"_s,
+                           "messageBoxes"_s, "rows"_s, "separator"_s, "sha256"_s, "sheet"_s}),
               report.keys());
     EXPECT_EQ(path, report.value("file"_s).toString());
     EXPECT_EQ("csv"_s, report.value("format"_s).toString());

@@ -18,7 +18,7 @@ TEST_F(DialogDriver, NamesTheDigestOfTheFileThatItImported)
     const auto host = runner::openHost(line, error);
     ASSERT_TRUE(host) << error.toStdString();
     runner::DialogDriver driver(*host, line);
-    driver.importFile();
+    driver.importFile(ImportedFile::read(driver.path()));
     const QString imported = batch::sha256OfFile(driver.path());
     table(goodRow() + goodRow()); // a colleague saves the file again
     EXPECT_EQ(imported, batch::makeDraft(driver.content()).fileSha256);

@@ -1,5 +1,7 @@
 #include "tests/runner/RunnerTest.h"
 
+#include <unistd.h>
+
 #include <QDir>
 #include <QJsonArray>
 
@@ -120,6 +122,38 @@ TEST_F(ListCommands, HelpBehindASubcommandDoesNothingElse)
     EXPECT_TRUE(run({"--home"_s, home(), "--help"_s}).out.startsWith("Usage: algodesk")) << "of the window";
     EXPECT_FALSE(QDir(home()).exists());
     expectRefused(run({"undo"_s, "1"_s, "--help-all"_s}), "help-all"_s);
+}
+
+namespace {
+
+/// A process whose standard output is a pipe that nobody reads.
+class UnreadProcess : public QProcess {
+public:
+    UnreadProcess()
+    {
+        EXPECT_EQ(0, ::pipe(mEnds));
+        ::close(mEnds[0]);
+    }
+    ~UnreadProcess() override { ::close(mEnds[1]); }
+
+protected:
+    void setupChildProcess() override { ::dup2(mEnds[1], STDOUT_FILENO); }
+
+private:
+    int mEnds[2] = {-1, -1};
+};
+
+} // namespace
+
+TEST_F(ListCommands, SaySoWhereTheReaderOfStandardOutputWentAway)
+{
+    UnreadProcess process;
+    prepare(process);
+    process.setArguments({"accounts"_s, "--data"_s, dataFolder()});
+    process.start(QIODevice::ReadOnly);
+    const Run result = finish(process);
+    EXPECT_EQ(5, result.status) << "and no signal ended it";
+    EXPECT_TRUE(result.err.startsWith("cannot write to standard output")) << result.err.constData();
 }
 
 TEST_F(ListCommands, SaySoWhereStandardOutputTakesNoMore)

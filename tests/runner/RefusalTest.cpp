@@ -1,6 +1,7 @@
 #include "tests/runner/RunnerTest.h"
 
 #include <QFile>
+#include <QJsonArray>
 
 /// Exit status 2: what cannot begin says why in one line, and prints nothing.
 class Refusal : public RunnerTest {
@@ -118,6 +119,18 @@ TEST_F(Refusal, OfAValueThatIsEmpty)
     expectRefused(run({"--home"_s, QString()}), "--home needs a value"_s);
     expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, "--confirm"_s}),
                   "--rejects needs a value"_s);
+}
+
+TEST_F(Refusal, NotOfPathsThatBeginWithAColon)
+{
+    ASSERT_TRUE(QFile::rename(table(goodRow()), folder() + "/:list.csv"_s));
+    ASSERT_TRUE(QFile::rename(dataFolder(), folder() + "/:data"_s));
+    const Run created = run(QStringList{"import"_s, ":list.csv"_s, "--data"_s, ":data"_s, "--home"_s,
+                                        ":home"_s, "--confirm"_s, "--create"_s} +
+                            aitwap());
+    EXPECT_EQ(0, created.status) << created.err.constData() << created.out.constData();
+    EXPECT_EQ(1, run({"batches"_s, "--home"_s, ":home"_s}).json().array().size());
+    EXPECT_TRUE(QFile::exists(folder() + "/:home/ledger.sqlite"_s));
 }
 
 TEST_F(Refusal, OfAnArgumentThatIsEmpty)

@@ -2,6 +2,8 @@
 
 #include "table/FaultCatalogue.h"
 
+#include "table/Rules.h"
+
 #include <gtest/gtest.h>
 
 #include <QSet>
@@ -13,7 +15,8 @@ TEST(FaultCatalogue, EveryRuleIsListedOnce)
     QSet<QString> seen;
     for (const table::RuleEntry& entry : table::allRules()) {
         EXPECT_FALSE(seen.contains(entry.rule)) << qPrintable(entry.rule);
-        EXPECT_FALSE(entry.chinese.isEmpty()) << qPrintable(entry.rule);
+        // The dialog drops such a row without a word.
+        EXPECT_EQ(entry.chinese.isEmpty(), entry.rule == table::rule::ReservedText) << qPrintable(entry.rule);
         seen.insert(entry.rule);
     }
 }

@@ -1,5 +1,5 @@
-#include "embedded_host/table_reader/BiffStream.h"
-#include "embedded_host/table_reader/TableLint.h"
+#include "embedded_host/table_check/TableLint.h"
+#include "embedded_host/table_reader/xls/BiffStream.h"
 #include "tests/table_reader/Reading.h"
 #include "tests/table_reader/Samples.h"
 
@@ -45,7 +45,7 @@ void bound(decltype(RLIMIT_AS) resource, rlim_t most)
     if (inUse < SanitizerBytes) { // else nothing can be said of the reader's own memory
         bound(RLIMIT_AS, inUse + Bytes);
     }
-    const table_reader::Table table = inspect(bytes);
+    const table::Table table = inspect(bytes);
     const int findings = table_lint::lint(table, {}).size();
     std::fprintf(stderr, "%s%d rows, %d findings\n", table.error.toUtf8().constData(), table.rows.size(),
                  findings);

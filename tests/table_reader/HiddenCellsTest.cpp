@@ -1,4 +1,4 @@
-#include "embedded_host/table_reader/BiffStream.h"
+#include "embedded_host/table_reader/xls/BiffStream.h"
 #include "tests/table_reader/Reading.h"
 #include "tests/table_reader/Samples.h"
 

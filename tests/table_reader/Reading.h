@@ -9,7 +9,7 @@
 #include <string>
 
 /// Reads bytes as a file.
-inline table_reader::Table tableOf(QByteArray bytes, const table_reader::ReadOptions& options = {})
+inline table::Table tableOf(QByteArray bytes, const table_reader::ReadOptions& options = {})
 {
     QBuffer file(&bytes);
     file.open(QIODevice::ReadOnly);
@@ -17,7 +17,7 @@ inline table_reader::Table tableOf(QByteArray bytes, const table_reader::ReadOpt
 }
 
 /// Reads bytes as a file, with what a report needs.
-inline table_reader::Table inspect(const QByteArray& bytes)
+inline table::Table inspect(const QByteArray& bytes)
 {
     table_reader::ReadOptions options;
     options.inspect = true;
@@ -25,7 +25,7 @@ inline table_reader::Table inspect(const QByteArray& bytes)
 }
 
 /// What was read, cells between bars and each row on a line: "a|b\n1|2\n"; or "! " and the error.
-inline std::string shown(const table_reader::Table& table)
+inline std::string shown(const table::Table& table)
 {
     EXPECT_TRUE(table.error.isEmpty() || table.rows.isEmpty()) << "an error comes with no rows";
     QString text;

@@ -1,6 +1,6 @@
 #include "tests/table_reader/Samples.h"
 
-#include "embedded_host/table_reader/BiffStream.h"
+#include "embedded_host/table_reader/xls/BiffStream.h"
 
 #include <zip.h>
 
@@ -80,9 +80,10 @@ Parts Xlsx::parts() const
                     XmlHead + RelationshipsOpen + references + "</Relationships>"},
                    {QStringLiteral("xl/worksheets/sheet1.xml"), worksheet(sheetData, behindData)}};
     if (!cellStyles.isNull()) {
-        parts.append({QStringLiteral("xl/styles.xml"),
-                      XmlHead + "<styleSheet " + SheetNamespace + "><numFmts>" + numberFormats +
-                          "</numFmts><cellXfs>" + cellStyles + "</cellXfs></styleSheet>"});
+        parts.append({QStringLiteral("xl/styles.xml"), XmlHead + "<styleSheet " + SheetNamespace +
+                                                           "><numFmts>" + numberFormats +
+                                                           "</numFmts><fonts>" + fonts + "</fonts><cellXfs>" +
+                                                           cellStyles + "</cellXfs></styleSheet>"});
     }
     if (!texts.isNull()) {
         parts.append({QStringLiteral("xl/sharedStrings.xml"),
@@ -92,7 +93,7 @@ Parts Xlsx::parts() const
 }
 
 QByteArray ods(const QByteArray& tables, const QByteArray& styles, const QByteArray& manifest,
-               bool compressed)
+               bool compressed, const Parts& more)
 {
     const QByteArray content =
         XmlHead +
@@ -101,6 +102,7 @@ QByteArray ods(const QByteArray& tables, const QByteArray& styles, const QByteAr
         "xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\" "
         "xmlns:style=\"urn:oasis:names:tc:opendocument:xmlns:style:1.0\" "
         "xmlns:calcext=\"urn:org:documentfoundation:names:experimental:calc:xmlns:calcext:1.0\" "
+        "xmlns:number=\"urn:oasis:names:tc:opendocument:xmlns:datastyle:1.0\" "
         "xmlns:draw=\"urn:oasis:names:tc:opendocument:xmlns:drawing:1.0\">"
         "<office:automatic-styles>" +
         styles + "</office:automatic-styles><office:body><office:spreadsheet>" + tables +
@@ -114,7 +116,7 @@ QByteArray ods(const QByteArray& tables, const QByteArray& styles, const QByteAr
                           "xmlns:manifest=\"urn:oasis:names:tc:opendocument:xmlns:manifest:1.0\">" +
                           manifest + "</manifest:manifest>"});
     }
-    return zip(parts, compressed);
+    return zip(parts + more, compressed);
 }
 
 QByteArray word(int value)

@@ -19,6 +19,7 @@ struct Xlsx {
     QByteArray behindData;    ///< what follows it, such as mergeCells
     QByteArray texts;         ///< `si` elements; null: no shared strings
     QByteArray numberFormats; ///< `numFmt` elements
+    QByteArray fonts;         ///< `font` elements
     QByteArray cellStyles;    ///< `xf` elements of cellXfs; null: no styles
     QByteArray workbook;      ///< the whole part
     QByteArray references;    ///< Relationship elements of the workbook
@@ -36,7 +37,7 @@ QByteArray worksheet(const QByteArray& sheetData, const QByteArray& behind = QBy
 
 /// An OpenDocument spreadsheet; `tables` are table:table elements, `styles` stand in office:automatic-styles.
 QByteArray ods(const QByteArray& tables, const QByteArray& styles = QByteArray(),
-               const QByteArray& manifest = QByteArray(), bool compressed = true);
+               const QByteArray& manifest = QByteArray(), bool compressed = true, const Parts& more = {});
 
 /// Records of a workbook stream, numbers little endian.
 class Biff {

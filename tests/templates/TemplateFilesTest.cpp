@@ -134,7 +134,7 @@ TEST_F(TemplateFiles, PutEveryStrategyOnASheetOfItsOwnWithTheFirstOneFirst)
     const Written written = writeAll("all.xlsx"_s);
     ASSERT_EQ(written.error, QString());
     EXPECT_EQ(written.files, QStringList(folder.filePath("all.xlsx"_s)));
-    const table_reader::Table first = table_reader::readTable(folder.filePath("all.xlsx"_s));
+    const table::Table first = table_reader::readTable(folder.filePath("all.xlsx"_s));
     EXPECT_EQ(first.sheet, tables.strategies.first().name());
     EXPECT_EQ(first.rows.first(), sheet(tables.strategies.first().name()).titles());
 }

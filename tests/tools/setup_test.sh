@@ -43,6 +43,32 @@ newer_presets() {
     expect "a third configuration" "" "$(build dev 2>&1 | grep 'Configuring done' || true)"
 }
 
+# A target that fails where another of its kind is at work.
+write_project_for_one() {
+    write_project one
+    cat >>"$project/CMakeLists.txt" <<'END'
+add_custom_target(exclusive COMMAND mkdir busy COMMAND sleep 1 COMMAND rmdir busy WORKING_DIRECTORY ${CMAKE_SOURCE_DIR})
+END
+}
+
+one_build_at_a_time() {
+    write_project_for_one
+    local first
+    build dev exclusive 2>"$project/first" &
+    first=$!
+    build dev exclusive 2>"$project/second" || { cat "$project/second"; exit 1; }
+    wait "$first" || { cat "$project/first"; exit 1; }
+    expect "who waited" 1 "$(cat "$project/first" "$project/second" | grep -c '^Another set-up or build of this tree is running')"
+}
+
+a_build_outlived_by_its_child() {
+    write_project one
+    alone bash -c 'sleep 30 >/dev/null 2>&1 & echo $! >'"$project/child"
+    alone true 2>"$project/errors"
+    kill "$(cat "$project/child")"
+    expect "standard error" "" "$(cat "$project/errors")"
+}
+
 package_scopes() {
     printf '%s\n' '# a remark' 'always-missing # why' 'test-missing test # why' 'fuzz-missing fuzz' >"$project/packages.txt"
     expect "without a scope" "always-missing" "$(missing_packages | xargs)"

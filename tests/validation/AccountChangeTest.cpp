@@ -1,4 +1,5 @@
 #include "tests/support/DialogFixture.h"
+#include "tests/support/LogCapture.h"
 
 namespace {
 
@@ -184,4 +185,14 @@ TEST_F(AccountChange, TheSlotIsTheHostsToCallToo)
     inspect().maps().first()["sysnodeid"_s] = "stale"_s;
     dialog->slotCbxAccountChanged();
     EXPECT_EQ(dialog->getWidgetData().first().value("sysnodeid"_s), QVariant("node-1"_s));
+}
+
+TEST_F(AccountChange, LogsTheNodeOfEveryInstance)
+{
+    open();
+    importMarkets({{"600000"_s, "SH"_s}, {"000001"_s, "SZ"_s}});
+    const LogCapture log;
+    accounts().SetCurTradingAccount("NOHK"_s);
+    const QString line = "get sysnodeid by trading account return: \"node-2\""_s;
+    EXPECT_EQ(log.text().count(line), 2) << qPrintable(log.text());
 }

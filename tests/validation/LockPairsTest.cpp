@@ -1,4 +1,5 @@
 #include "tests/support/DialogFixture.h"
+#include "tests/support/LogCapture.h"
 
 namespace {
 
@@ -246,4 +247,15 @@ TEST_F(LockPairs, AnAccountWithoutRecordsGivesItsTextOncePerLeg)
     later.setPrompts(&prompts);
     button("btn_ok").click();
     EXPECT_EQ(lastBoxText(), "第%行：未获取到账号类型!\r\n第%行：未获取到账号类型!\r\n"_s);
+}
+
+TEST_F(LockPairs, LogsTheSplitInstancesAndALegOfNoDirection)
+{
+    const LogCapture log;
+    split({instanceOf({legOf("Buy/Up"_s, "0/0"_s)})});
+    check(inspect().maps());
+    EXPECT_EQ(log.firstMissing({"processParams4AILOCK"_s, "Buy"_s, "Up"_s, " accountType:  \"Cash\""_s,
+                                "checkAILOCK"_s, "Up"_s}),
+              QString())
+        << qPrintable(log.text());
 }

@@ -1,10 +1,10 @@
 // make_catalogue SOURCE OUT: composes the strategy catalogue from tools/catalogue/source into
 // reference_data/strategies.json.
 
+#include "files/Save.h"
 #include "tools/catalogue/Catalogue.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QString>
 
 #include <cstdio>
@@ -29,9 +29,7 @@ int main(int argc, char* argv[])
     if (!error.isEmpty()) {
         return refuse(error);
     }
-    QSaveFile out(QFile::decodeName(argv[2]));
-    if (!out.open(QIODevice::WriteOnly) || out.write(json) != json.size() || !out.commit()) {
-        return refuse(out.errorString());
-    }
-    return 0;
+    const QString out = QFile::decodeName(argv[2]);
+    const Outcome<void> saved = files::save(out, json);
+    return saved.ok() ? 0 : refuse(files::cannotWrite(out, saved.error));
 }

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "desk/models/ListModel.h"
+
+/// A list over records that it holds, one a row. A list of its own says what its columns make of a record.
+template <typename Record> class RecordModel : public ListModel {
+public:
+    using ListModel::ListModel;
+
+    const QList<Record>& records() const { return mRecords; }
+    int rowCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : mRecords.size();
+    }
+
+    /// Other records: nothing of them is selected.
+    void setRecords(const QList<Record>& records)
+    {
+        beginResetModel();
+        mRecords = records;
+        endResetModel();
+    }
+
+    /// The same records as they are now. Where their number stays, selection and scroll position do too.
+    void updateRecords(const QList<Record>& records)
+    {
+        if (records.size() != mRecords.size()) {
+            setRecords(records);
+            return;
+        }
+        mRecords = records;
+        if (!records.isEmpty()) {
+            emit dataChanged(index(0, 0), index(records.size() - 1, columnCount() - 1));
+        }
+    }
+
+protected:
+    virtual Cell cellOf(const Record& record, int column) const = 0;
+    virtual QVariant roleOf(const Record&, int) const { return {}; }
+
+    void appendRecords(const QList<Record>& records)
+    {
+        if (!records.isEmpty()) {
+            beginInsertRows({}, mRecords.size(), mRecords.size() + records.size() - 1);
+            mRecords += records;
+            endInsertRows();
+        }
+    }
+
+private:
+    Cell cell(int row, int column) const final { return cellOf(mRecords.at(row), column); }
+    QVariant roleOfRow(int row, int role) const final { return roleOf(mRecords.at(row), role); }
+
+    QList<Record> mRecords;
+};

@@ -1,0 +1,193 @@
+#include "files/Save.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+namespace files {
+namespace {
+
+constexpr int NoFile = -1;
+constexpr mode_t AnyMode = 07777;
+constexpr mode_t NewFileMode = 0666; // what the user's mask leaves of it
+
+QString reasonOf(int error)
+{
+    switch (error) {
+    case ENOSPC:
+        return QStringLiteral("磁盘空间不足");
+    case EDQUOT:
+        return QStringLiteral("磁盘配额已用完");
+    case EIO:
+        return QStringLiteral("磁盘读写出错");
+    case EROFS:
+        return QStringLiteral("磁盘是只读的");
+    case EACCES:
+    case EPERM:
+        return QStringLiteral("没有写入权限");
+    case ENOENT:
+    case ENOTDIR:
+        return QStringLiteral("文件夹不存在");
+    case ENAMETOOLONG:
+        return QStringLiteral("文件名过长");
+    case EFBIG:
+        return QStringLiteral("文件过大");
+    default:
+        return QStringLiteral("系统错误%1（%2）").arg(error).arg(qt_error_string(error));
+    }
+}
+
+/// By `result` of a system call, as the system means it.
+Outcome<void> outcomeOf(int result)
+{
+    return {result == 0 ? QString() : reasonOf(errno)};
+}
+
+/// The file that a chain of links leads to, whether it exists or not.
+QString behindLinks(const QString& path)
+{
+    constexpr int LongestChain = 40;
+    QFileInfo info(path);
+    for (int link = 0; link < LongestChain && info.isSymLink(); ++link) {
+        info.setFile(info.symLinkTarget());
+    }
+    return info.absoluteFilePath();
+}
+
+/// What cannot be replaced by a file, or is kept from it by its owner.
+Outcome<void> mayReplace(const QByteArray& path)
+{
+    struct stat old;
+    if (::stat(path.constData(), &old) != 0) {
+        return {errno == ENOENT ? QString() : reasonOf(errno)};
+    }
+    if (S_ISDIR(old.st_mode)) {
+        return {QStringLiteral("该名称是一个文件夹")};
+    }
+    return S_ISREG(old.st_mode) ? outcomeOf(::access(path.constData(), W_OK))
+                                : Outcome<void>{QStringLiteral("不是普通文件")};
+}
+
+/// The new file beside the old one. It goes away again unless it took the old one's place.
+class Draft {
+public:
+    explicit Draft(const QByteArray& target)
+        : mTarget(target), mFolder(target.left(target.lastIndexOf('/') + 1)),
+          mPath(mFolder + ".saving-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16))
+    {
+    }
+    ~Draft();
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    Outcome<void> create();
+    Outcome<void> write(const QByteArray& bytes) const;
+    Outcome<void> finish();
+    Outcome<void> takePlace();
+
+private:
+    QByteArray mTarget;
+    QByteArray mFolder;
+    QByteArray mPath;
+    int mFile = NoFile;
+    bool mExists = false;
+};
+
+Draft::~Draft()
+{
+    if (mFile != NoFile) {
+        ::close(mFile);
+    }
+    if (mExists) {
+        ::unlink(mPath.constData());
+    }
+}
+
+Outcome<void> Draft::create()
+{
+    struct stat old;
+    const bool replaces = ::stat(mTarget.constData(), &old) == 0;
+    const mode_t mode = replaces ? old.st_mode & AnyMode : NewFileMode;
+    mFile = ::open(mPath.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    mExists = mFile != NoFile;
+    if (!mExists) {
+        return {reasonOf(errno)};
+    }
+    return replaces ? outcomeOf(::fchmod(mFile, mode)) : Outcome<void>();
+}
+
+Outcome<void> Draft::write(const QByteArray& bytes) const
+{
+    for (int written = 0; written < bytes.size();) {
+        const ssize_t taken =
+            ::write(mFile, bytes.constData() + written, static_cast<size_t>(bytes.size() - written));
+        if (taken < 0 && errno != EINTR) {
+            return {reasonOf(errno)};
+        }
+        if (taken == 0) {
+            return {reasonOf(ENOSPC)}; // a device that takes nothing, again and again
+        }
+        written += static_cast<int>(qMax<ssize_t>(taken, 0));
+    }
+    return {};
+}
+
+Outcome<void> Draft::finish()
+{
+    const Outcome<void> synced = outcomeOf(::fsync(mFile));
+    const Outcome<void> closed = outcomeOf(::close(std::exchange(mFile, NoFile)));
+    return synced.ok() ? closed : synced;
+}
+
+/// A name lives in its folder, which is carried to the disk as well.
+Outcome<void> Draft::takePlace()
+{
+    const Outcome<void> renamed = outcomeOf(::rename(mPath.constData(), mTarget.constData()));
+    if (!renamed.ok()) {
+        return renamed;
+    }
+    mExists = false;
+    const int folder = ::open(mFolder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder == NoFile) {
+        return {}; // a folder that may be written to and not be read
+    }
+    const bool synced = ::fsync(folder) == 0 || errno == EINVAL; // some file systems know no such thing
+    const QString reason = synced ? QString() : reasonOf(errno);
+    ::close(folder);
+    return {synced ? QString() : QStringLiteral("已写入，但磁盘没有确认：%1").arg(reason)};
+}
+
+} // namespace
+
+Outcome<void> save(const QString& path, const QByteArray& bytes)
+{
+    const QByteArray target = QFile::encodeName(behindLinks(path));
+    Outcome<void> done = mayReplace(target);
+    Draft draft(target);
+    if (done.ok()) {
+        done = draft.create();
+    }
+    if (done.ok()) {
+        done = draft.write(bytes);
+    }
+    if (done.ok()) {
+        done = draft.finish();
+    }
+    return done.ok() ? draft.takePlace() : done;
+}
+
+QString cannotWrite(const QString& path, const QString& reason)
+{
+    return QStringLiteral("无法写入文件“%1”：%2").arg(QDir::toNativeSeparators(path), reason);
+}
+
+} // namespace files

@@ -1,0 +1,161 @@
+#include "files/Save.h"
+
+#include "tests/support/Text.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <cerrno>
+
+namespace {
+
+const QByteArray Old("the old bytes");
+
+class Save : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(QDir(mFolder.path()).mkpath("out"_s));
+        ASSERT_TRUE(QDir(mFolder.path()).mkpath("aside"_s));
+    }
+
+    QString path(const QString& name = "list.csv"_s) const { return mFolder.filePath("out/"_s + name); }
+    QStringList names() const
+    {
+        return QDir(mFolder.filePath("out"_s)).entryList(QDir::Files | QDir::Hidden);
+    }
+
+    static QByteArray contentOf(const QString& file)
+    {
+        QFile read(file);
+        EXPECT_TRUE(read.open(QIODevice::ReadOnly)) << qPrintable(file);
+        return read.readAll();
+    }
+    static void put(const QString& file, const QByteArray& bytes)
+    {
+        QFile written(file);
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+        ASSERT_EQ(bytes.size(), written.write(bytes));
+    }
+
+    struct Run {
+        int status = -1;
+        QString error;
+        bool faulted = false; ///< the fault came about
+    };
+    /// Saves in a program of its own, one of whose calls fails.
+    Run saveWithFault(int at, int error, int size) const
+    {
+        const QString mark = mFolder.filePath("aside/mark"_s);
+        QFile::remove(mark);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("LD_PRELOAD"_s, QStringLiteral(DISK_FAULTS));
+        environment.insert("FAULT_FOLDER"_s, mFolder.filePath("out"_s));
+        environment.insert("FAULT_AT"_s, QString::number(at));
+        environment.insert("FAULT_ERROR"_s, QString::number(error));
+        environment.insert("FAULT_MARK"_s, mark);
+        environment.insert("ASAN_OPTIONS"_s, "verify_asan_link_order=0"_s);
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(SAVE_PROGRAM), {path(), QString::number(size)});
+        EXPECT_TRUE(process.waitForFinished());
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardError()), QFile::exists(mark)};
+    }
+
+    /// Every call fails once, until none is left. How many there were.
+    int failEveryCall(int error, const QString& reason, int size)
+    {
+        const QByteArray fresh(size, 'n');
+        for (int at = 1;; ++at) {
+            put(path(), Old);
+            const Run run = saveWithFault(at, error, size);
+            const QByteArray now = contentOf(path());
+            if (!run.faulted) {
+                EXPECT_EQ(0, run.status) << qPrintable(run.error);
+                EXPECT_EQ(fresh, now);
+                return at - 1;
+            }
+            EXPECT_EQ(1, run.status) << "call " << at;
+            EXPECT_TRUE(run.error.contains(reason)) << qPrintable(run.error);
+            // Of the folder's own sync it is too late to take anything back: then all of the new is there.
+            const bool isLate = run.error.startsWith("已写入"_s);
+            EXPECT_EQ(isLate ? fresh : Old, now) << "call " << at;
+            EXPECT_EQ(QStringList{"list.csv"_s}, names()) << "call " << at;
+        }
+    }
+
+    QTemporaryDir mFolder;
+};
+
+} // namespace
+
+TEST_F(Save, MakesAFileAndReplacesOne)
+{
+    for (const QByteArray& bytes : {QByteArray("first"), QByteArray("second, longer"), QByteArray()}) {
+        const Outcome<void> saved = files::save(path(), bytes);
+        EXPECT_TRUE(saved.ok()) << qPrintable(saved.error);
+        EXPECT_EQ(bytes, contentOf(path()));
+        EXPECT_EQ(QStringList{"list.csv"_s}, names());
+    }
+}
+
+TEST_F(Save, KeepsThePermissionsOfAnOldFileAndTheUsersMaskForANewOne)
+{
+    const mode_t mask = ::umask(027);
+    ASSERT_TRUE(files::save(path(), "x").ok());
+    ::umask(mask);
+    struct stat made;
+    ASSERT_EQ(0, ::stat(path().toUtf8().constData(), &made));
+    EXPECT_EQ(0640U, made.st_mode & 0777U);
+
+    ASSERT_EQ(0, ::chmod(path().toUtf8().constData(), 0604));
+    ASSERT_TRUE(files::save(path(), "y").ok());
+    ASSERT_EQ(0, ::stat(path().toUtf8().constData(), &made));
+    EXPECT_EQ(0604U, made.st_mode & 0777U);
+}
+
+TEST_F(Save, ReplacesWhatALinkLeadsTo)
+{
+    put(path("real.csv"_s), Old);
+    ASSERT_TRUE(QFile::link("real.csv"_s, path("link.csv"_s)));
+    ASSERT_TRUE(files::save(path("link.csv"_s), "new").ok());
+    EXPECT_TRUE(QFileInfo(path("link.csv"_s)).isSymLink());
+    EXPECT_EQ(QByteArray("new"), contentOf(path("real.csv"_s)));
+}
+
+TEST_F(Save, RefusesWhatNoFileCanReplace)
+{
+    EXPECT_EQ("该名称是一个文件夹"_s, files::save(mFolder.filePath("out"_s), "x").error);
+    EXPECT_EQ("文件夹不存在"_s, files::save(path("no/such.csv"_s), "x").error);
+    EXPECT_EQ("不是普通文件"_s, files::save("/dev/null"_s, "x").error);
+    EXPECT_EQ("文件名过长"_s, files::save(path(QString(300, QLatin1Char('x'))), "x").error);
+    EXPECT_TRUE(names().isEmpty());
+}
+
+TEST_F(Save, SaysWhichFileCouldNotBeWritten)
+{
+    EXPECT_EQ("无法写入文件“/a/b.csv”：磁盘空间不足"_s, files::cannotWrite("/a/b.csv"_s, "磁盘空间不足"_s));
+}
+
+TEST_F(Save, LeavesTheOldFileAtAFaultOfAnyCall)
+{
+    const int fewest = 6; // open, permissions, write, sync, close, rename; and the folder's sync
+    EXPECT_GE(failEveryCall(ENOSPC, "磁盘空间不足"_s, 100), fewest);
+    EXPECT_GE(failEveryCall(EIO, "磁盘读写出错"_s, 100), fewest);
+    EXPECT_GE(failEveryCall(EIO, "磁盘读写出错"_s, 3 << 20), fewest);
+    EXPECT_GE(failEveryCall(EDQUOT, "磁盘配额已用完"_s, 0), fewest - 1);
+}
+
+TEST_F(Save, GoesOnWhereAWriteTookOnlyHalf)
+{
+    const Run run = saveWithFault(1, 0, 100);
+    EXPECT_TRUE(run.faulted);
+    EXPECT_EQ(0, run.status) << qPrintable(run.error);
+    EXPECT_EQ(QByteArray(100, 'n'), contentOf(path()));
+}

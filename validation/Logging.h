@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+/// The room's category: QT_LOGGING_RULES="algo.validation.debug=false" makes it silent and free.
+inline Q_LOGGING_CATEGORY(lcValidation, "algo.validation")

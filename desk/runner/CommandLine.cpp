@@ -157,6 +157,7 @@ QString usage()
         "       algodesk instances [--batch N]\n"
         "       algodesk undo N\n"
         "       algodesk diff N FILE [--data DIR]\n"
+        "       algodesk ledger init ADDRESS | ledger copy FROM TO\n"
         "       algodesk --help | --version\n"
         "\n"
         "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "

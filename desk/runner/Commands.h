@@ -37,5 +37,7 @@ Result listBatches(const CommandLine& line);
 Result listInstances(const CommandLine& line);
 Result undoBatch(const CommandLine& line);
 Result diffBatch(const CommandLine& line);
+Result initLedger(const CommandLine& line);
+Result copyLedger(const CommandLine& line);
 
 } // namespace runner

@@ -46,6 +46,8 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("instances"), {home, QStringLiteral("batch")}, {}}, listInstances},
         {{QStringLiteral("undo"), {home}, {batch}}, undoBatch},
         {{QStringLiteral("diff"), {data, home}, {batch, file}}, diffBatch},
+        {{QStringLiteral("ledger init"), {}, {QStringLiteral("ADDRESS")}}, initLedger},
+        {{QStringLiteral("ledger copy"), {}, {QStringLiteral("FROM"), QStringLiteral("TO")}}, copyLedger},
     };
     return table;
 }
@@ -57,17 +59,25 @@ bool write(QIODevice& device, const QByteArray& text)
     return device.write(text) == text.size() && (file == nullptr || file->flush());
 }
 
+/// How many words a name has, where the arguments begin with it; else 0.
+int wordsOf(const QString& name, const QStringList& arguments)
+{
+    const QStringList words = name.split(QLatin1Char(' '));
+    return arguments.mid(0, words.size()) == words ? words.size() : 0;
+}
+
 Result dispatch(const QStringList& arguments)
 {
     const auto found =
         std::find_if(subcommands().begin(), subcommands().end(), [&](const Subcommand& candidate) {
-            return candidate.command.name == arguments.first();
+            return wordsOf(candidate.command.name, arguments) > 0;
         });
     if (found == subcommands().end()) {
         return refuse(QStringLiteral("unknown subcommand '%1'; see algodesk --help").arg(arguments.first()));
     }
     QString error;
-    const std::optional<CommandLine> line = parseCommandLine(arguments.mid(1), found->command, error);
+    const std::optional<CommandLine> line =
+        parseCommandLine(arguments.mid(wordsOf(found->command.name, arguments)), found->command, error);
     if (!line) {
         return refuse(error);
     }

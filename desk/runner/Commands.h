@@ -39,5 +39,9 @@ Result undoBatch(const CommandLine& line);
 Result diffBatch(const CommandLine& line);
 Result initLedger(const CommandLine& line);
 Result copyLedger(const CommandLine& line);
+Result haltTrading(const CommandLine& line);
+Result resumeTrading(const CommandLine& line);
+Result showStatus(const CommandLine& line);
+Result reportDay(const CommandLine& line);
 
 } // namespace runner

@@ -48,6 +48,10 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("diff"), {data, home}, {batch, file}}, diffBatch},
         {{QStringLiteral("ledger init"), {}, {QStringLiteral("ADDRESS")}}, initLedger},
         {{QStringLiteral("ledger copy"), {}, {QStringLiteral("FROM"), QStringLiteral("TO")}}, copyLedger},
+        {{QStringLiteral("halt"), {home, account, QStringLiteral("reason")}, {}}, haltTrading},
+        {{QStringLiteral("resume"), {home, account, QStringLiteral("reason")}, {}}, resumeTrading},
+        {{QStringLiteral("status"), {home}, {}}, showStatus},
+        {{QStringLiteral("report"), {home, QStringLiteral("day"), QStringLiteral("out")}, {}}, reportDay},
     };
     return table;
 }

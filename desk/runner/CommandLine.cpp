@@ -1,5 +1,7 @@
 #include "desk/runner/CommandLine.h"
 
+#include "desk/runner/GatewayCommands.h"
+
 #include <QCommandLineParser>
 #include <QDir>
 
@@ -157,6 +159,7 @@ QString usage()
         "       algodesk instances [--batch N]\n"
         "       algodesk undo N\n"
         "       algodesk diff N FILE [--data DIR]\n"
+        "%1"
         "       algodesk --help | --version\n"
         "\n"
         "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "
@@ -165,7 +168,7 @@ QString usage()
         "errors,\n"
         "4 unreadable. 5 it was done, but standard output took no more.\n"
         "\n"
-        "Options:\n");
+        "Options:\n").arg(gatewayUsage());
     for (const Option& option : Options) {
         const QString name = option.shownName() + QLatin1Char(' ') + QString::fromUtf8(option.valueName);
         text +=

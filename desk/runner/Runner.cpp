@@ -2,6 +2,7 @@
 
 #include "desk/runner/CommandLine.h"
 #include "desk/runner/Commands.h"
+#include "desk/runner/GatewayCommands.h"
 
 #include <QFileDevice>
 #include <QList>
@@ -120,6 +121,9 @@ bool isAsked(const QStringList& arguments)
 
 int run(const QStringList& arguments, QIODevice& out, QIODevice& err)
 {
+    if (isGatewayCommand(arguments.first())) {
+        return runGatewayCommand(arguments, out, err);
+    }
     Result result = answer(arguments);
     if (!write(out, result.output)) {
         result.status = Unprinted;

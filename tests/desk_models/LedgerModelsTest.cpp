@@ -33,7 +33,7 @@ ledger::Leg leg(const QString& symbol, const QString& direction, const char* qua
 
 Instance instance(qint64 batch, int row, InstanceState state, const QList<ledger::Leg>& legs)
 {
-    return {{batch, row}, "80010001"_s, "AITWAP"_s, state, Noon.toUTC(), legs, {}};
+    return {{batch, row}, "80010001"_s, "AITWAP"_s, state, Noon.toUTC(), legs, {}, {}, {}, {}, {}};
 }
 
 Batch batch(qint64 number, BatchState state)

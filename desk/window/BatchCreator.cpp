@@ -13,7 +13,7 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
     const ledger::BatchDraft draft = batch::makeDraft(batch.content);
     Outcome<verdict::Judgement> judgement =
         verdict::judge(*mBooks.ledger, draft, {batch.content, batch.table}, mBooks.desk, mData,
-                       QDateTime::currentDateTimeUtc());
+                       mBooks.clock ? mBooks.clock() : QDateTime::currentDateTimeUtc());
     if (!judgement.ok()) {
         tell(judgement.error);
         return std::nullopt;

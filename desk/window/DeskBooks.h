@@ -14,6 +14,7 @@ struct DeskBooks {
     std::shared_ptr<ledger::Ledger> ledger; ///< null: nothing can be created
     QString ledgerError;                    ///< why there is none, for the user; empty with a ledger
     verdict::Desk desk;
+    ledger::Clock clock; ///< by which orders are late or early; null: the system's
 };
 
 /// The ledger of a home and the ceilings of a reference data folder. A ledger that cannot be opened leaves

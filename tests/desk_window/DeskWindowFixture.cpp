@@ -6,6 +6,7 @@
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QMimeData>
+#include <QTextEdit>
 
 namespace {
 
@@ -26,6 +27,11 @@ void DeskWindowFixture::open()
             ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())));
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         books.ledger = opened.value;
+    }
+    if (!books.clock) {
+        // In the morning of the day that the rows of the small market name, whenever the test runs.
+        const QDateTime morning(QDate(2024, 3, 5), QTime(9, 0), Qt::OffsetFromUTC, 8 * 3600);
+        books.clock = [morning] { return morning; };
     }
     EmbeddedHost::Options options;
     options.home = home.path();
@@ -113,6 +119,12 @@ void DeskWindowFixture::pressConfirm()
     QObject::connect(&agreeing, &QTimer::timeout, [] {
         auto* verdict = qobject_cast<VerdictDialog*>(QApplication::activeModalWidget());
         auto* create = verdict ? verdict->findChild<QAbstractButton*>("button_create"_s) : nullptr;
+        if (verdict != nullptr && create == nullptr) {
+            auto* refusals = verdict->findChild<QTextEdit*>("findings_error"_s);
+            ADD_FAILURE() << "refused: "
+                          << (refusals ? refusals->toPlainText().toStdString() : std::string());
+            verdict->reject();
+        }
         if (create == nullptr) {
             return;
         }

@@ -43,6 +43,9 @@ constexpr Option Options[] = {
     {"amount", "AMOUNT", &CommandLine::amount, nullptr,
      "the gross amount, where the guard wants it typed once more"},
     {"batch", "N", &CommandLine::batch, nullptr, "only this batch"},
+    {"reason", "TEXT", &CommandLine::reason, nullptr, "why it is halted, or resumed"},
+    {"day", "DAY", &CommandLine::day, nullptr, "exchange day of a report, such as 2026-11-23 (today)"},
+    {"out", "OUT", &CommandLine::out, nullptr, "write the report to OUT (xlsx or csv) too"},
     {"all", "", nullptr, &CommandLine::allTemplates, "the templates of all strategies"},
 };
 
@@ -132,7 +135,7 @@ std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const 
             return std::nullopt;
         }
     }
-    for (QString* path : {&line.dataFolder, &line.home, &line.rejects}) {
+    for (QString* path : {&line.dataFolder, &line.home, &line.rejects, &line.out}) {
         *path = asFile(*path);
     }
     std::transform(line.files.begin(), line.files.end(), line.files.begin(), asFile);
@@ -157,6 +160,9 @@ QString usage()
         "       algodesk instances [--batch N]\n"
         "       algodesk undo N\n"
         "       algodesk diff N FILE [--data DIR]\n"
+        "       algodesk halt | resume [--account ACCOUNT] --reason TEXT\n"
+        "       algodesk status\n"
+        "       algodesk report [--day DAY] [--out OUT]\n"
         "       algodesk --help | --version\n"
         "\n"
         "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "

@@ -18,6 +18,9 @@ struct CommandLine {
     QString encoding;
     QString rejects;
     QString batch;
+    QString reason;                         ///< of a halt, or of its end
+    QString day;                            ///< yyyy-MM-dd
+    QString out;                            ///< the file that a report goes to
     QString accept;                         ///< rules that are acknowledged, separated by commas
     QString amount;                         ///< the gross amount, typed once more
     QString answer = QStringLiteral("yes"); ///< to the row-limit question: yes or no

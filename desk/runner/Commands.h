@@ -37,5 +37,9 @@ Result listBatches(const CommandLine& line);
 Result listInstances(const CommandLine& line);
 Result undoBatch(const CommandLine& line);
 Result diffBatch(const CommandLine& line);
+Result haltTrading(const CommandLine& line);
+Result resumeTrading(const CommandLine& line);
+Result showStatus(const CommandLine& line);
+Result reportDay(const CommandLine& line);
 
 } // namespace runner

@@ -1,6 +1,7 @@
 #include "desk/check/ImportedFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
+#include "desk/runner/LedgerAccess.h"
 #include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
@@ -15,8 +16,6 @@ namespace runner {
 
 namespace {
 
-using LedgerPointer = std::shared_ptr<ledger::Ledger>;
-
 Result complain(const QString& error)
 {
     return print(Complained, QJsonDocument(QJsonObject{{QStringLiteral("error"), error}}));
@@ -26,13 +25,6 @@ Result complain(const QString& error)
 template <typename Value> Result printed(const Outcome<Value>& outcome)
 {
     return outcome.ok() ? print(Done, QJsonDocument(toJson(outcome.value))) : complain(outcome.error);
-}
-
-Outcome<LedgerPointer> openLedger(const CommandLine& line, ledger::Ledger::Access access)
-{
-    ledger::Ledger::Options options;
-    options.access = access;
-    return ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(homeFolder(line))), options);
 }
 
 std::optional<qint64> batchNumber(const QString& text)
@@ -48,6 +40,13 @@ Result refuseNumber(const QString& text)
 }
 
 } // namespace
+
+Outcome<std::shared_ptr<ledger::Ledger>> openLedger(const CommandLine& line, ledger::Ledger::Access access)
+{
+    ledger::Ledger::Options options;
+    options.access = access;
+    return ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(homeFolder(line))), options);
+}
 
 Result listBatches(const CommandLine& line)
 {

@@ -46,6 +46,10 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("instances"), {home, QStringLiteral("batch")}, {}}, listInstances},
         {{QStringLiteral("undo"), {home}, {batch}}, undoBatch},
         {{QStringLiteral("diff"), {data, home}, {batch, file}}, diffBatch},
+        {{QStringLiteral("halt"), {home, account, QStringLiteral("reason")}, {}}, haltTrading},
+        {{QStringLiteral("resume"), {home, account, QStringLiteral("reason")}, {}}, resumeTrading},
+        {{QStringLiteral("status"), {home}, {}}, showStatus},
+        {{QStringLiteral("report"), {home, QStringLiteral("day"), QStringLiteral("out")}, {}}, reportDay},
     };
     return table;
 }

@@ -7,6 +7,7 @@
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/FilteredTable.h"
+#include "desk/window/HaltButton.h"
 #include "desk/window/ImportPage.h"
 #include "desk/window/InstancesPage.h"
 #include "desk/window/QuotesPage.h"
@@ -110,6 +111,9 @@ void DeskWindow::makeStatusBar()
     mRefreshed->setObjectName(QStringLiteral("label_refreshed"));
     statusBar()->addPermanentWidget(mRefreshed);
     statusBar()->addPermanentWidget(user);
+    auto* halt = new HaltButton(mBooks.ledger, this);
+    connect(halt, &HaltButton::said, this, &DeskWindow::say);
+    statusBar()->addPermanentWidget(halt);
     statusBar()->setSizeGripEnabled(false);
     connect(mImport->amounts(), &AmountRefresher::refreshed, this, [this] {
         mRefreshed->setText(QStringLiteral("预计金额刷新于 %1")

@@ -80,6 +80,11 @@ inline QString outcomeUnknown(const QString& ledger, const QString& reason)
         .arg(ledger, reason);
 }
 
+inline QString noLedger(const QString& ledger)
+{
+    return QStringLiteral("没有算法台账“%1”。").arg(ledger);
+}
+
 inline QString wrongAddress()
 {
     return QStringLiteral("台账地址无效：应为文件路径，或 postgresql://[用户@]主机[:端口]/数据库。");
@@ -135,6 +140,13 @@ inline QString draftWithoutId()
 inline QString draftNotKept(const QString& folder)
 {
     return QStringLiteral("批次标识未能写入“%1”，没有创建；请检查权限和磁盘空间。").arg(folder);
+}
+
+inline QString createdBefore(qint64 batch, int rows)
+{
+    return QStringLiteral("该文件此前已创建为批次 %1（%2 个实例），只是未及告知；没有再次创建。")
+        .arg(batch)
+        .arg(rows);
 }
 
 inline QString emptyDraft()

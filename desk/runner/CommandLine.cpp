@@ -25,6 +25,10 @@ constexpr Option Options[] = {
     {"account", "ACCOUNT", &CommandLine::account, nullptr, "trading account"},
     {"data", "DIR", &CommandLine::dataFolder, nullptr, "reference data folder instead of the shipped one"},
     {"home", "DIR", &CommandLine::home, nullptr, "folder of settings and ledger"},
+    {"ledger", "ADDRESS", &CommandLine::ledger, nullptr,
+     "ledger instead of ALGODESK_LEDGER, else of the one in the home: a file, or "
+     "postgresql://[USER@]HOST[:PORT]/DATABASE"},
+    {"wait", "SECONDS", &CommandLine::wait, nullptr, "for another program's change of the ledger (5)"},
     {"answer", "yes|no", &CommandLine::answer, nullptr, "answer to the row-limit question (yes)"},
     {"switch-account", "ACCOUNT", &CommandLine::switchAccount, nullptr,
      "choose this account after the import"},
@@ -48,6 +52,8 @@ constexpr Option Options[] = {
     {"out", "OUT", &CommandLine::out, nullptr, "write the report to OUT (xlsx or csv) too"},
     {"all", "", nullptr, &CommandLine::allTemplates, "the templates of all strategies"},
 };
+
+constexpr uint LongestWait = 3600;
 
 /// Not the parser's own: that one is known by several names, and brings a second option along.
 constexpr Option Help = {"help", "", nullptr, &CommandLine::help, "this text"};
@@ -105,6 +111,11 @@ QString faultOf(const CommandLine& line, const Command& command)
     if (line.answer != QLatin1String("yes") && line.answer != QLatin1String("no")) {
         return QStringLiteral("--answer takes yes or no, not '%1'").arg(line.answer);
     }
+    bool isNumber = false;
+    const uint seconds = line.wait.toUInt(&isNumber);
+    if (!isNumber || seconds > LongestWait) {
+        return QStringLiteral("--wait takes seconds from 0 to %1, not '%2'").arg(LongestWait).arg(line.wait);
+    }
     if (line.files.size() != command.arguments.size()) {
         return wrongArguments(command, line.files.size());
     }
@@ -135,7 +146,10 @@ std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const 
             return std::nullopt;
         }
     }
-    for (QString* path : {&line.dataFolder, &line.home, &line.rejects, &line.out}) {
+    if (line.ledger.isEmpty() && command.options.contains(QLatin1String("ledger"))) {
+        line.ledger = qEnvironmentVariable("ALGODESK_LEDGER");
+    }
+    for (QString* path : {&line.dataFolder, &line.home, &line.ledger, &line.rejects, &line.out}) {
         *path = asFile(*path);
     }
     std::transform(line.files.begin(), line.files.end(), line.files.begin(), asFile);

@@ -15,6 +15,8 @@ struct CommandLine {
     QString switchAccount;
     QString dataFolder;
     QString home;
+    QString ledger;                     ///< address; empty: the file in the home
+    QString wait = QStringLiteral("5"); ///< seconds for another program's change of the ledger
     QString encoding;
     QString rejects;
     QString batch;

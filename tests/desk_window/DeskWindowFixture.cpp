@@ -26,6 +26,7 @@ void DeskWindowFixture::open()
             ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())));
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         books.ledger = opened.value;
+        books.home = home.path();
     }
     EmbeddedHost::Options options;
     options.home = home.path();

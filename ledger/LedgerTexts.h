@@ -115,6 +115,11 @@ inline QString restoreFailed(const QString& file)
     return QStringLiteral("未能恢复到“%1”，原台账未改动；请检查路径、权限和磁盘空间。").arg(file);
 }
 
+inline QString restoreOnServer(const QString& ledger)
+{
+    return QStringLiteral("台账“%1”在服务器上：请用 pg_restore 恢复，或用 algodesk ledger copy 复制到空的台账。").arg(ledger);
+}
+
 inline QString ledgerInUse(const QString& file)
 {
     return QStringLiteral("台账“%1”正被其他程序使用；请先关闭它们。").arg(file);

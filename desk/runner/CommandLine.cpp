@@ -47,7 +47,11 @@ constexpr Option Options[] = {
     {"amount", "AMOUNT", &CommandLine::amount, nullptr,
      "the gross amount, where the guard wants it typed once more"},
     {"batch", "N", &CommandLine::batch, nullptr, "only this batch"},
-    {"reason", "TEXT", &CommandLine::reason, nullptr, "why it is halted, or resumed"},
+    {"reason", "TEXT", &CommandLine::reason, nullptr, "why it is halted, resumed, refused or settled"},
+    {"as", "STATE", &CommandLine::settleAs, nullptr,
+     "what became of an instance: running, stopped, finished, rejected or queued"},
+    {"verify", "", nullptr, &CommandLine::verify, "check that no entry was changed, dropped or swapped"},
+    {"from", "N", &CommandLine::from, nullptr, "entries from this number on"},
     {"day", "DAY", &CommandLine::day, nullptr, "exchange day of a report, such as 2026-11-23 (today)"},
     {"out", "OUT", &CommandLine::out, nullptr, "write the report to OUT (xlsx or csv) too"},
     {"all", "", nullptr, &CommandLine::allTemplates, "the templates of all strategies"},
@@ -97,6 +101,11 @@ bool take(const QCommandLineParser& parser, const Option& option, CommandLine& l
     return !value.isEmpty() && !value.startsWith(QLatin1String("--"));
 }
 
+bool takesAnyNumber(const Command& command)
+{
+    return !command.arguments.isEmpty() && command.arguments.last().endsWith(QChar(0x2026)); // …
+}
+
 QString wrongArguments(const Command& command, int count)
 {
     const QString wanted = command.arguments.isEmpty() ? QStringLiteral("no argument")
@@ -116,11 +125,13 @@ QString faultOf(const CommandLine& line, const Command& command)
     if (!isNumber || seconds > LongestWait) {
         return QStringLiteral("--wait takes seconds from 0 to %1, not '%2'").arg(LongestWait).arg(line.wait);
     }
-    if (line.files.size() != command.arguments.size()) {
+    if (line.files.size() != command.arguments.size() && !takesAnyNumber(command)) {
         return wrongArguments(command, line.files.size());
     }
     const int empty = line.files.indexOf(QString());
-    return empty < 0 ? QString() : QStringLiteral("%1 must not be empty").arg(command.arguments.at(empty));
+    return empty < 0 ? QString()
+                     : QStringLiteral("%1 must not be empty")
+                           .arg(command.arguments.value(empty, command.arguments.last()));
 }
 
 } // namespace
@@ -173,6 +184,11 @@ QString usage()
         "       algodesk batches\n"
         "       algodesk instances [--batch N]\n"
         "       algodesk undo N\n"
+        "       algodesk approve N [--data DIR] | refuse N --reason TEXT\n"
+        "       algodesk start | stop | withdraw ID… | --batch N\n"
+        "       algodesk settle ID --as running|stopped|finished|rejected|queued --reason TEXT\n"
+        "       algodesk audit [--verify | --from N]\n"
+        "       algodesk backup FILE | restore FILE | vacuum\n"
         "       algodesk diff N FILE [--data DIR]\n"
         "       algodesk halt | resume [--account ACCOUNT] --reason TEXT\n"
         "       algodesk status\n"
@@ -183,7 +199,7 @@ QString usage()
         "came up,\n"
         "2 wrong usage, unknown strategy or account, bad reference data. check: 0 clean, 1 warnings, 3 "
         "errors,\n"
-        "4 unreadable. 5 it was done, but standard output took no more.\n"
+        "4 unreadable. 5 it was done, but standard output took no more. 6 the batch waits for approval.\n"
         "\n"
         "Options:\n");
     for (const Option& option : Options) {

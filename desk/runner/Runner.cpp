@@ -28,6 +28,9 @@ const QList<Subcommand>& subcommands()
     const QString home = QStringLiteral("home");
     const QString ledger = QStringLiteral("ledger");
     const QString wait = QStringLiteral("wait");
+    const QString reason = QStringLiteral("reason");
+    const QString ofBatch = QStringLiteral("batch");
+    const QString ids = QStringLiteral("ID…");
     const QString strategy = QStringLiteral("strategy");
     const QString account = QStringLiteral("account");
     const QString encoding = QStringLiteral("encoding");
@@ -48,6 +51,22 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("batches"), {home, ledger, wait}, {}}, listBatches},
         {{QStringLiteral("instances"), {home, ledger, wait, QStringLiteral("batch")}, {}}, listInstances},
         {{QStringLiteral("undo"), {home, ledger, wait}, {batch}}, undoBatch},
+        {{QStringLiteral("approve"), {data, home, ledger, wait}, {batch}}, approveBatch},
+        {{QStringLiteral("refuse"), {home, ledger, wait, reason}, {batch}}, refuseBatch},
+        {{QStringLiteral("start"), {home, ledger, wait, ofBatch}, {ids}}, startInstances},
+        {{QStringLiteral("stop"), {home, ledger, wait, ofBatch}, {ids}}, stopInstances},
+        {{QStringLiteral("withdraw"), {home, ledger, wait, ofBatch}, {ids}}, withdrawInstances},
+        {{QStringLiteral("settle"),
+          {home, ledger, wait, QStringLiteral("as"), reason},
+          {QStringLiteral("ID")}},
+         settleInstance},
+        {{QStringLiteral("audit"),
+          {home, ledger, wait, QStringLiteral("verify"), QStringLiteral("from")},
+          {}},
+         auditLedger},
+        {{QStringLiteral("backup"), {home, ledger, wait}, {file}}, backupLedger},
+        {{QStringLiteral("restore"), {home, ledger}, {file}}, restoreBackup},
+        {{QStringLiteral("vacuum"), {home, ledger, wait}, {}}, vacuumLedger},
         {{QStringLiteral("diff"), {data, home, ledger, wait}, {batch, file}}, diffBatch},
         {{QStringLiteral("halt"), {home, ledger, wait, account, QStringLiteral("reason")}, {}}, haltTrading},
         {{QStringLiteral("resume"), {home, ledger, wait, account, QStringLiteral("reason")}, {}},

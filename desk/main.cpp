@@ -1,4 +1,5 @@
 #include "desk/runner/CommandLine.h"
+#include "desk/runner/LedgerAccess.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 #include "desk/window/DeskApplication.h"
@@ -64,8 +65,9 @@ bool hasDisplay()
 int runDesk(int& argc, char** argv, const QStringList& arguments)
 {
     QString error;
-    const runner::Command desk = {
-        QStringLiteral("algodesk"), {QStringLiteral("data"), QStringLiteral("home")}, {}};
+    const runner::Command desk = {QStringLiteral("algodesk"),
+                                  {QStringLiteral("data"), QStringLiteral("home"), QStringLiteral("ledger")},
+                                  {}};
     const auto line = runner::parseCommandLine(arguments, desk, error);
     if (!line) {
         return complain(error);
@@ -73,6 +75,10 @@ int runDesk(int& argc, char** argv, const QStringList& arguments)
     if (line->help) {
         std::printf("%s", qUtf8Printable(runner::usage()));
         return runner::Done;
+    }
+    const Outcome<ledger::Address> address = runner::ledgerAddress(*line);
+    if (!address.ok()) {
+        return complain(address.error);
     }
     if (!hasDisplay()) {
         return complain(
@@ -85,7 +91,8 @@ int runDesk(int& argc, char** argv, const QStringList& arguments)
     if (!host) {
         return complainInWindow(error);
     }
-    const auto books = openDeskBooks(runner::homeFolder(*line), runner::referenceDataFolder(*line), error);
+    const auto books =
+        openDeskBooks(address.value, runner::homeFolder(*line), runner::referenceDataFolder(*line), error);
     if (!books) {
         return complainInWindow(error);
     }

@@ -68,6 +68,10 @@ public:
     QString path() const; ///< Address::shown()
     QDate today() const;  ///< of the exchanges (UTC+8)
 
+    /// Waits while another program changes the ledger; an error where it still does after
+    /// Options::waitSeconds.
+    Outcome<void> awaitTurn();
+
     // Creating.
 
     /// What the ledger holds against a draft now.

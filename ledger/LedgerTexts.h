@@ -80,6 +80,11 @@ inline QString outcomeUnknown(const QString& ledger, const QString& reason)
         .arg(ledger, reason);
 }
 
+inline QString noLedger(const QString& ledger)
+{
+    return QStringLiteral("没有算法台账“%1”。").arg(ledger);
+}
+
 inline QString wrongAddress()
 {
     return QStringLiteral("台账地址无效：应为文件路径，或 postgresql://[用户@]主机[:端口]/数据库。");
@@ -110,6 +115,11 @@ inline QString restoreFailed(const QString& file)
     return QStringLiteral("未能恢复到“%1”，原台账未改动；请检查路径、权限和磁盘空间。").arg(file);
 }
 
+inline QString restoreOnServer(const QString& ledger)
+{
+    return QStringLiteral("台账“%1”在服务器上：请用 pg_restore 恢复，或用 algodesk ledger copy 复制到空的台账。").arg(ledger);
+}
+
 inline QString ledgerInUse(const QString& file)
 {
     return QStringLiteral("台账“%1”正被其他程序使用；请先关闭它们。").arg(file);
@@ -135,6 +145,13 @@ inline QString draftWithoutId()
 inline QString draftNotKept(const QString& folder)
 {
     return QStringLiteral("批次标识未能写入“%1”，没有创建；请检查权限和磁盘空间。").arg(folder);
+}
+
+inline QString createdBefore(qint64 batch, int rows)
+{
+    return QStringLiteral("该文件此前已创建为批次 %1（%2 个实例），只是未及告知；没有再次创建。")
+        .arg(batch)
+        .arg(rows);
 }
 
 inline QString emptyDraft()

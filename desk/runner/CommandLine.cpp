@@ -27,6 +27,10 @@ constexpr Option Options[] = {
     {"account", "ACCOUNT", &CommandLine::account, nullptr, "trading account"},
     {"data", "DIR", &CommandLine::dataFolder, nullptr, "reference data folder instead of the shipped one"},
     {"home", "DIR", &CommandLine::home, nullptr, "folder of settings and ledger"},
+    {"ledger", "ADDRESS", &CommandLine::ledger, nullptr,
+     "ledger instead of ALGODESK_LEDGER, else of the one in the home: a file, or "
+     "postgresql://[USER@]HOST[:PORT]/DATABASE"},
+    {"wait", "SECONDS", &CommandLine::wait, nullptr, "for another program's change of the ledger (5)"},
     {"answer", "yes|no", &CommandLine::answer, nullptr, "answer to the row-limit question (yes)"},
     {"switch-account", "ACCOUNT", &CommandLine::switchAccount, nullptr,
      "choose this account after the import"},
@@ -45,11 +49,17 @@ constexpr Option Options[] = {
     {"amount", "AMOUNT", &CommandLine::amount, nullptr,
      "the gross amount, where the guard wants it typed once more"},
     {"batch", "N", &CommandLine::batch, nullptr, "only this batch"},
-    {"reason", "TEXT", &CommandLine::reason, nullptr, "why it is halted, or resumed"},
+    {"reason", "TEXT", &CommandLine::reason, nullptr, "why it is halted, resumed, refused or settled"},
+    {"as", "STATE", &CommandLine::settleAs, nullptr,
+     "what became of an instance: running, stopped, finished, rejected or queued"},
+    {"verify", "", nullptr, &CommandLine::verify, "check that no entry was changed, dropped or swapped"},
+    {"from", "N", &CommandLine::from, nullptr, "entries from this number on"},
     {"day", "DAY", &CommandLine::day, nullptr, "exchange day of a report, such as 2026-11-23 (today)"},
     {"out", "OUT", &CommandLine::out, nullptr, "write the report to OUT (xlsx or csv) too"},
     {"all", "", nullptr, &CommandLine::allTemplates, "the templates of all strategies"},
 };
+
+constexpr uint LongestWait = 3600;
 
 /// Not the parser's own: that one is known by several names, and brings a second option along.
 constexpr Option Help = {"help", "", nullptr, &CommandLine::help, "this text"};
@@ -93,6 +103,11 @@ bool take(const QCommandLineParser& parser, const Option& option, CommandLine& l
     return !value.isEmpty() && !value.startsWith(QLatin1String("--"));
 }
 
+bool takesAnyNumber(const Command& command)
+{
+    return !command.arguments.isEmpty() && command.arguments.last().endsWith(QChar(0x2026)); // …
+}
+
 QString wrongArguments(const Command& command, int count)
 {
     const QString wanted = command.arguments.isEmpty() ? QStringLiteral("no argument")
@@ -107,11 +122,18 @@ QString faultOf(const CommandLine& line, const Command& command)
     if (line.answer != QLatin1String("yes") && line.answer != QLatin1String("no")) {
         return QStringLiteral("--answer takes yes or no, not '%1'").arg(line.answer);
     }
-    if (line.files.size() != command.arguments.size()) {
+    bool isNumber = false;
+    const uint seconds = line.wait.toUInt(&isNumber);
+    if (!isNumber || seconds > LongestWait) {
+        return QStringLiteral("--wait takes seconds from 0 to %1, not '%2'").arg(LongestWait).arg(line.wait);
+    }
+    if (line.files.size() != command.arguments.size() && !takesAnyNumber(command)) {
         return wrongArguments(command, line.files.size());
     }
     const int empty = line.files.indexOf(QString());
-    return empty < 0 ? QString() : QStringLiteral("%1 must not be empty").arg(command.arguments.at(empty));
+    return empty < 0 ? QString()
+                     : QStringLiteral("%1 must not be empty")
+                           .arg(command.arguments.value(empty, command.arguments.last()));
 }
 
 } // namespace
@@ -137,7 +159,10 @@ std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const 
             return std::nullopt;
         }
     }
-    for (QString* path : {&line.dataFolder, &line.home, &line.rejects, &line.out}) {
+    if (line.ledger.isEmpty() && command.options.contains(QLatin1String("ledger"))) {
+        line.ledger = qEnvironmentVariable("ALGODESK_LEDGER");
+    }
+    for (QString* path : {&line.dataFolder, &line.home, &line.ledger, &line.rejects, &line.out}) {
         *path = asFile(*path);
     }
     std::transform(line.files.begin(), line.files.end(), line.files.begin(), asFile);
@@ -162,9 +187,14 @@ QString usage()
             "       algodesk batches\n"
             "       algodesk instances [--batch N]\n"
             "       algodesk undo N\n"
+            "       algodesk approve N [--data DIR] | refuse N --reason TEXT\n"
+            "       algodesk start | stop | withdraw ID… | --batch N\n"
+            "       algodesk settle ID --as running|stopped|finished|rejected|queued --reason TEXT\n"
+            "       algodesk audit [--verify | --from N]\n"
+            "       algodesk backup FILE | restore FILE | vacuum\n"
             "       algodesk diff N FILE [--data DIR]\n"
-            "       algodesk ledger init ADDRESS | ledger copy FROM TO\n"
             "       algodesk halt | resume [--account ACCOUNT] --reason TEXT\n"
+            "       algodesk ledger init ADDRESS | ledger copy FROM TO\n"
             "       algodesk status\n"
             "       algodesk report [--day DAY] [--out OUT]\n"
             "%1"
@@ -174,7 +204,7 @@ QString usage()
             "came up,\n"
             "2 wrong usage, unknown strategy or account, bad reference data. check: 0 clean, 1 warnings, 3 "
             "errors,\n"
-            "4 unreadable. 5 it was done, but standard output took no more.\n"
+            "4 unreadable. 5 it was done, but standard output took no more. 6 the batch waits for approval.\n"
             "\n"
             "Options:\n")
             .arg(gatewayUsage());

@@ -15,10 +15,14 @@ struct CommandLine {
     QString switchAccount;
     QString dataFolder;
     QString home;
+    QString ledger;                     ///< address; empty: the file in the home
+    QString wait = QStringLiteral("5"); ///< seconds for another program's change of the ledger
     QString encoding;
     QString rejects;
     QString batch;
-    QString reason;                         ///< of a halt, or of its end
+    QString reason;                         ///< of a halt or its end, a refusal, a settlement
+    QString settleAs;                       ///< name of a state
+    QString from;                           ///< number of an audit entry
     QString day;                            ///< yyyy-MM-dd
     QString out;                            ///< the file that a report goes to
     QString accept;                         ///< rules that are acknowledged, separated by commas
@@ -29,6 +33,7 @@ struct CommandLine {
     bool faults = false;
     bool yes = false;
     bool allTemplates = false;
+    bool verify = false;
     bool help = false;
 };
 
@@ -36,7 +41,7 @@ struct CommandLine {
 struct Command {
     QString name;
     QStringList options;   ///< names of those that it takes
-    QStringList arguments; ///< placeholders of those that it needs, such as FILE
+    QStringList arguments; ///< placeholders of those that it needs, such as FILE; "ID…" stands for any number
 };
 
 /// Reads what follows the subcommand's name; nothing and a line in `error` where it is wrong. No value and no

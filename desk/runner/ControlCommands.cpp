@@ -24,11 +24,6 @@ QString utc(const QDateTime& time)
     return time.isValid() ? time.toUTC().toString(Qt::ISODateWithMs) : QString();
 }
 
-Result complain(const QString& error)
-{
-    return print(Complained, QJsonDocument(QJsonObject{{key("error"), error}}));
-}
-
 QJsonObject toJson(const ledger::Status& status)
 {
     QJsonArray halts;

@@ -4,6 +4,7 @@
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/FaultJson.h"
 #include "desk/runner/JudgementJson.h"
+#include "desk/runner/LedgerAccess.h"
 #include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
@@ -67,14 +68,28 @@ Creation judgeAndCreate(Ledger& ledger, const ledger::BatchDraft& draft, const b
     return {creationToJson(judgement.value, created), status, nullptr};
 }
 
+/// The ledger to create in, as soon as no other program writes it: waiting comes before the import, so that
+/// prices and times are those of the creation.
+Outcome<LedgerPointer> awaitLedger(const CommandLine& line)
+{
+    Outcome<LedgerPointer> opened;
+    if (line.create) {
+        opened = openLedger(line, Ledger::Access::Write);
+    }
+    if (opened.ok() && opened.value) {
+        opened.error = opened.value->awaitTurn().error;
+    }
+    return opened;
+}
+
 /// A repeated command finds what the one before made, where that never told its outcome.
-Creation createBatch(DialogDriver& driver, const CommandLine& line, const Ground& ground)
+Creation createBatch(const Outcome<LedgerPointer>& opened, DialogDriver& driver, const CommandLine& line,
+                     const Ground& ground)
 {
     const QString stopped = objection(driver, line);
     if (!stopped.isEmpty()) {
         return failed(stopped);
     }
-    const auto opened = Ledger::open(ledger::Address::ofFile(Ledger::pathIn(homeFolder(line))));
     if (!opened.ok()) {
         return failed(opened.error);
     }
@@ -155,6 +170,7 @@ Result importFile(const CommandLine& line)
     if (!driver.unknownName().isEmpty()) {
         return refuse(driver.unknownName());
     }
+    const Outcome<LedgerPointer> opened = awaitLedger(line);
     const ImportedFile file = ImportedFile::read(driver.path());
     driver.importFile(file);
     driver.switchAccountAndConfirm();
@@ -166,7 +182,7 @@ Result importFile(const CommandLine& line)
     bool complained = !driver.shownBoxes().isEmpty();
     Creation creation{{}, Done, nullptr};
     if (line.create) {
-        creation = createBatch(driver, line, {file.table, desk.value, host->referenceData()});
+        creation = createBatch(opened, driver, line, {file.table, desk.value, host->referenceData()});
         json[QStringLiteral("creation")] = creation.json;
         complained = complained || creation.status == Complained;
     }

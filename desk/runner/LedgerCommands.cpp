@@ -6,7 +6,6 @@
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -16,37 +15,13 @@ namespace runner {
 
 namespace {
 
-Result complain(const QString& error)
-{
-    return print(Complained, QJsonDocument(QJsonObject{{QStringLiteral("error"), error}}));
-}
-
 /// JSON of a value, or its error.
 template <typename Value> Result printed(const Outcome<Value>& outcome)
 {
     return outcome.ok() ? print(Done, QJsonDocument(toJson(outcome.value))) : complain(outcome.error);
 }
 
-std::optional<qint64> batchNumber(const QString& text)
-{
-    bool isNumber = false;
-    const qint64 number = text.toLongLong(&isNumber);
-    return isNumber && number > 0 ? std::optional<qint64>(number) : std::nullopt;
-}
-
-Result refuseNumber(const QString& text)
-{
-    return refuse(QStringLiteral("a batch is named by its number, not '%1'").arg(text));
-}
-
 } // namespace
-
-Outcome<std::shared_ptr<ledger::Ledger>> openLedger(const CommandLine& line, ledger::Ledger::Access access)
-{
-    ledger::Ledger::Options options;
-    options.access = access;
-    return ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(homeFolder(line))), options);
-}
 
 Result listBatches(const CommandLine& line)
 {
@@ -91,9 +66,8 @@ Result undoBatch(const CommandLine& line)
         return refuseNumber(line.files.first());
     }
     // A home that was mistyped must not get a ledger: where there is none, an empty one answers.
-    const bool isThere = QFileInfo::exists(ledger::Ledger::pathIn(homeFolder(line)));
     const auto opened =
-        openLedger(line, isThere ? ledger::Ledger::Access::Write : ledger::Ledger::Access::Read);
+        openLedger(line, isLedgerThere(line) ? ledger::Ledger::Access::Write : ledger::Ledger::Access::Read);
     if (!opened.ok()) {
         return complain(opened.error);
     }

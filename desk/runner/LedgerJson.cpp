@@ -56,15 +56,6 @@ QJsonObject findingToJson(const Finding& finding)
             {key("rows"), arrayOf(finding.rows, [](int row) { return row; })}};
 }
 
-QJsonObject undoneToJson(const ChangedInstance& undone)
-{
-    return {{key("id"), undone.id.text()},
-            {key("row"), undone.id.row},
-            {key("symbols"), QJsonArray::fromStringList(undone.symbols)},
-            {key("before"), nameOf(undone.before)},
-            {key("after"), nameOf(undone.after)}};
-}
-
 QJsonObject changedToJson(const ChangedCell& cell)
 {
     return {{key("oldRow"), cell.oldRow},
@@ -133,13 +124,42 @@ QJsonObject toJson(const Verdict& verdict)
             {key("confirmationAmount"), verdict.confirmationAmount}};
 }
 
+QJsonObject toJson(const ChangedInstance& changed)
+{
+    return {{key("id"), changed.id.text()},
+            {key("row"), changed.id.row},
+            {key("symbols"), QJsonArray::fromStringList(changed.symbols)},
+            {key("before"), nameOf(changed.before)},
+            {key("after"), nameOf(changed.after)}};
+}
+
+QJsonArray toJson(const QList<ChangedInstance>& changed)
+{
+    return arrayOf(changed, [](const ChangedInstance& instance) { return toJson(instance); });
+}
+
+/// The detail stays the text that the hash covers.
+QJsonObject toJson(const AuditEntry& entry)
+{
+    return {{key("number"), entry.number},   {key("at"), utc(entry.at)}, {key("by"), entry.by},
+            {key("program"), entry.program}, {key("what"), entry.what},  {key("subject"), entry.subject},
+            {key("detail"), entry.detail},   {key("hash"), entry.hash}};
+}
+
+QJsonObject toJson(const AuditVerdict& verdict)
+{
+    return {{key("entries"), verdict.entries},
+            {key("head"), verdict.head},
+            {key("broken"), verdict.broken ? QJsonValue(*verdict.broken) : QJsonValue(QJsonValue::Null)}};
+}
+
 QJsonObject toJson(const UndoReport& report)
 {
     return {{key("batch"), report.batch},
             {key("state"), nameOf(report.state)},
-            {key("withdrawn"), arrayOf(report.withdrawn, undoneToJson)},
-            {key("stopped"), arrayOf(report.stopped, undoneToJson)},
-            {key("notReversed"), arrayOf(report.notReversed, undoneToJson)},
+            {key("withdrawn"), toJson(report.withdrawn)},
+            {key("stopped"), toJson(report.stopped)},
+            {key("notReversed"), toJson(report.notReversed)},
             {key("alreadyUndone"), report.alreadyUndone}};
 }
 

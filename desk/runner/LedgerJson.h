@@ -13,6 +13,10 @@ QJsonObject toJson(const ledger::Batch& batch);
 QJsonObject toJson(const ledger::Instance& instance);
 QJsonObject toJson(const ledger::Verdict& verdict);
 QJsonObject toJson(const ledger::UndoReport& report);
+QJsonObject toJson(const ledger::ChangedInstance& changed);
+QJsonArray toJson(const QList<ledger::ChangedInstance>& changed);
+QJsonObject toJson(const ledger::AuditEntry& entry);
+QJsonObject toJson(const ledger::AuditVerdict& verdict);
 /// `batch` is the number of the batch compared with, `fileName` the edited file.
 QJsonObject toJson(const ledger::BatchDiff& diff, qint64 batch, const QString& fileName);
 QJsonArray toJson(const QList<ledger::Batch>& batches);

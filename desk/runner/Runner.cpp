@@ -3,6 +3,7 @@
 #include "desk/runner/CommandLine.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/GatewayCommands.h"
+#include "desk/runner/LedgerAccess.h"
 
 #include <QFileDevice>
 #include <QList>
@@ -26,15 +27,20 @@ const QList<Subcommand>& subcommands()
     const QString batch = QStringLiteral("N");
     const QString data = QStringLiteral("data");
     const QString home = QStringLiteral("home");
+    const QString ledger = QStringLiteral("ledger");
+    const QString wait = QStringLiteral("wait");
+    const QString reason = QStringLiteral("reason");
+    const QString ofBatch = QStringLiteral("batch");
+    const QString ids = QStringLiteral("ID…");
     const QString strategy = QStringLiteral("strategy");
     const QString account = QStringLiteral("account");
     const QString encoding = QStringLiteral("encoding");
     static const QList<Subcommand> table = {
         {{QStringLiteral("import"),
-          {data, home, strategy, account, QStringLiteral("answer"), QStringLiteral("switch-account"),
-           QStringLiteral("confirm"), QStringLiteral("create"), QStringLiteral("yes"),
-           QStringLiteral("accept"), QStringLiteral("amount"), QStringLiteral("rejects"),
-           QStringLiteral("faults")},
+          {data, home, ledger, wait, strategy, account, QStringLiteral("answer"),
+           QStringLiteral("switch-account"), QStringLiteral("confirm"), QStringLiteral("create"),
+           QStringLiteral("yes"), QStringLiteral("accept"), QStringLiteral("amount"),
+           QStringLiteral("rejects"), QStringLiteral("faults")},
           {file}},
          importFile},
         {{QStringLiteral("rows"), {home, encoding}, {file}}, readRows},
@@ -43,16 +49,34 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("accounts"), {data, home}, {}}, listAccounts},
         {{QStringLiteral("securities"), {data, home}, {}}, listSecurities},
         {{QStringLiteral("template"), {data, home, strategy, QStringLiteral("all")}, {out}}, writeTemplate},
-        {{QStringLiteral("batches"), {home}, {}}, listBatches},
-        {{QStringLiteral("instances"), {home, QStringLiteral("batch")}, {}}, listInstances},
-        {{QStringLiteral("undo"), {home}, {batch}}, undoBatch},
-        {{QStringLiteral("diff"), {data, home}, {batch, file}}, diffBatch},
+        {{QStringLiteral("batches"), {home, ledger, wait}, {}}, listBatches},
+        {{QStringLiteral("instances"), {home, ledger, wait, QStringLiteral("batch")}, {}}, listInstances},
+        {{QStringLiteral("undo"), {home, ledger, wait}, {batch}}, undoBatch},
+        {{QStringLiteral("approve"), {data, home, ledger, wait}, {batch}}, approveBatch},
+        {{QStringLiteral("refuse"), {home, ledger, wait, reason}, {batch}}, refuseBatch},
+        {{QStringLiteral("start"), {home, ledger, wait, ofBatch}, {ids}}, startInstances},
+        {{QStringLiteral("stop"), {home, ledger, wait, ofBatch}, {ids}}, stopInstances},
+        {{QStringLiteral("withdraw"), {home, ledger, wait, ofBatch}, {ids}}, withdrawInstances},
+        {{QStringLiteral("settle"),
+          {home, ledger, wait, QStringLiteral("as"), reason},
+          {QStringLiteral("ID")}},
+         settleInstance},
+        {{QStringLiteral("audit"),
+          {home, ledger, wait, QStringLiteral("verify"), QStringLiteral("from")},
+          {}},
+         auditLedger},
+        {{QStringLiteral("backup"), {home, ledger, wait}, {file}}, backupLedger},
+        {{QStringLiteral("restore"), {home, ledger}, {file}}, restoreBackup},
+        {{QStringLiteral("vacuum"), {home, ledger, wait}, {}}, vacuumLedger},
+        {{QStringLiteral("diff"), {data, home, ledger, wait}, {batch, file}}, diffBatch},
         {{QStringLiteral("ledger init"), {}, {QStringLiteral("ADDRESS")}}, initLedger},
         {{QStringLiteral("ledger copy"), {}, {QStringLiteral("FROM"), QStringLiteral("TO")}}, copyLedger},
-        {{QStringLiteral("halt"), {home, account, QStringLiteral("reason")}, {}}, haltTrading},
-        {{QStringLiteral("resume"), {home, account, QStringLiteral("reason")}, {}}, resumeTrading},
-        {{QStringLiteral("status"), {home}, {}}, showStatus},
-        {{QStringLiteral("report"), {home, QStringLiteral("day"), QStringLiteral("out")}, {}}, reportDay},
+        {{QStringLiteral("halt"), {home, ledger, wait, account, QStringLiteral("reason")}, {}}, haltTrading},
+        {{QStringLiteral("resume"), {home, ledger, wait, account, QStringLiteral("reason")}, {}},
+         resumeTrading},
+        {{QStringLiteral("status"), {home, ledger, wait}, {}}, showStatus},
+        {{QStringLiteral("report"), {home, ledger, wait, QStringLiteral("day"), QStringLiteral("out")}, {}},
+         reportDay},
     };
     return table;
 }
@@ -86,6 +110,9 @@ Result dispatch(const QStringList& arguments)
     if (!line) {
         return refuse(error);
     }
+    if (!line->help && !ledgerAddress(*line).ok()) {
+        return refuse(ledgerAddress(*line).error);
+    }
     return line->help ? Result{Done, usage().toUtf8(), QString(), nullptr} : found->run(*line);
 }
 
@@ -116,7 +143,7 @@ Result print(int status, const QJsonDocument& json)
 bool isAsked(const QStringList& arguments)
 {
     return !arguments.isEmpty() && arguments.first() != QLatin1String("--home") &&
-           arguments.first() != QLatin1String("--data");
+           arguments.first() != QLatin1String("--data") && arguments.first() != QLatin1String("--ledger");
 }
 
 int run(const QStringList& arguments, QIODevice& out, QIODevice& err)

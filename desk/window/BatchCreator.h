@@ -21,10 +21,13 @@ public:
     {
     }
 
+    /// Where an attempt before made the batch and never told, the user is told, and it is that one.
     /// Nothing where the guard or the user refused, or the ledger could not; the user was told why.
     std::optional<ledger::Batch> create(const HandOver& batch) const;
 
 private:
+    std::optional<ledger::Batch> repeated(const ledger::Batch& made) const;
+    std::optional<ledger::Batch> judgeAndCreate(const HandOver& batch, const ledger::BatchDraft& draft) const;
     bool askUser(const verdict::Judgement& judgement, verdict::Acceptance& acceptance) const;
     void tell(const QString& error) const;
 

@@ -1,14 +1,16 @@
 #include "desk/window/DeskBooks.h"
 
-std::optional<DeskBooks> openDeskBooks(const QString& home, const QString& dataFolder, QString& error)
+std::optional<DeskBooks> openDeskBooks(const ledger::Address& ledger, const QString& home,
+                                       const QString& dataFolder, QString& error)
 {
     const Outcome<verdict::Desk> desk = verdict::Desk::read(dataFolder);
     error = desk.error;
     if (!desk.ok()) {
         return std::nullopt;
     }
-    const auto opened = ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home)));
+    const auto opened = ledger::Ledger::open(ledger);
     DeskBooks books;
+    books.home = home;
     books.ledger = opened.value;
     books.ledgerError = opened.error;
     books.desk = desk.value;

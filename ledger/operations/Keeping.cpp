@@ -5,6 +5,11 @@
 
 namespace ledger {
 
+Outcome<void> Ledger::awaitTurn()
+{
+    return {mCore->change<bool>([](Change&) { return Outcome<bool>{true, QString()}; }).error};
+}
+
 Outcome<QList<AuditEntry>> Ledger::audit(qint64 from, int most) const
 {
     return mCore->read<QList<AuditEntry>>([&](Statements& statements) {

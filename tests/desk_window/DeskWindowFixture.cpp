@@ -27,6 +27,7 @@ void DeskWindowFixture::open()
             ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())));
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         books.ledger = opened.value;
+        books.home = home.path();
     }
     if (!books.clock) {
         // In the morning of the day that the rows of the small market name, whenever the test runs.

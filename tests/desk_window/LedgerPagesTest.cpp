@@ -4,8 +4,10 @@
 #include "desk/window/VerdictDialog.h"
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "host/SolveyAccountComboBox.h"
+#include "ledger/draft/DraftJournal.h"
 #include "tests/desk_window/DeskWindowFixture.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -107,6 +109,32 @@ TEST_F(LedgerPagesTest, TheSameFileAgainIsCreatedOnlyWhenTheUserInsists)
     pressConfirm();
     EXPECT_EQ(batches().shownRows().size(), 1 + 1);
     pressConfirm(); // and acknowledge it
+    EXPECT_EQ(batches().shownRows().size(), 1 + 2);
+}
+
+/// What a kill between the commit and the window's answer leaves: the batch, and the draft's id in the home.
+TEST_F(LedgerPagesTest, TheSameFileAfterAKillFindsItsBatch)
+{
+    open();
+    createBatch({row("600000"_s, "300"_s)});
+    EXPECT_TRUE(QDir(home.filePath("drafts"_s)).isEmpty()) << "the user was told";
+    const ledger::Batch made = books.ledger->batch(1).value;
+    ledger::BatchDraft untold;
+    untold.id = made.draftId;
+    untold.fileSha256 = made.fileSha256;
+    untold.account = made.account;
+    untold.strategy = made.strategy;
+    ASSERT_TRUE(ledger::DraftJournal(home.path()).begin(untold, books.ledger->today()).ok());
+    window->importPage()->frame()->open();
+    drop(writeFile({row("600000"_s, "300"_s)}));
+    answer("button_ok"_s);
+    pressConfirm();
+    EXPECT_EQ(batches().shownRows().size(), 1 + 1);
+    EXPECT_TRUE(message().contains("批次 1"_s)) << message().toStdString();
+    EXPECT_TRUE(QDir(home.filePath("drafts"_s)).isEmpty());
+    window->importPage()->frame()->open();
+    drop(writeFile({row("600000"_s, "300"_s)}));
+    pressConfirm(); // meant once more
     EXPECT_EQ(batches().shownRows().size(), 1 + 2);
 }
 

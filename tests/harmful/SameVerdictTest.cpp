@@ -113,7 +113,8 @@ QString byWindow(const QString& file, const QString& strategy, const QString& ac
     EmbeddedHost::Options options;
     options.home = home.path();
     EmbeddedHost host(ReferenceData(std::move(*tables)), options);
-    const auto books = openDeskBooks(home.path(), DataFolder, error);
+    const auto books = openDeskBooks(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())),
+                                     home.path(), DataFolder, error);
     EXPECT_TRUE(books.has_value()) << error.toStdString();
     DeskWindow window(host, *books);
     window.show();

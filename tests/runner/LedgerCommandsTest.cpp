@@ -1,5 +1,4 @@
 #include "tests/runner/RunnerTest.h"
-#include "tests/support/SchemaCheck.h"
 
 #include <pwd.h>
 #include <sys/file.h>
@@ -14,11 +13,6 @@
 /// rows.
 class LedgerCommands : public RunnerTest {
 protected:
-    Run create(const QString& file, const QStringList& more = {})
-    {
-        return import(file, aitwap() + QStringList{"--confirm"_s, "--create"_s} + more);
-    }
-
     /// The answer goes to a full disk.
     Run createUntold(const QString& file)
     {
@@ -31,10 +25,6 @@ protected:
         return finish(process);
     }
 
-    /// A subcommand on the home of the imports.
-    Run atHome(const QStringList& arguments) { return run(arguments + QStringList{"--home"_s, home()}); }
-
-    static QJsonObject creation(const Run& created) { return created.object()["creation"_s].toObject(); }
     static QJsonObject guard(const Run& created) { return creation(created)["guard"_s].toObject(); }
 
     /// Says why nothing was created, and has nothing in the ledger.
@@ -46,12 +36,6 @@ protected:
         const QString error = creation(run)["error"_s].toString();
         EXPECT_TRUE(error.contains(reason)) << error.toStdString();
         EXPECT_TRUE(atHome({"batches"_s}).json().array().isEmpty());
-    }
-
-    static void expectValid(const QJsonValue& value, const QString& schema)
-    {
-        const QStringList faults = faultsBySchema(value, schema);
-        EXPECT_TRUE(faults.isEmpty()) << schema.toStdString() << faults.join("\n"_s).toStdString();
     }
 
     static QStringList rules(const Run& created, const QString& kind)

@@ -1,5 +1,7 @@
 #include "tests/runner/RunnerTest.h"
 
+#include "tests/support/SchemaCheck.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcessEnvironment>
@@ -75,8 +77,9 @@ void RunnerTest::SetUp()
 void RunnerTest::prepare(QProcess& process, const QMap<QString, QString>& environment) const
 {
     QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
-    for (const QString& name : {"QT_LOGGING_RULES"_s, "QT_QPA_PLATFORM"_s, "XDG_RUNTIME_DIR"_s,
-                                "XDG_CONFIG_HOME"_s, "XDG_DATA_HOME"_s, "XDG_CACHE_HOME"_s}) {
+    for (const QString& name :
+         {"QT_LOGGING_RULES"_s, "QT_QPA_PLATFORM"_s, "XDG_RUNTIME_DIR"_s, "XDG_CONFIG_HOME"_s,
+          "XDG_DATA_HOME"_s, "XDG_CACHE_HOME"_s, "ALGODESK_LEDGER"_s}) {
         all.remove(name);
     }
     all.insert("HOME"_s, mFolder.path());
@@ -117,6 +120,22 @@ QStringList RunnerTest::importArguments(const QString& file, const QStringList& 
 RunnerTest::Run RunnerTest::import(const QString& file, const QStringList& more)
 {
     return run(importArguments(file, more));
+}
+
+RunnerTest::Run RunnerTest::create(const QString& file, const QStringList& more)
+{
+    return import(file, aitwap() + QStringList{"--confirm"_s, "--create"_s} + more);
+}
+
+QJsonObject RunnerTest::creation(const Run& created)
+{
+    return created.object()["creation"_s].toObject();
+}
+
+void RunnerTest::expectValid(const QJsonValue& value, const QString& schema)
+{
+    const QStringList faults = faultsBySchema(value, schema);
+    EXPECT_TRUE(faults.isEmpty()) << schema.toStdString() << faults.join("\n"_s).toStdString();
 }
 
 QString RunnerTest::writeData(const QString& name, const QByteArray& bytes)

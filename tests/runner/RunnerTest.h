@@ -38,6 +38,12 @@ protected:
     /// algodesk import FILE --data … --home … and these arguments.
     QStringList importArguments(const QString& file, const QStringList& more = aitwap()) const;
     Run import(const QString& file, const QStringList& more = aitwap());
+    /// An import that creates its batch in the home's ledger.
+    Run create(const QString& file, const QStringList& more = {});
+    static QJsonObject creation(const Run& created);
+    /// A subcommand on the home of the imports.
+    Run atHome(const QStringList& arguments) { return run(arguments + QStringList{"--home"_s, home()}); }
+    static void expectValid(const QJsonValue& value, const QString& schema);
 
     /// Writes a file of the data folder, or beside it; returns its path.
     QString writeData(const QString& name, const QByteArray& bytes);

@@ -1,0 +1,114 @@
+// The audit trail, and keeping the ledger safe.
+
+#include "desk/runner/LedgerAccess.h"
+#include "desk/runner/LedgerJson.h"
+#include "desk/runner/Runner.h"
+#include "ledger/LedgerTexts.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace runner {
+
+namespace {
+
+using ledger::Ledger;
+
+/// How many entries are read at once.
+constexpr int EntriesAPage = 1000;
+
+Result verifyAudit(const Ledger& ledger)
+{
+    const Outcome<ledger::AuditVerdict> verdict = ledger.verifyAudit();
+    return verdict.ok()
+               ? print(verdict.value.broken ? Complained : Done, QJsonDocument(toJson(verdict.value)))
+               : complain(verdict.error);
+}
+
+Result listAudit(const Ledger& ledger, qint64 from)
+{
+    QJsonArray entries;
+    for (bool isMore = true; isMore;) {
+        const Outcome<QList<ledger::AuditEntry>> page = ledger.audit(from, EntriesAPage);
+        if (!page.ok()) {
+            return complain(page.error);
+        }
+        for (const ledger::AuditEntry& entry : page.value) {
+            entries.append(toJson(entry));
+            from = entry.number + 1;
+        }
+        isMore = !page.value.isEmpty();
+    }
+    return print(Done, QJsonDocument(entries));
+}
+
+/// What was kept, and where.
+Result kept(const Outcome<void>& done, const CommandLine& line)
+{
+    if (!done.ok()) {
+        return complain(done.error);
+    }
+    QJsonObject json{{QStringLiteral("ledger"), ledgerAddress(line).value.shown()}};
+    if (!line.files.isEmpty()) {
+        json[QStringLiteral("file")] = QFileInfo(line.files.first()).absoluteFilePath();
+    }
+    return print(Done, QJsonDocument(json));
+}
+
+/// On a new machine there is no home yet; one that is made belongs to its owner alone.
+void makeFolderOf(const QString& path)
+{
+    const QString folder = QFileInfo(path).absolutePath();
+    if (!QFileInfo::exists(folder) && QDir().mkpath(folder)) {
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+}
+
+} // namespace
+
+Result auditLedger(const CommandLine& line)
+{
+    bool isNumber = true;
+    const qint64 from = line.from.isEmpty() ? 1 : line.from.toLongLong(&isNumber);
+    if (!isNumber || from < 1) {
+        return refuse(QStringLiteral("--from takes the number of an entry, not '%1'").arg(line.from));
+    }
+    if (line.verify && !line.from.isEmpty()) {
+        return refuse(QStringLiteral("--verify takes no --from: every entry covers the one before"));
+    }
+    const auto opened = openExistingLedger(line, Ledger::Access::Read);
+    if (!opened.ok()) {
+        return complain(opened.error);
+    }
+    return line.verify ? verifyAudit(*opened.value) : listAudit(*opened.value, from);
+}
+
+Result backupLedger(const CommandLine& line)
+{
+    const auto opened = openExistingLedger(line, Ledger::Access::Read);
+    return opened.ok() ? kept(opened.value->backup(line.files.first()), line) : complain(opened.error);
+}
+
+Result restoreBackup(const CommandLine& line)
+{
+    const ledger::Address address = ledgerAddress(line).value;
+    if (address.kind == ledger::Address::Kind::Server) {
+        return complain(ledger::texts::restoreOnServer(address.shown()));
+    }
+    const QString& backup = line.files.first();
+    if (QFileInfo(backup).isFile()) {
+        makeFolderOf(address.path);
+    }
+    return kept(ledger::restoreLedger(backup, address.path), line);
+}
+
+Result vacuumLedger(const CommandLine& line)
+{
+    const auto opened = openExistingLedger(line, Ledger::Access::Write);
+    return opened.ok() ? kept(opened.value->vacuum(), line) : complain(opened.error);
+}
+
+} // namespace runner

@@ -274,11 +274,11 @@ bool holdsNoOrders(const Table& table, const Expectation& expectation)
     return !expectation.codeTitle.isEmpty() && FileColumns(table, expectation).code < 0;
 }
 
-/// But what is said of its titles: they may be why.
+/// But a title that may be meant for another: it may be why.
 QList<Finding> softened(QList<Finding> findings)
 {
     for (Finding& finding : findings) {
-        if (!finding.fault.rule.startsWith(QLatin1String("title."))) {
+        if (finding.fault.rule != rule::NearTitle) {
             finding.fault.severity = table::Severity::Notice;
         }
     }

@@ -116,6 +116,11 @@ void DeskWindowFixture::pressConfirm()
 {
     auto* button = child<QAbstractButton>("btn_ok");
     ASSERT_NE(button, nullptr);
+    agreeingTo([button] { QTest::mouseClick(button, Qt::LeftButton); });
+}
+
+void DeskWindowFixture::agreeingTo(const std::function<void()>& act)
+{
     QTimer agreeing;
     QObject::connect(&agreeing, &QTimer::timeout, [] {
         auto* verdict = qobject_cast<VerdictDialog*>(QApplication::activeModalWidget());
@@ -137,7 +142,9 @@ void DeskWindowFixture::pressConfirm()
     if (mAwaited == 0) {
         agreeing.start(PollMs);
     }
-    QTest::mouseClick(button, Qt::LeftButton);
+    act();
+    window->activateWindow(); // off screen, a closed dialog does not hand the activity back
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
 }
 
 QStringList DeskWindowFixture::shown(const FilteredTable& table, int column)

@@ -24,7 +24,7 @@ protected:
     {
         QStringList header = small_market::ordinaryHeader();
         header.replace(header.indexOf("实例备注"_s), "实例备住"_s);
-        const QString path = writeTable({header, row(), small_market::ordinaryRow("1"_s, "SZ"_s)}, "a.csv"_s);
+        const QString path = writeTable({header, row(), small_market::ordinaryRow("688001"_s, "SH"_s, "1.000"_s)}, "a.csv"_s);
         drop(path);
         return path;
     }
@@ -35,10 +35,10 @@ TEST_F(FileCheckPanelTest, ShowsWhatLooksWrongInTheFileWithPlaceTextAndSuggestio
     open();
     importSuspectFile();
     EXPECT_EQ(shown(table(), Severity), QStringList({"错误"_s, "错误"_s}));
-    EXPECT_EQ(shown(table(), Place), QStringList({"K1（文件第 1 行）"_s, "A3（文件第 3 行）"_s}));
-    EXPECT_EQ(shown(table(), Raw), QStringList({"实例备住"_s, "1"_s}));
+    EXPECT_EQ(shown(table(), Place), QStringList({"K1（文件第 1 行）"_s, "D3（文件第 3 行）"_s}));
+    EXPECT_EQ(shown(table(), Raw), QStringList({"实例备住"_s, "1.000"_s}));
     EXPECT_EQ(shown(table(), Suggestions).first(), "实例备注"_s);
-    EXPECT_TRUE(shown(table(), Suggestions).last().contains("000001.SZ 样本000001"_s));
+    EXPECT_EQ(shown(table(), Suggestions).last(), "1000"_s);
     EXPECT_EQ(tabTitle(), "文件检查 2"_s);
 }
 
@@ -103,8 +103,8 @@ TEST_F(FileCheckPanelTest, FiltersTheFindings)
     tabs().setCurrentWidget(window->importPage()->fileCheck());
     QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(table().filter()->hasFocus());
-    table().filter()->setText("A3"_s);
-    EXPECT_EQ(shown(table(), Raw), QStringList{"1"_s});
+    table().filter()->setText("D3"_s);
+    EXPECT_EQ(shown(table(), Raw), QStringList{"1.000"_s});
 }
 
 TEST_F(FileCheckPanelTest, ForgetsTheFileWhenTheDialogCloses)

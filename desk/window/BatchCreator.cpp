@@ -41,7 +41,7 @@ std::optional<ledger::Batch> BatchCreator::judgeAndCreate(const HandOver& batch,
 {
     Outcome<verdict::Judgement> judgement =
         verdict::judge(*mBooks.ledger, draft, {batch.content, batch.table}, mBooks.desk, mData,
-                       QDateTime::currentDateTimeUtc());
+                       mBooks.clock ? mBooks.clock() : QDateTime::currentDateTimeUtc());
     if (!judgement.ok()) {
         tell(judgement.error);
         return std::nullopt;

@@ -15,6 +15,7 @@ struct DeskBooks {
     QString home;                           ///< keeps the ids of attempts to create
     QString ledgerError;                    ///< why there is none, for the user; empty with a ledger
     verdict::Desk desk;
+    ledger::Clock clock; ///< by which orders are late or early; null: the system's
 };
 
 /// A ledger, the home beside it and the ceilings of a reference data folder. A ledger that cannot be opened

@@ -266,6 +266,27 @@ QString Expectation::columnOf(const QString& title) const
     return QString();
 }
 
+namespace {
+
+/// A table without a column of codes is no list of orders, and nothing in it becomes one.
+bool holdsNoOrders(const Table& table, const Expectation& expectation)
+{
+    return !expectation.codeTitle.isEmpty() && FileColumns(table, expectation).code < 0;
+}
+
+/// But what is said of its titles: they may be why.
+QList<Finding> softened(QList<Finding> findings)
+{
+    for (Finding& finding : findings) {
+        if (!finding.fault.rule.startsWith(QLatin1String("title."))) {
+            finding.fault.severity = table::Severity::Notice;
+        }
+    }
+    return findings;
+}
+
+} // namespace
+
 QList<Finding> lint(const Table& table, const Expectation& expectation)
 {
     Findings findings(table);
@@ -280,7 +301,7 @@ QList<Finding> lint(const Table& table, const Expectation& expectation)
             }
         }
     }
-    return findings.take();
+    return holdsNoOrders(table, expectation) ? softened(findings.take()) : findings.take();
 }
 
 } // namespace table_lint

@@ -6,6 +6,7 @@
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QMimeData>
+#include <QTextEdit>
 
 namespace {
 
@@ -27,6 +28,11 @@ void DeskWindowFixture::open()
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         books.ledger = opened.value;
         books.home = home.path();
+    }
+    if (!books.clock) {
+        // In the morning of the day that the rows of the small market name, whenever the test runs.
+        const QDateTime morning(QDate(2024, 3, 5), QTime(9, 0), Qt::OffsetFromUTC, 8 * 3600);
+        books.clock = [morning] { return morning; };
     }
     EmbeddedHost::Options options;
     options.home = home.path();
@@ -110,10 +116,21 @@ void DeskWindowFixture::pressConfirm()
 {
     auto* button = child<QAbstractButton>("btn_ok");
     ASSERT_NE(button, nullptr);
+    agreeingTo([button] { QTest::mouseClick(button, Qt::LeftButton); });
+}
+
+void DeskWindowFixture::agreeingTo(const std::function<void()>& act)
+{
     QTimer agreeing;
     QObject::connect(&agreeing, &QTimer::timeout, [] {
         auto* verdict = qobject_cast<VerdictDialog*>(QApplication::activeModalWidget());
         auto* create = verdict ? verdict->findChild<QAbstractButton*>("button_create"_s) : nullptr;
+        if (verdict != nullptr && create == nullptr) {
+            auto* refusals = verdict->findChild<QTextEdit*>("findings_error"_s);
+            ADD_FAILURE() << "refused: "
+                          << (refusals ? refusals->toPlainText().toStdString() : std::string());
+            verdict->reject();
+        }
         if (create == nullptr) {
             return;
         }
@@ -125,7 +142,9 @@ void DeskWindowFixture::pressConfirm()
     if (mAwaited == 0) {
         agreeing.start(PollMs);
     }
-    QTest::mouseClick(button, Qt::LeftButton);
+    act();
+    window->activateWindow(); // off screen, a closed dialog does not hand the activity back
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
 }
 
 QStringList DeskWindowFixture::shown(const FilteredTable& table, int column)

@@ -44,6 +44,8 @@ protected:
     void answer(const QString& button);
     /// Presses 确定; where the test waits for no modal window, the batch is created, whatever is asked.
     void pressConfirm();
+    /// The same of anything else that creates a batch.
+    void agreeingTo(const std::function<void()>& act);
     template <typename Widget> Widget* child(const char* name)
     {
         return window->findChild<Widget*>(QString::fromLatin1(name));

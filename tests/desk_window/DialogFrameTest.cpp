@@ -26,7 +26,7 @@ protected:
     {
         window->activateWindow(); // off screen, a closed message box does not hand the activity back
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        QTest::keyClick(window.get(), Qt::Key_Return, Qt::ControlModifier);
+        agreeingTo([this] { QTest::keyClick(window.get(), Qt::Key_Return, Qt::ControlModifier); });
     }
 
     static void turnWheelOver(QWidget& widget)

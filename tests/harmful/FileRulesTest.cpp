@@ -129,6 +129,17 @@ TEST(GoodFiles, AMinimalFileAnAliasAndAForeignRemarkPass)
               "证券代码,市场,委托数量,交易方向,委托属性,创建后是否立即启动,组合\n600000,SH,100,1,0,7,甲\n"));
 }
 
+TEST(GoodFiles, ATableThatIsNoListOfOrdersIsToldOfAndNoMore)
+{
+    const QList<Finding> all = findings("AITWAP"_s, inspect("name,amount\nx,1E+05\n１,2\n"));
+    EXPECT_EQ(4, all.size());
+    for (const Finding& finding : all) {
+        const bool isOfTitle = finding.fault.rule.startsWith("title."_s);
+        EXPECT_EQ(isOfTitle ? Severity::Warning : Severity::Notice, finding.fault.severity)
+            << finding.fault.rule.toStdString();
+    }
+}
+
 // ---- numbers
 
 TEST(HarmfulFiles, EveryColumnOfNumbersIsHeldToItsKindAndRange)

@@ -48,7 +48,7 @@ TEST_F(CheckCommand, AnswersOneForWarnings)
 
 TEST_F(CheckCommand, AnswersThreeForErrors)
 {
-    const Run run = check(table("1,SZ,1000,1,0,7\n"));
+    const Run run = check(table("1,SH,1000,1,0,7\n"));
     EXPECT_EQ(3, run.status) << run.out.constData();
     EXPECT_EQ(QStringList{"code.zeros"_s}, codes(run));
 }
@@ -73,7 +73,7 @@ TEST_F(CheckCommand, AnswersFourForAFileThatCannotBeRead)
 
 TEST_F(CheckCommand, PrintsHowTheFileWasReadAndEachFinding)
 {
-    const QString path = table("1,SZ,1000,1,0,7\n");
+    const QString path = table("1,SH,1000,1,0,7\n");
     const QJsonObject report = check(path).object();
     EXPECT_EQ(QStringList({"encoding"_s, "error"_s, "faults"_s, "file"_s, "findings"_s, "format"_s,
                            "messageBoxes"_s, "rows"_s, "separator"_s, "sha256"_s, "sheet"_s}),

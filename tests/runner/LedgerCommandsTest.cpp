@@ -19,8 +19,8 @@ protected:
         QProcess process;
         prepare(process);
         process.setStandardOutputFile("/dev/full"_s);
-        process.setArguments(
-            importArguments(file, aitwap() + QStringList{"--confirm"_s, "--create"_s, "--yes"_s}));
+        process.setArguments(importArguments(
+            file, aitwap() + QStringList{"--confirm"_s, "--create"_s, "--accept"_s, "sameFile"_s}));
         process.start(QIODevice::ReadOnly);
         return finish(process);
     }
@@ -136,8 +136,8 @@ TEST_F(LedgerCommands, CreatesNothingWhileAnotherProcessMakesTheLedger)
 TEST_F(LedgerCommands, OfManyProcessesAtOnceMakeAsManyBatchesAsTheySay)
 {
     ASSERT_EQ(0, create(table(goodRow())).status);
-    const QStringList arguments =
-        importArguments(table(goodRow()), aitwap() + QStringList{"--confirm"_s, "--create"_s, "--yes"_s});
+    const QStringList arguments = importArguments(
+        table(goodRow()), aitwap() + QStringList{"--confirm"_s, "--create"_s, "--accept"_s, "sameFile"_s});
     QProcess processes[4];
     for (QProcess& process : processes) {
         prepare(process);
@@ -166,12 +166,13 @@ TEST_F(LedgerCommands, FindTheBatchAgainThatAKilledRunDidNotTell)
     const Run untold = createUntold(file);
     EXPECT_EQ(5, untold.status);
     ASSERT_FALSE(QDir(home() + "/drafts"_s).isEmpty());
-    const Run again = create(file, {"--yes"_s});
+    const Run again = create(file, {"--accept"_s, "sameFile"_s});
     EXPECT_EQ(0, again.status);
     EXPECT_EQ(2, creation(again)["batch"_s].toObject()["number"_s].toInt());
     EXPECT_TRUE(creation(again)["repeated"_s].toBool());
     EXPECT_EQ(2, atHome({"batches"_s}).json().array().size());
-    EXPECT_EQ(3, creation(create(file, {"--yes"_s}))["batch"_s].toObject()["number"_s].toInt())
+    EXPECT_EQ(3,
+              creation(create(file, {"--accept"_s, "sameFile"_s}))["batch"_s].toObject()["number"_s].toInt())
         << "meant once more";
 }
 
@@ -298,4 +299,40 @@ TEST_F(LedgerCommands, MakeNoLedgerInAHomeThatWasMistyped)
     EXPECT_EQ(1, run.status);
     EXPECT_TRUE(run.object()["error"_s].toString().contains("没有批次 7"_s)) << run.out.constData();
     EXPECT_FALSE(QDir(home()).exists());
+}
+
+TEST_F(LedgerCommands, HaltKeepsEverythingFromBeingCreatedUntilItIsResumed)
+{
+    const Run halted = atHome({"halt"_s, "--reason"_s, "演练"_s});
+    ASSERT_EQ(0, halted.status) << halted.out.constData();
+    const QJsonObject halt = halted.object()["halts"_s].toArray().first().toObject();
+    EXPECT_EQ("*"_s, halt["account"_s].toString());
+    EXPECT_EQ("演练"_s, halt["reason"_s].toString());
+    const Run refused = create(table(goodRow()));
+    EXPECT_EQ(1, refused.status);
+    EXPECT_EQ(QStringList{"halted"_s}, rules(refused, "refusals"_s));
+    EXPECT_TRUE(atHome({"resume"_s, "--reason"_s, "结束"_s}).object()["halts"_s].toArray().isEmpty());
+    EXPECT_EQ(0, create(table(goodRow())).status);
+    const QJsonObject day = atHome({"status"_s}).object()["day"_s].toArray().first().toObject();
+    EXPECT_EQ("A1"_s, day["account"_s].toString());
+    EXPECT_EQ(1, day["instances"_s].toInt());
+    expectRefused(atHome({"halt"_s}), "--reason"_s);
+}
+
+TEST_F(LedgerCommands, ReportTheProgrammeTradingOfADay)
+{
+    ASSERT_EQ(0, create(table(goodRow() + goodRow()), {"--accept"_s, "row.repeated"_s}).status);
+    const QString out = folder() + "/report.csv"_s;
+    const Run report = atHome({"report"_s, "--out"_s, out});
+    ASSERT_EQ(0, report.status) << report.out.constData();
+    const QJsonArray counts = report.object()["counts"_s].toArray();
+    ASSERT_EQ(2, counts.size());
+    EXPECT_EQ("AITWAP"_s, counts.at(0).toObject()["strategy"_s].toString());
+    EXPECT_EQ(2, counts.at(0).toObject()["orders"_s].toInt());
+    EXPECT_EQ("*"_s, counts.at(1).toObject()["strategy"_s].toString());
+    QFile file(out);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("algodesk"));
+    EXPECT_TRUE(atHome({"report"_s, "--day"_s, "2001-01-01"_s}).object()["counts"_s].toArray().isEmpty());
+    expectRefused(atHome({"report"_s, "--day"_s, "gestern"_s}), "--day"_s);
 }

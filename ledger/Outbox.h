@@ -73,6 +73,12 @@ public:
     /// Moves the next queued instances, in order of batch and row, to `sending`, all in one transaction; none
     /// of a halted account. What is returned may be sent.
     Outcome<QList<Order>> take(int most);
+    /// The same of these alone, where they are still queued; the others are passed over.
+    Outcome<QList<Order>> take(const QList<InstanceId>& ids);
+    /// What take() would move, as it stands, with the identifiers that they will have.
+    Outcome<QList<Order>> waiting(int most) const;
+    /// The instance that was sent under an identifier, whatever became of it; empty where none was.
+    Outcome<QList<Order>> named(const QString& clOrdId) const;
     /// How many are queued, halted ones too.
     Outcome<qint64> queued() const;
     /// What is sending, running, stopping or unknown: to be asked for after a break.
@@ -83,13 +89,14 @@ public:
     /// What the counterparty said, in one transaction, in its order.
     Outcome<QList<Recorded>> record(const QList<Execution>& executions);
     /// Other decisions of the gateway: rejected by the profile, unknown to the counterparty and so back to
-    /// sending, queued or withdrawn, unknown after a silence. All or none.
+    /// sending, queued or withdrawn, unknown after a silence. All in one transaction; answers how each stands
+    /// afterwards: what a person settled meanwhile stays as it is.
     struct Decision {
         InstanceId id;
         InstanceState state = InstanceState::Unknown;
         QString reason;
     };
-    Outcome<void> decide(const QList<Decision>& decisions);
+    Outcome<QList<Instance>> decide(const QList<Decision>& decisions);
     /// The session's state: connected, loggedOn, loggedOut, disconnected.
     Outcome<void> session(const QString& state, const QString& text);
     Outcome<QList<StrayReport>> strays(int most = 200) const;

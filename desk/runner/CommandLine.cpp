@@ -1,5 +1,7 @@
 #include "desk/runner/CommandLine.h"
 
+#include "desk/runner/GatewayCommands.h"
+
 #include <QCommandLineParser>
 #include <QDir>
 
@@ -170,38 +172,42 @@ std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const 
 
 QString usage()
 {
-    QString text = QStringLiteral(
-        "Usage: algodesk                     open the desk window\n"
-        "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
-        "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--accept "
-        "RULE[,RULE]]\n"
-        "                            [--amount AMOUNT]]]\n"
-        "                            [--faults] [--rejects OUT]\n"
-        "       algodesk rows FILE [--encoding NAME]\n"
-        "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"
-        "       algodesk strategies | accounts | securities [--data DIR]\n"
-        "       algodesk template --strategy CODE OUT | --all OUT [--data DIR]\n"
-        "       algodesk batches\n"
-        "       algodesk instances [--batch N]\n"
-        "       algodesk undo N\n"
-        "       algodesk approve N [--data DIR] | refuse N --reason TEXT\n"
-        "       algodesk start | stop | withdraw ID… | --batch N\n"
-        "       algodesk settle ID --as running|stopped|finished|rejected|queued --reason TEXT\n"
-        "       algodesk audit [--verify | --from N]\n"
-        "       algodesk backup FILE | restore FILE | vacuum\n"
-        "       algodesk diff N FILE [--data DIR]\n"
-        "       algodesk halt | resume [--account ACCOUNT] --reason TEXT\n"
-        "       algodesk status\n"
-        "       algodesk report [--day DAY] [--out OUT]\n"
-        "       algodesk --help | --version\n"
-        "\n"
-        "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "
-        "came up,\n"
-        "2 wrong usage, unknown strategy or account, bad reference data. check: 0 clean, 1 warnings, 3 "
-        "errors,\n"
-        "4 unreadable. 5 it was done, but standard output took no more. 6 the batch waits for approval.\n"
-        "\n"
-        "Options:\n");
+    QString text =
+        QStringLiteral(
+            "Usage: algodesk                     open the desk window\n"
+            "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
+            "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--accept "
+            "RULE[,RULE]]\n"
+            "                            [--amount AMOUNT]]]\n"
+            "                            [--faults] [--rejects OUT]\n"
+            "       algodesk rows FILE [--encoding NAME]\n"
+            "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"
+            "       algodesk strategies | accounts | securities [--data DIR]\n"
+            "       algodesk template --strategy CODE OUT | --all OUT [--data DIR]\n"
+            "       algodesk batches\n"
+            "       algodesk instances [--batch N]\n"
+            "       algodesk undo N\n"
+            "       algodesk approve N [--data DIR] | refuse N --reason TEXT\n"
+            "       algodesk start | stop | withdraw ID… | --batch N\n"
+            "       algodesk settle ID --as running|stopped|finished|rejected|queued --reason TEXT\n"
+            "       algodesk audit [--verify | --from N]\n"
+            "       algodesk backup FILE | restore FILE | vacuum\n"
+            "       algodesk diff N FILE [--data DIR]\n"
+            "       algodesk ledger init ADDRESS | ledger copy FROM TO\n"
+            "       algodesk halt | resume [--account ACCOUNT] --reason TEXT\n"
+            "       algodesk status\n"
+            "       algodesk report [--day DAY] [--out OUT]\n"
+            "%1"
+            "       algodesk --help | --version\n"
+            "\n"
+            "Subcommands need no display and print JSON on standard output. Exit status: 0 done, 1 a message "
+            "came up,\n"
+            "2 wrong usage, unknown strategy or account, bad reference data. check: 0 clean, 1 warnings, 3 "
+            "errors,\n"
+            "4 unreadable. 5 it was done, but standard output took no more. 6 the batch waits for approval.\n"
+            "\n"
+            "Options:\n")
+            .arg(gatewayUsage());
     for (const Option& option : Options) {
         const QString name = option.shownName() + QLatin1Char(' ') + QString::fromUtf8(option.valueName);
         text +=

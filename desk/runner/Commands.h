@@ -47,6 +47,8 @@ Result auditLedger(const CommandLine& line);
 Result backupLedger(const CommandLine& line);
 Result restoreBackup(const CommandLine& line);
 Result vacuumLedger(const CommandLine& line);
+Result initLedger(const CommandLine& line);
+Result copyLedger(const CommandLine& line);
 Result haltTrading(const CommandLine& line);
 Result resumeTrading(const CommandLine& line);
 Result showStatus(const CommandLine& line);

@@ -2,6 +2,7 @@
 
 #include "desk/runner/CommandLine.h"
 #include "desk/runner/Commands.h"
+#include "desk/runner/GatewayCommands.h"
 #include "desk/runner/LedgerAccess.h"
 
 #include <QFileDevice>
@@ -68,6 +69,8 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("restore"), {home, ledger}, {file}}, restoreBackup},
         {{QStringLiteral("vacuum"), {home, ledger, wait}, {}}, vacuumLedger},
         {{QStringLiteral("diff"), {data, home, ledger, wait}, {batch, file}}, diffBatch},
+        {{QStringLiteral("ledger init"), {}, {QStringLiteral("ADDRESS")}}, initLedger},
+        {{QStringLiteral("ledger copy"), {}, {QStringLiteral("FROM"), QStringLiteral("TO")}}, copyLedger},
         {{QStringLiteral("halt"), {home, ledger, wait, account, QStringLiteral("reason")}, {}}, haltTrading},
         {{QStringLiteral("resume"), {home, ledger, wait, account, QStringLiteral("reason")}, {}},
          resumeTrading},
@@ -85,17 +88,25 @@ bool write(QIODevice& device, const QByteArray& text)
     return device.write(text) == text.size() && (file == nullptr || file->flush());
 }
 
+/// How many words a name has, where the arguments begin with it; else 0.
+int wordsOf(const QString& name, const QStringList& arguments)
+{
+    const QStringList words = name.split(QLatin1Char(' '));
+    return arguments.mid(0, words.size()) == words ? words.size() : 0;
+}
+
 Result dispatch(const QStringList& arguments)
 {
     const auto found =
         std::find_if(subcommands().begin(), subcommands().end(), [&](const Subcommand& candidate) {
-            return candidate.command.name == arguments.first();
+            return wordsOf(candidate.command.name, arguments) > 0;
         });
     if (found == subcommands().end()) {
         return refuse(QStringLiteral("unknown subcommand '%1'; see algodesk --help").arg(arguments.first()));
     }
     QString error;
-    const std::optional<CommandLine> line = parseCommandLine(arguments.mid(1), found->command, error);
+    const std::optional<CommandLine> line =
+        parseCommandLine(arguments.mid(wordsOf(found->command.name, arguments)), found->command, error);
     if (!line) {
         return refuse(error);
     }
@@ -137,6 +148,9 @@ bool isAsked(const QStringList& arguments)
 
 int run(const QStringList& arguments, QIODevice& out, QIODevice& err)
 {
+    if (isGatewayCommand(arguments.first())) {
+        return runGatewayCommand(arguments, out, err);
+    }
     Result result = answer(arguments);
     if (!write(out, result.output)) {
         result.status = Unprinted;

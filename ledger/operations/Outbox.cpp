@@ -135,6 +135,52 @@ Outcome<QList<Order>> Outbox::take(int most)
     });
 }
 
+Outcome<QList<Order>> Outbox::take(const QList<InstanceId>& ids)
+{
+    return mLedger->mCore->change<OrderList>([&](Change& change) {
+        QMap<qint64, QStringList> rows;
+        for (const InstanceId& id : ids) {
+            rows[id.batch].append(QString::number(id.row));
+        }
+        QList<Instance> instances;
+        for (auto it = rows.cbegin(); it != rows.cend(); ++it) {
+            InstanceChoice choice =
+                ofAccounts(QStringLiteral("state = 'queued'") + IsNotHalted, mGateway.accounts);
+            choice.condition +=
+                QStringLiteral(" AND batch_number = ? AND row_no IN (%1)").arg(it->join(QLatin1Char(',')));
+            choice.values.append(it.key());
+            instances.append(selectInstances(change.statements, choice));
+        }
+        return Outcome<OrderList>{beginSending(change, instances), QString()};
+    });
+}
+
+Outcome<QList<Order>> Outbox::waiting(int most) const
+{
+    return mLedger->mCore->read<OrderList>([&](Statements& statements) {
+        InstanceChoice choice =
+            ofAccounts(QStringLiteral("state = 'queued'") + IsNotHalted, mGateway.accounts);
+        choice.most = most;
+        return Outcome<OrderList>{ordersOf(selectInstances(statements, choice)), QString()};
+    });
+}
+
+Outcome<QList<Order>> Outbox::named(const QString& clOrdId) const
+{
+    return mLedger->mCore->read<OrderList>([&](Statements& statements) {
+        const QPair<QUuid, int> order = orderNamed(clOrdId);
+        const QList<Batch> batches = selectBatches(statements, QStringLiteral("WHERE draft_id = ?"),
+                                                   {order.first.toString(QUuid::WithoutBraces)});
+        if (batches.isEmpty()) {
+            return Outcome<OrderList>();
+        }
+        const QString named = QStringLiteral("batch_number = ? AND row_no = ? AND cl_ord_id = ?");
+        return Outcome<OrderList>{
+            ordersOf(selectInstances(statements, {named, {batches.first().number, order.second, clOrdId}})),
+            QString()};
+    });
+}
+
 Outcome<qint64> Outbox::queued() const
 {
     return mLedger->mCore->read<qint64>([&](Statements& statements) {
@@ -191,20 +237,21 @@ Outcome<QList<Recorded>> Outbox::record(const QList<Execution>& executions)
     });
 }
 
-Outcome<void> Outbox::decide(const QList<Decision>& decisions)
+Outcome<QList<Instance>> Outbox::decide(const QList<Decision>& decisions)
 {
-    const auto decided = mLedger->mCore->change<bool>([&](Change& change) {
+    return mLedger->mCore->change<QList<Instance>>([&](Change& change) {
         Recording recording(change);
+        QList<Instance> decided;
         for (const Decision& decision : decisions) {
-            const QString error = recording.decide(decision);
-            if (!error.isEmpty()) {
-                return Outcome<bool>{false, error};
+            const Outcome<Instance> instance = recording.decide(decision);
+            if (!instance.ok()) {
+                return Outcome<QList<Instance>>{{}, instance.error};
             }
+            decided.append(instance.value);
         }
         recording.finish();
-        return Outcome<bool>{true, QString()};
+        return Outcome<QList<Instance>>{decided, QString()};
     });
-    return {decided.error};
 }
 
 Outcome<void> Outbox::session(const QString& state, const QString& text)

@@ -117,6 +117,7 @@ void Recording::takeState(Instance& instance, const Execution& execution)
     const bool isAllowed = execution.isCorrection ? mayBecomeByCorrection(before, *execution.state)
                                                   : mayBecome(before, *execution.state);
     if (isAllowed) {
+        instance.reason = *execution.state == before ? instance.reason : QString();
         instance.state = *execution.state;
         instance.isTakenBack = instance.isTakenBack && !execution.isCancelReject;
         follow(instance);
@@ -142,11 +143,11 @@ void Recording::follow(Instance& instance)
 }
 
 /// An order that is to be sent again is not, where it was taken back or its account is halted meanwhile.
-QString Recording::decide(const Outbox::Decision& decision)
+Outcome<Instance> Recording::decide(const Outbox::Decision& decision)
 {
     Instance* instance = load(decision.id);
     if (!instance) {
-        return texts::noSuchInstance(decision.id.text());
+        return {{}, texts::noSuchInstance(decision.id.text())};
     }
     InstanceState state = decision.state;
     const bool isToBeSent = state == InstanceState::Sending || state == InstanceState::Queued;
@@ -156,7 +157,7 @@ QString Recording::decide(const Outbox::Decision& decision)
         state = InstanceState::Queued;
     }
     if (state != instance->state && !mayBecome(instance->state, state)) {
-        return texts::forbiddenChange(decision.id.text(), shownName(instance->state), shownName(state));
+        return {*instance, QString()};
     }
     const bool isWithdrawn = state == InstanceState::Withdrawn && instance->state != state;
     instance->state = state;
@@ -168,7 +169,7 @@ QString Recording::decide(const Outbox::Decision& decision)
         operations::releaseDay(mChange, batch.value_or(Batch()), {*instance}, false);
     }
     mChanged.append(keyOf(instance->id));
-    return QString();
+    return {*instance, QString()};
 }
 
 void Recording::finish()

@@ -14,8 +14,8 @@ public:
     explicit Recording(Change& change) : mChange(change) {}
 
     Recorded take(const Execution& execution);
-    /// Empty, or why it cannot be.
-    QString decide(const Outbox::Decision& decision);
+    /// How the instance stands afterwards; an error where there is none.
+    Outcome<Instance> decide(const Outbox::Decision& decision);
     /// Writes everything down.
     void finish();
 

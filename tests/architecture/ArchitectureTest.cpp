@@ -26,9 +26,10 @@ QMap<QString, QStringList> arrows()
             {QStringLiteral("dialog"), rooms("import schema amounts validation strategy table host")},
             {QStringLiteral("files"), rooms("table")},
             {QStringLiteral("ledger"), rooms("files table")},
+            {QStringLiteral("gateway"), rooms("ledger table")},
             {QStringLiteral("embedded_host"), rooms("files strategy table host")},
             {QStringLiteral("desk"),
-             rooms("ledger embedded_host files import amounts validation strategy table host")}};
+             rooms("gateway ledger embedded_host files import amounts validation strategy table host")}};
 }
 
 /// Headers beyond the rooms of a room's arrows.

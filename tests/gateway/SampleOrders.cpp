@@ -55,6 +55,11 @@ QString print(const gateway::Fields& fields)
 
 } // namespace
 
+const char* profileJson()
+{
+    return Json;
+}
+
 gateway::Profile profile()
 {
     const Outcome<gateway::Profile> read = gateway::readProfile(Json);

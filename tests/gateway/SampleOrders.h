@@ -10,6 +10,7 @@
 /// Orders and a broker's profile as the tests of the gateway use them.
 namespace sample {
 
+const char* profileJson();
 gateway::Profile profile();
 QDateTime now(); ///< 2026-11-23 01:30:00 UTC
 

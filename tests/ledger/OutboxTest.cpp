@@ -281,16 +281,36 @@ TEST(Outbox, LetsAPersonSettleWhatIsUnknown)
     EXPECT_EQ(served.instance(1, 1).reason, "电话确认"_s);
 }
 
-TEST(Outbox, DecidesAllOrNothing)
+TEST(Outbox, LeavesWhatADecisionComesTooLateFor)
 {
     Served served;
     served.create(2);
     served.outbox->take(1);
-    EXPECT_NE(served.outbox->decide({{{1, 1}, State::Unknown, {}}, {{1, 2}, State::Finished, {}}}).error,
-              QString());
-    EXPECT_EQ(served.instance(1, 1).state, State::Sending);
+    const auto decided =
+        served.outbox->decide({{{1, 1}, State::Unknown, {}}, {{1, 2}, State::Finished, {}}}).value;
+    ASSERT_EQ(decided.size(), 2);
+    EXPECT_EQ(decided.first().state, State::Unknown);
+    EXPECT_EQ(decided.last().state, State::Queued) << "it was never sent";
+    EXPECT_FALSE(served.outbox->decide({{{1, 9}, State::Unknown, {}}}).ok()) << "there is none";
     EXPECT_EQ(served.outbox->decide({{{1, 2}, State::Rejected, "没有该交易所"_s}}).error, QString());
     EXPECT_EQ(served.instance(1, 2).reason, "没有该交易所"_s);
+}
+
+TEST(Outbox, TakesThoseThatAreNamed)
+{
+    Served served;
+    served.create(3);
+    const auto waiting = served.outbox->waiting(10).value;
+    ASSERT_EQ(waiting.size(), 3);
+    EXPECT_EQ(waiting.first().instance.state, State::Queued);
+    const auto taken = served.outbox->take({{1, 3}, {1, 1}, {1, 9}}).value;
+    ASSERT_EQ(taken.size(), 2);
+    EXPECT_EQ(served.instance(1, 2).state, State::Queued);
+    EXPECT_TRUE(served.outbox->take({{1, 1}}).value.isEmpty()) << "taken already";
+    const auto named = served.outbox->named(taken.first().clOrdId).value;
+    ASSERT_EQ(named.size(), 1);
+    EXPECT_EQ(named.first().instance.id, taken.first().instance.id);
+    EXPECT_TRUE(served.outbox->named("NOT-OURS"_s).value.isEmpty());
 }
 
 TEST(Outbox, IsForgottenOnlyWhenNothingIsLeftInIt)

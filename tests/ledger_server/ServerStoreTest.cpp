@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QProcess>
 #include <QTest>
 
 #include <thread>
@@ -210,4 +211,27 @@ TEST(AServersLedger, HasTheHashesOfAnyOther)
         "<> ledger_hash(coalesce(b.hash, encode(sha256('algodesk audit 1'), 'hex')), e)"_s;
     EXPECT_EQ(server.single(database, wrong).toInt(), 0);
     EXPECT_EQ(desk->verifyAudit().value.entries, 2);
+}
+
+TEST(AServersLedger, ComesBackFromABackupWithItsRules)
+{
+    TestServer& server = TestServer::instance();
+    const QString database = server.makeLedger();
+    const auto desk = opened(database).value;
+    desk->createBatch(sampleDraft(3));
+    desk->halt("1001"_s, "行情异常"_s);
+    const QTemporaryDir folder;
+    const QString dump = folder.filePath("desk.dump"_s);
+    ASSERT_EQ(QProcess::execute("pg_dump"_s, {"-Fc"_s, "-f"_s, dump, database}), 0);
+    desk->resume("1001"_s, "恢复"_s);
+    const QString restored = server.makeDatabase();
+    ASSERT_EQ(QProcess::execute("pg_restore"_s, {"--exit-on-error"_s, "-d"_s, restored, dump}), 0);
+    const auto again = opened(restored).value;
+    ASSERT_TRUE(again);
+    EXPECT_EQ(again->verify(), QString());
+    EXPECT_EQ(again->verifyAudit().value.head, desk->audit(2).value.value(0).hash);
+    EXPECT_EQ(again->status().value.halts.size(), 1);
+    EXPECT_NE(again->createBatch(sampleDraft(1)).error, QString()) << "halted, as it was then";
+    EXPECT_EQ(server.codeOf(restored, "trader"_s, "DELETE FROM batch"_s), "42501"_s);
+    EXPECT_EQ(server.codeOf(restored, Owner, "DELETE FROM audit_entry"_s), "AL001"_s);
 }

@@ -6,7 +6,9 @@
 #include "tests/ledger_server/Workload.h"
 
 #include <gtest/gtest.h>
+#include <netinet/in.h>
 #include <pwd.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -14,7 +16,6 @@
 #include <QProcess>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QTcpServer>
 #include <QUuid>
 
 using namespace ledger;
@@ -23,9 +24,16 @@ namespace {
 
 int freePort()
 {
-    QTcpServer probe;
-    probe.listen(QHostAddress::LocalHost);
-    return probe.serverPort();
+    const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address); // the C interface takes any family so
+    EXPECT_EQ(bind(probe, generic, length), 0);
+    EXPECT_EQ(getsockname(probe, generic, &length), 0);
+    close(probe);
+    return ntohs(address.sin_port);
 }
 
 /// A server in a folder, run by the system's postgres user where this is root, since no server runs as root.

@@ -113,7 +113,7 @@ TEST(Bounds, HoldForMergedAreasOverAllCells)
     Biff records;
     for (int row = 0; row < 300; ++row) {
         for (int column = 0; column < 1000; ++column) {
-            records.number(row, column, column);
+            records.number(row, column, row * 1000 + column);
         }
     }
     const QByteArray area = word(0) + word(999) + word(1000) + word(2000);

@@ -1,0 +1,169 @@
+#include "desk/runner/GatewayCommands.h"
+
+#include "desk/batch/LimitsFile.h"
+#include "desk/runner/CommandLine.h"
+#include "desk/runner/Runner.h"
+#include "desk/runner/Session.h"
+#include "gateway/program/Gateway.h"
+#include "gateway/simulator/Simulator.h"
+#include "ledger/Ledger.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QIODevice>
+
+namespace runner {
+
+namespace {
+
+const QString Gateway = QStringLiteral("gateway");
+const QString Simulator = QStringLiteral("simulator");
+
+int complain(QIODevice& err, const QString& error)
+{
+    err.write(error.toUtf8() + '\n');
+    return Refused;
+}
+
+QString dictionaryFolder()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/../share/algodesk/dictionaries");
+}
+
+QList<QCommandLineOption> optionsOf(const QString& command)
+{
+    const QString none;
+    const auto valued = [&](const char* name) {
+        return QCommandLineOption(QString::fromLatin1(name), none, QStringLiteral("VALUE"));
+    };
+    if (command == Simulator) {
+        return {valued("config"), valued("pace"), valued("faults")};
+    }
+    return {valued("config"),
+            valued("profile"),
+            valued("ledger"),
+            valued("data"),
+            valued("home"),
+            valued("dry-run"),
+            QCommandLineOption(QStringLiteral("forget")),
+            QCommandLineOption(QStringLiteral("reset-sequence"))};
+}
+
+/// What is wrong with the line; empty when nothing is.
+QString faultOf(const QCommandLineParser& parser, const QString& command)
+{
+    if (!parser.positionalArguments().isEmpty()) {
+        return QStringLiteral("%1 takes no argument").arg(command);
+    }
+    const bool needsConfig =
+        !parser.isSet(QStringLiteral("dry-run")) && !parser.isSet(QStringLiteral("forget"));
+    for (const QString& name : {QStringLiteral("config"), QStringLiteral("profile")}) {
+        const bool isNeeded = name == QLatin1String("config") ? needsConfig : command == Gateway;
+        if (isNeeded && parser.value(name).isEmpty()) {
+            return QStringLiteral("%1 needs --%2").arg(command, name);
+        }
+    }
+    return QString();
+}
+
+/// Where the ledger is: as named, else by the environment, else in the home.
+Outcome<ledger::Address> addressOf(const QCommandLineParser& parser, const CommandLine& line)
+{
+    const QString named = parser.isSet(QStringLiteral("ledger")) ? parser.value(QStringLiteral("ledger"))
+                                                                 : qEnvironmentVariable("ALGODESK_LEDGER");
+    if (!named.isEmpty()) {
+        return ledger::Address::parse(named);
+    }
+    return {ledger::Address::ofFile(ledger::Ledger::pathIn(homeFolder(line))), QString()};
+}
+
+int serve(const gateway::GatewayOptions& options, const QCommandLineParser& parser, QIODevice& out,
+          QIODevice& err)
+{
+    if (parser.isSet(QStringLiteral("forget"))) {
+        return gateway::forget(options, err);
+    }
+    if (parser.isSet(QStringLiteral("dry-run"))) {
+        bool isNumber = false;
+        const qint64 batch = parser.value(QStringLiteral("dry-run")).toLongLong(&isNumber);
+        return isNumber ? gateway::dryRun(options, batch, out, err)
+                        : complain(err, QStringLiteral("--dry-run takes the number of a batch"));
+    }
+    return gateway::run(options, out, err);
+}
+
+int runGateway(const QCommandLineParser& parser, QIODevice& out, QIODevice& err)
+{
+    CommandLine line;
+    line.dataFolder = parser.value(QStringLiteral("data"));
+    line.home = parser.value(QStringLiteral("home"));
+    QString error;
+    const std::optional<QList<ledger::LimitScope>> limits =
+        batch::readLimits(referenceDataFolder(line), error);
+    const Outcome<ledger::Address> address = addressOf(parser, line);
+    if (!limits || !address.ok()) {
+        return complain(err, limits ? address.error : error);
+    }
+    gateway::GatewayOptions options;
+    options.settingsFile = parser.value(QStringLiteral("config"));
+    options.profileFile = parser.value(QStringLiteral("profile"));
+    options.ledger = address.value;
+    options.limits = *limits;
+    options.dictionaryFolder = dictionaryFolder();
+    options.storeFolder = homeFolder(line) + QStringLiteral("/gateway");
+    options.resetsSequence = parser.isSet(QStringLiteral("reset-sequence"));
+    options.isAskedToEnd = gateway::isAskedToEndBySignal;
+    return serve(options, parser, out, err);
+}
+
+int runSimulator(const QCommandLineParser& parser, QIODevice& out, QIODevice& err)
+{
+    gateway::SimulatorOptions options;
+    options.settingsFile = parser.value(QStringLiteral("config"));
+    options.dictionaryFolder = dictionaryFolder();
+    options.isAskedToEnd = gateway::isAskedToEndBySignal;
+    bool isNumber = true;
+    if (parser.isSet(QStringLiteral("pace"))) {
+        options.pace = parser.value(QStringLiteral("pace")).toDouble(&isNumber);
+    }
+    if (!isNumber || !(options.pace > 0.0)) {
+        return complain(err, QStringLiteral("--pace takes a factor above 0"));
+    }
+    if (parser.isSet(QStringLiteral("faults"))) {
+        options.faults = parser.value(QStringLiteral("faults")).toUInt(&isNumber);
+    }
+    return isNumber ? gateway::simulate(options, out, err)
+                    : complain(err, QStringLiteral("--faults takes a seed"));
+}
+
+} // namespace
+
+bool isGatewayCommand(const QString& name)
+{
+    return name == Gateway || name == Simulator;
+}
+
+int runGatewayCommand(const QStringList& arguments, QIODevice& out, QIODevice& err)
+{
+    const QString& command = arguments.first();
+    QCommandLineParser parser;
+    parser.addOptions(optionsOf(command));
+    if (!parser.parse(arguments)) {
+        return complain(err, parser.errorText());
+    }
+    const QString fault = faultOf(parser, command);
+    if (!fault.isEmpty()) {
+        return complain(err, fault);
+    }
+    return command == Gateway ? runGateway(parser, out, err) : runSimulator(parser, out, err);
+}
+
+QString gatewayUsage()
+{
+    return QStringLiteral(
+        "       algodesk gateway --config FILE --profile FILE [--ledger ADDRESS] [--data DIR]\n"
+        "                        [--reset-sequence] [--dry-run N] [--forget]\n"
+        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED]\n");
+}
+
+} // namespace runner

@@ -1,0 +1,210 @@
+#include "gateway/program/Gateway.h"
+
+#include "gateway/messages/OrderMessages.h"
+#include "gateway/port/LedgerOutbox.h"
+#include "gateway/program/Dispatch.h"
+
+#include <QCoreApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSysInfo>
+
+#include <csignal>
+
+namespace gateway {
+
+namespace {
+
+volatile std::sig_atomic_t endAsked = 0;
+
+void askToEnd(int)
+{
+    endAsked = 1;
+}
+
+int complain(QIODevice& err, int status, const QString& error)
+{
+    err.write(error.toUtf8() + '\n');
+    return status;
+}
+
+QStringList accountsOf(const Profile& profile)
+{
+    return profile.accounts.isEmpty() ? QStringList{QStringLiteral("*")} : profile.accounts;
+}
+
+/// The ceiling of a scope, rounded down; 0: none.
+int perSecond(const ledger::LimitScope& scope)
+{
+    return scope.limits.ordersPerSecond ? static_cast<int>(scope.limits.ordersPerSecond->toDouble()) : 0;
+}
+
+Dispatch::Terms termsOf(const GatewayOptions& options, const Profile& profile)
+{
+    Dispatch::Terms terms;
+    terms.profile = profile;
+    terms.isAskedToEnd = options.isAskedToEnd;
+    for (const ledger::LimitScope& scope : options.limits) {
+        const int ceiling = perSecond(scope);
+        int& known = scope.account == QLatin1String("*") ? terms.ordersPerSecondInAll
+                                                         : terms.ordersPerSecond[scope.account];
+        known = ceiling > 0 && (known == 0 || ceiling < known) ? ceiling : known;
+    }
+    return terms;
+}
+
+std::unique_ptr<Engine> openEngine(const GatewayOptions& options, Inbox& inbox, QString& error)
+{
+    Engine::Options engine;
+    engine.settingsFile = options.settingsFile.toStdString();
+    engine.dictionaryFolder = options.dictionaryFolder.toStdString();
+    engine.storeFolder = options.storeFolder.toStdString();
+    engine.resetsSequence = options.resetsSequence;
+    std::string fault;
+    std::unique_ptr<Engine> opened = Engine::open(engine, inbox, fault);
+    if (!opened) {
+        error = QStringLiteral("“%1”：%2").arg(options.settingsFile, QString::fromStdString(fault));
+    }
+    return opened;
+}
+
+Outcome<std::unique_ptr<ledger::Outbox>> claim(const std::shared_ptr<ledger::Ledger>& ledger,
+                                               const Profile& profile, const Engine& engine)
+{
+    ledger::Gateway self;
+    self.session = QString::fromStdString(engine.session());
+    self.accounts = accountsOf(profile);
+    self.host = QSysInfo::machineHostName();
+    self.pid = QCoreApplication::applicationPid();
+    self.state = QStringLiteral("disconnected");
+    return ledger::Outbox::claim(ledger, self);
+}
+
+int serve(const GatewayOptions& options, const Profile& profile, LedgerPort& port, Engine& engine,
+          Inbox& inbox, QIODevice& out, QIODevice& err)
+{
+    Printer printer(out);
+    Dispatch dispatch(termsOf(options, profile), port, engine, inbox, printer);
+    const Outcome<void> begun = dispatch.begin();
+    if (!begun.ok()) {
+        return complain(err, Refused, begun.error);
+    }
+    const std::string fault = engine.start();
+    if (!fault.empty()) {
+        return complain(err, Refused, QString::fromStdString(fault));
+    }
+    dispatch.run();
+    engine.stop();
+    dispatch.round(std::chrono::milliseconds(0)); // what came while it said goodbye
+    return Ended;
+}
+
+QByteArray shown(const Message& message)
+{
+    QByteArray text = "35=" + QByteArray::fromStdString(message.type);
+    const auto add = [&text](const Fields& fields) {
+        for (const Field& field : fields) {
+            text += '|' + QByteArray::number(field.tag) + '=' + QByteArray::fromStdString(field.value);
+        }
+    };
+    add(message.body);
+    for (const Group& group : message.groups) {
+        add({{group.countTag, std::to_string(group.entries.size())}});
+        for (const Fields& entry : group.entries) {
+            add(entry);
+        }
+    }
+    return text;
+}
+
+QJsonObject lineOf(qint64 batch, const Order& order, const Profile& profile, const QString& refusal,
+                   const QDateTime& now)
+{
+    QJsonObject line = {{QStringLiteral("id"), InstanceKey{batch, order.row}.text()},
+                        {QStringLiteral("clOrdId"), clOrdIdOf(order)}};
+    if (refusal.isEmpty()) {
+        line.insert(QStringLiteral("message"), QString::fromUtf8(shown(newOrder(profile, order, now).value)));
+    } else {
+        line.insert(QStringLiteral("reason"), refusal);
+    }
+    return line;
+}
+
+} // namespace
+
+bool isAskedToEndBySignal()
+{
+    static const bool isInstalled = [] {
+        std::signal(SIGTERM, askToEnd);
+        std::signal(SIGINT, askToEnd);
+        std::signal(SIGPIPE, SIG_IGN);
+        return true;
+    }();
+    return isInstalled && endAsked != 0;
+}
+
+int run(const GatewayOptions& options, QIODevice& out, QIODevice& err)
+{
+    const Outcome<Profile> profile = loadProfile(options.profileFile);
+    if (!profile.ok()) {
+        return complain(err, Refused, profile.error);
+    }
+    Inbox inbox;
+    QString fault;
+    const std::unique_ptr<Engine> engine = openEngine(options, inbox, fault);
+    if (!engine) {
+        return complain(err, Refused, fault);
+    }
+    const auto opened = ledger::Ledger::open(options.ledger);
+    if (!opened.ok()) {
+        return complain(err, Refused, opened.error);
+    }
+    auto claimed = claim(opened.value, profile.value, *engine);
+    if (!claimed.ok()) {
+        return complain(err, Served, claimed.error);
+    }
+    LedgerOutbox port(opened.value, std::move(claimed.value));
+    return serve(options, profile.value, port, *engine, inbox, out, err);
+}
+
+int dryRun(const GatewayOptions& options, qint64 batch, QIODevice& out, QIODevice& err)
+{
+    const Outcome<Profile> profile = loadProfile(options.profileFile);
+    if (!profile.ok()) {
+        return complain(err, Refused, profile.error);
+    }
+    ledger::Ledger::Options reading;
+    reading.access = ledger::Ledger::Access::Read;
+    const auto opened = ledger::Ledger::open(options.ledger, reading);
+    if (!opened.ok()) {
+        return complain(err, Refused, opened.error);
+    }
+    LedgerOutbox port(opened.value, nullptr);
+    const Outcome<QList<Order>> orders = port.ordersOf(batch);
+    if (!orders.ok()) {
+        return complain(err, Refused, orders.error);
+    }
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    const QHash<int, QString> refusals = refusalsOf(profile.value, orders.value, now);
+    for (const Order& order : orders.value) {
+        const QJsonObject line = lineOf(batch, order, profile.value, refusals.value(order.row), now);
+        out.write(QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n');
+    }
+    return Ended;
+}
+
+int forget(const GatewayOptions& options, QIODevice& err)
+{
+    const Outcome<Profile> profile = loadProfile(options.profileFile);
+    if (!profile.ok()) {
+        return complain(err, Refused, profile.error);
+    }
+    const auto opened = ledger::Ledger::open(options.ledger);
+    if (!opened.ok()) {
+        return complain(err, Refused, opened.error);
+    }
+    const Outcome<void> forgotten = ledger::Outbox::forget(*opened.value, accountsOf(profile.value));
+    return forgotten.ok() ? static_cast<int>(Ended) : complain(err, Refused, forgotten.error);
+}
+
+} // namespace gateway

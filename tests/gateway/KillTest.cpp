@@ -1,0 +1,174 @@
+#include "tests/gateway/Counterparty.h"
+#include "tests/gateway/DeskLedger.h"
+#include "tests/gateway/GatewayRun.h"
+#include "tests/gateway/SampleOrders.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+
+#include <random>
+
+namespace {
+
+using ledger::InstanceState;
+
+/// A gateway in a process of its own.
+class Victim {
+public:
+    Victim(const DeskLedger& desk, const QString& settings, const QString& profile, int perSecond = 0)
+    {
+        mProcess.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        mProcess.setStandardOutputFile(QProcess::nullDevice());
+        mProcess.start(QStringLiteral(GATEWAY_VICTIM),
+                       {settings, profile, desk.path(), QString::number(perSecond)});
+        EXPECT_TRUE(mProcess.waitForStarted());
+    }
+
+    ~Victim()
+    {
+        if (mProcess.state() != QProcess::NotRunning) {
+            kill();
+        }
+    }
+
+    void kill()
+    {
+        mProcess.kill();
+        mProcess.waitForFinished();
+    }
+
+    int end()
+    {
+        mProcess.terminate();
+        EXPECT_TRUE(mProcess.waitForFinished(20000));
+        return mProcess.exitCode();
+    }
+
+    int status()
+    {
+        EXPECT_TRUE(mProcess.waitForFinished(20000));
+        return mProcess.exitCode();
+    }
+
+private:
+    QProcess mProcess;
+};
+
+QString profileFile(const DeskLedger& desk)
+{
+    const QString path = desk.folder().filePath(QStringLiteral("profile.json"));
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(sample::profileJson())
+                   .replace("\"exchanges\"", "\"statusTimeoutSeconds\": 2, \"exchanges\""));
+    return path;
+}
+
+void expectEachOnce(const Counterparty& counterparty, int count)
+{
+    const auto orders = counterparty.orders();
+    EXPECT_EQ(orders.size(), static_cast<std::size_t>(count));
+    for (const auto& order : orders) {
+        EXPECT_EQ(order.second.executions, 1) << order.first;
+    }
+    for (const std::string& message : counterparty.received()) {
+        const wire::Fields fields = wire::parse(message);
+        EXPECT_FALSE(wire::get(fields, 43) == "Y" && wire::get(fields, 35) != "4") << wire::shown(message);
+    }
+}
+
+class Kills : public testing::TestWithParam<unsigned int> {};
+
+/// Killed at whatever moment, with lines that break besides: each order is executed once, and the ledger says
+/// so in the end.
+TEST_P(Kills, EveryOrderIsExecutedOnce)
+{
+    const int count = 300;
+    const int kills = 25;
+    Counterparty::Options unlucky;
+    unlucky.seed = GetParam();
+    unlucky.dropPerMille = 5;
+    unlucky.losePerMille = 5;
+    Counterparty counterparty(unlucky);
+    DeskLedger desk;
+    desk.create(count / 2);
+    desk.create(count - count / 2);
+    const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
+    const QString profile = profileFile(desk);
+    std::mt19937 random(GetParam());
+    for (int i = 0; i < kills; ++i) {
+        Victim victim(desk, settings, profile, 60);
+        std::this_thread::sleep_for(std::chrono::milliseconds(50 + random() % 300));
+        victim.kill();
+    }
+    Victim survivor(desk, settings, profile);
+    for (int i = 0; i < 6 && desk.countOf(InstanceState::Finished) < count; ++i) {
+        counterparty.waitFor([&] { return desk.countOf(InstanceState::Finished) == count; });
+    }
+    EXPECT_EQ(desk.countOf(InstanceState::Finished), count) << desk.story();
+    EXPECT_EQ(survivor.end(), 0);
+    expectEachOnce(counterparty, count);
+    EXPECT_EQ(desk.instance(1, 1).filledQuantity.text(), QStringLiteral("1000"));
+}
+
+INSTANTIATE_TEST_SUITE_P(BySeed, Kills, testing::Range(1U, 5U));
+
+TEST(Process, AnAccountIsServedByOneAtATime)
+{
+    Counterparty counterparty{{}};
+    DeskLedger desk;
+    const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
+    Victim first(desk, settings, profileFile(desk));
+    ASSERT_TRUE(counterparty.waitFor([&] { return counterparty.isLoggedOn(); }));
+    Victim second(desk, settings, profileFile(desk));
+    EXPECT_EQ(second.status(), 3);
+    EXPECT_EQ(first.end(), 0);
+}
+
+TEST(Process, RefusesAProfileThatIsWrong)
+{
+    Counterparty counterparty{{}};
+    DeskLedger desk;
+    const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
+    Victim victim(desk, settings, QStringLiteral("/no/such/profile.json"));
+    EXPECT_EQ(victim.status(), 2);
+}
+
+TEST(Process, StopUndoAndHaltBecomeCancels)
+{
+    Counterparty::Options quiet;
+    quiet.fills = false;
+    Counterparty counterparty(quiet);
+    DeskLedger desk;
+    desk.create(3);
+    const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
+    Victim victim(desk, settings, profileFile(desk));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Running) == 3; }));
+    ledger::Selection one;
+    one.ids.append({1, 1});
+    EXPECT_EQ(desk.ledger().stop(one).error, QString());
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Stopped) == 1; }));
+    EXPECT_EQ(desk.ledger().halt(QStringLiteral("80010001"), QStringLiteral("测试")).error, QString());
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Stopped) == 3; }));
+    EXPECT_EQ(counterparty.essences("F").size(), 3U);
+    EXPECT_EQ(victim.end(), 0);
+}
+
+TEST(Process, KeepsThePace)
+{
+    Counterparty counterparty{{}};
+    DeskLedger desk;
+    desk.create(30);
+    const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
+    QElapsedTimer time;
+    time.start();
+    Victim victim(desk, settings, profileFile(desk), 10);
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Finished) == 30; }));
+    EXPECT_GE(time.elapsed(), 2000);
+    EXPECT_EQ(victim.end(), 0);
+}
+
+} // namespace

@@ -117,7 +117,9 @@ inline QString restoreFailed(const QString& file)
 
 inline QString restoreOnServer(const QString& ledger)
 {
-    return QStringLiteral("台账“%1”在服务器上：请用 pg_restore 恢复，或用 algodesk ledger copy 复制到空的台账。").arg(ledger);
+    return QStringLiteral(
+               "台账“%1”在服务器上：请用 pg_restore 恢复，或用 algodesk ledger copy 复制到空的台账。")
+        .arg(ledger);
 }
 
 inline QString ledgerInUse(const QString& file)

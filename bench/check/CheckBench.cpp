@@ -1,4 +1,5 @@
-// The file check of the most rows that an import takes. It comes on top of the import, which reads the file anyway.
+// The file check of the most rows that an import takes. It comes on top of the import, which reads the file
+// anyway.
 
 #include "desk/check/FileReport.h"
 #include "embedded_host/reference_data/ReferenceData.h"
@@ -24,8 +25,9 @@ const ReferenceData& shipped()
 /// Good rows of AITWAP; `spoilt`: each with a finding or two.
 table::Table tableOf(bool spoilt)
 {
-    QByteArray csv = "证券代码,证券名称,市场,委托数量,交易方向,委托限价,开始时间,结束时间,委托属性,最大市场占比,风格参数,"
-                     "单笔最小委托金额,实例备注,创建后是否立即启动\n";
+    QByteArray csv =
+        "证券代码,证券名称,市场,委托数量,交易方向,委托限价,开始时间,结束时间,委托属性,最大市场占比,风格参数,"
+        "单笔最小委托金额,实例备注,创建后是否立即启动\n";
     for (int row = 0; row < table::MostOrders; ++row) {
         csv += "600000,示例银行,SH," + QByteArray::number((row + 1) * 100) + (spoilt ? "股" : "") +
                ",1,9.86,2026-11-23 09:35:00,2026-11-23 14:50:00,0," + (spoilt ? "150" : "15") +

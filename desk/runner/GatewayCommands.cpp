@@ -2,6 +2,7 @@
 
 #include "desk/batch/LimitsFile.h"
 #include "desk/runner/CommandLine.h"
+#include "desk/runner/LedgerAccess.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 #include "gateway/program/Gateway.h"
@@ -66,17 +67,6 @@ QString faultOf(const QCommandLineParser& parser, const QString& command)
     return QString();
 }
 
-/// Where the ledger is: as named, else by the environment, else in the home.
-Outcome<ledger::Address> addressOf(const QCommandLineParser& parser, const CommandLine& line)
-{
-    const QString named = parser.isSet(QStringLiteral("ledger")) ? parser.value(QStringLiteral("ledger"))
-                                                                 : qEnvironmentVariable("ALGODESK_LEDGER");
-    if (!named.isEmpty()) {
-        return ledger::Address::parse(named);
-    }
-    return {ledger::Address::ofFile(ledger::Ledger::pathIn(homeFolder(line))), QString()};
-}
-
 int serve(const gateway::GatewayOptions& options, const QCommandLineParser& parser, QIODevice& out,
           QIODevice& err)
 {
@@ -97,10 +87,12 @@ int runGateway(const QCommandLineParser& parser, QIODevice& out, QIODevice& err)
     CommandLine line;
     line.dataFolder = parser.value(QStringLiteral("data"));
     line.home = parser.value(QStringLiteral("home"));
+    line.ledger = parser.isSet(QStringLiteral("ledger")) ? parser.value(QStringLiteral("ledger"))
+                                                         : qEnvironmentVariable("ALGODESK_LEDGER");
     QString error;
     const std::optional<QList<ledger::LimitScope>> limits =
         batch::readLimits(referenceDataFolder(line), error);
-    const Outcome<ledger::Address> address = addressOf(parser, line);
+    const Outcome<ledger::Address> address = ledgerAddress(line);
     if (!limits || !address.ok()) {
         return complain(err, limits ? address.error : error);
     }

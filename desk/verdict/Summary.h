@@ -34,7 +34,7 @@ struct Summary {
     QMap<QString, Side> markets; ///< by exchange
     QList<Row> largest;          ///< at most five, the largest first
     Side day;                    ///< of the account, with this batch
-    qint64 dayInstances = 0;        ///< likewise
+    qint64 dayInstances = 0;     ///< likewise
     QStringList elsewhere;       ///< the same file or orders on other accounts today, a line each
     QStringList optedOut;        ///< scopes of limits.csv that take this batch out of the general ceilings
 };

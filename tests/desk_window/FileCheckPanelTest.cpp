@@ -24,7 +24,8 @@ protected:
     {
         QStringList header = small_market::ordinaryHeader();
         header.replace(header.indexOf("实例备注"_s), "实例备住"_s);
-        const QString path = writeTable({header, row(), small_market::ordinaryRow("688001"_s, "SH"_s, "1.000"_s)}, "a.csv"_s);
+        const QString path =
+            writeTable({header, row(), small_market::ordinaryRow("688001"_s, "SH"_s, "1.000"_s)}, "a.csv"_s);
         drop(path);
         return path;
     }

@@ -44,7 +44,7 @@ TEST_F(LedgerPlace, IsTheOneThatIsNamedElseTheEnvironmentsElseTheHomes)
 {
     const QString file = table(goodRow());
     ASSERT_EQ(0, create(file).status);
-    ASSERT_EQ(0, create(table("000001,SZ,200,1,0,7\n"), {"--ledger"_s, other()}).status);
+    ASSERT_EQ(0, create(table("000001,SZ,200,1,0,7\n", "others.csv"_s), {"--ledger"_s, other()}).status);
     ASSERT_EQ(0, create(file, {"--ledger"_s, other()}).status) << "that ledger knows nothing of the file";
     EXPECT_EQ(1, batchesIn({"--home"_s, home()}));
     EXPECT_EQ(2, batchesIn({"--home"_s, home(), "--ledger"_s, other()}));

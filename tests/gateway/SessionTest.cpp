@@ -129,7 +129,7 @@ TEST_F(Session, HostileReportsChangeNothing)
     counterparty.report(id, "F", "1", "12a");
     counterparty.report(id, "F", "1", "-5");
     counterparty.say("8", {{58, std::string(10 << 20, 'x')}, {39, "1"}, {150, "F"}});
-    counterparty.sayRaw(std::string("8=FIX.4.4\0019=5\00135=8\00110=000\001", 31));
+    counterparty.sayRaw("8=FIX.4.4\0019=5\00135=8\00110=000\001");
     counterparty.sayRaw("\001\002garbage\0018=\001");
     counterparty.report(id, "F", "1", "300"); // swallowed by the garbage before it
     ASSERT_TRUE(counterparty.waitFor([&] { return ledger.kept().size() >= 3; }));

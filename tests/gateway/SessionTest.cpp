@@ -100,10 +100,13 @@ TEST_F(Session, AResendRequestIsAnsweredWithAGapFillAndNoOrderGoesTwice)
         "8",
         {{37, "O"}, {11, "NOT-OURS"}, {17, "X1"}, {150, "0"}, {39, "0"}, {14, "0"}, {6, "0"}, {151, "0"}});
     counterparty.say("2", {{7, "1"}, {16, "0"}});
-    ASSERT_TRUE(counterparty.waitFor([&] { return counterparty.essences("4").size() == 1; }));
+    // A request from behind a gap is answered at once, and again when the gap is closed.
+    ASSERT_TRUE(counterparty.waitFor([&] { return !counterparty.essences("4").empty(); }));
     EXPECT_EQ(counterparty.essences("D").size(), 3U);
     EXPECT_EQ(counterparty.essences("2").size(), 1U);
-    EXPECT_TRUE(counterparty.essences("4").front().find("123=Y") != std::string::npos);
+    for (const std::string& answer : counterparty.essences("4")) {
+        EXPECT_TRUE(answer.find("123=Y") != std::string::npos) << answer;
+    }
 }
 
 TEST_F(Session, AReportForNobodyIsKept)

@@ -5,6 +5,9 @@
 void HostJournal::add(const char* operation, QVariantList arguments)
 {
     mCalls.append({QString::fromLatin1(operation), std::move(arguments)});
+    if (mLook) {
+        mLook(mCalls.constLast());
+    }
 }
 
 QList<HostJournal::Call> HostJournal::callsOf(const QString& operation) const

@@ -6,6 +6,8 @@
 #include <QVariantList>
 
 #include <chrono>
+#include <functional>
+#include <utility>
 
 /// What was asked of the host, in order, while recording: for tests that check calls and their arguments.
 /// Recording is off at first and costs one comparison a call then.
@@ -22,6 +24,8 @@ public:
 
     void add(const char* operation, QVariantList arguments);
     void clear() { mCalls.clear(); }
+    /// Calls this at every call that is noted, before the host answers: what the caller had done by then.
+    void whileNoting(std::function<void(const Call&)> look) { mLook = std::move(look); }
 
     const QList<Call>& calls() const { return mCalls; }
     /// The calls of one operation, in order.
@@ -30,4 +34,5 @@ public:
 private:
     bool mRecording = false;
     QList<Call> mCalls;
+    std::function<void(const Call&)> mLook;
 };

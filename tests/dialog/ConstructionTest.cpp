@@ -41,6 +41,29 @@ TEST_F(Construction, AsksTheHostForSkinFuturesAndCatalogueInThisOrderAndRunsNoSl
     EXPECT_EQ(calls.at(2).arguments, QVariantList{"algo"_s});
 }
 
+TEST_F(Construction, TheFormStandsBeforeTheSkinIsAskedForAndTheFixedTablesBeforeTheFuturesData)
+{
+    openHost();
+    QWidget parent;
+    QStringList seen;
+    host->journal().whileNoting([&](const HostJournal::Call& call) {
+        auto& half = static_cast<AlgoBatchImportParamSetting&>(
+            *parent.findChild<QWidget*>("AlgoBatchImportParamSetting"_s, Qt::FindDirectChildrenOnly));
+        DialogInspector made(half);
+        seen.append(
+            "%1: form %2, tables %3, algorithm types %4"_s.arg(call.operation)
+                .arg(half.findChild<QPushButton*>("btn_ok"_s) != nullptr)
+                .arg(made.acceptedValues().size() + made.headAliases().size() + made.numericColumns().size())
+                .arg(half.findChild<QComboBox*>("cbx_algoType"_s)->count()));
+    });
+    const AlgoBatchImportParamSetting whole(&parent, SelectableStrategy);
+    host->journal().whileNoting({});
+    EXPECT_EQ(seen,
+              (QStringList{"ZelCore::addStyle2View: form 1, tables 0, algorithm types 0"_s,
+                           "FuturesLogicInterface::InitData: form 1, tables 19, algorithm types 0"_s,
+                           "AlgoTradeLogicNew::GetAllStrategies: form 1, tables 19, algorithm types 0"_s}));
+}
+
 TEST_F(Construction, PreparesFuturesDataOnceHoweverManyStrategiesAreLoaded)
 {
     open();

@@ -107,6 +107,57 @@ TEST(Architecture, EveryRoomIncludesOnlyWhatItsArrowsAllow)
     }
 }
 
+/// Room -> rooms, as the second table of the document says; what stands behind a semicolon are single
+/// headers.
+QMap<QString, QStringList> documentedArrows()
+{
+    static const QRegularExpression row(QStringLiteral("^\\| `(\\w+)/` \\| ([^;|]*)"),
+                                        QRegularExpression::MultilineOption);
+    static const QRegularExpression name(QStringLiteral("`(\\w+)/`"));
+    const QString text = textOf(Root + QStringLiteral("/docs/architecture.md"));
+    const QString table = text.mid(text.indexOf(QStringLiteral("| room | includes, beside itself |")))
+                              .section(QStringLiteral("\n\n"), 0, 0);
+    QMap<QString, QStringList> documented;
+    auto rows = row.globalMatch(table);
+    while (rows.hasNext()) {
+        const auto match = rows.next();
+        QStringList& below = documented[match.captured(1)];
+        auto names = name.globalMatch(match.captured(2));
+        while (names.hasNext()) {
+            below.append(names.next().captured(1));
+        }
+        below.sort();
+    }
+    return documented;
+}
+
+TEST(Architecture, TheDocumentDrawsTheseArrowsAndNoOther)
+{
+    QMap<QString, QStringList> asked = arrows();
+    for (QStringList& below : asked) {
+        below.sort();
+    }
+    const QMap<QString, QStringList> documented = documentedArrows();
+    EXPECT_EQ(documented.keys(), asked.keys());
+    for (auto room = asked.constBegin(); room != asked.constEnd(); ++room) {
+        EXPECT_EQ(documented.value(room.key()), room.value()) << qPrintable(room.key());
+    }
+}
+
+TEST(Architecture, EveryFolderWithSourcesIsARoomOrAboutThem)
+{
+    const QStringList about = {QStringLiteral("bench"),    QStringLiteral("build"), QStringLiteral("cmake"),
+                               QStringLiteral("examples"), QStringLiteral("fuzz"),  QStringLiteral("tests"),
+                               QStringLiteral("tools")};
+    for (const QString& folder : QDir(Root).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QDirIterator sources(Root + QLatin1Char('/') + folder,
+                             {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                             QDirIterator::Subdirectories);
+        EXPECT_TRUE(arrows().contains(folder) || about.contains(folder) || !sources.hasNext())
+            << qPrintable(folder) << " has no arrows";
+    }
+}
+
 TEST(Architecture, NoRoomIncludesOneThatIncludesIt)
 {
     const QMap<QString, QStringList> map = arrows();

@@ -1,12 +1,12 @@
 # Qt's and gtest's headers parsed once a flavour instead of once a file. The release does without, and so proves that every
 # file includes what it needs.
-option(ALGO_PRECOMPILED_HEADERS "Parse Qt's and gtest's headers once (gcc only)" OFF)
-if(ALGO_PRECOMPILED_HEADERS AND NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  message(STATUS "Precompiled headers need gcc: built without") # clang wants the same options in every target
-  set(ALGO_PRECOMPILED_HEADERS OFF)
-endif()
-if(ALGO_PRECOMPILED_HEADERS)
+option(ALGO_PRECOMPILED_HEADERS "Parse Qt's and gtest's headers once" OFF)
+if(ALGO_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   add_compile_options(-fpch-preprocess) # for ccache
+elseif(ALGO_PRECOMPILED_HEADERS)
+  add_compile_options("SHELL:-Xclang -fno-pch-timestamp") # likewise
+  # clang reads them only where code is as movable as theirs: programs as libraries.
+  set(CMAKE_CXX_COMPILE_OPTIONS_PIE ${CMAKE_CXX_COMPILE_OPTIONS_PIC})
 endif()
 
 # algo_precompiled_flavour(FLAVOUR VISIBILITY LIBS…): the headers of cmake/precompiled/FLAVOUR.h, compiled with the options

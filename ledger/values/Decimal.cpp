@@ -167,9 +167,11 @@ Decimal Decimal::operator-() const
 bool Decimal::raiseTo(int scale)
 {
     for (; mScale < scale; ++mScale) {
-        if (__builtin_mul_overflow(mDigits, Digits(10), &mDigits)) {
+        Digits raised = 0;
+        if (__builtin_mul_overflow(mDigits, Digits(10), &raised)) {
             return false;
         }
+        mDigits = raised;
     }
     return true;
 }

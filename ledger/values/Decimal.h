@@ -66,7 +66,8 @@ private:
     bool raiseTo(int scale);
     static int compare(const Decimal& left, const Decimal& right); ///< -1, 0, 1; 2: cannot be compared
 
-    Digits mDigits = 0;
+    /// As movable as other values: Qt's containers give 16 bytes to no element's address.
+    Digits mDigits __attribute__((packed, aligned(8))) = 0;
     int mScale = 0; ///< digits behind the point; below 0: none
 };
 

@@ -41,7 +41,7 @@ Outcome<Attempt> beginAttempt(const Ledger& ledger, const DraftJournal& journal,
     draft.id = begun.value.id;
     Attempt attempt{begun.value, std::nullopt};
     if (begun.value.isRepeated) {
-        const Outcome<std::optional<Batch>> made = ledger.batchOfDraft(draft.id);
+        const Outcome<std::optional<Batch>> made = ledger.batchOfDraft(draft.id, draft.account);
         attempt.made = made.value;
         return {attempt, made.error};
     }

@@ -17,6 +17,28 @@ namespace {
 constexpr int BatchesAtATime = 500;
 constexpr int InstancesAtATime = 1000;
 
+const QString PageOfBatches = QStringLiteral(" ORDER BY number LIMIT %1").arg(BatchesAtATime);
+
+/// Hands out rows until `take` wants no more, a page in memory at a time. `behind` reads the page behind a
+/// row; before the first one there is a row of no ledger.
+template <typename Row, typename Page>
+Outcome<void> eachRow(int most, const std::function<bool(const Row&)>& take, Page behind)
+{
+    Row last;
+    while (true) {
+        const Outcome<QList<Row>> page = behind(last);
+        for (const Row& row : page.value) {
+            if (!take(row)) {
+                return {};
+            }
+        }
+        if (!page.ok() || page.value.size() < most) {
+            return {page.error};
+        }
+        last = page.value.last();
+    }
+}
+
 } // namespace
 
 Ledger::Ledger(std::unique_ptr<Core> core) : mCore(std::move(core)) {}
@@ -53,13 +75,11 @@ QDate Ledger::today() const
     return exchangeDay(mCore->now());
 }
 
-Outcome<std::optional<Batch>> Ledger::batchOfDraft(const QUuid& draft) const
+Outcome<std::optional<Batch>> Ledger::batchOfDraft(const QUuid& draft, const QString& account) const
 {
     return mCore->read<std::optional<Batch>>([&](Statements& statements) {
-        const QList<Batch> found = selectBatches(statements, QStringLiteral("WHERE draft_id = ?"),
-                                                 {draft.toString(QUuid::WithoutBraces)});
-        return Outcome<std::optional<Batch>>{
-            found.isEmpty() ? std::nullopt : std::make_optional(found.first()), QString()};
+        const QStringList accounts = account.isEmpty() ? QStringList() : QStringList{account};
+        return Outcome<std::optional<Batch>>{selectBatchOf(statements, draft, accounts), QString()};
     });
 }
 
@@ -86,17 +106,19 @@ Outcome<QList<Batch>> Ledger::batchesBefore(std::optional<qint64> number, int mo
 Outcome<QList<Instance>> Ledger::instancesOf(qint64 batchNumber) const
 {
     return mCore->read<QList<Instance>>([&](Statements& statements) {
+        const std::optional<Batch> batch = selectBatch(statements, batchNumber);
         return Outcome<QList<Instance>>{
-            selectInstances(statements, {QStringLiteral("batch_number = ?"), {batchNumber}}), QString()};
+            batch ? selectInstances(statements, choiceOf(*batch)) : QList<Instance>(), QString()};
     });
 }
 
+/// The first condition is one that an index answers by itself.
 Outcome<QList<Instance>> Ledger::instancesBehind(std::optional<InstanceId> id, int most) const
 {
     return mCore->read<QList<Instance>>([&](Statements& statements) {
         InstanceChoice choice{QString(), {}, true, most};
         if (id) {
-            choice.condition = QStringLiteral("batch_number < ? OR (batch_number = ? AND row_no > ?)");
+            choice.condition = QStringLiteral("batch_number <= ? AND (batch_number < ? OR row_no > ?)");
             choice.values = {id->batch, id->batch, id->row};
         }
         return Outcome<QList<Instance>>{selectInstances(statements, choice), QString()};
@@ -105,63 +127,62 @@ Outcome<QList<Instance>> Ledger::instancesBehind(std::optional<InstanceId> id, i
 
 Outcome<void> Ledger::eachBatch(const std::function<bool(const Batch&)>& take) const
 {
-    qint64 last = 0;
-    while (true) {
-        const auto page = mCore->read<QList<Batch>>([&](Statements& statements) {
-            const QString rest =
-                QStringLiteral("WHERE number > ? ORDER BY number LIMIT %1").arg(BatchesAtATime);
-            return Outcome<QList<Batch>>{selectBatches(statements, rest, {last}), QString()};
+    return eachRow<Batch>(BatchesAtATime, take, [this](const Batch& last) {
+        return mCore->read<QList<Batch>>([&](Statements& statements) {
+            const QString rest = QStringLiteral("WHERE number > ?") + PageOfBatches;
+            return Outcome<QList<Batch>>{selectBatches(statements, rest, {last.number}), QString()};
         });
-        for (const Batch& batch : page.value) {
-            if (!take(batch)) {
-                return {};
-            }
-            last = batch.number;
-        }
-        if (!page.ok() || page.value.size() < BatchesAtATime) {
-            return {page.error};
-        }
-    }
+    });
 }
 
-Outcome<void> Ledger::eachInstance(const std::function<bool(const Instance&)>& take) const
+Outcome<void> Ledger::eachBatchOfDay(const QDate& day, const std::function<bool(const Batch&)>& take) const
 {
-    InstanceId last;
-    while (true) {
-        const auto page = mCore->read<QList<Instance>>([&](Statements& statements) {
-            return Outcome<QList<Instance>>{
-                selectInstances(statements, {QStringLiteral("(batch_number, row_no) > (?, ?)"),
-                                             {last.batch, last.row},
-                                             false,
-                                             InstancesAtATime}),
-                QString()};
+    return eachRow<Batch>(BatchesAtATime, take, [this, day](const Batch& last) {
+        return mCore->read<QList<Batch>>([&](Statements& statements) {
+            const QString rest = QStringLiteral("WHERE day = ? AND number > ?") + PageOfBatches;
+            return Outcome<QList<Batch>>{
+                selectBatches(statements, rest, {day.toString(Qt::ISODate), last.number}), QString()};
         });
-        for (const Instance& instance : page.value) {
-            if (!take(instance)) {
-                return {};
+    });
+}
+
+Outcome<void> Ledger::eachInstance(const std::function<bool(const Instance&)>& take,
+                                   std::optional<qint64> ofBatch) const
+{
+    return eachRow<Instance>(InstancesAtATime, take, [this, ofBatch](const Instance& last) {
+        return mCore->read<QList<Instance>>([&](Statements& statements) {
+            InstanceChoice choice{QStringLiteral("(batch_number, row_no) > (?, ?)"),
+                                  {last.id.batch, last.id.row},
+                                  false,
+                                  InstancesAtATime};
+            if (ofBatch) {
+                const Batch batch = selectBatch(statements, *ofBatch).value_or(Batch());
+                choice = choiceOf(batch, QStringLiteral("row_no > ?"), {last.id.row});
+                choice.most = InstancesAtATime;
             }
-            last = instance.id;
-        }
-        if (!page.ok() || page.value.size() < InstancesAtATime) {
-            return {page.error};
-        }
-    }
+            return Outcome<QList<Instance>>{selectInstances(statements, choice), QString()};
+        });
+    });
 }
 
 Outcome<QMap<InstanceState, qint64>> Ledger::counts(std::optional<qint64> batchNumber) const
 {
     return mCore->read<QMap<InstanceState, qint64>>([&](Statements& statements) {
-        return Outcome<QMap<InstanceState, qint64>>{countStates(statements, batchNumber), QString()};
+        const std::optional<Batch> batch = batchNumber ? selectBatch(statements, *batchNumber) : std::nullopt;
+        const bool isOfNone = batchNumber && !batch;
+        return Outcome<QMap<InstanceState, qint64>>{
+            isOfNone ? QMap<InstanceState, qint64>() : countStates(statements, batch), QString()};
     });
 }
 
 Outcome<BatchTable> Ledger::tableOf(qint64 batchNumber) const
 {
     return mCore->read<BatchTable>([&](Statements& statements) {
-        if (!selectBatch(statements, batchNumber)) {
+        const std::optional<Batch> batch = selectBatch(statements, batchNumber);
+        if (!batch) {
             return Outcome<BatchTable>{{}, texts::noSuchBatch(path(), batchNumber)};
         }
-        const std::optional<BatchTable> table = selectTable(statements, batchNumber);
+        const std::optional<BatchTable> table = selectTable(statements, *batch);
         return table ? Outcome<BatchTable>{*table, QString()}
                      : Outcome<BatchTable>{{}, texts::noTableKept(batchNumber)};
     });

@@ -81,8 +81,8 @@ public:
     /// error, and in `refusals` where that is given. From Limits::approvalAmount on the batch waits.
     Outcome<Batch> createBatch(const BatchDraft& draft, const CreationTerms& terms = {},
                                QList<Finding>* refusals = nullptr);
-    /// The batch that a draft made; nothing where it made none.
-    Outcome<std::optional<Batch>> batchOfDraft(const QUuid& draft) const;
+    /// The batch that a draft made; nothing where it made none. An empty account: not known.
+    Outcome<std::optional<Batch>> batchOfDraft(const QUuid& draft, const QString& account = {}) const;
 
     // Looking.
 
@@ -95,7 +95,9 @@ public:
     Outcome<QList<Instance>> instancesBehind(std::optional<InstanceId> id, int most = 200) const;
     /// All, oldest first, a page in memory at a time; `take` may end it by answering false.
     Outcome<void> eachBatch(const std::function<bool(const Batch&)>& take) const;
-    Outcome<void> eachInstance(const std::function<bool(const Instance&)>& take) const;
+    Outcome<void> eachBatchOfDay(const QDate& day, const std::function<bool(const Batch&)>& take) const;
+    Outcome<void> eachInstance(const std::function<bool(const Instance&)>& take,
+                               std::optional<qint64> ofBatch = std::nullopt) const;
     /// How many instances there are in each state.
     Outcome<QMap<InstanceState, qint64>> counts(std::optional<qint64> batch = std::nullopt) const;
     /// The table that a batch was imported from; an error where the batch is older than such tables.

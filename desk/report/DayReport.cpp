@@ -74,10 +74,7 @@ Outcome<QList<Count>> read(const ledger::Ledger& ledger, const QDate& day)
 {
     Counter counter(day);
     QString error;
-    const Outcome<void> looked = ledger.eachBatch([&](const ledger::Batch& batch) {
-        if (!counter.isOfDay(batch)) {
-            return true;
-        }
+    const Outcome<void> looked = ledger.eachBatchOfDay(day, [&](const ledger::Batch& batch) {
         const auto counts = ledger.counts(batch.number);
         error = counts.error;
         counter.add(batch, counts.value.value(ledger::InstanceState::Withdrawn));

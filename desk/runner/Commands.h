@@ -1,14 +1,21 @@
 #pragma once
 
 #include "desk/runner/CommandLine.h"
+#include "table/Outcome.h"
 
 #include <QByteArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QString>
 
 #include <functional>
 
 namespace runner {
+
+/// Takes the elements of an array one by one; false: no more are wanted.
+using TakeElement = std::function<bool(const QJsonObject& element)>;
+/// Hands out the elements of an array as they are read.
+using Elements = std::function<Outcome<void>(const TakeElement& take)>;
 
 /// How a subcommand ended.
 struct Result {
@@ -16,12 +23,15 @@ struct Result {
     QByteArray output;                    ///< for standard output
     QString error;                        ///< one line for standard error; empty: nothing
     std::function<void()> told = nullptr; ///< called once the output was taken
+    Elements elements = nullptr;          ///< a JSON array for standard output, in place of `output`
 };
 
 /// Wrong usage, or something that the reference data does not know.
 Result refuse(const QString& error);
 /// JSON for standard output.
 Result print(int status, const QJsonDocument& json);
+/// A JSON array for standard output, printed while it is read.
+Result printEach(Elements elements);
 
 /// Whether a table can be written to a file of that name: its ending decides the kind.
 bool isTableFile(const QString& path);

@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
 #include <QJsonObject>
 
 namespace runner {
@@ -28,21 +27,21 @@ Result verifyAudit(const Ledger& ledger)
                : complain(verdict.error);
 }
 
-Result listAudit(const Ledger& ledger, qint64 from)
+/// An empty page is the last one: a trail that lacks an entry is printed to its end.
+Outcome<void> eachEntry(const Ledger& ledger, qint64 from, const TakeElement& take)
 {
-    QJsonArray entries;
-    for (bool isMore = true; isMore;) {
+    while (true) {
         const Outcome<QList<ledger::AuditEntry>> page = ledger.audit(from, EntriesAPage);
-        if (!page.ok()) {
-            return complain(page.error);
-        }
         for (const ledger::AuditEntry& entry : page.value) {
-            entries.append(toJson(entry));
+            if (!take(toJson(entry))) {
+                return {};
+            }
             from = entry.number + 1;
         }
-        isMore = !page.value.isEmpty();
+        if (page.value.isEmpty()) {
+            return {page.error};
+        }
     }
-    return print(Done, QJsonDocument(entries));
 }
 
 /// What was kept, and where.
@@ -83,7 +82,11 @@ Result auditLedger(const CommandLine& line)
     if (!opened.ok()) {
         return complain(opened.error);
     }
-    return line.verify ? verifyAudit(*opened.value) : listAudit(*opened.value, from);
+    if (line.verify) {
+        return verifyAudit(*opened.value);
+    }
+    return printEach(
+        [ledger = opened.value, from](const TakeElement& take) { return eachEntry(*ledger, from, take); });
 }
 
 Result backupLedger(const CommandLine& line)

@@ -6,7 +6,6 @@
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 
 #include <optional>
@@ -29,12 +28,9 @@ Result listBatches(const CommandLine& line)
     if (!opened.ok()) {
         return complain(opened.error);
     }
-    QJsonArray batches;
-    const Outcome<void> read = opened.value->eachBatch([&](const ledger::Batch& batch) {
-        batches.append(toJson(batch));
-        return true;
+    return printEach([ledger = opened.value](const TakeElement& take) {
+        return ledger->eachBatch([&take](const ledger::Batch& batch) { return take(toJson(batch)); });
     });
-    return read.ok() ? print(Done, QJsonDocument(batches)) : complain(read.error);
 }
 
 Result listInstances(const CommandLine& line)
@@ -47,16 +43,14 @@ Result listInstances(const CommandLine& line)
     if (!opened.ok()) {
         return complain(opened.error);
     }
-    if (number) {
-        const QString missing = opened.value->batch(*number).error;
-        return missing.isEmpty() ? printed(opened.value->instancesOf(*number)) : complain(missing);
+    const QString missing = number ? opened.value->batch(*number).error : QString();
+    if (!missing.isEmpty()) {
+        return complain(missing);
     }
-    QJsonArray instances;
-    const Outcome<void> read = opened.value->eachInstance([&](const ledger::Instance& instance) {
-        instances.append(toJson(instance));
-        return true;
+    return printEach([ledger = opened.value, number](const TakeElement& take) {
+        return ledger->eachInstance(
+            [&take](const ledger::Instance& instance) { return take(toJson(instance)); }, number);
     });
-    return read.ok() ? print(Done, QJsonDocument(instances)) : complain(read.error);
 }
 
 Result undoBatch(const CommandLine& line)

@@ -174,16 +174,6 @@ QJsonObject toJson(const BatchDiff& diff, qint64 batch, const QString& fileName)
             {key("cellsChanged"), arrayOf(diff.cellsChanged, changedToJson)}};
 }
 
-QJsonArray toJson(const QList<Batch>& batches)
-{
-    return arrayOf(batches, [](const Batch& batch) { return toJson(batch); });
-}
-
-QJsonArray toJson(const QList<Instance>& instances)
-{
-    return arrayOf(instances, [](const Instance& instance) { return toJson(instance); });
-}
-
 QJsonObject creationToJson(const Verdict& verdict, const Outcome<Batch>& created)
 {
     return {{key("guard"), toJson(verdict)},

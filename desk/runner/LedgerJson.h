@@ -19,8 +19,6 @@ QJsonObject toJson(const ledger::AuditEntry& entry);
 QJsonObject toJson(const ledger::AuditVerdict& verdict);
 /// `batch` is the number of the batch compared with, `fileName` the edited file.
 QJsonObject toJson(const ledger::BatchDiff& diff, qint64 batch, const QString& fileName);
-QJsonArray toJson(const QList<ledger::Batch>& batches);
-QJsonArray toJson(const QList<ledger::Instance>& instances);
 /// The verdict and the batch that came of it, or the error.
 QJsonObject creationToJson(const ledger::Verdict& verdict, const Outcome<ledger::Batch>& created);
 /// A batch that an earlier attempt at the same draft made.

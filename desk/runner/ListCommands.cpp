@@ -6,6 +6,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <memory>
+
 namespace runner {
 
 namespace {
@@ -56,15 +58,18 @@ QJsonObject toJson(const Security& security)
 template <typename Item> Result list(const CommandLine& line, QList<Item> ReferenceTables::*items)
 {
     QString error;
-    const std::unique_ptr<EmbeddedHost> host = openHost(line, error);
+    const std::shared_ptr<EmbeddedHost> host = openHost(line, error);
     if (!host) {
         return refuse(error);
     }
-    QJsonArray array;
-    for (const Item& item : host->referenceData().tables().*items) {
-        array.append(toJson(item));
-    }
-    return print(Done, QJsonDocument(array));
+    return printEach([host, items](const TakeElement& take) -> Outcome<void> {
+        for (const Item& item : host->referenceData().tables().*items) {
+            if (!take(toJson(item))) {
+                break;
+            }
+        }
+        return {};
+    });
 }
 
 } // namespace

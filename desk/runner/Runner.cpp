@@ -4,12 +4,14 @@
 #include "desk/runner/Commands.h"
 #include "desk/runner/GatewayCommands.h"
 #include "desk/runner/LedgerAccess.h"
+#include "desk/runner/Output.h"
 
-#include <QFileDevice>
+#include <QIODevice>
 #include <QList>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace runner {
 
@@ -81,13 +83,6 @@ const QList<Subcommand>& subcommands()
     return table;
 }
 
-/// Whether the device took all of it: a pipe may be closed and a disk full.
-bool write(QIODevice& device, const QByteArray& text)
-{
-    auto* file = qobject_cast<QFileDevice*>(&device);
-    return device.write(text) == text.size() && (file == nullptr || file->flush());
-}
-
 /// How many words a name has, where the arguments begin with it; else 0.
 int wordsOf(const QString& name, const QStringList& arguments)
 {
@@ -113,31 +108,56 @@ Result dispatch(const QStringList& arguments)
     if (!line->help && !ledgerAddress(*line).ok()) {
         return refuse(ledgerAddress(*line).error);
     }
-    return line->help ? Result{Done, usage().toUtf8(), QString(), nullptr} : found->run(*line);
+    return line->help ? Result{Done, usage().toUtf8(), QString()} : found->run(*line);
 }
 
 Result answer(const QStringList& arguments)
 {
     const QString& first = arguments.first();
     if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
-        return {Done, usage().toUtf8(), QString(), nullptr};
+        return {Done, usage().toUtf8(), QString()};
     }
     if (first == QLatin1String("--version")) {
-        return {Done, "algodesk " ALGODESK_VERSION "\n", QString(), nullptr};
+        return {Done, "algodesk " ALGODESK_VERSION "\n", QString()};
     }
     return dispatch(arguments);
+}
+
+/// What cannot be read before anything was printed is told as ever. Behind that the array stays open, so that
+/// nobody takes it for whole.
+bool writeElements(Result& result, QIODevice& out)
+{
+    JsonArrayWriter array(out);
+    const Outcome<void> read =
+        result.elements([&array](const QJsonObject& element) { return array.add(element); });
+    if (read.ok()) {
+        return array.end();
+    }
+    result.status = Complained;
+    if (array.isBegun()) {
+        result.error = read.error;
+        return true;
+    }
+    return write(out, complain(read.error).output);
 }
 
 } // namespace
 
 Result refuse(const QString& error)
 {
-    return {Refused, QByteArray(), error, nullptr};
+    return {Refused, QByteArray(), error};
 }
 
 Result print(int status, const QJsonDocument& json)
 {
-    return {status, json.toJson(), QString(), nullptr};
+    return {status, json.toJson(), QString()};
+}
+
+Result printEach(Elements elements)
+{
+    Result result;
+    result.elements = std::move(elements);
+    return result;
 }
 
 bool isAsked(const QStringList& arguments)
@@ -152,7 +172,8 @@ int run(const QStringList& arguments, QIODevice& out, QIODevice& err)
         return runGatewayCommand(arguments, out, err);
     }
     Result result = answer(arguments);
-    if (!write(out, result.output)) {
+    const bool isTaken = result.elements ? writeElements(result, out) : write(out, result.output);
+    if (!isTaken) {
         result.status = Unprinted;
         result.error = QStringLiteral("cannot write to standard output: ") + out.errorString();
     } else if (result.told) {

@@ -36,8 +36,7 @@ void cancelWorking(Change& change, const QString& scope)
 /// Ends a batch that waited: nothing of it is ever sent.
 void withdrawWaiting(Change& change, const Batch& batch, BatchState state)
 {
-    QList<Instance> instances =
-        selectInstances(change.statements, {QStringLiteral("batch_number = ?"), {batch.number}});
+    QList<Instance> instances = selectInstances(change.statements, choiceOf(batch));
     for (Instance& instance : instances) {
         instance.state = InstanceState::Withdrawn;
     }
@@ -58,7 +57,7 @@ Outcome<Waiting> waitingFor(Change& change, qint64 number)
     if (!batch.ok()) {
         return {{}, batch.error};
     }
-    const std::optional<Approval> approval = selectApproval(change.statements, number);
+    const std::optional<Approval> approval = selectApproval(change.statements, batch.value);
     if (batch.value.state != BatchState::Waiting || !approval) {
         return {{}, texts::notWaiting(number, shownName(batch.value.state))};
     }
@@ -67,12 +66,13 @@ Outcome<Waiting> waitingFor(Change& change, qint64 number)
                     : Outcome<Waiting>{{batch.value, *approval}, QString()};
 }
 
-void decide(Change& change, Approval approval, const QString& reason)
+void decide(Change& change, const Waiting& waiting, const QString& reason)
 {
+    Approval approval = waiting.approval;
     approval.decidedBy = change.by;
     approval.decidedAt = change.at;
     approval.reason = reason;
-    decideApproval(change.statements, approval);
+    decideApproval(change.statements, waiting.batch, approval);
 }
 
 /// Why an approval holds no longer; empty where it does.
@@ -88,8 +88,7 @@ QString lapseOf(Change& change, const Waiting& waiting, const Limits& limits)
 void startApproved(Change& change, const Batch& batch)
 {
     QList<Instance> started = selectInstances(
-        change.statements,
-        {QStringLiteral("batch_number = ? AND starts_now = 1 AND state = 'created'"), {batch.number}});
+        change.statements, choiceOf(batch, QStringLiteral("starts_now = 1 AND state = 'created'")));
     const InstanceState state = operations::startedState(change.statements, batch.account);
     for (Instance& instance : started) {
         instance.state = state;
@@ -143,7 +142,7 @@ Outcome<Approval> Ledger::approvalOf(qint64 batchNumber) const
         if (!batch) {
             return Outcome<Approval>{{}, texts::noSuchBatch(path(), batchNumber)};
         }
-        const std::optional<Approval> found = selectApproval(statements, batchNumber);
+        const std::optional<Approval> found = selectApproval(statements, *batch);
         return found ? Outcome<Approval>{*found, QString()}
                      : Outcome<Approval>{{}, texts::notWaiting(batchNumber, shownName(batch->state))};
     });
@@ -164,7 +163,7 @@ Outcome<Batch> Ledger::approve(qint64 batchNumber, const Limits& limits)
         }
         lapse = lapseOf(change, waiting.value, limits);
         batch.state = lapse.isEmpty() ? BatchState::Created : BatchState::Lapsed;
-        decide(change, waiting.value.approval, lapse);
+        decide(change, waiting.value, lapse);
         if (lapse.isEmpty()) {
             updateBatchState(change.statements, batch, batch.state);
             startApproved(change, batch);
@@ -190,7 +189,7 @@ Outcome<Batch> Ledger::refuse(qint64 batchNumber, const QString& reason)
             return Outcome<Batch>{{}, waiting.error};
         }
         Batch batch = waiting.value.batch;
-        decide(change, waiting.value.approval, reason);
+        decide(change, waiting.value, reason);
         withdrawWaiting(change, batch, BatchState::Refused);
         change.note(QStringLiteral("refuse"), QString::number(batchNumber),
                     {{QStringLiteral("reason"), reason}});

@@ -100,7 +100,7 @@ QString Ledger::Core::runRead(const ReadBody& body) const
     }
     QString refused;
     {
-        Statements statements(store->database());
+        Statements statements(store->database(), &store->prepared());
         refused = body(statements);
         error = statements.error();
     }
@@ -132,7 +132,7 @@ Ledger::Core::Ending Ledger::Core::attempt(const ChangeBody& body, QString& erro
     QSqlError failure = store->begin(Store::Begin::Write);
     AuditEntry last;
     if (!failure.isValid()) {
-        Statements statements(store->database());
+        Statements statements(store->database(), &store->prepared());
         Change change{statements, *store, now(), user(), options.program, {}};
         const QString refused = body(change);
         for (AuditEntry& entry : change.entries) {
@@ -182,7 +182,7 @@ Ledger::Core::Ending Ledger::Core::settle(const AuditEntry& last, const QSqlErro
         error = texts::outcomeUnknown(name(), unsettled);
         return Ending::Failed;
     }
-    Statements statements(store->database());
+    Statements statements(store->database(), &store->prepared());
     const bool stands = audit::stands(statements, last);
     if (statements.failed()) {
         error = texts::outcomeUnknown(name(), store->sentenceFor(statements.error()));
@@ -254,6 +254,15 @@ Outcome<Batch> batchNumbered(Change& change, qint64 number)
     const std::optional<Batch> found = selectBatch(change.statements, number);
     return found ? Outcome<Batch>{*found, QString()}
                  : Outcome<Batch>{{}, texts::noSuchBatch(change.store.name(), number)};
+}
+
+QString AccountsOfBatches::of(qint64 batch)
+{
+    const auto known = mAccounts.constFind(batch);
+    if (known != mAccounts.constEnd()) {
+        return *known;
+    }
+    return mAccounts[batch] = selectBatch(mStatements, batch).value_or(Batch()).account;
 }
 
 InstanceState startedState(Statements& statements, const QString& account)

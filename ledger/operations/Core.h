@@ -67,6 +67,19 @@ namespace operations {
 void releaseDay(Change& change, const Batch& batch, const QList<Instance>& withdrawn, bool isWholeBatch);
 /// Fails with a sentence where there is no such batch.
 Outcome<Batch> batchNumbered(Change& change, qint64 number);
+/// The accounts of batches that are known by their numbers alone, each asked for once.
+class AccountsOfBatches {
+public:
+    explicit AccountsOfBatches(Statements& statements) : mStatements(statements) {}
+
+    QString of(qint64 batch); ///< empty: there is no such batch
+    void know(qint64 batch, const QString& account) { mAccounts[batch] = account; }
+
+private:
+    Statements& mStatements;
+    QHash<qint64, QString> mAccounts;
+};
+
 /// The state that a started instance of the account is in.
 InstanceState startedState(Statements& statements, const QString& account);
 ChangedInstance changedInstance(const Instance& instance, InstanceState before);

@@ -58,8 +58,8 @@ QList<Finding> refusalsOf(Change& change, const BatchDraft& draft, const Creatio
     day = standing.day;
     QList<Finding> refusals = refusalsOfDay(draft, terms.limits, standing);
     if (terms.knownDuplicates) {
-        refusals +=
-            unknownDuplicates(selectDuplicates(change.statements, draft, change.at), *terms.knownDuplicates);
+        refusals += unknownDuplicates(selectDuplicates(change.statements, change.store, draft, change.at),
+                                      *terms.knownDuplicates);
     }
     return refusals;
 }
@@ -100,7 +100,7 @@ void insert(Change& change, Batch& batch, const BatchDraft& draft, const Creatio
     batch.number = takeNumber(change.statements, QStringLiteral("last_batch"));
     batch.state = waits ? BatchState::Waiting : BatchState::Created;
     insertBatch(change.statements, batch);
-    insertInstances(change.statements, batch, draft.instances,
+    insertInstances(change.statements, change.store, batch, draft.instances,
                     waits ? InstanceState::Created
                           : operations::startedState(change.statements, batch.account));
     insertTable(change.statements, batch, draft.table);
@@ -147,7 +147,7 @@ Outcome<Standing> Ledger::standingOf(const BatchDraft& draft) const
     return mCore->read<Standing>([&](Statements& statements) {
         const QDateTime now = mCore->now();
         Standing standing = ledger::standingOf(statements, draft, now, QString());
-        standing.duplicates = selectDuplicates(statements, draft, now);
+        standing.duplicates = selectDuplicates(statements, *mCore->store, draft, now);
         standing.lately = selectLately(statements, draft, now);
         return Outcome<Standing>{standing, QString()};
     });
@@ -161,11 +161,9 @@ Outcome<Batch> Ledger::createBatch(const BatchDraft& draft, const CreationTerms&
         return {{}, fault};
     }
     return mCore->change<Batch>([&](Change& change) {
-        const QList<Batch> known =
-            selectBatches(change.statements, QStringLiteral("WHERE draft_id = ? AND account = ?"),
-                          {draft.id.toString(QUuid::WithoutBraces), column::text(draft.account)});
-        if (!known.isEmpty()) {
-            return Outcome<Batch>{known.first(), QString()};
+        const std::optional<Batch> known = selectBatchOf(change.statements, draft.id, {draft.account});
+        if (known) {
+            return Outcome<Batch>{*known, QString()};
         }
         AccountDay day;
         const QList<Finding> found = refusalsOf(change, draft, terms, day);

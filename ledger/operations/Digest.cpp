@@ -2,7 +2,7 @@
 
 #include "ledger/operations/Core.h"
 #include "ledger/store/InstanceQueries.h"
-#include "ledger/store/ParameterText.h"
+#include "ledger/store/JsonText.h"
 
 #include <QCryptographicHash>
 
@@ -25,11 +25,10 @@ QString digestOf(Statements& statements, const Batch& batch, const Limits& limit
                                 batch.fileSha256, textOf(limits), verdict}) {
         add(hash, part);
     }
-    const QList<Instance> instances =
-        selectInstances(statements, {QStringLiteral("batch_number = ?"), {batch.number}});
+    const QList<Instance> instances = selectInstances(statements, choiceOf(batch));
     for (const Instance& instance : instances) {
         add(hash, instance.id.text());
-        add(hash, QString::fromUtf8(parametersToText(instance.parameters)));
+        add(hash, jsonText(instance.parameters));
         add(hash, QString::number(instance.startsNow));
         for (const Leg& leg : instance.legs) {
             for (const QString& part : {leg.symbol, leg.exchange, leg.direction, leg.quantity.text(),

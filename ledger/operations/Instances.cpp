@@ -31,11 +31,11 @@ Outcome<QList<Instance>> selected(Change& change, const Selection& selection)
         if (!batch.ok()) {
             return {{}, batch.error};
         }
-        instances =
-            selectInstances(change.statements, {QStringLiteral("batch_number = ?"), {*selection.batch}});
+        instances = selectInstances(change.statements, choiceOf(batch.value));
     }
+    operations::AccountsOfBatches accounts(change.statements);
     for (const InstanceId& id : selection.ids) {
-        const std::optional<Instance> found = selectInstance(change.statements, id);
+        const std::optional<Instance> found = selectInstance(change.statements, id, accounts.of(id.batch));
         if (!found) {
             return {{}, texts::noSuchInstance(id.text())};
         }
@@ -78,7 +78,8 @@ Outcome<ChangedList> apply(Change& change, const Selection& selection, const QSt
     }
     updateInstances(change.statements, changed, change.at);
     for (auto batch = withdrawn.cbegin(); batch != withdrawn.cend(); ++batch) {
-        const std::optional<Batch> ofThese = selectBatch(change.statements, batch.key());
+        const std::optional<Batch> ofThese =
+            selectBatch(change.statements, batch.key(), batch->first().account);
         operations::releaseDay(change, ofThese.value_or(Batch()), *batch, false);
     }
     change.note(what, operations::namesOf(changed));
@@ -121,7 +122,7 @@ bool takeBack(Instance& instance)
 /// Why nothing of a batch may be started; empty where it may.
 QString startObjection(Change& change, const Instance& instance)
 {
-    const std::optional<Batch> batch = selectBatch(change.statements, instance.id.batch);
+    const std::optional<Batch> batch = selectBatch(change.statements, instance.id.batch, instance.account);
     const bool stands =
         batch && (batch->state == BatchState::Created || batch->state == BatchState::PartlyReversed);
     if (!stands) {
@@ -221,7 +222,8 @@ Outcome<ChangedInstance> Ledger::settle(const InstanceId& id, InstanceState stat
         return {{}, texts::noReason()};
     }
     return mCore->change<ChangedInstance>([&](Change& change) {
-        const std::optional<Instance> found = selectInstance(change.statements, id);
+        const QString account = operations::AccountsOfBatches(change.statements).of(id.batch);
+        const std::optional<Instance> found = selectInstance(change.statements, id, account);
         if (!found) {
             return Outcome<ChangedInstance>{{}, texts::noSuchInstance(id.text())};
         }
@@ -248,8 +250,7 @@ Outcome<UndoReport> Ledger::undo(qint64 batchNumber)
         if (!batch.ok()) {
             return Outcome<UndoReport>{{}, batch.error};
         }
-        UndoSort sort = sortForUndo(
-            selectInstances(change.statements, {QStringLiteral("batch_number = ?"), {batchNumber}}));
+        UndoSort sort = sortForUndo(selectInstances(change.statements, choiceOf(batch.value)));
         sort.report.batch = batchNumber;
         const bool wasTakenBack = batch.value.state == BatchState::Withdrawn ||
                                   batch.value.state == BatchState::Refused ||

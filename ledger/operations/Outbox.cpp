@@ -19,17 +19,8 @@ const QString All = QStringLiteral("*");
 /// A condition on instances, narrowed to the accounts that a gateway serves.
 InstanceChoice ofAccounts(const QString& condition, const QStringList& accounts)
 {
-    InstanceChoice choice{condition, {}};
-    if (accounts.isEmpty() || accounts.contains(All)) {
-        return choice;
-    }
-    QStringList marks;
-    for (const QString& account : accounts) {
-        marks.append(QStringLiteral("?"));
-        choice.values.append(account);
-    }
-    choice.condition += QStringLiteral(" AND account IN (%1)").arg(marks.join(QLatin1Char(',')));
-    return choice;
+    const InAccounts in(accounts);
+    return {condition + in.condition, in.values};
 }
 
 const QString IsOpen =
@@ -56,7 +47,7 @@ OrderList beginSending(Change& change, QList<Instance>& instances)
     for (Instance& instance : instances) {
         if (!drafts.contains(instance.id.batch)) {
             drafts[instance.id.batch] =
-                selectBatch(change.statements, instance.id.batch).value_or(Batch()).draftId;
+                selectBatch(change.statements, instance.id.batch, instance.account).value_or(Batch()).draftId;
         }
         const bool wasSent = !instance.clOrdId.isEmpty();
         instance.state = InstanceState::Sending;
@@ -169,14 +160,13 @@ Outcome<QList<Order>> Outbox::named(const QString& clOrdId) const
 {
     return mLedger->mCore->read<OrderList>([&](Statements& statements) {
         const QPair<QUuid, int> order = orderNamed(clOrdId);
-        const QList<Batch> batches = selectBatches(statements, QStringLiteral("WHERE draft_id = ?"),
-                                                   {order.first.toString(QUuid::WithoutBraces)});
-        if (batches.isEmpty()) {
+        const std::optional<Batch> batch = selectBatchOf(statements, order.first, mGateway.accounts);
+        if (!batch) {
             return Outcome<OrderList>();
         }
-        const QString named = QStringLiteral("batch_number = ? AND row_no = ? AND cl_ord_id = ?");
+        const QString named = QStringLiteral("row_no = ? AND cl_ord_id = ?");
         return Outcome<OrderList>{
-            ordersOf(selectInstances(statements, {named, {batches.first().number, order.second, clOrdId}})),
+            ordersOf(selectInstances(statements, choiceOf(*batch, named, {order.second, clOrdId}))),
             QString()};
     });
 }
@@ -227,7 +217,7 @@ Outcome<QList<CancelRequest>> Outbox::takeCancels(int most)
 Outcome<QList<Recorded>> Outbox::record(const QList<Execution>& executions)
 {
     return mLedger->mCore->change<QList<Recorded>>([&](Change& change) {
-        Recording recording(change);
+        Recording recording(change, mGateway.accounts);
         QList<Recorded> recorded;
         for (const Execution& execution : executions) {
             recorded.append(recording.take(execution));
@@ -240,7 +230,7 @@ Outcome<QList<Recorded>> Outbox::record(const QList<Execution>& executions)
 Outcome<QList<Instance>> Outbox::decide(const QList<Decision>& decisions)
 {
     return mLedger->mCore->change<QList<Instance>>([&](Change& change) {
-        Recording recording(change);
+        Recording recording(change, mGateway.accounts);
         QList<Instance> decided;
         for (const Decision& decision : decisions) {
             const Outcome<Instance> instance = recording.decide(decision);

@@ -1,7 +1,6 @@
 #include "ledger/operations/Recording.h"
 
 #include "ledger/LedgerTexts.h"
-#include "ledger/operations/Core.h"
 #include "ledger/store/BatchQueries.h"
 #include "ledger/store/ControlQueries.h"
 #include "ledger/store/InstanceQueries.h"
@@ -30,7 +29,7 @@ Instance* Recording::load(const InstanceId& id)
 {
     const QPair<qint64, int> key = keyOf(id);
     if (!mInstances.contains(key)) {
-        const std::optional<Instance> found = selectInstance(mChange.statements, id);
+        const std::optional<Instance> found = selectInstance(mChange.statements, id, mAccounts.of(id.batch));
         if (!found) {
             return nullptr;
         }
@@ -47,9 +46,9 @@ Instance* Recording::find(const QString& clOrdId)
         return nullptr;
     }
     if (!mBatches.contains(named.first)) {
-        const QList<Batch> found = selectBatches(mChange.statements, QStringLiteral("WHERE draft_id = ?"),
-                                                 {named.first.toString(QUuid::WithoutBraces)});
-        mBatches[named.first] = found.value(0).number;
+        const Batch found = selectBatchOf(mChange.statements, named.first, mServed).value_or(Batch());
+        mBatches[named.first] = found.number;
+        mAccounts.know(found.number, found.account);
     }
     Instance* instance = load({mBatches.value(named.first), named.second});
     return instance && instance->clOrdId == clOrdId ? instance : nullptr;
@@ -165,7 +164,8 @@ Outcome<Instance> Recording::decide(const Outbox::Decision& decision)
     follow(*instance);
     if (isWithdrawn) {
         instance->isTakenBack = false;
-        const std::optional<Batch> batch = selectBatch(mChange.statements, instance->id.batch);
+        const std::optional<Batch> batch =
+            selectBatch(mChange.statements, instance->id.batch, instance->account);
         operations::releaseDay(mChange, batch.value_or(Batch()), {*instance}, false);
     }
     mChanged.append(keyOf(instance->id));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/operations/Change.h"
+#include "ledger/operations/Core.h"
 #include "ledger/Outbox.h"
 
 #include <QMap>
@@ -11,7 +11,11 @@ namespace ledger {
 /// and written once, however many reports there are of each.
 class Recording {
 public:
-    explicit Recording(Change& change) : mChange(change) {}
+    /// `accounts`: those that the gateway serves.
+    Recording(Change& change, const QStringList& accounts)
+        : mChange(change), mServed(accounts), mAccounts(change.statements)
+    {
+    }
 
     Recorded take(const Execution& execution);
     /// How the instance stands afterwards; an error where there is none.
@@ -28,6 +32,8 @@ private:
     Recorded keep(const Execution& execution, Recorded::Kind kind);
 
     Change& mChange;
+    const QStringList mServed;
+    operations::AccountsOfBatches mAccounts;
     QMap<QPair<qint64, int>, Instance> mInstances;
     QMap<QUuid, qint64> mBatches;
     QList<QPair<qint64, int>> mChanged;

@@ -1,8 +1,10 @@
 #include "ledger/store/BatchQueries.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
+#include "ledger/store/JsonText.h"
+
 #include <QMap>
+
+#include <limits>
 
 namespace ledger {
 
@@ -14,25 +16,6 @@ constexpr int MostDuplicates = 20;
 constexpr int SessionHours = 8;
 /// A clock that is a day ahead takes today's batches for yesterday's.
 constexpr int LatelyHours = 36;
-
-QString jsonText(const QJsonArray& array)
-{
-    return QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact));
-}
-
-QJsonArray jsonArray(const QVariant& value)
-{
-    return QJsonDocument::fromJson(value.toString().toUtf8()).array();
-}
-
-QStringList textsOf(const QJsonArray& array)
-{
-    QStringList list;
-    for (const QJsonValue& value : array) {
-        list.append(value.toString());
-    }
-    return list;
-}
 
 Batch batchOf(const QSqlQuery& row)
 {
@@ -97,22 +80,48 @@ QList<Batch> selectSameFile(Statements& statements, const BatchDraft& draft, con
                          {draft.fileSha256, column::time(since)});
 }
 
-/// Rows of the same orders on the draft's account, by batch.
-QMap<qint64, QSet<int>> selectSameRows(Statements& statements, const BatchDraft& draft)
+/// The first batch of the session on an account: of older ones nothing is looked at, however many there are.
+qint64 firstSince(Statements& statements, const QString& account, const QDateTime& since)
 {
-    QMap<qint64, QSet<int>> rows;
-    QSqlQuery query = statements.prepare(
-        QStringLiteral("SELECT batch_number FROM instance WHERE account = ? AND row_key = ? "
-                       "AND state <> 'withdrawn' ORDER BY batch_number DESC LIMIT %1")
-            .arg(MostDuplicates));
-    query.setForwardOnly(true);
-    for (int i = 0; i < draft.instances.size(); ++i) {
-        statements.runAgain(query, {draft.account, rowKey(draft.strategy, draft.instances.at(i))});
-        while (statements.next(query)) {
-            rows[query.value(0).toLongLong()].insert(i + 1);
-        }
+    const QVariant first = statements.single(
+        QStringLiteral("SELECT MIN(number) FROM batch WHERE account = ? AND created_at >= ?"),
+        {column::text(account), column::time(since)});
+    return first.isNull() ? std::numeric_limits<qint64>::max() : first.toLongLong();
+}
+
+/// Rows of the same orders on the draft's account, by batch.
+QMap<qint64, QSet<int>> selectSameRows(Statements& statements, const Store& store, const BatchDraft& draft,
+                                       qint64 firstBatch)
+{
+    const QString statement =
+        QStringLiteral("WITH draft_row (row_no, row_key) AS (VALUES %1) SELECT r.row_no, (SELECT ") +
+        store.listOf(QStringLiteral("n.batch_number")) +
+        QStringLiteral(" FROM (SELECT i.batch_number FROM instance i WHERE i.account = ? "
+                       "AND i.row_key = r.row_key AND i.batch_number >= ? AND i.state <> 'withdrawn' "
+                       "ORDER BY i.batch_number DESC LIMIT %1) n) FROM draft_row r")
+            .arg(MostDuplicates);
+    QVariantList cells;
+    int row = 0;
+    for (const InstanceDraft& instance : draft.instances) {
+        cells += {QString::number(++row), rowKey(draft.strategy, instance)};
     }
+    QMap<qint64, QSet<int>> rows;
+    statements.runForRows(statement, cells, 2, {column::text(draft.account), firstBatch},
+                          [&](QSqlQuery& query) {
+                              while (statements.next(query)) {
+                                  const QStringList batches =
+                                      query.value(1).toString().split(QLatin1Char(','), Qt::SkipEmptyParts);
+                                  for (const QString& batch : batches) {
+                                      rows[batch.toLongLong()].insert(query.value(0).toInt());
+                                  }
+                              }
+                          });
     return rows;
+}
+
+std::optional<Batch> firstOf(const QList<Batch>& batches)
+{
+    return batches.isEmpty() ? std::nullopt : std::make_optional(batches.first());
 }
 
 } // namespace
@@ -133,24 +142,32 @@ QList<Batch> selectBatches(Statements& statements, const QString& condition, con
 
 std::optional<Batch> selectBatch(Statements& statements, qint64 number)
 {
-    const QList<Batch> found = selectBatches(statements, QStringLiteral("WHERE number = ?"), {number});
-    return found.isEmpty() ? std::nullopt : std::make_optional(found.first());
+    return firstOf(selectBatches(statements, QStringLiteral("WHERE number = ?"), {number}));
 }
 
-std::optional<BatchTable> selectTable(Statements& statements, qint64 batch)
+std::optional<Batch> selectBatch(Statements& statements, qint64 number, const QString& account)
+{
+    return firstOf(selectBatches(statements, QStringLiteral("WHERE number = ? AND account = ?"),
+                                 {number, column::text(account)}));
+}
+
+std::optional<Batch> selectBatchOf(Statements& statements, const QUuid& draft, const QStringList& accounts)
+{
+    const InAccounts in(accounts);
+    return firstOf(selectBatches(statements, QStringLiteral("WHERE draft_id = ?") + in.condition,
+                                 QVariantList{draft.toString(QUuid::WithoutBraces)} + in.values));
+}
+
+std::optional<BatchTable> selectTable(Statements& statements, const Batch& batch)
 {
     QSqlQuery query = statements.select(
-        QStringLiteral("SELECT column_names, row_texts FROM batch_table WHERE batch_number = ?"), {batch});
+        QStringLiteral(
+            "SELECT column_names, row_texts FROM batch_table WHERE batch_number = ? AND account = ?"),
+        {batch.number, column::text(batch.account)});
     if (!statements.next(query)) {
         return std::nullopt;
     }
-    BatchTable table;
-    table.columns = textsOf(jsonArray(query.value(0)));
-    const QJsonArray rows = jsonArray(query.value(1));
-    for (const QJsonValue& row : rows) {
-        table.rows.append(textsOf(row.toArray()));
-    }
-    return table;
+    return BatchTable{textsIn(query.value(0).toString()), rowsIn(query.value(1).toString())};
 }
 
 qint64 takeNumber(Statements& statements, const QString& name)
@@ -180,14 +197,10 @@ void insertBatch(Statements& statements, const Batch& batch)
 
 void insertTable(Statements& statements, const Batch& batch, const BatchTable& table)
 {
-    QJsonArray rows;
-    for (const QStringList& row : table.rows) {
-        rows.append(QJsonArray::fromStringList(row));
-    }
-    statements.run(QStringLiteral("INSERT INTO batch_table (batch_number, account, column_names, row_texts) "
-                                  "VALUES (?, ?, ?, ?)"),
-                   {batch.number, column::text(batch.account),
-                    jsonText(QJsonArray::fromStringList(table.columns)), jsonText(rows)});
+    statements.run(
+        QStringLiteral("INSERT INTO batch_table (batch_number, account, column_names, row_texts) "
+                       "VALUES (?, ?, ?, ?)"),
+        {batch.number, column::text(batch.account), jsonText(table.columns), jsonText(table.rows)});
 }
 
 void updateBatchState(Statements& statements, const Batch& batch, BatchState state)
@@ -233,7 +246,8 @@ void saveDay(Statements& statements, const AccountDay& day)
     }
 }
 
-QList<Duplicate> selectDuplicates(Statements& statements, const BatchDraft& draft, const QDateTime& now)
+QList<Duplicate> selectDuplicates(Statements& statements, const Store& store, const BatchDraft& draft,
+                                  const QDateTime& now)
 {
     const QDateTime since = sessionStart(now);
     QMap<qint64, Duplicate> found;
@@ -241,9 +255,10 @@ QList<Duplicate> selectDuplicates(Statements& statements, const BatchDraft& draf
         found[batch.number] = duplicateOf(batch);
         found[batch.number].isSameFile = true;
     }
-    const QMap<qint64, QSet<int>> rows = selectSameRows(statements, draft);
+    const qint64 first = firstSince(statements, draft.account, since);
+    const QMap<qint64, QSet<int>> rows = selectSameRows(statements, store, draft, first);
     for (auto row = rows.cbegin(); row != rows.cend(); ++row) {
-        const std::optional<Batch> batch = selectBatch(statements, row.key());
+        const std::optional<Batch> batch = selectBatch(statements, row.key(), draft.account);
         if (batch && batch->createdAt >= since) {
             if (!found.contains(batch->number)) {
                 found[batch->number] = duplicateOf(*batch);

@@ -2,6 +2,7 @@
 
 #include "ledger/guard/Standing.h"
 #include "ledger/store/Statements.h"
+#include "ledger/store/Store.h"
 #include "ledger/values/ExchangeTime.h"
 
 #include <optional>
@@ -11,9 +12,13 @@ namespace ledger {
 
 /// `condition` is the rest of the statement from WHERE on.
 QList<Batch> selectBatches(Statements& statements, const QString& condition, const QVariantList& values = {});
+/// By the number alone, for whoever names a batch by it; all further statements carry its account.
 std::optional<Batch> selectBatch(Statements& statements, qint64 number);
+std::optional<Batch> selectBatch(Statements& statements, qint64 number, const QString& account);
+/// What a draft made; `accounts` as of InAccounts.
+std::optional<Batch> selectBatchOf(Statements& statements, const QUuid& draft, const QStringList& accounts);
 /// Nothing where the batch has no table.
-std::optional<BatchTable> selectTable(Statements& statements, qint64 batch);
+std::optional<BatchTable> selectTable(Statements& statements, const Batch& batch);
 
 /// The next value of a counter of the ledger; from here to the end of the transaction nobody else gets one.
 qint64 takeNumber(Statements& statements, const QString& name);
@@ -27,8 +32,9 @@ AccountDay selectDay(Statements& statements, const QString& account, const QDate
 QList<AccountDay> selectDays(Statements& statements, const QDate& day);
 void saveDay(Statements& statements, const AccountDay& day);
 
-/// What the draft would create again; see Standing.
-QList<Duplicate> selectDuplicates(Statements& statements, const BatchDraft& draft, const QDateTime& now);
+/// What the draft would create again; see Standing. The same file is looked for on every account.
+QList<Duplicate> selectDuplicates(Statements& statements, const Store& store, const BatchDraft& draft,
+                                  const QDateTime& now);
 QList<Duplicate> selectLately(Statements& statements, const BatchDraft& draft, const QDateTime& now);
 
 } // namespace ledger

@@ -93,16 +93,16 @@ void deleteGateway(Statements& statements, const QStringList& accounts)
     }
 }
 
-std::optional<Approval> selectApproval(Statements& statements, qint64 batch)
+std::optional<Approval> selectApproval(Statements& statements, const Batch& batch)
 {
     QSqlQuery query = statements.select(
         QStringLiteral("SELECT digest, verdict, asked_by, asked_at, decided_by, decided_at, reason "
-                       "FROM approval WHERE batch_number = ?"),
-        {batch});
+                       "FROM approval WHERE batch_number = ? AND account = ?"),
+        {batch.number, column::text(batch.account)});
     if (!statements.next(query)) {
         return std::nullopt;
     }
-    return Approval{batch,
+    return Approval{batch.number,
                     query.value(0).toString(),
                     query.value(1).toString(),
                     query.value(2).toString(),
@@ -121,12 +121,12 @@ void insertApproval(Statements& statements, const Batch& batch, const Approval& 
          column::text(approval.askedBy), column::time(approval.askedAt)});
 }
 
-void decideApproval(Statements& statements, const Approval& approval)
+void decideApproval(Statements& statements, const Batch& batch, const Approval& approval)
 {
     statements.run(QStringLiteral("UPDATE approval SET decided_by = ?, decided_at = ?, reason = ? "
-                                  "WHERE batch_number = ?"),
+                                  "WHERE batch_number = ? AND account = ?"),
                    {column::text(approval.decidedBy), column::time(approval.decidedAt),
-                    column::text(approval.reason), approval.batch});
+                    column::text(approval.reason), batch.number, column::text(batch.account)});
 }
 
 bool insertExecution(Statements& statements, const Instance& instance, const QString& execId,

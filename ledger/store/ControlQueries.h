@@ -18,9 +18,9 @@ void saveGateway(Statements& statements, const Gateway& gateway);
 void updateSession(Statements& statements, const Gateway& gateway);
 void deleteGateway(Statements& statements, const QStringList& accounts);
 
-std::optional<Approval> selectApproval(Statements& statements, qint64 batch);
+std::optional<Approval> selectApproval(Statements& statements, const Batch& batch);
 void insertApproval(Statements& statements, const Batch& batch, const Approval& approval);
-void decideApproval(Statements& statements, const Approval& approval);
+void decideApproval(Statements& statements, const Batch& batch, const Approval& approval);
 
 /// False where that execution was counted before.
 bool insertExecution(Statements& statements, const Instance& instance, const QString& execId,

@@ -1,6 +1,6 @@
 #include "ledger/store/InstanceQueries.h"
 
-#include "ledger/store/ParameterText.h"
+#include "ledger/store/JsonText.h"
 
 #include <QHash>
 
@@ -16,7 +16,7 @@ Instance instanceOf(const QSqlQuery& row)
     instance.strategy = row.value(3).toString();
     instance.state = instanceStateNamed(row.value(4).toString());
     instance.changedAt = column::timeOf(row.value(5));
-    instance.parameters = parametersFromText(row.value(6).toString().toUtf8());
+    instance.parameters = objectIn(row.value(6).toString());
     instance.startsNow = row.value(7).toInt() != 0;
     instance.isTakenBack = row.value(8).toInt() != 0;
     instance.clOrdId = row.value(9).toString();
@@ -87,6 +87,38 @@ void updateLegs(Statements& statements, const Instance& instance)
     }
 }
 
+// What all rows of a batch have in common comes from its own row, and not a thousand times from here.
+
+constexpr int CellsOfInstance = 5;
+
+QString insertionOfInstances()
+{
+    return QStringLiteral(
+        "WITH added (row_no, state, parameters, row_key, starts_now) AS (VALUES %1) "
+        "INSERT INTO instance (batch_number, row_no, account, strategy, state, changed_at, parameters, "
+        "row_key, starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason) "
+        "SELECT b.number, CAST(a.row_no AS INTEGER), b.account, b.strategy, a.state, b.created_at, "
+        "a.parameters, a.row_key, CAST(a.starts_now AS INTEGER), 0, '', 0, 0, 0, 0, '' "
+        "FROM added a CROSS JOIN batch b WHERE b.number = ? AND b.account = ?");
+}
+
+constexpr int CellsOfLeg = 8;
+
+QString insertionOfLegs(const QString& decimalType)
+{
+    return QStringLiteral(
+               "WITH added (row_no, leg_no, symbol, exchange, direction, quantity, limit_price, amount) "
+               "AS (VALUES %1) "
+               "INSERT INTO instance_leg (batch_number, row_no, leg_no, account, symbol, exchange, "
+               "direction, "
+               "quantity, limit_price, amount, filled, average) "
+               "SELECT b.number, CAST(a.row_no AS INTEGER), CAST(a.leg_no AS INTEGER), b.account, a.symbol, "
+               "a.exchange, a.direction, CAST(a.quantity AS @), CAST(a.limit_price AS @), "
+               "CAST(a.amount AS @), 0, 0 "
+               "FROM added a CROSS JOIN batch b WHERE b.number = ? AND b.account = ?")
+        .replace(QLatin1Char('@'), decimalType);
+}
+
 } // namespace
 
 QList<Instance> selectInstances(Statements& statements, const InstanceChoice& choice)
@@ -110,19 +142,28 @@ QList<Instance> selectInstances(Statements& statements, const InstanceChoice& ch
     return instances;
 }
 
-std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id)
+InstanceChoice choiceOf(const Batch& batch, const QString& condition, const QVariantList& values)
+{
+    const QString ofBatch = QStringLiteral("batch_number = ? AND account = ?");
+    return {condition.isEmpty() ? ofBatch : ofBatch + QLatin1String(" AND ") + condition,
+            QVariantList{batch.number, column::text(batch.account)} + values};
+}
+
+std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id, const QString& account)
 {
     const QList<Instance> found =
-        selectInstances(statements, {QStringLiteral("batch_number = ? AND row_no = ?"), {id.batch, id.row}});
+        selectInstances(statements, {QStringLiteral("batch_number = ? AND row_no = ? AND account = ?"),
+                                     {id.batch, id.row, column::text(account)}});
     return found.isEmpty() ? std::nullopt : std::make_optional(found.first());
 }
 
-QMap<InstanceState, qint64> countStates(Statements& statements, std::optional<qint64> batch)
+QMap<InstanceState, qint64> countStates(Statements& statements, const std::optional<Batch>& batch)
 {
-    const QString condition = batch ? QStringLiteral("WHERE batch_number = ? ") : QString();
-    QSqlQuery query = statements.select(QStringLiteral("SELECT state, COUNT(*) FROM instance ") + condition +
-                                            QLatin1String("GROUP BY state"),
-                                        batch ? QVariantList{*batch} : QVariantList());
+    const InstanceChoice choice = batch ? choiceOf(*batch) : InstanceChoice();
+    QSqlQuery query = statements.select(QStringLiteral("SELECT state, COUNT(*) FROM instance ") +
+                                            (batch ? QLatin1String("WHERE ") + choice.condition : QString()) +
+                                            QLatin1String(" GROUP BY state"),
+                                        choice.values);
     QMap<InstanceState, qint64> counts;
     while (statements.next(query)) {
         counts[instanceStateNamed(query.value(0).toString())] += query.value(1).toLongLong();
@@ -130,41 +171,32 @@ QMap<InstanceState, qint64> countStates(Statements& statements, std::optional<qi
     return counts;
 }
 
-void insertInstances(Statements& statements, const Batch& batch, const QList<InstanceDraft>& instances,
-                     InstanceState ofStarted)
+void insertInstances(Statements& statements, const Store& store, const Batch& batch,
+                     const QList<InstanceDraft>& instances, InstanceState ofStarted)
 {
-    static const QStringList columns =
-        QStringLiteral("batch_number row_no account strategy state changed_at parameters "
-                       "row_key starts_now taken_back cl_ord_id cancels cancel_due "
-                       "filled average reason")
-            .split(QLatin1Char(' '));
-    static const QStringList legColumns =
-        QStringLiteral(
-            "batch_number row_no leg_no account symbol exchange direction quantity limit_price amount "
-            "filled average")
-            .split(QLatin1Char(' '));
-    const QString none = QStringLiteral("");
-    const QVariant zero = column::decimal(Decimal());
-    QList<QVariantList> rows;
-    QList<QVariantList> legs;
+    QVariantList rows;
+    QVariantList legs;
     int row = 0;
     for (const InstanceDraft& instance : instances) {
-        ++row;
-        const InstanceState state = instance.startsNow ? ofStarted : InstanceState::Created;
-        rows.append(
-            {batch.number, row, column::text(batch.account), column::text(batch.strategy), nameOf(state),
-             column::time(batch.createdAt), QString::fromUtf8(parametersToText(instance.parameters)),
-             rowKey(batch.strategy, instance), instance.startsNow ? 1 : 0, 0, none, 0, 0, zero, zero, none});
-        int number = 0;
+        const QString number = QString::number(++row);
+        rows += {number, instance.startsNow ? nameOf(ofStarted) : nameOf(InstanceState::Created),
+                 jsonText(instance.parameters), rowKey(batch.strategy, instance),
+                 instance.startsNow ? QStringLiteral("1") : QStringLiteral("0")};
+        int legNumber = 0;
         for (const Leg& leg : instance.legs) {
-            legs.append({batch.number, row, ++number, column::text(batch.account), column::text(leg.symbol),
-                         column::text(leg.exchange), column::text(leg.direction),
-                         column::decimal(leg.quantity), column::decimal(leg.limitPrice),
-                         column::decimal(leg.amount), zero, zero});
+            legs += {number,
+                     QString::number(++legNumber),
+                     column::text(leg.symbol),
+                     column::text(leg.exchange),
+                     column::text(leg.direction),
+                     column::decimal(leg.quantity),
+                     column::decimal(leg.limitPrice),
+                     column::decimal(leg.amount)};
         }
     }
-    statements.insertRows(QStringLiteral("instance"), columns, rows);
-    statements.insertRows(QStringLiteral("instance_leg"), legColumns, legs);
+    const QVariantList key{batch.number, column::text(batch.account)};
+    statements.runForRows(insertionOfInstances(), rows, CellsOfInstance, key);
+    statements.runForRows(insertionOfLegs(store.decimalType()), legs, CellsOfLeg, key);
 }
 
 void updateInstances(Statements& statements, const QList<Instance>& changed, const QDateTime& now)

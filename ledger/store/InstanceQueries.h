@@ -2,6 +2,7 @@
 
 #include "ledger/records/Records.h"
 #include "ledger/store/Statements.h"
+#include "ledger/store/Store.h"
 
 /// The statements about instances and their legs.
 namespace ledger {
@@ -15,13 +16,18 @@ struct InstanceChoice {
     int most = 0; ///< 0: all
 };
 
+/// Those of a batch to which a further condition applies.
+InstanceChoice choiceOf(const Batch& batch, const QString& condition = {}, const QVariantList& values = {});
+
 /// Legs are read by the keys of the instances found.
 QList<Instance> selectInstances(Statements& statements, const InstanceChoice& choice);
-std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id);
-QMap<InstanceState, qint64> countStates(Statements& statements, std::optional<qint64> batch);
+std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id, const QString& account);
+/// Of one batch, or of all.
+QMap<InstanceState, qint64> countStates(Statements& statements, const std::optional<Batch>& batch);
 
-void insertInstances(Statements& statements, const Batch& batch, const QList<InstanceDraft>& instances,
-                     InstanceState ofStarted);
+/// All rows of a batch that was inserted.
+void insertInstances(Statements& statements, const Store& store, const Batch& batch,
+                     const QList<InstanceDraft>& instances, InstanceState ofStarted);
 /// Writes down whatever may have changed: state, order identifier, fills, reason, wishes; of `changed` all.
 void updateInstances(Statements& statements, const QList<Instance>& changed, const QDateTime& now);
 

@@ -74,6 +74,9 @@ const struct {
      "coalesce(max(number), 0) FROM audit_entry)) LIMIT 1"},
 };
 
+/// The first version that there was on a server.
+constexpr int FirstVersion = 3;
+
 QString alterAll(const QStringList& tables, const char* change)
 {
     QStringList statements;
@@ -103,7 +106,7 @@ QString PostgresStore::initialise()
     return initialise({});
 }
 
-QString PostgresStore::initialise(const Migrations& steps)
+QString PostgresStore::initialise(const Migrations& further)
 {
     const QString fault = connect();
     if (!fault.isEmpty()) {
@@ -112,7 +115,7 @@ QString PostgresStore::initialise(const Migrations& steps)
     // Changes wait, and so does another program that wants to migrate. Readers go on until a table is
     // altered.
     QSqlError error = begin(Begin::Write);
-    QString refused = error.isValid() ? sentenceFor(error) : migrate(steps);
+    QString refused = error.isValid() ? sentenceFor(error) : migrate(further);
     if (refused.isEmpty()) {
         error = commit();
         refused = error.isValid() ? sentenceFor(error) : QString();
@@ -124,7 +127,7 @@ QString PostgresStore::initialise(const Migrations& steps)
 }
 
 /// Under the lock: of two programs the second finds nothing to do.
-QString PostgresStore::migrate(const Migrations& steps)
+QString PostgresStore::migrate(const Migrations& further)
 {
     Statements statements(database());
     const bool isUtf8 =
@@ -135,6 +138,7 @@ QString PostgresStore::migrate(const Migrations& steps)
     const qint64 tables =
         statements.single(QStringLiteral("SELECT COUNT(*) FROM pg_tables WHERE schemaname = 'public'"))
             .toLongLong();
+    const Migrations steps = Migrations{indexesOfVersionFour()} + further;
     const qint64 newest = FirstVersion + steps.size();
     const qint64 version =
         isMade ? statements
@@ -151,7 +155,7 @@ QString PostgresStore::migrate(const Migrations& steps)
         return texts::newerServer(name(), version, newest);
     }
     QStringList scripts = isMade ? QStringList() : tablesOfToday(decimalType());
-    for (qint64 next = qMax<qint64>(version, FirstVersion); next < newest; ++next) {
+    for (qint64 next = isMade ? version : schemaVersion(); next < newest; ++next) {
         scripts += steps.at(static_cast<int>(next - FirstVersion));
     }
     scripts += {scriptNamed("rules.sql"), scriptNamed("roles.sql")};

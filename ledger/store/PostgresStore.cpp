@@ -93,6 +93,7 @@ void PostgresStore::disconnect()
         QSqlDatabase::database(mConnection, false).close();
         QSqlDatabase::removeDatabase(mConnection);
     }
+    mPrepared.clear();
 }
 
 /// Runs statements that have no values, one or several at once, and reads all their answers: the first error

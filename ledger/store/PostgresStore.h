@@ -33,6 +33,10 @@ public:
     Failure failureOf(const QSqlError& error) const override;
     QString sentenceFor(const QSqlError& error) const override;
     QString decimalType() const override { return QStringLiteral("NUMERIC"); }
+    QString listOf(const QString& column) const override
+    {
+        return QStringLiteral("string_agg(%1::text, ',')").arg(column);
+    }
     QString forUpdate() const override { return QString(); } // the lock of begin() covers every row
     void notify() override;
     bool listen(const std::function<void()>& changed) override;
@@ -46,11 +50,10 @@ public:
     /// Makes tables, rules and roles, or brings older ones up to date; harmless when repeated. Whoever runs
     /// it owns the tables and may create roles.
     QString initialise();
-    /// The statements of each version of the schema behind FirstVersion, oldest first.
+    /// The statements that lead from each version of the schema to the next one, oldest first.
     using Migrations = QList<QStringList>;
-    static constexpr int FirstVersion = 3;
-    /// The same with the steps of another program.
-    QString initialise(const Migrations& steps);
+    /// The same with further steps, of a newer program.
+    QString initialise(const Migrations& further);
 
 private:
     class Claim;
@@ -60,7 +63,7 @@ private:
     QString connectOptions() const;
     QString inspect();
     QString takeLocks(const QStringList& accounts);
-    QString migrate(const Migrations& steps);
+    QString migrate(const Migrations& further);
     QString holderOf(const QString& account) const;
     QSqlError run(const QString& script) const;
     bool isAlive() const;

@@ -18,7 +18,9 @@ const char* const Tables[] = {
     "NULL, "
     "PRIMARY KEY (number, account), UNIQUE (draft_id, account))",
     "CREATE INDEX batch_by_file ON batch (file_sha256, created_at)",
-    "CREATE INDEX batch_by_state ON batch (state, account, number)",
+    "CREATE INDEX batch_by_session ON batch (account, created_at, number)",
+    "CREATE INDEX batch_by_day ON batch (day, number)",
+    "CREATE INDEX batch_by_state ON batch (state, day)",
 
     "CREATE TABLE instance ("
     "batch_number BIGINT NOT NULL, row_no INTEGER NOT NULL, account TEXT NOT NULL, strategy TEXT NOT NULL, "
@@ -28,7 +30,7 @@ const char* const Tables[] = {
     "filled %1 NOT NULL, average %1 NOT NULL, reason TEXT NOT NULL, "
     "PRIMARY KEY (batch_number, row_no, account), "
     "FOREIGN KEY (batch_number, account) REFERENCES batch (number, account))",
-    "CREATE INDEX instance_by_key ON instance (account, row_key, batch_number)",
+    "CREATE INDEX instance_by_key ON instance (account, row_key, batch_number) WHERE state <> 'withdrawn'",
     "CREATE INDEX instance_by_state ON instance (state, account, batch_number, row_no)",
 
     "CREATE TABLE instance_leg ("
@@ -47,6 +49,7 @@ const char* const Tables[] = {
     "CREATE TABLE account_day ("
     "account TEXT NOT NULL, day VARCHAR(10) NOT NULL, buy %1 NOT NULL, sell %1 NOT NULL, "
     "batches BIGINT NOT NULL, instances BIGINT NOT NULL, PRIMARY KEY (account, day))",
+    "CREATE INDEX account_day_by_day ON account_day (day, account)",
 
     "CREATE TABLE approval ("
     "batch_number BIGINT NOT NULL, account TEXT NOT NULL, digest VARCHAR(64) NOT NULL, verdict TEXT NOT "
@@ -85,7 +88,7 @@ const char* const Tables[] = {
 
 int schemaVersion()
 {
-    return 3;
+    return 4;
 }
 
 QStringList tablesOfToday(const QString& decimalType)
@@ -121,6 +124,20 @@ QSet<QString> decimalColumns()
         }
     }
     return columns;
+}
+
+QStringList indexesOfVersionFour()
+{
+    return {
+        QStringLiteral("DROP INDEX batch_by_state"),
+        QStringLiteral("DROP INDEX instance_by_key"),
+        QStringLiteral("CREATE INDEX batch_by_session ON batch (account, created_at, number)"),
+        QStringLiteral("CREATE INDEX batch_by_day ON batch (day, number)"),
+        QStringLiteral("CREATE INDEX batch_by_state ON batch (state, day)"),
+        QStringLiteral("CREATE INDEX instance_by_key ON instance (account, row_key, batch_number) "
+                       "WHERE state <> 'withdrawn'"),
+        QStringLiteral("CREATE INDEX account_day_by_day ON account_day (day, account)"),
+    };
 }
 
 QString versionStatement(int version)

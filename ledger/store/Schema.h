@@ -16,6 +16,8 @@ QStringList tableNames();
 /// Columns of exact decimals, of all tables.
 QSet<QString> decimalColumns();
 
+/// Version 3 becomes 4: what was looked for among all batches and days is found by an index.
+QStringList indexesOfVersionFour();
 /// Writes the version down; the last statement of a migration.
 QString versionStatement(int version);
 

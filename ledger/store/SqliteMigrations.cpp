@@ -71,9 +71,11 @@ QStringList sqliteMigrationFrom(int version)
     case 0:
         return tablesOfToday(QStringLiteral("TEXT"));
     case 1:
-        return fromVersionOne();
-    default:
+        return fromVersionOne() + fromVersionTwo();
+    case 2:
         return fromVersionTwo();
+    default:
+        return indexesOfVersionFour();
     }
 }
 

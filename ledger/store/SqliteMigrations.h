@@ -4,7 +4,7 @@
 
 namespace ledger {
 
-/// What leads a SQLite ledger from a version of an older program to the next one.
+/// What leads a SQLite ledger from a version of an older program to today's; 0: from none.
 QStringList sqliteMigrationFrom(int version);
 
 } // namespace ledger

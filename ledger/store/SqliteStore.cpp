@@ -125,6 +125,7 @@ void SqliteStore::disconnect()
         QSqlDatabase::database(mConnection, false).close();
         QSqlDatabase::removeDatabase(mConnection);
     }
+    mPrepared.clear();
 }
 
 QSqlDatabase SqliteStore::database() const
@@ -369,14 +370,9 @@ QSqlError SqliteStore::run(const QStringList& statements) const
 
 QString SqliteStore::migrate(qint64 from) const
 {
-    QStringList statements{QStringLiteral("BEGIN IMMEDIATE")};
-    for (qint64 version = from; version < schemaVersion(); ++version) {
-        statements += sqliteMigrationFrom(static_cast<int>(version));
-        if (version == 0) {
-            break; // today's tables at once
-        }
-    }
-    statements += {versionStatement(schemaVersion()), QStringLiteral("COMMIT")};
+    const QStringList statements = QStringList{QStringLiteral("BEGIN IMMEDIATE")} +
+                                   sqliteMigrationFrom(static_cast<int>(from)) +
+                                   QStringList{versionStatement(schemaVersion()), QStringLiteral("COMMIT")};
     const QSqlError error = run(statements);
     if (error.isValid()) {
         run({QStringLiteral("ROLLBACK")});

@@ -26,6 +26,10 @@ public:
     Failure failureOf(const QSqlError& error) const override;
     QString sentenceFor(const QSqlError& error) const override;
     QString decimalType() const override { return QStringLiteral("TEXT"); }
+    QString listOf(const QString& column) const override
+    {
+        return QStringLiteral("group_concat(%1)").arg(column);
+    }
     QString forUpdate() const override { return QString(); }
     void notify() override {} // whoever looks asks Ledger::changeCount()
     std::unique_ptr<AccountClaim> claim(const QStringList& accounts, QString& holder) override;

@@ -6,38 +6,54 @@ namespace ledger {
 
 namespace {
 
-constexpr int RowsOfStatement = 50;
+constexpr int RowsOfGo = 100;
+/// More different statements than the ledger has hot ones.
+constexpr int MostKept = 100;
 
-QString insertStatement(const QString& table, const QStringList& columns, int rows)
+/// (?,?),(?,?),…
+QString marksOf(int rows, int cellsOfRow)
 {
-    QStringList marks;
-    for (int i = 0; i < columns.size(); ++i) {
-        marks.append(QStringLiteral("?"));
-    }
-    const QString row = QLatin1Char('(') + marks.join(QLatin1Char(',')) + QLatin1Char(')');
-    QStringList values;
-    for (int i = 0; i < rows; ++i) {
-        values.append(row);
-    }
-    return QStringLiteral("INSERT INTO ") + table + QLatin1String(" (") + columns.join(QLatin1Char(',')) +
-           QLatin1String(") VALUES ") + values.join(QLatin1Char(','));
-}
-
-QVariantList joined(const QList<QVariantList>& rows, int first, int count)
-{
-    QVariantList values;
-    for (int i = first; i < first + count; ++i) {
-        values += rows.at(i);
-    }
-    return values;
+    const QString cells = QStringLiteral("?,").repeated(cellsOfRow);
+    const QString row = QLatin1Char('(') + cells.leftRef(cells.size() - 1) + QLatin1String("),");
+    QString marks = row.repeated(rows);
+    marks.chop(1);
+    return marks;
 }
 
 } // namespace
 
+std::optional<QSqlQuery> PreparedStatements::idle(const QString& statement) const
+{
+    const auto found = mQueries.constFind(statement);
+    return found != mQueries.constEnd() && !found->isActive() ? std::make_optional(*found) : std::nullopt;
+}
+
+void PreparedStatements::keep(const QString& statement, const QSqlQuery& query)
+{
+    if (mQueries.size() >= MostKept) {
+        mQueries.clear();
+    }
+    mQueries.insert(statement, query);
+}
+
+Statements::Statements(const QSqlDatabase& database, PreparedStatements* prepared)
+    : mDatabase(database), mPrepared(prepared)
+{
+}
+
+Statements::~Statements()
+{
+    for (QSqlQuery& query : mKept) {
+        query.finish();
+    }
+}
+
 bool Statements::run(const QString& statement, const QVariantList& values)
 {
     QSqlQuery query = prepare(statement);
-    return runAgain(query, values);
+    const bool isDone = runAgain(query, values);
+    query.finish();
+    return isDone;
 }
 
 QSqlQuery Statements::select(const QString& statement, const QVariantList& values)
@@ -54,26 +70,31 @@ bool Statements::next(QSqlQuery& query)
         return !failed();
     }
     note(query.lastError());
+    query.finish();
     return false;
 }
 
 QVariant Statements::single(const QString& statement, const QVariantList& values)
 {
     QSqlQuery query = select(statement, values);
-    return next(query) ? query.value(0) : QVariant();
+    const QVariant value = next(query) ? query.value(0) : QVariant();
+    query.finish();
+    return value;
 }
 
-void Statements::insertRows(const QString& table, const QStringList& columns, const QList<QVariantList>& rows)
+void Statements::runForRows(const QString& statement, const QVariantList& cells, int cellsOfRow,
+                            const QVariantList& values, const Take& take)
 {
-    int at = 0;
-    if (rows.size() >= RowsOfStatement) {
-        QSqlQuery full = prepare(insertStatement(table, columns, RowsOfStatement));
-        for (; at + RowsOfStatement <= rows.size(); at += RowsOfStatement) {
-            runAgain(full, joined(rows, at, RowsOfStatement));
+    const QString full = statement.arg(marksOf(RowsOfGo, cellsOfRow));
+    for (int at = 0; at < cells.size(); at += RowsOfGo * cellsOfRow) {
+        const int count = qMin(RowsOfGo * cellsOfRow, cells.size() - at);
+        const bool isFull = count == RowsOfGo * cellsOfRow;
+        QSqlQuery query = select(isFull ? full : statement.arg(marksOf(count / cellsOfRow, cellsOfRow)),
+                                 cells.mid(at, count) + values);
+        if (take) {
+            take(query);
         }
-    }
-    if (at < rows.size()) {
-        run(insertStatement(table, columns, rows.size() - at), joined(rows, at, rows.size() - at));
+        query.finish();
     }
 }
 
@@ -97,9 +118,16 @@ void Statements::fail(const QString& reason)
 
 QSqlQuery Statements::prepare(const QString& statement)
 {
-    QSqlQuery query(mDatabase);
-    if (!failed() && !query.prepare(statement)) {
+    std::optional<QSqlQuery> known = mPrepared ? mPrepared->idle(statement) : std::nullopt;
+    QSqlQuery query = known ? *known : QSqlQuery(mDatabase);
+    if (!known && !failed() && !query.prepare(statement)) {
         note(query.lastError());
+    }
+    if (mPrepared && !failed()) {
+        if (!known) {
+            mPrepared->keep(statement, query);
+        }
+        mKept.append(query);
     }
     return query;
 }
@@ -117,6 +145,18 @@ bool Statements::runAgain(QSqlQuery& query, const QVariantList& values)
     }
     mChanged = failed() ? 0 : query.numRowsAffected();
     return !failed();
+}
+
+InAccounts::InAccounts(const QStringList& accounts)
+{
+    if (accounts.isEmpty() || accounts.contains(QStringLiteral("*"))) {
+        return;
+    }
+    for (const QString& account : accounts) {
+        values.append(column::text(account));
+    }
+    const QString marks = QStringLiteral("?,").repeated(accounts.size());
+    condition = QStringLiteral(" AND account IN (%1)").arg(marks.left(marks.size() - 1));
 }
 
 namespace column {

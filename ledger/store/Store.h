@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/store/Address.h"
+#include "ledger/store/Statements.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -43,6 +44,8 @@ public:
     /// wrong.
     virtual QString open() = 0;
     virtual QSqlDatabase database() const = 0;
+    /// What the open connection keeps prepared.
+    PreparedStatements& prepared() { return mPrepared; }
     virtual QString name() const = 0; ///< as messages name it
     /// Who this is, by the store's own word; empty where it knows nobody, and the system's user stands in.
     virtual QString user() const { return QString(); }
@@ -62,6 +65,8 @@ public:
 
     /// The type of a column of exact decimals.
     virtual QString decimalType() const = 0;
+    /// An aggregate: the whole numbers of a column as one text, with commas between them.
+    virtual QString listOf(const QString& column) const = 0;
     /// Behind a SELECT of rows that the transaction is about to change.
     virtual QString forUpdate() const = 0;
     /// Tells other programs that something changed; at the end of a transaction.
@@ -82,6 +87,9 @@ public:
     virtual QString verify() = 0;
     virtual QString backup(const QString& file) = 0;
     virtual QString vacuum() = 0;
+
+protected:
+    PreparedStatements mPrepared; ///< cleared by whoever ends the connection, behind it
 };
 
 } // namespace ledger

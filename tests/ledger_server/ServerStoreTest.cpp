@@ -101,7 +101,29 @@ TEST(AServersLedger, IsMigratedWhileOthersWorkOnIt)
     EXPECT_EQ(allBatches(*desk).value.size(), created);
     EXPECT_EQ(desk->verify(), QString());
     const QString version = "SELECT value FROM ledger_number WHERE name = 'schema_version'"_s;
-    EXPECT_EQ(TestServer::instance().single(database, version).toInt(), PostgresStore::FirstVersion + 2);
+    EXPECT_EQ(TestServer::instance().single(database, version).toInt(), schemaVersion() + 2);
+}
+
+/// As the program of version 3 left it.
+const char* const OfVersionThree =
+    "DROP INDEX batch_by_session, batch_by_day, batch_by_state, instance_by_key, account_day_by_day; "
+    "CREATE INDEX batch_by_state ON batch (state, account, number); "
+    "CREATE INDEX instance_by_key ON instance (account, row_key, batch_number); "
+    "UPDATE ledger_number SET value = 3 WHERE name = 'schema_version'";
+
+TEST(AServersLedger, OfAnOlderProgramGetsItsIndexes)
+{
+    TestServer& server = TestServer::instance();
+    const QString database = server.makeDatabase();
+    ASSERT_EQ(initialised(database), QString());
+    const QString indexes = "SELECT string_agg(indexdef, chr(10) ORDER BY indexname) FROM pg_indexes "
+                            "WHERE schemaname = 'public'"_s;
+    const QString ofToday = server.single(database, indexes).toString();
+    ASSERT_EQ(server.run(database, QString::fromLatin1(OfVersionThree)), QString());
+    EXPECT_TRUE(opened(database).error.contains("algodesk ledger init"_s));
+    EXPECT_EQ(initialised(database), QString());
+    EXPECT_EQ(opened(database).error, QString());
+    EXPECT_EQ(server.single(database, indexes).toString(), ofToday);
 }
 
 TEST(AServersLedger, NamesNoPasswordWhenItCannotBeReached)
@@ -163,7 +185,8 @@ TEST(AServersLedger, GivesTheAccountsOfASessionThatEndedToTheNextGateway)
     EXPECT_NE(Outbox::claim(second, {"S"_s, {}, "h"_s, 1, "loggedOn"_s, {}}).error, QString())
         << "all accounts";
     EXPECT_EQ(Outbox::claim(second, {"T"_s, {"1002"_s}, "h"_s, 1, "loggedOn"_s, {}}).error, QString());
-    server.run(database, "SELECT pg_terminate_backend(pid) FROM pg_locks WHERE locktype = 'advisory'"_s);
+    server.run(database,
+               "SELECT pg_terminate_backend(pid, 5000) FROM pg_locks WHERE locktype = 'advisory'"_s);
     const auto taken = Outbox::claim(second, gateway);
     EXPECT_EQ(taken.error, QString());
     EXPECT_NE(held.value->take(1).error, QString()) << "its accounts are another's now";

@@ -16,6 +16,15 @@ void expectValid(const QJsonValue& value, const QString& schemaFile)
     EXPECT_TRUE(faults.isEmpty()) << faults.join("\n"_s).toStdString();
 }
 
+template <typename Row> QJsonArray arrayOf(const QList<Row>& rows)
+{
+    QJsonArray array;
+    for (const Row& row : rows) {
+        array.append(toJson(row));
+    }
+    return array;
+}
+
 /// A verdict with a refusal and warnings.
 Verdict severeVerdict()
 {
@@ -48,8 +57,8 @@ TEST(LedgerJson, OfBatchesAndInstancesMatchesItsSchema)
     ledger->createBatch(sampleDraft(2));
     ledger->createBatch(sampleDraft(1));
     ledger->undo(2);
-    const QJsonArray batches = toJson(allBatches(*ledger).value);
-    const QJsonArray instances = toJson(allInstances(*ledger).value);
+    const QJsonArray batches = arrayOf(allBatches(*ledger).value);
+    const QJsonArray instances = arrayOf(allInstances(*ledger).value);
     ASSERT_EQ(batches.size(), 2);
     ASSERT_EQ(instances.size(), 3);
     expectValid(batches, "batches.schema.json"_s);

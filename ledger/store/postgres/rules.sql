@@ -207,14 +207,16 @@ BEGIN
     RETURN NEW;
 END $$;
 
--- Rows, legs, table and request for approval come with their batch, in its transaction, and not later.
+-- Rows, legs, table and request for approval come with their batch, in its transaction, and not later. Asked once
+-- for all rows of a statement, since a batch has a thousand.
 CREATE OR REPLACE FUNCTION ledger_comes_with_batch() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
     SET search_path = public, pg_temp AS $$
 BEGIN
-    IF NOT ledger_is_new('last_batch', NEW.batch_number) THEN
+    IF EXISTS (SELECT 1 FROM (SELECT DISTINCT batch_number FROM added) a
+               WHERE NOT ledger_is_new('last_batch', a.batch_number)) THEN
         PERFORM ledger_refuse('AL001', TG_TABLE_NAME || ' comes with its batch');
     END IF;
-    RETURN NEW;
+    RETURN NULL;
 END $$;
 
 CREATE OR REPLACE FUNCTION ledger_approval_asked() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
@@ -309,11 +311,11 @@ END $$;
 CREATE OR REPLACE FUNCTION ledger_instance_begun() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
     SET search_path = public, pg_temp AS $$
 BEGIN
-    IF NEW.state NOT IN ('created', 'queued', 'running') OR NEW.cl_ord_id <> '' OR NEW.filled <> 0
-       OR NEW.average <> 0 OR NEW.cancels <> 0 OR NEW.cancel_due <> 0 OR NEW.taken_back <> 0 THEN
+    IF EXISTS (SELECT 1 FROM added a WHERE a.state NOT IN ('created', 'queued', 'running') OR a.cl_ord_id <> ''
+               OR a.filled <> 0 OR a.average <> 0 OR a.cancels <> 0 OR a.cancel_due <> 0 OR a.taken_back <> 0) THEN
         PERFORM ledger_refuse('AL001', 'an instance begins with nothing done');
     END IF;
-    RETURN NEW;
+    RETURN NULL;
 END $$;
 
 DROP TRIGGER IF EXISTS b_begun ON batch;
@@ -322,7 +324,8 @@ DROP TRIGGER IF EXISTS c_made ON batch;
 CREATE CONSTRAINT TRIGGER c_made AFTER INSERT ON batch DEFERRABLE INITIALLY DEFERRED
     FOR EACH ROW EXECUTE FUNCTION ledger_batch_made();
 DROP TRIGGER IF EXISTS b_begun ON instance;
-CREATE TRIGGER b_begun BEFORE INSERT ON instance FOR EACH ROW EXECUTE FUNCTION ledger_instance_begun();
+CREATE TRIGGER b_begun AFTER INSERT ON instance REFERENCING NEW TABLE AS added
+    FOR EACH STATEMENT EXECUTE FUNCTION ledger_instance_begun();
 DROP TRIGGER IF EXISTS b_asked ON approval;
 CREATE TRIGGER b_asked BEFORE INSERT ON approval FOR EACH ROW EXECUTE FUNCTION ledger_approval_asked();
 
@@ -332,8 +335,8 @@ DECLARE
 BEGIN
     FOREACH name IN ARRAY ARRAY['instance', 'instance_leg', 'batch_table', 'approval'] LOOP
         EXECUTE format('DROP TRIGGER IF EXISTS a_with_batch ON %I', name);
-        EXECUTE format('CREATE TRIGGER a_with_batch BEFORE INSERT ON %I '
-                       'FOR EACH ROW EXECUTE FUNCTION ledger_comes_with_batch()', name);
+        EXECUTE format('CREATE TRIGGER a_with_batch AFTER INSERT ON %I REFERENCING NEW TABLE AS added '
+                       'FOR EACH STATEMENT EXECUTE FUNCTION ledger_comes_with_batch()', name);
     END LOOP;
 END $$;
 

@@ -85,6 +85,17 @@ inline QString noLedger(const QString& ledger)
     return QStringLiteral("没有算法台账“%1”。").arg(ledger);
 }
 
+inline QString ceilingsOfFile(const QString& ledger)
+{
+    return QStringLiteral("台账“%1”是文件，限额由各程序按 limits.csv 执行；只有服务器上的台账自行保管限额。")
+        .arg(ledger);
+}
+
+inline QString newLedger(const QString& ledger)
+{
+    return QStringLiteral("那里原先没有算法台账，已新建“%1”。").arg(ledger);
+}
+
 inline QString wrongAddress()
 {
     return QStringLiteral("台账地址无效：应为文件路径，或 postgresql://[用户@]主机[:端口]/数据库。");
@@ -120,6 +131,11 @@ inline QString restoreOnServer(const QString& ledger)
     return QStringLiteral(
                "台账“%1”在服务器上：请用 pg_restore 恢复，或用 algodesk ledger copy 复制到空的台账。")
         .arg(ledger);
+}
+
+inline QString restoreUnconfirmed(const QString& file)
+{
+    return QStringLiteral("已恢复到“%1”，但磁盘没有确认；请检查磁盘。").arg(file);
 }
 
 inline QString ledgerInUse(const QString& file)

@@ -1,5 +1,7 @@
 #include "table/HarmlessCell.h"
 
+#include <algorithm>
+
 namespace table {
 namespace {
 
@@ -17,6 +19,14 @@ bool isSignedNumber(const QString& text)
     text.toDouble(&isNumber);
     const QChar second = text.size() > 1 ? text.at(1) : QChar();
     return isNumber && ((second >= u'0' && second <= u'9') || second == u'.');
+}
+
+/// By its title of reasons, or by a title that nobody else would write so.
+bool isOurs(const QStringList& header)
+{
+    const auto isMadeHarmless = [](const QString& title) { return restoredCell(title) != title; };
+    return (!header.isEmpty() && header.last() == reasonTitle()) ||
+           std::any_of(header.begin(), header.end(), isMadeHarmless);
 }
 
 } // namespace
@@ -43,7 +53,7 @@ QString restoredCell(const QString& text)
 
 void restoreCells(QList<QStringList>& rows)
 {
-    if (rows.isEmpty() || rows.first().isEmpty() || rows.first().last() != reasonTitle()) {
+    if (rows.isEmpty() || !isOurs(rows.first())) {
         return;
     }
     for (QStringList& row : rows) {

@@ -6,6 +6,7 @@
 #include "desk/runner/Runner.h"
 #include "embedded_host/reference_data/Calendar.h"
 #include "embedded_host/table_writer/TextTable.h"
+#include "ledger/LedgerTexts.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -13,6 +14,8 @@
 namespace runner {
 
 namespace {
+
+const QString NoReason = QStringLiteral("--reason TEXT says why");
 
 QString key(const char* name)
 {
@@ -64,12 +67,8 @@ Result printStatus(const Outcome<ledger::Status>& status)
 using Change = Outcome<void> (ledger::Ledger::*)(const QString& account, const QString& reason);
 
 /// Does it, and prints what holds afterwards.
-Result change(const CommandLine& line, Change act)
+Result change(const CommandLine& line, const Outcome<LedgerPointer>& opened, Change act)
 {
-    if (line.reason.trimmed().isEmpty()) {
-        return refuse(QStringLiteral("--reason TEXT says why"));
-    }
-    const auto opened = openLedger(line, ledger::Ledger::Access::Write);
     if (!opened.ok()) {
         return complain(opened.error);
     }
@@ -89,14 +88,27 @@ QJsonObject toJson(const day_report::Count& count)
 
 } // namespace
 
+/// Holds for the programs to come, too: it makes a ledger where there is none, and says so, since a halt in a
+/// home that was mistyped holds nobody.
 Result haltTrading(const CommandLine& line)
 {
-    return change(line, &ledger::Ledger::halt);
+    if (line.reason.trimmed().isEmpty()) {
+        return refuse(NoReason);
+    }
+    const bool isNew = !isLedgerThere(line);
+    Result halted = change(line, openLedger(line, ledger::Ledger::Access::Write), &ledger::Ledger::halt);
+    if (isNew && halted.status == Done) {
+        halted.error = ledger::texts::newLedger(ledgerAddress(line).value.shown());
+    }
+    return halted;
 }
 
 Result resumeTrading(const CommandLine& line)
 {
-    return change(line, &ledger::Ledger::resume);
+    return line.reason.trimmed().isEmpty()
+               ? refuse(NoReason)
+               : change(line, openExistingLedger(line, ledger::Ledger::Access::Write),
+                        &ledger::Ledger::resume);
 }
 
 Result showStatus(const CommandLine& line)

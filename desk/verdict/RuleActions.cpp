@@ -1,10 +1,11 @@
 #include "desk/verdict/RuleActions.h"
 
 #include "embedded_host/reference_data/CsvTable.h"
+#include "embedded_host/reference_data/ReferenceFile.h"
+#include "embedded_host/reference_data/ReferenceFolder.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
 
-#include <QFile>
 #include <QMap>
 
 #include <algorithm>
@@ -88,16 +89,13 @@ QString nameOf(Action action)
 Outcome<RuleActions> RuleActions::read(const QString& folder)
 {
     const QString path = folder + QLatin1Char('/') + ruleTable().fileName();
-    QFile file(path);
-    if (!file.exists()) {
+    if (!isReferenceFileThere(path)) {
         return {};
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {{}, reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()))};
-    }
+    const Outcome<QByteArray> file = readReferenceFile(path, reference_limits::CsvBytes);
     QList<RuleRow> rows;
-    QString error;
-    if (!CsvTable(ruleTable(), path).read(file.readAll(), rows, error)) {
+    QString error = file.error;
+    if (!file.ok() || !CsvTable(ruleTable(), path).read(file.value, rows, error)) {
         return {{}, error};
     }
     RuleActions actions;

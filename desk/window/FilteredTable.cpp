@@ -221,9 +221,28 @@ void FilteredTable::exportRows()
     if (path.isEmpty()) {
         return;
     }
+    const QString missing = fetchAll();
+    if (!missing.isEmpty()) {
+        emit said(QStringLiteral("未导出：%1").arg(missing));
+        return;
+    }
+    const Outcome<void> saved = files::save(path, table_writer::csvText(shownRows()));
+    const QString done =
+        mSource->canFetchMore({})
+            ? QStringLiteral("列表过长，只导出了前 %1 行：%2").arg(mSource->rowCount()).arg(path)
+            : QStringLiteral("已导出到 %1").arg(path);
+    emit said(saved.ok() ? done : files::cannotWrite(path, saved.error));
+}
+
+/// Why rows are missing that should be there; empty when none are.
+QString FilteredTable::fetchAll()
+{
+    QString error;
+    const auto listening =
+        connect(mSource, &ListModel::failed, this, [&](const QString& why) { error = why; });
     mProxy->fetchAll();
-    const Outcome<void> saved = files::save(path, table_writer::harmlessCsvText(shownRows()));
-    emit said(saved.ok() ? QStringLiteral("已导出到 %1").arg(path) : files::cannotWrite(path, saved.error));
+    disconnect(listening);
+    return error;
 }
 
 void FilteredTable::showCount()

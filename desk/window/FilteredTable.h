@@ -75,6 +75,7 @@ private:
     QPushButton* makeButton(const QString& text, const QString& objectName);
     void applyFilter(const QString& text);
     void showCount();
+    QString fetchAll();
 
     ListModel* mSource;
     Words mWords;

@@ -1,8 +1,8 @@
 #include "embedded_host/reference_data/CalendarFile.h"
 
 #include "embedded_host/reference_data/CsvTable.h"
-
-#include <QFile>
+#include "embedded_host/reference_data/ReferenceFile.h"
+#include "embedded_host/reference_data/ReferenceFolder.h"
 
 namespace {
 
@@ -111,20 +111,13 @@ QString faultOf(const QList<Row>& rows, const QString& path)
 Outcome<Calendar> readCalendar(const QString& folder)
 {
     const QString path = folder + QLatin1Char('/') + calendarTable().fileName();
-    QFile file(path);
-    if (!file.exists()) {
+    if (!isReferenceFileThere(path)) {
         return {};
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {{}, reference_faults::at(path, 1, reference_faults::unreadableFile(file.errorString()))};
-    }
-    const QByteArray bytes = file.read(MostBytes + 1);
-    if (bytes.size() > MostBytes) {
-        return {{}, reference_faults::at(path, 1, QStringLiteral("超过 %1 字节").arg(MostBytes))};
-    }
+    const Outcome<QByteArray> file = readReferenceFile(path, MostBytes);
     QList<Row> rows;
-    QString error;
-    if (!CsvTable(calendarTable(), path).read(bytes, rows, error)) {
+    QString error = file.error;
+    if (!file.ok() || !CsvTable(calendarTable(), path).read(file.value, rows, error)) {
         return {{}, error};
     }
     error = faultOf(rows, path);

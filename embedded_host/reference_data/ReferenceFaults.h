@@ -36,6 +36,11 @@ inline QString tooManyRows(int most)
     return QStringLiteral("超过 %1 行").arg(most);
 }
 
+inline QString tooManyEntries(int most)
+{
+    return QStringLiteral("超过 %1 个算法").arg(most);
+}
+
 inline QString tooManyColumns(int most)
 {
     return QStringLiteral("该行超过 %1 列").arg(most);

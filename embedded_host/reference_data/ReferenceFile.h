@@ -17,6 +17,7 @@ constexpr qint64 CsvBytes = 16 << 20;
 constexpr qint64 JsonBytes = 4 << 20;
 constexpr int Rows = 200000;
 constexpr int Columns = 100;
+constexpr int Strategies = 2000;
 constexpr int TextCharacters = 4096;        ///< a cell, or a text of the catalogue
 constexpr int DocumentCharacters = 1 << 18; ///< a parameter format document
 } // namespace reference_limits

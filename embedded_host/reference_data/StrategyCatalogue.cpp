@@ -180,6 +180,10 @@ bool readStrategyCatalogue(const QByteArray& json, const QString& path, QList<Ae
         error = reference_faults::at(path, 1, reference_faults::notArray());
         return false;
     }
+    if (document.array().size() > reference_limits::Strategies) {
+        error = reference_faults::at(path, 1, reference_faults::tooManyEntries(reference_limits::Strategies));
+        return false;
+    }
     const QVector<int> lines = elementLines(withLineFeeds(json));
     int position = 0;
     const QString fault = readEntries(document.array(), lines, strategies, position);

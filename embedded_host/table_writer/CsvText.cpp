@@ -25,22 +25,11 @@ QByteArray csvText(const QList<QStringList>& rows)
     for (const QStringList& row : rows) {
         QStringList cells;
         for (const QString& cell : row) {
-            cells.append(quoted(cell));
+            cells.append(quoted(table::harmlessCell(cell)));
         }
         bytes += cells.join(QLatin1Char(',')).toUtf8() + "\r\n";
     }
     return bytes;
-}
-
-QByteArray harmlessCsvText(const QList<QStringList>& rows)
-{
-    QList<QStringList> harmless = rows;
-    for (QStringList& row : harmless) {
-        for (QString& cell : row) {
-            cell = table::harmlessCell(cell);
-        }
-    }
-    return csvText(harmless);
 }
 
 } // namespace table_writer

@@ -63,7 +63,7 @@ QString writeXlsx(const QString& path, const QList<QStringList>& table, double l
 QString writeTable(const QString& path, const QList<QStringList>& table, double lastWidth)
 {
     const bool isXlsx = QFileInfo(path).suffix().compare(QLatin1String("xlsx"), Qt::CaseInsensitive) == 0;
-    return isXlsx ? writeXlsx(path, table, lastWidth) : save(path, harmlessCsvText(table));
+    return isXlsx ? writeXlsx(path, table, lastWidth) : save(path, csvText(table));
 }
 
 } // namespace table_writer

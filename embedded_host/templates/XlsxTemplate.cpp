@@ -47,6 +47,7 @@ lxw_format* headerFormat(lxw_workbook* workbook, lxw_color_t fill)
     format_set_bold(format);
     format_set_bg_color(format, fill);
     format_set_border(format, LXW_BORDER_THIN);
+    format_set_num_format(format, "@"); // a text it stays, however it is edited
     return format;
 }
 

@@ -19,6 +19,7 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QStorageInfo>
+#include <QThread>
 #include <QUrl>
 #include <QUuid>
 
@@ -31,7 +32,10 @@ Q_LOGGING_CATEGORY(lcLedger, "algo.ledger")
 /// Marks the file as ours in its header ("ABIL").
 constexpr int ApplicationId = 0x4142494C;
 const QByteArray Magic("SQLite format 3\0", 16);
-constexpr int MostCopies = 20;
+/// How often a reader that may not write tries to find the file at rest, and how long it has to be so.
+constexpr int MostAttempts = 50;
+constexpr int SettledMs = 20;
+const QString ReadOnlyOption = QStringLiteral(";QSQLITE_OPEN_READONLY");
 /// On a disk with less room than this an error of writing is one of room.
 constexpr qint64 NoRoom = 65536;
 
@@ -257,8 +261,7 @@ QString SqliteStore::openForReading()
     }
     // A journal that a killed program left is rolled back by whoever may write.
     const bool isHot = isOurs && QFile::exists(mPath + QLatin1String("-journal"));
-    const QString readOnly = isHot ? QString() : QStringLiteral(";QSQLITE_OPEN_READONLY");
-    fault = isOurs || isWrittenTo(mPath) ? connectTo(mPath, readOnly) : openCopy();
+    fault = isOurs ? connectTo(mPath, isHot ? QString() : ReadOnlyOption) : openAsStranger();
     qint64 version = 0;
     if (fault.isEmpty()) {
         fault = inspect(version);
@@ -269,24 +272,46 @@ QString SqliteStore::openForReading()
     return version == 0 ? openNothing() : texts::olderFile(mPath, version);
 }
 
-/// The file as it is while nobody writes: one that changed meanwhile is copied again.
+/// One that may not write beside the file reads by its log while there is one, else a copy. Writers come and
+/// go meanwhile, and the log with them: what could not be read is tried again in the other way.
+QString SqliteStore::openAsStranger()
+{
+    QString fault = texts::busyFile(mPath);
+    for (int i = 0; i < MostAttempts; ++i) {
+        const bool hasLog = isWrittenTo(mPath);
+        fault = hasLog ? connectTo(mPath, ReadOnlyOption) : openCopy();
+        if (fault.isEmpty()) { // the log is opened by the first statement that reads
+            Statements statements(database());
+            statements.single(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
+            fault = statements.failed() ? sentenceFor(statements.error()) : QString();
+        }
+        if (fault.isEmpty() || (hasLog && isWrittenTo(mPath))) {
+            break;
+        }
+        disconnect();
+        QThread::msleep(SettledMs);
+    }
+    return fault;
+}
+
+/// A copy of the file as it is while nobody writes. A file's time is coarse: one that was changed a moment
+/// ago may be changed again without a sign of it.
 QString SqliteStore::openCopy()
 {
     mCopy = std::make_unique<QTemporaryDir>();
     const QString copy = mCopy->filePath(QStringLiteral("ledger.sqlite"));
-    for (int i = 0; i < MostCopies; ++i) {
-        QFile::remove(copy);
-        const QByteArray before = fingerprintOf(mPath);
-        const bool isCopied = !isWrittenTo(mPath) && QFile::copy(mPath, copy);
-        if (isCopied && !isWrittenTo(mPath) && fingerprintOf(mPath) == before) {
-            QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-            return connectTo(copy, QStringLiteral(";QSQLITE_OPEN_READONLY"));
-        }
-        if (isWrittenTo(mPath)) {
-            return connectTo(mPath, QStringLiteral(";QSQLITE_OPEN_READONLY"));
-        }
+    const QByteArray before = fingerprintOf(mPath);
+    const bool isSettled = QFileInfo(mPath).lastModified().msecsTo(QDateTime::currentDateTime()) >= SettledMs;
+    QFile source(mPath);
+    if (!source.open(QIODevice::ReadOnly)) {
+        return texts::unreadableFile(mPath);
     }
-    return texts::busyFile(mPath);
+    const bool isCopied = isSettled && !isWrittenTo(mPath) && source.copy(copy);
+    if (!isCopied || isWrittenTo(mPath) || fingerprintOf(mPath) != before) {
+        return texts::busyFile(mPath);
+    }
+    QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+    return connectTo(copy, ReadOnlyOption);
 }
 
 QString SqliteStore::openNothing()
@@ -493,12 +518,33 @@ QString SqliteStore::backup(const QString& file)
     close(descriptor);
     Statements statements(database());
     statements.run(QStringLiteral("VACUUM INTO ?"), {file});
-    if (statements.failed() || !syncFile(file)) {
+    if (statements.failed() || !syncFile(file) || !syncFolder(folderOf(file))) {
         QFile::remove(file);
         return texts::backupFailed(file);
     }
-    syncFolder(folderOf(file));
     return QString();
+}
+
+QString SqliteStore::closeLog()
+{
+    const QString fault = connectTo(mPath, QString());
+    if (!fault.isEmpty()) {
+        return fault;
+    }
+    Statements statements(database());
+    const QString mode = statements.single(QStringLiteral("PRAGMA journal_mode = DELETE")).toString();
+    switch (statements.failed() ? codeOf(statements.error()) : 0) {
+    case 0:
+        return mode == QLatin1String("delete") ? QString() : texts::ledgerInUse(mPath);
+    case Busy:
+    case Locked:
+        return texts::ledgerInUse(mPath);
+    case Corrupt:
+    case NotADatabase:
+        return QString(); // it cannot be moved: the log is kept beside the file
+    default:
+        return sentenceFor(statements.error());
+    }
 }
 
 QString SqliteStore::vacuum()

@@ -36,10 +36,14 @@ public:
     QString verify() override;
     QString backup(const QString& file) override;
     QString vacuum() override;
+    /// Moves all of the log into the file, which only works where nobody else has it open. A file that is too
+    /// damaged for that keeps its log.
+    QString closeLog();
 
 private:
     QString openForWriting();
     QString openForReading();
+    QString openAsStranger();
     QString openCopy();
     QString openNothing();
     QString connectTo(const QString& file, const QString& options);

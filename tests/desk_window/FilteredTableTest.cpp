@@ -2,14 +2,18 @@
 
 #include "desk/models/PagedModel.h"
 #include "desk/window/DeskPrompts.h"
+#include "embedded_host/RecordingPrompts.h"
 #include "tests/support/Text.h"
 #include "tests/support/TextsModel.h"
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTest>
 
 class FilteredTableTest : public testing::Test {
@@ -38,6 +42,48 @@ TEST_F(FilteredTableTest, DoesNotSayOfFilteredRowsThatThereAreNone)
     EXPECT_EQ(table.emptyText(), "没有符合筛选的行"_s);
     model.setRecords({});
     EXPECT_EQ(table.emptyText(), "还没有"_s);
+}
+
+/// A list of numbers, of which the ledger gives some and then fails.
+class NumbersModel : public PagedModel<QStringList> {
+public:
+    explicit NumbersModel(int count, int sound) : PagedModel({{"号"_s}})
+    {
+        setPages([this, count, sound](const QStringList* last, int most) -> Outcome<QList<QStringList>> {
+            const int begin = last ? last->first().toInt() + 1 : 0;
+            if (begin >= sound) {
+                return {{}, "磁盘坏了"_s};
+            }
+            QList<QStringList> page;
+            for (int i = begin; i < qMin(begin + most, count); ++i) {
+                page.append({QString::number(i)});
+            }
+            return {page, {}};
+        });
+    }
+
+protected:
+    Cell cellOf(const QStringList& row, int column) const override { return {row.value(column)}; }
+};
+
+TEST_F(FilteredTableTest, ExportsNoPartOfAListAsTheWhole)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("list.csv"_s);
+    RecordingPrompts choice;
+    choice.setFileToSave(path);
+    NumbersModel broken(3000, 1000);
+    FilteredTable part{&broken, {"清单"_s, "还没有"_s}, choice};
+    QSignalSpy said(&part, &FilteredTable::said);
+    part.exportRows();
+    EXPECT_EQ(said.last().first().toString(), "未导出：磁盘坏了"_s);
+    EXPECT_FALSE(QFile::exists(path));
+
+    NumbersModel endless(1000000, 1000000);
+    FilteredTable head{&endless, {"清单"_s, "还没有"_s}, choice};
+    QSignalSpy told(&head, &FilteredTable::said);
+    head.exportRows();
+    EXPECT_EQ(told.last().first().toString(), "列表过长，只导出了前 20000 行：%1"_s.arg(path));
 }
 
 TEST_F(FilteredTableTest, AFilterThatHidesTheChosenRowChoosesNoOther)

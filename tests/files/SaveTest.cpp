@@ -1,5 +1,6 @@
 #include "files/Save.h"
 
+#include "tests/support/FaultyDisk.h"
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
@@ -8,10 +9,7 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
-
-#include <cerrno>
 
 namespace {
 
@@ -19,11 +17,7 @@ const QByteArray Old("the old bytes");
 
 class Save : public testing::Test {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(QDir(mFolder.path()).mkpath("out"_s));
-        ASSERT_TRUE(QDir(mFolder.path()).mkpath("aside"_s));
-    }
+    void SetUp() override { ASSERT_TRUE(QDir(mFolder.path()).mkpath("out"_s)); }
 
     QString path(const QString& name = "list.csv"_s) const { return mFolder.filePath("out/"_s + name); }
     QStringList names() const
@@ -44,49 +38,29 @@ protected:
         ASSERT_EQ(bytes.size(), written.write(bytes));
     }
 
-    struct Run {
-        int status = -1;
-        QString error;
-        bool faulted = false; ///< the fault came about
-    };
-    /// Saves in a program of its own, one of whose calls fails.
-    Run saveWithFault(int at, int error, int size) const
-    {
-        const QString mark = mFolder.filePath("aside/mark"_s);
-        QFile::remove(mark);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("LD_PRELOAD"_s, QStringLiteral(DISK_FAULTS));
-        environment.insert("FAULT_FOLDER"_s, mFolder.filePath("out"_s));
-        environment.insert("FAULT_AT"_s, QString::number(at));
-        environment.insert("FAULT_ERROR"_s, QString::number(error));
-        environment.insert("FAULT_MARK"_s, mark);
-        environment.insert("ASAN_OPTIONS"_s, "verify_asan_link_order=0"_s);
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(SAVE_PROGRAM), {path(), QString::number(size)});
-        EXPECT_TRUE(process.waitForFinished());
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardError()), QFile::exists(mark)};
-    }
-
     /// Every call fails once, until none is left. How many there were.
-    int failEveryCall(int error, const QString& reason, int size)
+    int failEveryCall(faulty_disk::Kind kind, const QString& reason, int size)
     {
         const QByteArray fresh(size, 'n');
         for (int at = 1;; ++at) {
             put(path(), Old);
-            const Run run = saveWithFault(at, error, size);
-            const QByteArray now = contentOf(path());
-            if (!run.faulted) {
-                EXPECT_EQ(0, run.status) << qPrintable(run.error);
-                EXPECT_EQ(fresh, now);
+            faulty_disk::arm(mFolder.filePath("out"_s), kind, at);
+            const Outcome<void> saved = files::save(path(), fresh);
+            const bool isFaulty = faulty_disk::disarm();
+            EXPECT_EQ(QStringList{"list.csv"_s}, names()) << "call " << at;
+            if (!isFaulty || reason.isEmpty()) {
+                EXPECT_EQ(QString(), saved.error);
+                EXPECT_EQ(fresh, contentOf(path()));
+            } else {
+                EXPECT_TRUE(saved.error.contains(reason)) << "call " << at << qPrintable(saved.error);
+                // Of the folder's own sync it is too late to take anything back: then all of the new is
+                // there.
+                EXPECT_EQ(saved.error.startsWith("已写入"_s) ? fresh : Old, contentOf(path()))
+                    << "call " << at;
+            }
+            if (!isFaulty) {
                 return at - 1;
             }
-            EXPECT_EQ(1, run.status) << "call " << at;
-            EXPECT_TRUE(run.error.contains(reason)) << qPrintable(run.error);
-            // Of the folder's own sync it is too late to take anything back: then all of the new is there.
-            const bool isLate = run.error.startsWith("已写入"_s);
-            EXPECT_EQ(isLate ? fresh : Old, now) << "call " << at;
-            EXPECT_EQ(QStringList{"list.csv"_s}, names()) << "call " << at;
         }
     }
 
@@ -145,17 +119,14 @@ TEST_F(Save, SaysWhichFileCouldNotBeWritten)
 
 TEST_F(Save, LeavesTheOldFileAtAFaultOfAnyCall)
 {
-    const int fewest = 6; // open, permissions, write, sync, close, rename; and the folder's sync
-    EXPECT_GE(failEveryCall(ENOSPC, "磁盘空间不足"_s, 100), fewest);
-    EXPECT_GE(failEveryCall(EIO, "磁盘读写出错"_s, 100), fewest);
-    EXPECT_GE(failEveryCall(EIO, "磁盘读写出错"_s, 3 << 20), fewest);
-    EXPECT_GE(failEveryCall(EDQUOT, "磁盘配额已用完"_s, 0), fewest - 1);
+    const int fewest = 5; // open, permissions, write, close, rename
+    EXPECT_GE(failEveryCall(faulty_disk::Kind::NoSpace, "磁盘空间不足"_s, 100), fewest);
+    EXPECT_GE(failEveryCall(faulty_disk::Kind::InputOutput, "磁盘读写出错"_s, 3 << 20), fewest);
+    EXPECT_GE(failEveryCall(faulty_disk::Kind::NoSpace, "磁盘空间不足"_s, 0), fewest - 1);
+    EXPECT_EQ(failEveryCall(faulty_disk::Kind::Sync, "磁盘读写出错"_s, 100), 2) << "the file, its folder";
 }
 
 TEST_F(Save, GoesOnWhereAWriteTookOnlyHalf)
 {
-    const Run run = saveWithFault(1, 0, 100);
-    EXPECT_TRUE(run.faulted);
-    EXPECT_EQ(0, run.status) << qPrintable(run.error);
-    EXPECT_EQ(QByteArray(100, 'n'), contentOf(path()));
+    EXPECT_GE(failEveryCall(faulty_disk::Kind::ShortWrite, QString(), 100), 1);
 }

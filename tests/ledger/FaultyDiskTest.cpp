@@ -1,7 +1,7 @@
 // A fault at every call of the system that a change of the ledger makes, one after the other, until none is
 // left.
 
-#include "tests/ledger/FaultyDisk.h"
+#include "tests/support/FaultyDisk.h"
 
 #include "tests/ledger/SampleDrafts.h"
 
@@ -158,6 +158,69 @@ TEST(FaultAtEveryCall, OfAnUndoTellsTheTruth)
         const auto counts = after.value->counts(1).value;
         EXPECT_EQ(counts.value(isUndone ? InstanceState::Withdrawn : InstanceState::Created), Rows);
         expectWhole(home.path());
+        return wasReached;
+    });
+}
+
+TEST(FaultAtEveryCall, OfABackupLeavesAWholeOneOrNone)
+{
+    QTemporaryDir home;
+    ASSERT_EQ(openIn(home.path(), morning()).value->createBatch(someDraft()).error, QString());
+    atEveryCall([&](const Fault& fault, int number) {
+        SCOPED_TRACE(std::string(fault.name) + " at call " + std::to_string(number));
+        QTemporaryDir other;
+        const QString file = Ledger::pathIn(other.path());
+        const auto opened = openToRead(home.path());
+        faulty_disk::arm(other.path(), fault.kind, number, fault.goesOn);
+        const QString error = opened.value->backup(file).error;
+        const bool wasReached = faulty_disk::disarm();
+        EXPECT_EQ(QFile::exists(file), error.isEmpty()) << error.toStdString();
+        if (error.isEmpty()) {
+            EXPECT_EQ(expectWhole(other.path()), 1);
+        }
+        return wasReached;
+    });
+    EXPECT_EQ(expectWhole(home.path()), 1);
+}
+
+TEST(FaultAtEveryCall, OfARestoreLeavesTheOldLedgerOrTheBackup)
+{
+    QTemporaryDir other;
+    const QString backup = other.filePath("backup.sqlite"_s);
+    {
+        QTemporaryDir home;
+        const auto opened = openIn(home.path(), morning());
+        opened.value->createBatch(someDraft());
+        opened.value->createBatch(someDraft());
+        ASSERT_EQ(opened.value->backup(backup).error, QString());
+    }
+    atEveryCall([&](const Fault& fault, int number) {
+        SCOPED_TRACE(std::string(fault.name) + " at call " + std::to_string(number));
+        QTemporaryDir home;
+        EXPECT_EQ(openIn(home.path(), morning()).value->createBatch(someDraft()).error, QString());
+        faulty_disk::arm(home.path(), fault.kind, number, fault.goesOn);
+        const QString error = restoreLedger(backup, Ledger::pathIn(home.path())).error;
+        const bool wasReached = faulty_disk::disarm();
+        const bool isRestored = error.isEmpty() || error.startsWith("已恢复"_s);
+        EXPECT_EQ(expectWhole(home.path()), isRestored ? 2 : 1) << error.toStdString();
+        return wasReached;
+    });
+}
+
+TEST(FaultAtEveryCall, OfAVacuumKeepsEverything)
+{
+    atEveryCall([](const Fault& fault, int number) {
+        SCOPED_TRACE(std::string(fault.name) + " at call " + std::to_string(number));
+        QTemporaryDir home;
+        bool wasReached = false;
+        {
+            const auto opened = openIn(home.path(), morning());
+            opened.value->createBatch(someDraft());
+            faulty_disk::arm(home.path(), fault.kind, number, fault.goesOn);
+            opened.value->vacuum();
+            wasReached = faulty_disk::disarm();
+        }
+        EXPECT_EQ(expectWhole(home.path()), 1);
         return wasReached;
     });
 }

@@ -92,6 +92,11 @@ TEST(RejectFile, IsUtf8WithMarkAndHarmlessCellsAsCsv)
               contentOf(path).toStdString());
 }
 
+TEST(RejectFile, WithATitleThatWasMadeHarmlessIsKnownByIt)
+{
+    EXPECT_EQ("=a|b\n=1|2\n", shown("'=a,b\n'=1,2\n"));
+}
+
 TEST(RejectFile, LeavesAnotherCsvFilesApostrophesAlone)
 {
     EXPECT_EQ("a|b\n'=1|2\n", shown("a,b\n'=1,2\n"));

@@ -1,5 +1,6 @@
 #include "embedded_host/templates/TemplateFiles.h"
 
+#include "embedded_host/table_reader/shared/ZipArchive.h"
 #include "embedded_host/table_reader/TableReader.h"
 #include "embedded_host/templates/TemplateSheet.h"
 #include "host/SolveyConstants.h"
@@ -52,6 +53,15 @@ protected:
     Written writeAll(const QString& name)
     {
         return template_files::write(folder.filePath(name), tables.strategies, tables.markets);
+    }
+    static QByteArray partOf(const QString& path, const QString& name)
+    {
+        QFile file(path);
+        table_reader::ZipArchive archive(file);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly) && archive.open().isEmpty()) << qPrintable(path);
+        table_reader::PartStream part(archive, name);
+        EXPECT_EQ(part.begin(), QString());
+        return part.readAll();
     }
     QList<QStringList> read(const QString& name)
     {
@@ -164,6 +174,24 @@ TEST_F(TemplateFiles, GiveSheetsNamesThatAWorkbookMayHave)
                                                   tables.markets);
     EXPECT_EQ(written.error, QString());
     EXPECT_EQ(table_reader::readTable(folder.filePath("odd.xlsx"_s)).sheet, "a_b_c_"_s);
+}
+
+/// A title that a spreadsheet would calculate: text in either file, and the import finds its column.
+TEST_F(TemplateFiles, HaveTitlesThatAreTextWhateverTheyBeginWith)
+{
+    const QString title = "=1+1"_s;
+    tables.strategies[0] = AesStrategy(
+        "AITWAP"_s, "公式"_s, strategy("AITWAP"_s).paramFormats().replace("风格参数"_s, title), "algo"_s);
+    ASSERT_TRUE(sheet("AITWAP"_s).titles().contains(title));
+    ASSERT_EQ(write("AITWAP"_s, "formula.csv"_s).error, QString());
+    ASSERT_EQ(write("AITWAP"_s, "formula.xlsx"_s).error, QString());
+    EXPECT_TRUE(bytesOf(folder.filePath("formula.csv"_s)).contains(",'=1+1,"));
+    for (const QString& name : {"formula.csv"_s, "formula.xlsx"_s}) {
+        EXPECT_EQ(read(name).value(0), sheet("AITWAP"_s).titles()) << qPrintable(name);
+    }
+    const QByteArray cells = partOf(folder.filePath("formula.xlsx"_s), "xl/worksheets/sheet1.xml"_s);
+    EXPECT_TRUE(cells.contains("<sheetData>")) << cells.constData();
+    EXPECT_FALSE(cells.contains("<f>"));
 }
 
 class ImportedTemplate : public TemplateFiles, public testing::WithParamInterface<const char*> {};

@@ -1,4 +1,4 @@
-#include "tests/ledger/FaultyDisk.h"
+#include "tests/support/FaultyDisk.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -11,6 +11,7 @@
 #include <climits>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 namespace {
@@ -22,7 +23,7 @@ int failing = 0; ///< 0: none
 bool goesOn = false;
 int counted = 0;
 
-enum class Call { Make, Write, Sync };
+enum class Call { Make, Write, Sync, Place };
 
 bool isBelow(const char* path)
 {
@@ -71,13 +72,24 @@ template <typename Function> Function* real(const char* name)
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
+/// Half of it, where that is the fault; 0: none.
+size_t halfOf(size_t count)
+{
+    return kind == faulty_disk::Kind::ShortWrite ? count / 2 : 0;
+}
+
 /// Bytes that a write may take; below 0: none, it fails.
 ssize_t allowed(int descriptor, size_t count)
 {
     if (!isBelow(descriptor) || !fails(Call::Write)) {
         return static_cast<ssize_t>(count);
     }
-    return kind == faulty_disk::Kind::ShortWrite && count > 1 ? static_cast<ssize_t>(count / 2) : -1;
+    return halfOf(count) > 0 ? static_cast<ssize_t>(halfOf(count)) : -1;
+}
+
+bool writes(int descriptor)
+{
+    return (fcntl(descriptor, F_GETFL) & O_ACCMODE) != O_RDONLY;
 }
 
 int modeOf(int flags, va_list arguments)
@@ -93,9 +105,66 @@ int opened(const char* name, const char* path, int flags, int mode)
     return real<int(const char*, int, ...)>(name)(path, flags, mode);
 }
 
+FILE* openedStream(const char* name, const char* path, const char* mode)
+{
+    const bool isMade = std::strpbrk(mode, "wa+") != nullptr;
+    return isMade && isBelow(path) && fails(Call::Make) ? nullptr
+                                                        : real<FILE*(const char*, const char*)>(name)(path, mode);
+}
+
 } // namespace
 
 extern "C" {
+
+FILE* fopen(const char* path, const char* mode)
+{
+    return openedStream("fopen", path, mode);
+}
+
+FILE* fopen64(const char* path, const char* mode)
+{
+    return openedStream("fopen64", path, mode);
+}
+
+size_t fwrite(const void* bytes, size_t size, size_t count, FILE* stream)
+{
+    const bool isFailing = isBelow(fileno(stream)) && fails(Call::Write);
+    return real<size_t(const void*, size_t, size_t, FILE*)>("fwrite")(
+        bytes, size, isFailing ? halfOf(count) : count, stream);
+}
+
+/// What was buffered is lost with a close that fails.
+int fclose(FILE* stream)
+{
+    const bool isFailing = isBelow(fileno(stream)) && writes(fileno(stream)) && fails(Call::Place);
+    const int closed = real<int(FILE*)>("fclose")(stream);
+    return isFailing ? EOF : closed;
+}
+
+/// A close that fails closes all the same.
+int close(int descriptor)
+{
+    const bool isFailing = isBelow(descriptor) && writes(descriptor) && fails(Call::Place);
+    const int error = errno;
+    const int closed = real<int(int)>("close")(descriptor);
+    errno = isFailing ? error : errno;
+    return isFailing ? -1 : closed;
+}
+
+int fchmod(int descriptor, mode_t mode) noexcept
+{
+    return isBelow(descriptor) && fails(Call::Place) ? -1 : real<int(int, mode_t)>("fchmod")(descriptor, mode);
+}
+
+int rename(const char* from, const char* to) noexcept
+{
+    return isBelow(from) && fails(Call::Place) ? -1 : real<int(const char*, const char*)>("rename")(from, to);
+}
+
+int link(const char* from, const char* to) noexcept
+{
+    return isBelow(to) && fails(Call::Place) ? -1 : real<int(const char*, const char*)>("link")(from, to);
+}
 
 ssize_t write(int descriptor, const void* bytes, size_t count)
 {

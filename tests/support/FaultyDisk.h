@@ -3,12 +3,13 @@
 #include <QString>
 
 /// Makes calls of the system fail, one at a time, for files below a folder: the program's own functions stand
-/// before the C library's, also for the database's driver.
+/// before the C library's, also for Qt, the database's driver and whatever writes workbooks. A program that links
+/// it is made with ENABLE_EXPORTS.
 namespace faulty_disk {
 
 enum class Kind {
-    NoSpace,     ///< ENOSPC of whatever makes a file or makes it longer
-    InputOutput, ///< EIO of whatever writes or makes a file
+    NoSpace,     ///< ENOSPC of whatever makes, writes, closes or renames a file
+    InputOutput, ///< EIO of the same
     Sync,        ///< EIO of fsync and fdatasync
     ShortWrite,  ///< half is written
 };

@@ -31,7 +31,9 @@ inline const QString UnknownCodePage = QStringLiteral("text.codepage");
 inline const QString ActiveSheet = QStringLiteral("sheet.active"); ///< its name, the one that is read
 inline const QString OtherSheet = QStringLiteral("sheet.other");   ///< likewise
 // ---- of the header
-inline const QString SecondTitle = QStringLiteral("title.second");     ///< title, the one that is read
+inline const QString SecondTitle = QStringLiteral("title.second"); ///< title, the one that is read
+inline const QString IgnoredTitle = QStringLiteral("title.ignored");
+inline const QString NamelessColumn = QStringLiteral("title.empty");   ///< letters of the column
 inline const QString OtherStrategy = QStringLiteral("title.strategy"); ///< columns, strategies
 // ---- of a row
 inline const QString OrderWithoutCode = QStringLiteral("row.code");
@@ -48,6 +50,7 @@ inline const QString NoPercent = QStringLiteral("number.percent");
 inline const QString SmallShare = QStringLiteral("share.small"); ///< number, what could be meant
 inline const QString PointForGroups = QStringLiteral("number.grouping");
 inline const QString SmallAmount = QStringLiteral("amount.small");
+inline const QString RoundedPrice = QStringLiteral("price.rounded"); ///< price, as it is taken
 inline const QString OddRate = QStringLiteral("price.rate");
 inline const QString NoWholeLot = QStringLiteral("quantity.lot");
 inline const QString OddLotSold = QStringLiteral("quantity.odd");

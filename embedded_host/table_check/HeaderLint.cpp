@@ -1,6 +1,7 @@
 #include "embedded_host/table_check/HeaderLint.h"
 
 #include "embedded_host/table_check/TitleLint.h"
+#include "table/CellAddress.h"
 #include "table/CheckRules.h"
 #include "table/HarmlessCell.h"
 
@@ -26,13 +27,20 @@ QStringList knownTitles(const Expectation& expectation)
     return known;
 }
 
+/// Rows that a look at a column takes.
+constexpr int RowsLookedAt = table::RowsToRead;
+
 class HeaderLint {
 public:
-    HeaderLint(const QStringList& header, const Expectation& expectation, Findings& findings)
-        : mHeader(header), mExpectation(expectation), mFindings(findings), mKnown(knownTitles(expectation))
+    HeaderLint(const table::Table& table, const Expectation& expectation, Findings& findings)
+        : mTable(table), mHeader(table.rows.first()), mExpectation(expectation), mFindings(findings),
+          mKnown(knownTitles(expectation))
     {
-        for (const QString& title : header) {
+        for (const QString& title : mHeader) {
             mGiven.append(expectation.columnOf(title));
+        }
+        for (const QString& column : expectation.titles) {
+            (mGiven.contains(column) ? mGivenColumns : mLacking).append(column);
         }
     }
 
@@ -40,6 +48,9 @@ public:
     {
         for (int column = 0; column < mHeader.size(); ++column) {
             lintTitle(column);
+        }
+        if (!mExpectation.titles.isEmpty()) {
+            lookBehindTheTitles();
         }
         if (!mExpectation.titles.isEmpty() && mExpectation.otherStrategies) {
             lookForABetterStrategy();
@@ -50,8 +61,8 @@ private:
     void lintTitle(int column)
     {
         const QString& title = mHeader.at(column);
-        if (title.isEmpty()) {
-            return;
+        if (title.trimmed().isEmpty()) {
+            return lookAtNameless(column);
         }
         if (mHeader.indexOf(title) < column) {
             mFindings.ofCell(rule::RepeatedTitle, 0, column, title);
@@ -64,12 +75,74 @@ private:
             lookForAnAlias(column);
             return;
         }
-        const QString meant = meantBy(title);
-        if (meant.isEmpty()) {
-            mFindings.ofCell(rule::UnknownTitle, 0, column, title);
-        } else {
-            mFindings.ofCell(rule::NearTitle, 0, column, title, {meant});
+        lookAtUnknown(column);
+    }
+
+    void lookAtUnknown(int column)
+    {
+        const QString& title = mHeader.at(column);
+        const QString meant = meantBy(title, isFilled(column));
+        if (!meant.isEmpty()) {
+            return mFindings.ofCell(rule::NearTitle, 0, column, title, {meant});
         }
+        const QString given = synonymOf(title, mGivenColumns);
+        if (!given.isEmpty()) {
+            return mFindings.ofCell(rule::SecondTitle, 0, column, title, {mHeader.at(mGiven.indexOf(given))});
+        }
+        const bool makesAnOrder = !orderColumnOf(title).isEmpty() && isFilled(column);
+        mFindings.ofCell(makesAnOrder ? rule::IgnoredTitle : rule::UnknownTitle, 0, column, title);
+    }
+
+    /// A column whose title was lost, or that nobody named.
+    void lookAtNameless(int column)
+    {
+        if (!mExpectation.titles.isEmpty() && holdsNumbers(column)) {
+            mFindings.ofCell(rule::NamelessColumn, 0, column, columnName(column));
+        }
+    }
+
+    void lookBehindTheTitles()
+    {
+        int width = mHeader.size();
+        for (const QStringList& cells : mTable.rows) {
+            width = qMax(width, cells.size());
+        }
+        for (int column = mHeader.size(); column < width; ++column) {
+            lookAtNameless(column);
+        }
+    }
+
+    static QString columnName(int column)
+    {
+        QString address = table::cellAddress(0, column);
+        address.chop(1); // the row
+        return address;
+    }
+
+    /// Whether an order has anything in the column.
+    bool isFilled(int column) const
+    {
+        return hasCell(column, [](const QString& cell) { return !cell.trimmed().isEmpty(); });
+    }
+
+    bool holdsNumbers(int column) const
+    {
+        return hasCell(column, [](const QString& cell) {
+            bool isNumber = false;
+            cell.trimmed().toDouble(&isNumber);
+            return isNumber;
+        });
+    }
+
+    template <typename Test> bool hasCell(int column, Test holds) const
+    {
+        for (int row = 1; row < qMin(mTable.rows.size(), RowsLookedAt); ++row) {
+            const QStringList& cells = mTable.rows.at(row);
+            if (column < cells.size() && !table::isBlankOrNote(cells) && holds(cells.at(column))) {
+                return true;
+            }
+        }
+        return false;
     }
 
     /// 数量 beside 委托数量: the import reads one of them.
@@ -85,20 +158,21 @@ private:
         }
     }
 
-    /// A column that the file does not give under its own title.
-    QString meantBy(const QString& title) const
+    /// A column that the file does not give under its own title. By a single word of it only where the column
+    /// holds anything.
+    QString meantBy(const QString& title, bool isFilled) const
     {
-        QStringList lacking;
+        const QString synonym = synonymOf(title, mLacking);
+        if (!synonym.isEmpty()) {
+            return synonym;
+        }
         QStringList known;
-        for (const QString& column : mExpectation.titles) {
-            if (!mGiven.contains(column)) {
-                lacking.append(column);
-                known << column << mExpectation.aliases.value(column) << mExpectation.aliases.key(column);
-            }
+        for (const QString& column : mLacking) {
+            known << column << mExpectation.aliases.value(column) << mExpectation.aliases.key(column);
         }
         known.removeAll(QString());
-        const QString synonym = synonymOf(title, lacking);
-        return synonym.isEmpty() ? nearestTitle(title, known) : synonym;
+        const QString nearest = nearestTitle(title, known);
+        return nearest.isEmpty() && isFilled ? wordedAs(title, mLacking) : nearest;
     }
 
     /// Columns by which strategies are told apart: not those that every one has, or that are for people.
@@ -172,11 +246,14 @@ private:
                          because.join(QStringLiteral("、")), names);
     }
 
+    const table::Table& mTable;
     const QStringList& mHeader;
     const Expectation& mExpectation;
     Findings& mFindings;
     const QStringList mKnown;
-    QStringList mGiven; ///< of each file column the table's, or empty
+    QStringList mGiven;        ///< of each file column the table's, or empty
+    QStringList mGivenColumns; ///< of the table, that the file has
+    QStringList mLacking;      ///< likewise, that it has not
 };
 
 } // namespace
@@ -208,7 +285,7 @@ FileColumns::FileColumns(const table::Table& table, const Expectation& expectati
 
 void lintHeader(const table::Table& table, const Expectation& expectation, Findings& findings)
 {
-    HeaderLint(table.rows.first(), expectation, findings).lint();
+    HeaderLint(table, expectation, findings).lint();
 }
 
 } // namespace table_lint

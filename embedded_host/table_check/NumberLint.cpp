@@ -17,7 +17,7 @@ namespace rule = table::rule;
 namespace {
 
 /// Nobody orders for less; ten thousands were meant.
-constexpr double SmallAmount = 1000;
+constexpr double SmallAmount = 10000;
 constexpr double TenThousand = 1e4;
 constexpr double HundredMillion = 1e8;
 /// In per cent a year: above it no rate was ever traded, below it none is worth an order.
@@ -25,11 +25,12 @@ constexpr double HighestRate = 60;
 constexpr double LowestRate = 0.1;
 constexpr double Noise = 1e-6; ///< that a spreadsheet's rounding leaves behind
 
+/// In the digits that a person would type.
 QString printed(double number)
 {
-    return QString::number(number, 'g', QLocale::FloatingPointShortest).contains(QLatin1Char('e'))
-               ? QString::number(number, 'f', 0)
-               : QString::number(number, 'g', QLocale::FloatingPointShortest);
+    constexpr int Digits = 15;
+    const QString text = QString::number(number, 'g', Digits);
+    return text.contains(QLatin1Char('e')) ? QString::number(number, 'f', 0) : text;
 }
 
 /// Whole numbers have 32 bits; an infinity and "nan" are numbers as well.
@@ -170,6 +171,15 @@ std::optional<NumberFault> faultOfRate(const QString& text)
     }
     return rate > 0.0 && rate < LowestRate ? std::optional(NumberFault{rule::OddRate, printed(rate * 100)})
                                            : std::nullopt;
+}
+
+std::optional<NumberFault> faultOfDecimals(const QString& text, int precision)
+{
+    bool isNumber = false;
+    const double price = text.toDouble(&isNumber);
+    const QString taken = QString::number(price, 'f', precision);
+    const bool isRounded = isNumber && std::isfinite(price) && std::fabs(taken.toDouble() - price) > Noise;
+    return isRounded ? std::optional(NumberFault{rule::RoundedPrice, taken}) : std::nullopt;
 }
 
 std::optional<NumberFault> faultOfLot(const QString& text, const KnownSecurity& security, bool sells)

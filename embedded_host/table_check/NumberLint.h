@@ -20,6 +20,9 @@ std::optional<NumberFault> faultOfNumber(const QString& text, NumberKind kind);
 /// A limit price that is a rate in per cent: 178.5 and 0.01785 for 1.785.
 std::optional<NumberFault> faultOfRate(const QString& text);
 
+/// A limit price with more decimals than the security's prices have: the import rounds it.
+std::optional<NumberFault> faultOfDecimals(const QString& text, int precision);
+
 /// The number that a person reads in a text: 3万, ¥9.86, (100), 1,000股, １５%, 1.000 in a column of whole
 /// numbers. Empty where it is none.
 QString plausibleNumber(const QString& text, NumberKind kind);

@@ -1,5 +1,6 @@
 #include "embedded_host/table_check/RowLint.h"
 
+#include "embedded_host/table_check/NumberLint.h"
 #include "table/CellAddress.h"
 #include "table/CheckRules.h"
 
@@ -33,15 +34,22 @@ bool isFilled(const QString& cell)
     return !cell.trimmed().isEmpty();
 }
 
+/// A code, a number with its unit, a time: not a sentence.
+bool isTyped(const QString& cell)
+{
+    constexpr int Longest = 32;
+    const bool isChinese =
+        std::any_of(cell.begin(), cell.end(), [](QChar c) { return c.script() == QChar::Script_Han; });
+    return isFilled(cell) && cell.size() <= Longest &&
+           (!isChinese || !plausibleNumber(cell, NumberKind::Free).isEmpty());
+}
+
 } // namespace
 
-RowLint::RowLint(const table::Table& table, const Expectation& expectation, Findings& findings)
-    : mTable(table), mExpectation(expectation), mFindings(findings)
+RowLint::RowLint(const table::Table& table, const Expectation& expectation, const FileColumns& columns,
+                 Findings& findings)
+    : mTable(table), mExpectation(expectation), mFindings(findings), mColumns(columns)
 {
-    for (const QString& title : table.rows.value(0)) {
-        const QString column = expectation.columnOf(title);
-        mColumns.append(mColumns.contains(column) ? QString() : column);
-    }
 }
 
 bool RowLint::look(int row)
@@ -78,21 +86,26 @@ bool RowLint::look(int row)
     return true;
 }
 
-bool RowLint::hasFilled(const QStringList& cells, const char* column) const
-{
-    const int at = mColumns.indexOf(QString::fromUtf8(column));
-    return at >= 0 && isFilled(cells.value(at));
-}
-
-/// A note has a text or two; an order says how much, and on which side or market.
+/// A note has a sentence or two; an order says things in the way of its columns.
 bool RowLint::isOrderWithoutCode(int row) const
 {
     const QStringList& cells = mTable.rows.at(row);
-    const int filled = int(std::count_if(cells.begin(), cells.end(), isFilled));
-    const bool saysHowMuch = hasFilled(cells, "委托数量") || hasFilled(cells, "委托金额");
-    const bool saysWhere = hasFilled(cells, "市场") || hasFilled(cells, "交易方向");
-    constexpr int Enough = 3;
-    return filled >= Enough && (mExpectation.titles.isEmpty() || (saysHowMuch && saysWhere));
+    int typed = 0;
+    for (int column = 0; column < cells.size(); ++column) {
+        const QString& title = mColumns.titles.value(column);
+        typed += !isForPeople(title) && isTyped(cells.at(column)) ? 1 : 0;
+    }
+    constexpr int Enough = 2;
+    return typed >= Enough || (typed > 0 && isBelowAMergedCode(row));
+}
+
+bool RowLint::isBelowAMergedCode(int row) const
+{
+    const QList<QRect>& areas = mTable.inspection.mergedAreas;
+    return std::any_of(areas.begin(), areas.end(), [&](const QRect& area) {
+        return area.top() > 0 && area.top() < row && row <= area.bottom() && area.left() <= mColumns.code &&
+               mColumns.code <= area.right();
+    });
 }
 
 bool RowLint::isHeaderAgain(const QStringList& cells) const
@@ -128,25 +141,35 @@ bool RowLint::isTotal(const QStringList& cells) const
     return words.contains(word);
 }
 
-void RowLint::lookForTheSame(int row)
+/// What the row orders, in one spelling; empty where it does not say how much.
+QStringList RowLint::orderOf(const QStringList& cells) const
 {
-    const QStringList& cells = mTable.rows.at(row);
-    QStringList order;
+    const std::optional<KnownSecurity> security =
+        mExpectation.security && mColumns.code >= 0
+            ? mExpectation.security(cells.value(mColumns.code), cells.value(mColumns.market))
+            : std::nullopt;
+    QStringList order{security ? security->symbol : QString()};
     bool saysHowMuch = false;
-    for (int column = 0; column < mColumns.size(); ++column) {
-        const QString& title = mColumns.at(column);
-        if (!tellsOrdersApart(title)) {
+    for (int column = 0; column < mColumns.titles.size(); ++column) {
+        const QString& title = mColumns.titles.at(column);
+        const bool isSecurity = column == mColumns.code || (security && column == mColumns.market);
+        if (!tellsOrdersApart(title) || (security && isSecurity)) {
             continue;
         }
         bool isNumber = false;
         const QString cell = cells.value(column).trimmed();
         const double number = cell.toDouble(&isNumber);
-        const bool isCode = title == mExpectation.codeTitle;
-        order << title << (isNumber && !isCode ? QString::number(number, 'g', 15) : cell);
+        order << title << (isNumber && !isSecurity ? QString::number(number, 'g', 15) : cell);
         saysHowMuch = saysHowMuch || (title.startsWith(QStringLiteral("委托数量")) && !cell.isEmpty()) ||
                       (title == QLatin1String("委托金额") && !cell.isEmpty());
     }
-    if (!saysHowMuch) {
+    return saysHowMuch ? order : QStringList();
+}
+
+void RowLint::lookForTheSame(int row)
+{
+    const QStringList order = orderOf(mTable.rows.at(row));
+    if (order.isEmpty()) {
         return;
     }
     const auto seen = mSeen.constFind(order);
@@ -163,10 +186,11 @@ void RowLint::lookAtMerges(int row)
     const QStringList& cells = mTable.rows.at(row);
     for (const QRect& area : mTable.inspection.mergedAreas) {
         const bool coversFromAbove = area.top() > 0 && area.top() < row && row <= area.bottom();
-        const int last = coversFromAbove ? std::min(area.right(), mColumns.size() - 1) : -1;
+        const int last = coversFromAbove ? std::min(area.right(), mColumns.titles.size() - 1) : -1;
         for (int column = area.left(); column <= last; ++column) {
             const QString text = mTable.rows.at(area.top()).value(area.left());
-            if (!isForPeople(mColumns.at(column)) && !isFilled(cells.value(column)) && isFilled(text)) {
+            if (!isForPeople(mColumns.titles.at(column)) && !isFilled(cells.value(column)) &&
+                isFilled(text)) {
                 mFindings.ofCell(rule::EmptyByMerge, row, column, text,
                                  {table::cellAddress(area.top(), area.left())});
             }

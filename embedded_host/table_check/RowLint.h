@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded_host/table_check/Findings.h"
+#include "embedded_host/table_check/HeaderLint.h"
 
 #include <QHash>
 #include <QSet>
@@ -11,23 +12,25 @@ namespace table_lint {
 /// more, the same order again. Looks at one row after the other.
 class RowLint {
 public:
-    RowLint(const table::Table& table, const Expectation& expectation, Findings& findings);
+    RowLint(const table::Table& table, const Expectation& expectation, const FileColumns& columns,
+            Findings& findings);
 
     /// Whether the row may be an order, so that its cells are worth a look.
     bool look(int row);
 
 private:
     bool isOrderWithoutCode(int row) const;
+    bool isBelowAMergedCode(int row) const;
     bool isHeaderAgain(const QStringList& cells) const;
     bool isTotal(const QStringList& cells) const;
     void lookForTheSame(int row);
+    QStringList orderOf(const QStringList& cells) const;
     void lookAtMerges(int row);
-    bool hasFilled(const QStringList& cells, const char* column) const;
 
     const table::Table& mTable;
     const Expectation& mExpectation;
     Findings& mFindings;
-    QStringList mColumns;          ///< of each file column the table's; empty: none, or one given before
+    const FileColumns& mColumns;
     QHash<QStringList, int> mSeen; ///< an order's cells -> its line
 };
 

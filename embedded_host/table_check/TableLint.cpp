@@ -86,8 +86,9 @@ bool namesDiffer(const QString& typed, const QString& known)
 /// The cells of a table, a row at a time.
 class CellLint {
 public:
-    CellLint(const Table& table, const Expectation& expectation, Findings& findings)
-        : mTable(table), mExpectation(expectation), mFindings(findings), mColumns(table, expectation)
+    CellLint(const Table& table, const Expectation& expectation, const FileColumns& columns,
+             Findings& findings)
+        : mTable(table), mExpectation(expectation), mFindings(findings), mColumns(columns)
     {
     }
 
@@ -105,7 +106,7 @@ private:
     const Table& mTable;
     const Expectation& mExpectation;
     Findings& mFindings;
-    const FileColumns mColumns;
+    const FileColumns& mColumns;
     QVector<int> mAreasOver; ///< of each column, in the row looked at
     std::optional<KnownSecurity> mSecurity;
 };
@@ -119,10 +120,6 @@ void CellLint::look(int row)
                     ? mExpectation.security(cells.value(mColumns.code), cells.value(mColumns.market))
                     : std::nullopt;
     for (int column = 0; column < cells.size(); ++column) {
-        if (isImported && mTable.inspection.uncalculated.contains({row, column}) &&
-            !mColumns.titles.value(column).isEmpty()) {
-            mFindings.ofCell(rule::Uncalculated, row, column, cells.at(column));
-        }
         if (cells.at(column).isEmpty()) {
             continue;
         }
@@ -209,8 +206,10 @@ void CellLint::lookAtNumber(int row, int column, const QString& text, NumberKind
         return;
     }
     std::optional<NumberFault> fault = faultOfNumber(text, kind);
-    if (!fault && kind == NumberKind::Price && mSecurity && mSecurity->isBondRepo) {
-        fault = faultOfRate(text);
+    if (!fault && kind == NumberKind::Price && mSecurity) {
+        fault = mSecurity->isBondRepo ? faultOfRate(text) : std::nullopt;
+        const bool isShownSo = mTable.inspection.shown.contains({row, column}); // and was compared
+        fault = fault || isShownSo ? fault : faultOfDecimals(text, mSecurity->precision);
     }
     if (fault) {
         mFindings.ofCell(fault->rule, row, column, text,
@@ -269,20 +268,42 @@ QString Expectation::columnOf(const QString& title) const
 namespace {
 
 /// A table without a column of codes is no list of orders, and nothing in it becomes one.
-bool holdsNoOrders(const Table& table, const Expectation& expectation)
+bool holdsNoOrders(const FileColumns& columns, const Expectation& expectation)
 {
-    return !expectation.codeTitle.isEmpty() && FileColumns(table, expectation).code < 0;
+    return !expectation.codeTitle.isEmpty() && columns.code < 0;
 }
 
-/// But a title that may be meant for another: it may be why.
-QList<Finding> softened(QList<Finding> findings)
+/// Whether a title may be meant for another, which would be why nothing is imported: in a table that has some
+/// of the columns.
+bool mayBeMisspelt(const Finding& finding, const FileColumns& columns)
+{
+    constexpr int Enough = 2;
+    const auto known = std::count_if(columns.titles.begin(), columns.titles.end(),
+                                     [](const QString& title) { return !title.isEmpty(); });
+    return finding.fault.rule == rule::NearTitle && known >= Enough;
+}
+
+QList<Finding> softened(QList<Finding> findings, const FileColumns& columns)
 {
     for (Finding& finding : findings) {
-        if (finding.fault.rule != rule::NearTitle) {
+        if (!mayBeMisspelt(finding, columns)) {
             finding.fault.severity = table::Severity::Notice;
         }
     }
     return findings;
+}
+
+/// Wherever they stand: in rows that only look like notes or like none since nothing was ever calculated.
+void lintFormulas(const Table& table, const FileColumns& columns, Findings& findings)
+{
+    QList<table::Cell> cells = table.inspection.uncalculated.values();
+    std::sort(cells.begin(), cells.end());
+    for (const table::Cell& cell : qAsConst(cells)) {
+        if (cell.first > 0 && !columns.titles.value(cell.second).isEmpty()) {
+            findings.ofCell(rule::Uncalculated, cell.first, cell.second,
+                            table.rows.value(cell.first).value(cell.second));
+        }
+    }
 }
 
 } // namespace
@@ -291,17 +312,20 @@ QList<Finding> lint(const Table& table, const Expectation& expectation)
 {
     Findings findings(table);
     lintFile(table, expectation, findings);
-    if (!table.rows.isEmpty()) {
-        lintHeader(table, expectation, findings);
-        RowLint rows(table, expectation, findings);
-        CellLint cells(table, expectation, findings);
-        for (int row = 0; row < table.rows.size(); ++row) {
-            if (rows.look(row)) {
-                cells.look(row);
-            }
+    if (table.rows.isEmpty()) {
+        return findings.take();
+    }
+    const FileColumns columns(table, expectation);
+    lintHeader(table, expectation, findings);
+    lintFormulas(table, columns, findings);
+    RowLint rows(table, expectation, columns, findings);
+    CellLint cells(table, expectation, columns, findings);
+    for (int row = 0; row < table.rows.size(); ++row) {
+        if (rows.look(row)) {
+            cells.look(row);
         }
     }
-    return holdsNoOrders(table, expectation) ? softened(findings.take()) : findings.take();
+    return holdsNoOrders(columns, expectation) ? softened(findings.take(), columns) : findings.take();
 }
 
 } // namespace table_lint

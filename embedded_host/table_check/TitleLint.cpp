@@ -45,9 +45,10 @@ const QMap<QString, QStringList>& otherNames()
 {
     const auto names = [](const char* list) { return QString::fromUtf8(list).split(QLatin1Char(' ')); };
     static const QMap<QString, QStringList> list = {
-        {QStringLiteral("委托限价"), names("限价 价格 委托价格 委托价 指令价格 指令价 报价 买卖价格 买入价 "
-                                           "卖出价 交易价格 下单价格 最高价 最低价 price "
-                                           "limit limitprice")},
+        {QStringLiteral("委托限价"),
+         names("限价 价格 单价 委托价格 委托价 指令价格 指令价 报价 买卖价格 买入价 "
+               "卖出价 交易价格 下单价格 最高价 最低价 price "
+               "limit limitprice")},
         {QStringLiteral("委托数量"), names("数量 股数 手数 委托股数 委托手数 指令数量 交易数量 买卖数量 "
                                            "目标数量 下单数量 张数 份额 qty quantity volume")},
         {QStringLiteral("委托金额"), names("金额 交易金额 指令金额 下单金额 目标金额 amount")},
@@ -81,6 +82,38 @@ QString generalName(const QString& column)
     return names.value(column, column);
 }
 
+/// Words by which a title is about a column, by the column; the longer ones of a list say more.
+const QList<QPair<QString, QStringList>>& wordsOfColumns()
+{
+    const auto words = [](const char* list) { return QString::fromUtf8(list).split(QLatin1Char(' ')); };
+    static const QList<QPair<QString, QStringList>> list = {
+        {QStringLiteral("单笔最小委托金额"), words("最小金额 最低金额 单笔最小 起始金额")},
+        {QStringLiteral("委托限价"), words("价 price")},
+        {QStringLiteral("委托数量"), words("数量 股数 手数 张数 qty quantity")},
+        {QStringLiteral("委托金额"), words("金额 amount")},
+        {QStringLiteral("最大市场占比"), words("占比 参与 跟量 市占 成交量比例 pov")},
+        {QStringLiteral("交易方向"), words("方向 买卖")},
+        {QStringLiteral("开始时间"), words("开始 起始")},
+        {QStringLiteral("结束时间"), words("结束 截止 终止 到期 过期")},
+        {QStringLiteral("风格参数"), words("风格 激进")},
+        {QStringLiteral("委托属性"), words("属性")},
+        {QStringLiteral("创建后是否立即启动"), words("启动")}};
+    return list;
+}
+
+/// What a file tells beside its orders.
+bool isForReading(const QString& plainTitle)
+{
+    static const QStringList words =
+        QStringLiteral(
+            "最新 现价 昨 前收 收盘 开盘 今开 涨停 跌停 涨跌 成本 均价 成交价 成交数量 成交金额 "
+            "成交时间 已成 参考 估 市值 净值 持仓 持有 可用 可卖 剩余 冻结 总 更新 录入 导出 下单时间 "
+            "备注 说明 理由 原因 名称 类型 类别 单位 价值 评价 代价 性价 last close pre")
+            .split(QLatin1Char(' '));
+    return std::any_of(words.begin(), words.end(),
+                       [&](const QString& word) { return plainTitle.contains(word); });
+}
+
 } // namespace
 
 QString synonymOf(const QString& title, const QStringList& columns)
@@ -95,6 +128,29 @@ QString synonymOf(const QString& title, const QStringList& columns)
         }
     }
     return QString();
+}
+
+QString wordedAs(const QString& title, const QStringList& columns)
+{
+    const QString written = plain(title);
+    if (isForReading(written)) {
+        return QString();
+    }
+    for (const auto& entry : wordsOfColumns()) {
+        const bool isAbout = std::any_of(entry.second.begin(), entry.second.end(),
+                                         [&](const QString& word) { return written.contains(word); });
+        for (const QString& column : isAbout ? columns : QStringList()) {
+            if (generalName(column) == entry.first) {
+                return column;
+            }
+        }
+    }
+    return QString();
+}
+
+QString orderColumnOf(const QString& title)
+{
+    return synonymOf(title, otherNames().keys());
 }
 
 QString nearestTitle(const QString& title, const QStringList& known)

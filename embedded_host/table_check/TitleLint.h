@@ -13,4 +13,13 @@ QString nearestTitle(const QString& title, const QStringList& known);
 /// of `columns`, or empty.
 QString synonymOf(const QString& title, const QStringList& columns);
 
+/// The column that a title may be about by one of its words: 保护价 and 目标价 for 委托限价, 执行风格 for
+/// 风格参数; not what a file tells beside its orders, such as 最新价 and 持仓数量. One of `columns`, or
+/// empty.
+QString wordedAs(const QString& title, const QStringList& columns);
+
+/// What the trade calls the column that a title names under whatever strategy: 委托限价 for 价格; empty where
+/// it names none of those that make an order.
+QString orderColumnOf(const QString& title);
+
 } // namespace table_lint

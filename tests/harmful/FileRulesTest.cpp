@@ -219,6 +219,15 @@ TEST(HarmfulFiles, UnitsAndSignsAreToldWithThePlausibleNumber)
     EXPECT_EQ("number.invalid.price F2\n", foundInAitwap(aitwap("100,1,¥9.86,0,15")));
 }
 
+TEST(HarmfulFiles, APriceOfMoreDecimalsThanTheSecurityHasIsToldOf)
+{
+    EXPECT_EQ("", foundInAitwap(aitwap("100,1,9.860,0,15")));
+    EXPECT_EQ("price.rounded F2\n", foundInAitwap(aitwap("100,1,9.8666,0,15")));
+    const Finding rounded = findings("AITWAP"_s, inspect(Head + aitwap("100,1,9.8666,0,15"))).first();
+    EXPECT_EQ(Severity::Notice, rounded.fault.severity);
+    EXPECT_EQ(QStringList{"9.87"_s}, rounded.suggestions);
+}
+
 TEST(HarmfulFiles, ARateOfAnotherUnitAndAnAmountInTenThousandsAreAskedFor)
 {
     const auto repo = [](const char* rate) {
@@ -234,6 +243,8 @@ TEST(HarmfulFiles, ARateOfAnotherUnitAndAnAmountInTenThousandsAreAskedFor)
         return found(strategy, QByteArray("证券代码,市场,委托金额\n600036,SH,") + cell + "\n");
     };
     EXPECT_EQ("", amount("AITWAP7", "250000"));
+    EXPECT_EQ("", amount("AITWAP7", "10000"));
+    EXPECT_EQ("amount.small C2\n", amount("AITWAP7", "9999"));
     EXPECT_EQ("amount.small C2\n", amount("AITWAP7", "25"));
     EXPECT_EQ("amount.small C2\n", amount("PursueHighLimit", "10.5"));
 }
@@ -316,11 +327,38 @@ TEST(HarmfulFiles, AColumnTwiceAnAliasBesideItAndANameOfOtherSystems)
     for (const char* title : {"委托价格", "价格", "限价(元)", "委托限价（元）", "指令价格", "Price"}) {
         EXPECT_EQ("title.near E1\n", found("AITWAP", start + title + "\n")) << title;
         EXPECT_EQ("title.near E1\n", found("AIVWAP", start + title + "\n")) << title;
-        EXPECT_EQ("title.unknown F1\n", found("AITWAP", start + "委托限价," + title + "\n").substr(0, 17))
-            << title;
+        EXPECT_EQ("title.second F1\n", found("AITWAP", start + "委托限价," + title + "\n")) << title;
     }
     EXPECT_EQ("title.near E1\n", found("AITWAP", start + "市场占比(%)\n"));
     EXPECT_EQ("title.near A1\n", found("AITWAP", "股票代码,市场\n"));
+}
+
+/// What else a person may call a limit: any title with the word, but for those that only tell.
+TEST(HarmfulFiles, ATitleThatIsAboutAMissingColumnIsAnErrorWhereTheColumnIsFilled)
+{
+    const QByteArray start = "证券代码,市场,委托数量,交易方向,";
+    for (const char* title : {"指定价格", "最高限价", "目标价", "保护价", "买入价上限", "单价"}) {
+        EXPECT_EQ("title.near E1\n", found("AITWAP", start + title + "\n600000,SH,100,1,9.86\n")) << title;
+    }
+    for (const char* title : {"最新价", "昨收价", "持仓成本价", "涨停价", "价值评级", "持仓数量", "组合"}) {
+        EXPECT_EQ("title.unknown E1\n", found("AITWAP", start + title + "\n600000,SH,100,1,9.86\n")) << title;
+    }
+    EXPECT_EQ("title.near E1\n", found("AITWAP", start + "执行风格\n600000,SH,100,1,aggressive\n"));
+    EXPECT_EQ("title.near E1\n", found("AITWAP", start + "市占率\n600000,SH,100,1,15\n"));
+}
+
+TEST(HarmfulFiles, AColumnOfAnOrderThatTheStrategyHasNotOrThatLostItsTitleIsAskedFor)
+{
+    EXPECT_EQ("title.ignored E1\n",
+              found("AITWAP", "证券代码,市场,委托数量,交易方向,委托金额\n600000,SH,100,1,25000\n"));
+    EXPECT_EQ("title.ignored E1\n",
+              found("PursueHighLimit", "证券代码,市场,委托金额,交易方向,限价\n600276,SH,100000,1,9.86\n"));
+    EXPECT_EQ("title.unknown E1\n",
+              found("AITWAP", "证券代码,市场,委托数量,交易方向,委托金额\n600000,SH,100,1,\n"));
+    EXPECT_EQ("title.empty E1\n",
+              found("AITWAP", "证券代码,市场,委托数量,交易方向,\n600000,SH,100,1,9.86\n"));
+    EXPECT_EQ("title.empty E1\n", found("AITWAP", "证券代码,市场,委托数量,交易方向\n600000,SH,100,1,9.86\n"));
+    EXPECT_EQ("", found("AITWAP", "证券代码,市场,委托数量,交易方向,\n600000,SH,100,1,加急\n"));
 }
 
 TEST(HarmfulFiles, AFileOfAnotherStrategyNamesIt)
@@ -346,11 +384,19 @@ TEST(HarmfulFiles, RowsThatAreNoOrdersOrLostTheirCode)
 {
     const QByteArray good = aitwap("100,1,9.86,0,15");
     EXPECT_EQ("row.code 3\n", foundInAitwap(good + aitwap("200,1,9.86,0,15", ",,SH")));
+    for (const char* row : {",,SH,,1,9.86,,,,,,,\n", ",,,200,1,,,,,,,,\n", ",,SZ,200,,,,,,,,,\n",
+                            ",,上海,3万,,9.86元,,,,,,,\n"}) {
+        EXPECT_EQ("row.code 3\n", foundInAitwap(good + row)) << row;
+    }
+    EXPECT_EQ(Severity::Error,
+              findings("AITWAP"_s, inspect(Head + aitwap("200,1,9.86,0,15", ",,SH"))).first().fault.severity);
+    EXPECT_EQ("", foundInAitwap(good + ",,制表：张三,2026年11月,,,,,,,,,\n"));
     EXPECT_EQ("", foundInAitwap(good + ",,备注：市场必填,,,,,,,,,,\n"));
     EXPECT_EQ("row.header 3\n", foundInAitwap(good + Head));
     EXPECT_EQ("row.total 3\n", foundInAitwap(good + "合计,,,100,,,,,,,,,\n"));
     EXPECT_EQ("row.total 3\n", foundInAitwap(good + ",,合 计：,100,1,,,,,,,,\n"));
     EXPECT_EQ("row.repeated 3\n", foundInAitwap(good + aitwap("100.0,1,9.860,0,20")));
+    EXPECT_EQ("row.repeated 3\n", foundInAitwap(good + aitwap("100,1,9.86,0,15", " 600000,,上海")));
     EXPECT_EQ("", foundInAitwap(good + aitwap("200,1,9.86,0,15") + aitwap("100,2,9.86,0,15")));
 }
 
@@ -389,6 +435,18 @@ TEST(HarmfulFiles, AFormulaWithoutAResultIsAnErrorWhereverItStands)
     EXPECT_EQ(
         "formula.uncalculated G2\n",
         found("AITWAP"_s, sheet.read(Sheet::order(Sheet::number("100"), Sheet::number("9.86"), formula))));
+}
+
+/// A row that looks like a note, or like none, since nothing in it was ever calculated.
+TEST(HarmfulFiles, AFormulaWithoutAResultIsToldThoughTheRowIsPassedOver)
+{
+    Sheet sheet;
+    const QByteArray formula = "<c><f>A1*2</f></c>";
+    const QByteArray good = Sheet::order(Sheet::number("100"), Sheet::number("9.86"), Sheet::number("15"));
+    const QByteArray lost = Sheet::row({formula, formula, Sheet::number("200"), Sheet::text("1")});
+    EXPECT_EQ("formula.uncalculated A3\nformula.uncalculated B3\nrow.code 3\n",
+              found("AITWAP"_s, sheet.read(good + lost)));
+    EXPECT_EQ("formula.uncalculated A3\n", found("AITWAP"_s, sheet.read(good + Sheet::row({formula}))));
 }
 
 TEST(HarmfulFiles, CellsBelowAMergedOneAreEmpty)

@@ -57,10 +57,12 @@ TEST(TableLint, FindsTitlesUnknownNearlyRightAndRepeated)
 {
     EXPECT_EQ("title.near A1 证券代號\ntitle.unknown B1 备注\ntitle.repeated D1 市场\n",
               found("证券代號,备注,市场,市场,\n"));
-    const Finding near = lint(inspect("证券 代码\n"), expectation()).first();
+    const Finding near = lint(inspect("证券 代码,市场,委托数量\n"), expectation()).first();
     EXPECT_EQ(QStringList{QStringLiteral("证券代码")}, near.suggestions);
     EXPECT_EQ("表头“证券 代码”不是该策略的列，是否应为“证券代码”", table::sentence(near.fault).toStdString());
     EXPECT_EQ(table::Severity::Error, near.fault.severity);
+    EXPECT_EQ(table::Severity::Notice, lint(inspect("证券 代码,x\n"), expectation()).first().fault.severity)
+        << "a table of something else";
 }
 
 TEST(TableLint, FindsCodesThatLostTheirZeros)
@@ -100,8 +102,8 @@ TEST(TableLint, FindsValuesUnderMergedCellsAndInHiddenRows)
         "<row hidden=\"1\"/>";
     sample.behindData = "<mergeCells><mergeCell ref=\"A2:B2\"/></mergeCells>";
     const table::Table table = inspect(sample.file());
-    EXPECT_EQ("row.hidden 2 \nmerged.hidden B2 2\n", found(table));
-    EXPECT_EQ(2, lint(table, expectation()).first().fault.line);
+    EXPECT_EQ("title.empty B1 B\nrow.hidden 2 \nmerged.hidden B2 2\n", found(table));
+    EXPECT_EQ(2, lint(table, expectation()).last().fault.line);
 }
 
 TEST(TableLint, TellsTheLineOfTheFileAndWhatCouldNotBeDecoded)
@@ -219,6 +221,6 @@ TEST(TableLint, LeavesNotesAndForeignColumnsAlone)
     Expectation expected;
     expected.titles = QStringList{QStringLiteral("市场")};
     expected.numbers = {{QStringLiteral("数量"), NumberKind::Whole}};
-    EXPECT_EQ("title.unknown", lint(inspect("数量\nabc\n"), expected).first().fault.rule.toStdString());
+    EXPECT_EQ("title.ignored", lint(inspect("数量\nabc\n"), expected).first().fault.rule.toStdString());
     EXPECT_EQ(1, lint(inspect("数量\nabc\n"), expected).size());
 }

@@ -19,6 +19,7 @@ struct InstanceChoice {
 QList<Instance> selectInstances(Statements& statements, const InstanceChoice& choice);
 std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id);
 QMap<InstanceState, qint64> countStates(Statements& statements, std::optional<qint64> batch);
+QMap<qint64, QMap<InstanceState, qint64>> countStatesOf(Statements& statements, const QList<qint64>& batches);
 
 void insertInstances(Statements& statements, const Batch& batch, const QList<InstanceDraft>& instances,
                      InstanceState ofStarted);

@@ -1,3 +1,4 @@
+#include "desk/demo/Demo.h"
 #include "desk/runner/CommandLine.h"
 #include "desk/runner/LedgerAccess.h"
 #include "desk/runner/Runner.h"
@@ -5,15 +6,21 @@
 #include "desk/window/DeskApplication.h"
 #include "desk/window/DeskBooks.h"
 #include "desk/window/DeskWindow.h"
+#include "gateway/program/Gateway.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QLoggingCategory>
+#include <QTimer>
 
 #include <csignal>
 #include <cstdio>
+#include <memory>
+#include <optional>
 
 namespace {
+
+constexpr int SignalPollMs = 100;
 
 QStringList argumentsOf(int argc, char** argv)
 {
@@ -46,6 +53,21 @@ int complain(const QString& error)
     return runner::Refused;
 }
 
+const QString Demo = QStringLiteral("demo");
+
+std::optional<demo::Options> demoOptions(const runner::CommandLine& line, QString& error)
+{
+    demo::Options options;
+    options.home = line.home;
+    options.share = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/algodesk");
+    options.pace = line.pace.toDouble();
+    if (!(options.pace > 0.0)) {
+        error = QStringLiteral("--pace takes a factor above 0");
+        return std::nullopt;
+    }
+    return options;
+}
+
 /// Off screen nobody would answer a box.
 int complainInWindow(const QString& error)
 {
@@ -58,8 +80,89 @@ int complainInWindow(const QString& error)
 
 bool hasDisplay()
 {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    return !(qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+             qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"));
+}
+
+/// A demonstration writes into no ledger but its own.
+int tellDemo(int& argc, char** argv, const runner::CommandLine& line)
+{
+    QCoreApplication application(argc, argv);
+    QString error;
+    const std::optional<demo::Options> options = demoOptions(line, error);
+    QFile out;
+    QFile err;
+    if (!options || !out.open(stdout, QIODevice::WriteOnly) || !err.open(stderr, QIODevice::WriteOnly)) {
+        return complain(error);
+    }
+    return demo::runHeadless(*options, gateway::isAskedToEndBySignal, out, err);
+}
+
+/// The desk on what a line names, until it is closed.
+int openWindow(const runner::CommandLine& line, const ledger::Address& ledger, DeskWindow::Page page)
+{
+    QString error;
+    const std::unique_ptr<EmbeddedHost> host = runner::openDeskHost(line, error);
+    if (!host) {
+        return complainInWindow(error);
+    }
+    const auto books =
+        openDeskBooks(ledger, runner::homeFolder(line), runner::referenceDataFolder(line), error);
+    if (!books) {
+        return complainInWindow(error);
+    }
+    DeskWindow window(*host, *books);
+    if (page != DeskWindow::ImportPageIndex) {
+        window.showPage(page);
+    }
+    window.show();
+    return QApplication::exec();
+}
+
+int showDemo(int& argc, char** argv, runner::CommandLine line)
+{
+    QApplication application(argc, argv);
+    desk_application::prepare(application);
+    QString error;
+    const std::optional<demo::Options> options = demoOptions(line, error);
+    const std::unique_ptr<demo::Stage> stage = options ? demo::openStage(*options, error) : nullptr;
+    if (!stage) {
+        return complainInWindow(error);
+    }
+    QTimer signalled;
+    QObject::connect(&signalled, &QTimer::timeout, [] {
+        if (gateway::isAskedToEndBySignal()) {
+            QCoreApplication::quit();
+        }
+    });
+    signalled.start(SignalPollMs);
+    line.home = stage->home();
+    return openWindow(line, ledger::Address::ofFile(ledger::Ledger::pathIn(line.home)),
+                      DeskWindow::InstancesPageIndex);
+}
+
+int runDemo(int& argc, char** argv, const QStringList& arguments)
+{
+    QString error;
+    const runner::Command command = {
+        Demo, {QStringLiteral("home"), QStringLiteral("pace"), QStringLiteral("headless")}, {}};
+    const auto line = runner::parseCommandLine(arguments, command, error);
+    if (!line) {
+        return complain(error);
+    }
+    if (line->help) {
+        std::printf("%s", qUtf8Printable(runner::usage()));
+        return runner::Done;
+    }
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false"));
+    gateway::isAskedToEndBySignal();
+    if (!line->headless && hasDisplay()) {
+        return showDemo(argc, argv, *line);
+    }
+    if (!line->headless) {
+        complain(QStringLiteral("没有可用的显示环境，改以文字演示（--headless）"));
+    }
+    return tellDemo(argc, argv, *line);
 }
 
 int runDesk(int& argc, char** argv, const QStringList& arguments)
@@ -87,18 +190,7 @@ int runDesk(int& argc, char** argv, const QStringList& arguments)
     QLoggingCategory::setFilterRules(QStringLiteral("algo.*.debug=false"));
     QApplication application(argc, argv);
     desk_application::prepare(application);
-    const std::unique_ptr<EmbeddedHost> host = runner::openDeskHost(*line, error);
-    if (!host) {
-        return complainInWindow(error);
-    }
-    const auto books =
-        openDeskBooks(address.value, runner::homeFolder(*line), runner::referenceDataFolder(*line), error);
-    if (!books) {
-        return complainInWindow(error);
-    }
-    DeskWindow window(*host, *books);
-    window.show();
-    return QApplication::exec();
+    return openWindow(*line, address.value, DeskWindow::ImportPageIndex);
 }
 
 } // namespace
@@ -108,5 +200,8 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("algodesk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ALGODESK_VERSION));
     const QStringList arguments = argumentsOf(argc, argv);
+    if (arguments.value(0) == Demo) {
+        return runDemo(argc, argv, arguments.mid(1));
+    }
     return runner::isAsked(arguments) ? runHeadless(argc, argv, arguments) : runDesk(argc, argv, arguments);
 }

@@ -3,6 +3,7 @@
 #include "ledger/Ledger.h"
 
 #include "ledger/operations/Core.h"
+#include "ledger/operations/WireLog.h"
 #include "ledger/store/BatchQueries.h"
 #include "ledger/store/ControlQueries.h"
 #include "ledger/store/InstanceQueries.h"
@@ -172,6 +173,39 @@ Outcome<QMap<InstanceState, qint64>> Ledger::counts(std::optional<qint64> batchN
         const bool isOfNone = batchNumber && !batch;
         return Outcome<QMap<InstanceState, qint64>>{
             isOfNone ? QMap<InstanceState, qint64>() : countStates(statements, batch), QString()};
+    });
+}
+
+Outcome<qint64> Ledger::countIn(InstanceState state) const
+{
+    return mCore->read<qint64>([&](Statements& statements) {
+        return Outcome<qint64>{
+            statements
+                .single(QStringLiteral("SELECT COUNT(*) FROM instance WHERE state = ?"), {nameOf(state)})
+                .toLongLong(),
+            QString()};
+    });
+}
+
+Outcome<QMap<qint64, QMap<InstanceState, qint64>>> Ledger::countsOf(const QList<qint64>& batches) const
+{
+    using Counts = QMap<qint64, QMap<InstanceState, qint64>>;
+    return batches.isEmpty() ? Outcome<Counts>() : mCore->read<Counts>([&](Statements& statements) {
+        return Outcome<Counts>{countStatesOf(statements, batches), QString()};
+    });
+}
+
+Outcome<QList<WireMessage>> Ledger::wireMessages(qint64 behind, int mostLots) const
+{
+    return mCore->read<QList<WireMessage>>([&](Statements& statements) {
+        return Outcome<QList<WireMessage>>{audit::selectWire(statements, behind, mostLots), QString()};
+    });
+}
+
+Outcome<QList<StrayReport>> Ledger::strays(int most) const
+{
+    return mCore->read<QList<StrayReport>>([&](Statements& statements) {
+        return Outcome<QList<StrayReport>>{selectStrays(statements, most), QString()};
     });
 }
 

@@ -100,9 +100,17 @@ public:
                                std::optional<qint64> ofBatch = std::nullopt) const;
     /// How many instances there are in each state.
     Outcome<QMap<InstanceState, qint64>> counts(std::optional<qint64> batch = std::nullopt) const;
+    Outcome<qint64> countIn(InstanceState state) const;
+    /// The same of each of some batches.
+    Outcome<QMap<qint64, QMap<InstanceState, qint64>>> countsOf(const QList<qint64>& batches) const;
     /// The table that a batch was imported from; an error where the batch is older than such tables.
     Outcome<BatchTable> tableOf(qint64 batch) const;
     Outcome<Status> status() const;
+    /// What gateways said and heard: the newest, at most so many lots of them, behind an audit entry; oldest
+    /// first.
+    Outcome<QList<WireMessage>> wireMessages(qint64 behind, int mostLots) const;
+    /// What gateways heard that changed nothing: newest first.
+    Outcome<QList<StrayReport>> strays(int most = 200) const;
     /// Moves when anything was changed, by whatever program: cheap to ask.
     Outcome<qint64> changeCount() const;
 

@@ -45,15 +45,6 @@ struct Recorded {
     Instance instance; ///< afterwards
 };
 
-/// A report of something that is not ours, or cannot be.
-struct StrayReport {
-    qint64 number = 0;
-    QDateTime at;
-    QString clOrdId;
-    QString execId;
-    QString text;
-};
-
 /// The gateway's side of a ledger: takes what is queued, writes back what became of it. It serves its
 /// accounts alone, by a lock that ends with the process however that ends.
 ///
@@ -99,7 +90,8 @@ public:
     Outcome<QList<Instance>> decide(const QList<Decision>& decisions);
     /// The session's state: connected, loggedOn, loggedOut, disconnected.
     Outcome<void> session(const QString& state, const QString& text);
-    Outcome<QList<StrayReport>> strays(int most = 200) const;
+    /// What was said and heard, a lot of it in one audit entry.
+    Outcome<void> keepMessages(const QList<WireMessage>& messages);
     /// Whether nothing may be sent for an account now.
     Outcome<bool> isHalted(const QString& account) const;
 

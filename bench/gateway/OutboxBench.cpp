@@ -53,7 +53,7 @@ void acknowledge(benchmark::State& state)
             write(desk.folder(), QStringLiteral("desk.cfg"),
                   settings("initiator", "DESK", "BROKER", "SocketConnectHost=127.0.0.1\nSocketConnectPort="));
         options.profileFile = write(desk.folder(), QStringLiteral("profile.json"), sample::profileJson());
-        options.ledger = ledger::Address::ofFile(desk.path());
+        options.ledger = desk.address();
         options.dictionaryFolder = QStringLiteral(DICTIONARIES);
         options.storeFolder = desk.folder().filePath(QStringLiteral("store"));
         options.isAskedToEnd = simulated.isAskedToEnd;

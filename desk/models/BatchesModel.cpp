@@ -7,12 +7,10 @@ namespace {
 const QList<ListModel::Column>& columns()
 {
     static const QList<ListModel::Column> all = {
-        {QStringLiteral("批次"), true},     {QStringLiteral("状态")},
-        {QStringLiteral("创建时间")},       {QStringLiteral("文件")},
-        {QStringLiteral("账户")},           {QStringLiteral("算法")},
-        {QStringLiteral("行数"), true},     {QStringLiteral("预计买入"), true},
-        {QStringLiteral("预计卖出"), true}, {QStringLiteral("创建人")},
-        {QStringLiteral("SHA-256")}};
+        {QStringLiteral("批次"), true},     {QStringLiteral("状态")},   {QStringLiteral("创建时间")},
+        {QStringLiteral("文件")},           {QStringLiteral("账户")},   {QStringLiteral("算法")},
+        {QStringLiteral("行数"), true},     {QStringLiteral("进度")},   {QStringLiteral("预计买入"), true},
+        {QStringLiteral("预计卖出"), true}, {QStringLiteral("创建人")}, {QStringLiteral("SHA-256")}};
     return all;
 }
 
@@ -23,9 +21,41 @@ QString tintOf(ledger::BatchState state)
     return state == ledger::BatchState::Created ? QString() : Muted;
 }
 
+using StateCounts = QMap<ledger::InstanceState, qint64>;
+
+qint64 overIn(const StateCounts& counts)
+{
+    qint64 over = 0;
+    for (auto state = counts.cbegin(); state != counts.cend(); ++state) {
+        over += ledger::isOver(state.key()) ? state.value() : 0;
+    }
+    return over;
+}
+
+/// "18 / 20 · 已拒绝 2": what is over, and what of it somebody must look after.
+QString progressText(const ledger::Batch& batch, const StateCounts& counts)
+{
+    QString text = QStringLiteral("%1 / %2").arg(overIn(counts)).arg(batch.rowCount);
+    for (const ledger::InstanceState state :
+         {ledger::InstanceState::Queued, ledger::InstanceState::Rejected, ledger::InstanceState::Unknown}) {
+        if (counts.value(state) > 0) {
+            text += QStringLiteral(" · %1 %2").arg(ledger::shownName(state)).arg(counts.value(state));
+        }
+    }
+    return text;
+}
+
 } // namespace
 
 BatchesModel::BatchesModel(QObject* parent) : PagedModel(columns(), parent) {}
+
+void BatchesModel::setCounts(const Counts& counts)
+{
+    mCounts = counts;
+    if (rowCount() > 0) {
+        emit dataChanged(index(0, Progress), index(rowCount() - 1, Progress));
+    }
+}
 
 ListModel::Cell BatchesModel::cellOf(const ledger::Batch& batch, int column) const
 {
@@ -44,6 +74,9 @@ ListModel::Cell BatchesModel::cellOf(const ledger::Batch& batch, int column) con
         return {batch.strategy};
     case Rows:
         return {QString::number(batch.rowCount)};
+    case Progress:
+        return {mCounts.contains(batch.number) ? progressText(batch, mCounts.value(batch.number))
+                                               : QString()};
     case Buy:
         return {money::shown(batch.expectedBuy), money::plain(batch.expectedBuy)};
     case Sell:
@@ -63,6 +96,10 @@ QVariant BatchesModel::roleOf(const ledger::Batch& batch, int role) const
         return batch.number;
     case StateRole:
         return int(batch.state);
+    case ProgressRole:
+        return mCounts.contains(batch.number) && batch.rowCount > 0
+                   ? QVariant(double(overIn(mCounts.value(batch.number))) / batch.rowCount)
+                   : QVariant();
     default:
         return {};
     }

@@ -5,6 +5,9 @@
 
 #include <QMap>
 
+#include <algorithm>
+#include <optional>
+
 namespace {
 
 QString shownDirection(const QString& sent)
@@ -47,8 +50,73 @@ template <typename TextOf> QString ofLegs(const QList<ledger::Leg>& legs, TextOf
 
 QString tintOf(ledger::InstanceState state)
 {
-    const bool isOver = ledger::isOver(state);
-    return isOver ? QStringLiteral("muted") : QString();
+    if (state == ledger::InstanceState::Rejected || state == ledger::InstanceState::Unknown) {
+        return QStringLiteral("warning");
+    }
+    return ledger::isOver(state) ? QStringLiteral("muted") : QString();
+}
+
+/// What was traded: of the order, or of each of its two legs.
+QList<ledger::Decimal> ofTrades(const ledger::Instance& instance, ledger::Decimal ledger::Instance::*whole,
+                                ledger::Decimal ledger::Leg::*ofLeg)
+{
+    if (instance.legs.size() < 2) {
+        return {instance.*whole};
+    }
+    QList<ledger::Decimal> numbers;
+    for (const ledger::Leg& leg : instance.legs) {
+        numbers.append(leg.*ofLeg);
+    }
+    return numbers;
+}
+
+QString numberTexts(const QList<ledger::Decimal>& numbers)
+{
+    QStringList texts;
+    for (const ledger::Decimal& number : numbers) {
+        texts.append(numberText(number));
+    }
+    return texts.join(QString()).isEmpty() ? QString() : texts.join(QStringLiteral(" / "));
+}
+
+QList<ledger::Decimal> filledOf(const ledger::Instance& instance)
+{
+    return ofTrades(instance, &ledger::Instance::filledQuantity, &ledger::Leg::filledQuantity);
+}
+
+QList<ledger::Decimal> averageOf(const ledger::Instance& instance)
+{
+    return ofTrades(instance, &ledger::Instance::averagePrice, &ledger::Leg::averagePrice);
+}
+
+/// "300 / 1000", of each leg; nothing before it went out.
+QString filledText(const ledger::Instance& instance)
+{
+    const QList<ledger::Decimal> filled = filledOf(instance);
+    QStringList texts;
+    for (int i = 0; i < instance.legs.size() && !instance.clOrdId.isEmpty(); ++i) {
+        const ledger::Decimal& quantity = instance.legs.at(i).quantity;
+        texts.append(filled.at(i).text() +
+                     (quantity == 0 ? QString() : QStringLiteral(" / ") + quantity.text()));
+    }
+    return texts.join(QStringLiteral("；"));
+}
+
+/// By quantities; an order of an amount by what was paid. Nothing before it went out.
+std::optional<double> progressOf(const ledger::Instance& instance)
+{
+    const QList<ledger::Decimal> filled = filledOf(instance);
+    const QList<ledger::Decimal> average = averageOf(instance);
+    double done = 0;
+    double ordered = 0;
+    for (int i = 0; i < instance.legs.size(); ++i) {
+        const ledger::Leg& leg = instance.legs.at(i);
+        const bool isAmount = leg.quantity == 0;
+        done += (isAmount ? filled.at(i) * average.at(i) : filled.at(i)).toDouble();
+        ordered += (isAmount ? leg.amount : leg.quantity).toDouble();
+    }
+    const bool wentOut = !instance.clOrdId.isEmpty();
+    return wentOut && ordered > 0 ? std::make_optional(std::min(done / ordered, 1.0)) : std::nullopt;
 }
 
 /// That of one side; a pair that buys and sells has that of neither.
@@ -71,8 +139,9 @@ const QList<ListModel::Column>& columns()
     static const QList<ListModel::Column> all = {
         {QStringLiteral("实例")},       {QStringLiteral("状态")},       {QStringLiteral("账户")},
         {QStringLiteral("算法")},       {QStringLiteral("证券代码")},   {QStringLiteral("名称")},
-        {QStringLiteral("方向")},       {QStringLiteral("数量"), true}, {QStringLiteral("限价"), true},
-        {QStringLiteral("金额"), true}, {QStringLiteral("变更时间")}};
+        {QStringLiteral("方向")},       {QStringLiteral("数量"), true}, {QStringLiteral("成交"), true},
+        {QStringLiteral("均价"), true}, {QStringLiteral("限价"), true}, {QStringLiteral("金额"), true},
+        {QStringLiteral("原因")},       {QStringLiteral("变更时间")}};
     return all;
 }
 
@@ -105,11 +174,17 @@ ListModel::Cell InstancesModel::cellOf(const ledger::Instance& instance, int col
                 tintOf(legs)};
     case Quantity:
         return {ofLegs(legs, [](const ledger::Leg& leg) { return numberText(leg.quantity); })};
+    case Filled:
+        return {filledText(instance), numberTexts(filledOf(instance))};
+    case Average:
+        return {numberTexts(averageOf(instance))};
     case Limit:
         return {ofLegs(legs, [](const ledger::Leg& leg) { return numberText(leg.limitPrice); })};
     case Amount:
         return {ofLegs(legs, [](const ledger::Leg& leg) { return moneyText(leg.amount); }),
                 ofLegs(legs, [](const ledger::Leg& leg) { return plainMoneyText(leg.amount); })};
+    case Reason:
+        return {instance.reason, {}, tintOf(instance.state)};
     case Changed:
         return {instance.changedAt.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))};
     }
@@ -123,6 +198,10 @@ QVariant InstancesModel::roleOf(const ledger::Instance& instance, int role) cons
         return instance.id.batch;
     case StateRole:
         return int(instance.state);
+    case ProgressRole: {
+        const std::optional<double> progress = progressOf(instance);
+        return progress ? QVariant(*progress) : QVariant();
+    }
     default:
         return {};
     }

@@ -2,10 +2,26 @@
 
 #include "desk/models/PagedModel.h"
 
-/// The instances of the ledger. Roles: BatchRole; StateRole, a ledger::InstanceState.
+/// The instances of the ledger. Roles: BatchRole; StateRole, a ledger::InstanceState; ProgressRole, what is
+/// filled of what was ordered.
 class InstancesModel : public PagedModel<ledger::Instance> {
 public:
-    enum Column { Id, State, Account, Strategy, Symbol, Name, Direction, Quantity, Limit, Amount, Changed };
+    enum Column {
+        Id,
+        State,
+        Account,
+        Strategy,
+        Symbol,
+        Name,
+        Direction,
+        Quantity,
+        Filled,
+        Average,
+        Limit,
+        Amount,
+        Reason,
+        Changed
+    };
 
     /// A security's name by its symbol.
     using NameOf = std::function<QString(const QString& symbol)>;

@@ -28,6 +28,7 @@ public:
         TintRole,                 ///< Cell::tint
         BatchRole,                ///< number of the batch that the row is about
         StateRole,                ///< its state: the number in its enumeration
+        ProgressRole,             ///< how much of it is done, 0 to 1; invalid: nothing that could be told
     };
 
     explicit ListModel(const QList<Column>& columns, QObject* parent = nullptr);

@@ -34,10 +34,6 @@ public:
         }
     }
 
-protected:
-    virtual Cell cellOf(const Record& record, int column) const = 0;
-    virtual QVariant roleOf(const Record&, int) const { return {}; }
-
     void appendRecords(const QList<Record>& records)
     {
         if (!records.isEmpty()) {
@@ -46,6 +42,10 @@ protected:
             endInsertRows();
         }
     }
+
+protected:
+    virtual Cell cellOf(const Record& record, int column) const = 0;
+    virtual QVariant roleOf(const Record&, int) const { return {}; }
 
 private:
     Cell cell(int row, int column) const final { return cellOf(mRecords.at(row), column); }

@@ -56,6 +56,9 @@ constexpr Option Options[] = {
     {"from", "N", &CommandLine::from, nullptr, "entries from this number on"},
     {"day", "DAY", &CommandLine::day, nullptr, "exchange day of a report, such as 2026-11-23 (today)"},
     {"out", "OUT", &CommandLine::out, nullptr, "write the report to OUT (xlsx or csv) too"},
+    {"pace", "FACTOR", &CommandLine::pace, nullptr,
+     "how much faster than the clock a demonstration goes (600)"},
+    {"headless", "", nullptr, &CommandLine::headless, "tell a demonstration as text, and end by itself"},
     {"all", "", nullptr, &CommandLine::allTemplates, "the templates of all strategies"},
 };
 
@@ -175,6 +178,7 @@ QString usage()
     QString text =
         QStringLiteral(
             "Usage: algodesk                     open the desk window\n"
+            "       algodesk demo [--headless] [--home DIR] [--pace FACTOR]\n"
             "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
             "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--accept "
             "RULE[,RULE]]\n"

@@ -25,6 +25,7 @@ struct CommandLine {
     QString from;                           ///< number of an audit entry
     QString day;                            ///< yyyy-MM-dd
     QString out;                            ///< the file that a report goes to
+    QString pace = QStringLiteral("600");   ///< seconds of an order in one of the clock
     QString accept;                         ///< rules that are acknowledged, separated by commas
     QString amount;                         ///< the gross amount, typed once more
     QString answer = QStringLiteral("yes"); ///< to the row-limit question: yes or no
@@ -34,6 +35,7 @@ struct CommandLine {
     bool yes = false;
     bool allTemplates = false;
     bool verify = false;
+    bool headless = false;
     bool help = false;
 };
 

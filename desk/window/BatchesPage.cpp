@@ -1,6 +1,5 @@
 #include "desk/window/BatchesPage.h"
 
-#include "desk/models/BatchesModel.h"
 #include "desk/window/FilteredTable.h"
 #include "host/ZelMessageBox.h"
 
@@ -9,6 +8,8 @@
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int MostFollowed = 100; // batches whose progress is told
 
 QString undoneLines(const QList<ledger::ChangedInstance>& instances)
 {
@@ -28,6 +29,7 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
 {
     mTable->setSingleSelection();
     mTable->setColoursOf(host);
+    mTable->setProgressColumn(host, BatchesModel::Progress);
     QPushButton* look = mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"));
     QPushButton* compare =
         mTable->addButton(QStringLiteral("与当前导入比较"), QStringLiteral("button_compare"));
@@ -60,6 +62,31 @@ void BatchesPage::reload()
 {
     mModel->reload();
     tellState();
+    countInstances();
+}
+
+void BatchesPage::follow()
+{
+    if (isVisible()) {
+        reload();
+    } else {
+        countInstances();
+    }
+}
+
+void BatchesPage::countInstances()
+{
+    const Outcome<QList<ledger::Batch>> newest = batches(nullptr, MostFollowed);
+    QList<qint64> numbers;
+    for (const ledger::Batch& batch : newest.value) {
+        numbers.append(batch.number);
+    }
+    const auto counts =
+        newest.ok() && mBooks.ledger ? mBooks.ledger->countsOf(numbers) : Outcome<BatchesModel::Counts>();
+    if (counts.ok()) {
+        mCounts = counts.value;
+        mModel->setCounts(mCounts);
+    }
 }
 
 QString BatchesPage::error() const

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "desk/models/BatchesModel.h"
 #include "desk/window/DeskBooks.h"
 
 #include <QWidget>
 
 #include <optional>
 
-class BatchesModel;
 class EmbeddedHost;
 class FilteredTable;
 class QPushButton;
@@ -24,8 +24,13 @@ public:
     /// Why the batches could not be read; empty when they could.
     QString error() const;
 
+    /// How the instances of the newest batches stand.
+    const BatchesModel::Counts& counts() const { return mCounts; }
+
 public slots:
     void reload();
+    /// Reads how far the newest batches have come, and the batches anew where one came.
+    void follow();
     /// Asks once more, takes the selected batch back and tells what could not be reversed.
     void undo();
 
@@ -40,6 +45,7 @@ private:
     /// Newest first, those behind `last`.
     Outcome<QList<ledger::Batch>> batches(const ledger::Batch* last, int count) const;
     void tellState();
+    void countInstances();
     std::optional<qint64> selectedBatch() const;
     void enableButtons();
     bool isUndoWanted();
@@ -49,4 +55,5 @@ private:
     BatchesModel* mModel;
     FilteredTable* mTable;
     QList<QPushButton*> mBatchButtons;
+    BatchesModel::Counts mCounts;
 };

@@ -19,6 +19,7 @@ DeskMenus::DeskMenus(DeskWindow& window) : QObject(&window), mWindow(window)
     makeFileMenu();
     makeViewMenu();
     makeProblemMenu();
+    makeHelpMenu();
 }
 
 void DeskMenus::add(QMenu* menu, const QString& text, const QKeySequence& key,
@@ -93,4 +94,10 @@ void DeskMenus::makeProblemMenu()
     });
     add(menu, QStringLiteral("保存问题行(&S)…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S),
         [problems] { problems->saveRejects(); });
+}
+
+void DeskMenus::makeHelpMenu()
+{
+    QMenu* menu = mWindow.menuBar()->addMenu(QStringLiteral("帮助(&H)"));
+    add(menu, QStringLiteral("关于算法交易台(&A)…"), QKeySequence(), [this] { mWindow.showAbout(); });
 }

@@ -22,6 +22,7 @@ private:
     void makeViewMenu();
     void makeSkinEntries(QMenu* menu);
     void makeProblemMenu();
+    void makeHelpMenu();
     static void add(QMenu* menu, const QString& text, const QKeySequence& key,
                     const std::function<void()>& act);
 

@@ -1,5 +1,6 @@
 #include "desk/window/DeskWindow.h"
 
+#include "desk/window/About.h"
 #include "desk/window/AmountRefresher.h"
 #include "desk/window/BatchCreator.h"
 #include "desk/window/BatchesPage.h"
@@ -7,9 +8,12 @@
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/FilteredTable.h"
+#include "desk/window/GatewayPage.h"
 #include "desk/window/HaltButton.h"
 #include "desk/window/ImportPage.h"
 #include "desk/window/InstancesPage.h"
+#include "desk/window/LedgerWatch.h"
+#include "desk/window/NoticeBar.h"
 #include "desk/window/QuotesPage.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
@@ -23,11 +27,13 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTime>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -58,6 +64,8 @@ DeskWindow::DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* pare
     host.skins().addView(this, StyleSheetPath);
     restoreLayout();
     say(mBooks.ledgerError);
+    mWatch = new LedgerWatch(mBooks.ledger, this);
+    connect(mWatch, &LedgerWatch::changed, this, &DeskWindow::follow);
 }
 
 DeskWindow::~DeskWindow()
@@ -72,7 +80,7 @@ void DeskWindow::makePages()
 {
     mPages->setDocumentMode(true);
     mPages->tabBar()->setAccessibleName(QStringLiteral("页面"));
-    setCentralWidget(mPages);
+    makeNotices();
 
     mImport = new ImportPage(mHost, *mPrompts);
     connect(mImport, &ImportPage::confirmed, this, &DeskWindow::takeBatch);
@@ -97,6 +105,26 @@ void DeskWindow::makePages()
     mQuotes = new QuotesPage(mHost, *mPrompts);
     connect(mQuotes->table(), &FilteredTable::said, this, &DeskWindow::say);
     mPages->addTab(mQuotes, QStringLiteral("行情"));
+
+    mGateway = new GatewayPage(mHost, mBooks, *mPrompts);
+    connect(mGateway, &GatewayPage::said, this, &DeskWindow::say);
+    mPages->addTab(mGateway, QStringLiteral("网关"));
+}
+
+void DeskWindow::makeNotices()
+{
+    mNotice = new NoticeBar(this);
+    connect(mNotice, &NoticeBar::batchWanted, this, [this](qint64 batch) {
+        mInstances->showBatch(batch);
+        showPage(InstancesPageIndex);
+    });
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(mNotice);
+    column->addWidget(mPages, 1);
+    setCentralWidget(centre);
 }
 
 void DeskWindow::makeStatusBar()
@@ -107,6 +135,9 @@ void DeskWindow::makeStatusBar()
     auto* user = new QLabel(QStringLiteral("用户 %1").arg(mHost.options().loginAccount), this);
     user->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(mMessage, 1);
+    mQueued = new QLabel(this);
+    mQueued->setObjectName(QStringLiteral("label_queued"));
+    statusBar()->addPermanentWidget(mQueued);
     mRefreshed = new QLabel(this);
     mRefreshed->setObjectName(QStringLiteral("label_refreshed"));
     statusBar()->addPermanentWidget(mRefreshed);
@@ -137,7 +168,8 @@ QList<QPair<DeskWindow::Page, FilteredTable*>> DeskWindow::pageLists() const
 {
     return {{InstancesPageIndex, mInstances->table()},
             {BatchesPageIndex, mBatches->table()},
-            {QuotesPageIndex, mQuotes->table()}};
+            {QuotesPageIndex, mQuotes->table()},
+            {GatewayPageIndex, mGateway->table()}};
 }
 
 QStringList DeskWindow::pageTitles() const
@@ -190,6 +222,32 @@ void DeskWindow::focusFilter()
 void DeskWindow::refresh()
 {
     mImport->amounts()->refreshNow();
+}
+
+void DeskWindow::follow()
+{
+    mBatches->follow();
+    if (mInstances->isVisible()) {
+        mInstances->reload();
+    }
+    if (mGateway->isVisible()) {
+        mGateway->refresh();
+    }
+    const Outcome<qint64> queued = mBooks.ledger->countIn(ledger::InstanceState::Queued);
+    mQueued->setText(queued.value > 0 ? QStringLiteral("%1 待发送").arg(queued.value) : QString());
+    const QList<OrderNotices::Notice> notices = mNotices.take(mBatches->counts());
+    for (const OrderNotices::Notice& notice : notices) {
+        mNotice->tell(notice.text, notice.batch, notice.isWarning);
+        QApplication::alert(this);
+    }
+}
+
+void DeskWindow::showAbout()
+{
+    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("关于算法交易台"), aboutText(), QMessageBox::Ok,
+                    this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 void DeskWindow::say(const QString& text)

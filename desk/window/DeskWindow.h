@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/models/OrderNotices.h"
 #include "desk/window/DeskBooks.h"
 #include "desk/window/HandOver.h"
 #include "host/IZelSkin.h"
@@ -10,8 +11,11 @@ class BatchesPage;
 class DeskPrompts;
 class EmbeddedHost;
 class FilteredTable;
+class GatewayPage;
 class ImportPage;
 class InstancesPage;
+class LedgerWatch;
+class NoticeBar;
 class QLabel;
 class QTabWidget;
 class QuotesPage;
@@ -28,7 +32,7 @@ class DeskWindow : public QMainWindow, public IZelSkin {
     Q_OBJECT
 
 public:
-    enum Page { ImportPageIndex, InstancesPageIndex, BatchesPageIndex, QuotesPageIndex };
+    enum Page { ImportPageIndex, InstancesPageIndex, BatchesPageIndex, QuotesPageIndex, GatewayPageIndex };
 
     DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* parent = nullptr);
     ~DeskWindow() override;
@@ -37,6 +41,7 @@ public:
     InstancesPage* instancesPage() const { return mInstances; }
     BatchesPage* batchesPage() const { return mBatches; }
     QuotesPage* quotesPage() const { return mQuotes; }
+    GatewayPage* gatewayPage() const { return mGateway; }
     QStringList pageTitles() const;
     void loadSkin(const QVariant& style) override;
 
@@ -49,6 +54,10 @@ public slots:
     void focusFilter();
     /// F5: the expected amounts on the import page.
     void refresh();
+    /// What others wrote into the ledger: shows it, and tells what is worth a notice.
+    void follow();
+    /// Which product this is, and whose parts are in it.
+    void showAbout();
     void say(const QString& text);
     /// Remembered for the next session.
     void setSkin(const QString& name);
@@ -60,6 +69,7 @@ protected:
 
 private:
     void makePages();
+    void makeNotices();
     void makeStatusBar();
     FilteredTable* currentTable() const;
     QList<QPair<Page, FilteredTable*>> pageLists() const;
@@ -78,6 +88,11 @@ private:
     QuotesPage* mQuotes = nullptr;
     InstancesPage* mInstances = nullptr;
     BatchesPage* mBatches = nullptr;
+    GatewayPage* mGateway = nullptr;
+    NoticeBar* mNotice = nullptr;
+    LedgerWatch* mWatch = nullptr;
+    OrderNotices mNotices;
+    QLabel* mQueued = nullptr;
     QLabel* mMessage = nullptr;
     QLabel* mRefreshed = nullptr;
 };

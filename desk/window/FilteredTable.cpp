@@ -1,6 +1,7 @@
 #include "desk/window/FilteredTable.h"
 
 #include "desk/window/ListProxy.h"
+#include "desk/window/ProgressDelegate.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
 #include "embedded_host/table_writer/CsvText.h"
@@ -97,6 +98,13 @@ QPushButton* FilteredTable::addButton(const QString& text, const QString& object
 void FilteredTable::setColoursOf(EmbeddedHost& host)
 {
     mProxy->setColours([&host](const QString& name) { return host.skins().colours().colour(name); });
+}
+
+void FilteredTable::setProgressColumn(EmbeddedHost& host, int column)
+{
+    mView->setItemDelegateForColumn(
+        column, new ProgressDelegate(
+                    [&host](const QString& name) { return host.skins().colours().colour(name); }, mView));
 }
 
 void FilteredTable::setSingleSelection()

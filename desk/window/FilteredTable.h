@@ -36,6 +36,8 @@ public:
 
     /// Draws the tints of the list in the colours of the host's skin.
     void setColoursOf(EmbeddedHost& host);
+    /// Draws how far a row has come below the text of a column.
+    void setProgressColumn(EmbeddedHost& host, int column);
     /// For a list of which one row at a time is dealt with.
     void setSingleSelection();
     /// What stands in place of the rows while the source has none.

@@ -15,6 +15,7 @@ InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPro
       mAllBatches(mTable->addButton(QStringLiteral("显示全部批次"), QStringLiteral("button_allBatches")))
 {
     mTable->setColoursOf(host);
+    mTable->setProgressColumn(host, InstancesModel::Filled);
     auto* column = new QVBoxLayout(this);
     column->addWidget(mTable);
     connect(mAllBatches, &QPushButton::clicked, this, [this] { showBatch(std::nullopt); });
@@ -34,6 +35,13 @@ void InstancesPage::reload()
 {
     mModel->reload();
     tellState();
+}
+
+/// Much may have come while another page was in front.
+void InstancesPage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    reload();
 }
 
 QString InstancesPage::error() const

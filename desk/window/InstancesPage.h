@@ -30,6 +30,9 @@ public:
 public slots:
     void reload();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 signals:
     void said(const QString& text);
 

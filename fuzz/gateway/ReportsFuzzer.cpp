@@ -1,4 +1,4 @@
-#include "gateway/messages/Decimal.h"
+#include "gateway/messages/WireNumber.h"
 #include "gateway/recovery/Recovery.h"
 #include "tests/gateway/Wire.h"
 
@@ -80,11 +80,9 @@ void expect(bool holds)
 
 void expectSound(const Fill& before, const Fill& after, bool mayFall)
 {
-    const QString quantity = after.quantity.isEmpty() ? QStringLiteral("0") : after.quantity;
-    const QString earlier = before.quantity.isEmpty() ? QStringLiteral("0") : before.quantity;
-    expect(decimal::isNumber(quantity) && !decimal::isNegative(quantity));
-    expect(decimal::compare(quantity, Ordered) <= 0);
-    expect(mayFall || decimal::compare(quantity, earlier) >= 0);
+    const ledger::Decimal quantity = wire_number::valueOf(after.quantity);
+    expect(quantity >= 0 && quantity <= wire_number::valueOf(Ordered));
+    expect(mayFall || quantity >= wire_number::valueOf(before.quantity));
 }
 
 /// Never above the order, never down but by a bust, and nothing but a bust opens what is over.

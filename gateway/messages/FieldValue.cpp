@@ -1,7 +1,7 @@
 #include "gateway/messages/FieldValue.h"
 
-#include "gateway/messages/Decimal.h"
 #include "gateway/messages/RefusalTexts.h"
+#include "gateway/messages/WireNumber.h"
 
 #include <QLocale>
 #include <QTime>
@@ -95,15 +95,15 @@ Outcome<QString> typed(const ParameterRule& rule, const QString& value)
 {
     switch (rule.type) {
     case ValueType::Int:
-        return decimal::isInteger(value) ? found(value) : refused(rule, value, QStringLiteral("整数"));
+        return wire_number::isInteger(value) ? found(value) : refused(rule, value, QStringLiteral("整数"));
     case ValueType::Float:
     case ValueType::Qty:
     case ValueType::Price:
     case ValueType::Amt:
-        return decimal::isNumber(value) ? found(value) : refused(rule, value, QStringLiteral("数字"));
+        return wire_number::isNumber(value) ? found(value) : refused(rule, value, QStringLiteral("数字"));
     case ValueType::Percentage:
-        return decimal::isNumber(value) ? found(decimal::hundredth(value))
-                                        : refused(rule, value, QStringLiteral("数字"));
+        return wire_number::isNumber(value) ? found(wire_number::hundredth(value))
+                                            : refused(rule, value, QStringLiteral("数字"));
     case ValueType::Char:
         return value.size() == 1 && value.at(0).unicode() < 0x7f
                    ? found(value)

@@ -1,8 +1,8 @@
 #include "gateway/messages/OrderLegs.h"
 
-#include "gateway/messages/Decimal.h"
 #include "gateway/messages/FieldValue.h"
 #include "gateway/messages/RefusalTexts.h"
+#include "gateway/messages/WireNumber.h"
 
 #include <QSet>
 
@@ -35,7 +35,7 @@ QString required(const QString& value, const QString& name)
 
 QString positive(const QString& value, const QString& name)
 {
-    return value.isEmpty() || (decimal::isNumber(value) && decimal::isPositive(value))
+    return value.isEmpty() || wire_number::valueOf(value) > 0
                ? QString()
                : texts::wrongValue(name, value, QStringLiteral("大于零的数字"));
 }
@@ -65,10 +65,10 @@ QString fillLeg(const Profile& profile, const Order& order, OrderLeg& leg)
     leg.side = profile.sides.value(direction);
     leg.quantity = valueIn(order, leg, Quantity);
     const QString limit = limitText(order, leg);
-    if (!limit.isEmpty() && !decimal::isNumber(limit)) {
+    if (!limit.isEmpty() && !wire_number::isNumber(limit)) {
         return texts::wrongValue(Limit, limit, QStringLiteral("数字"));
     }
-    leg.limitPrice = !limit.isEmpty() && decimal::isPositive(limit) ? limit : QString();
+    leg.limitPrice = wire_number::valueOf(limit) > 0 ? limit : QString();
     return firstOf(
         {required(leg.symbol, Symbol), required(market, Exchange),
          leg.exchange.isEmpty() ? texts::unknownExchange(market) : QString(), required(direction, Direction),

@@ -273,4 +273,17 @@ Outcome<void> LedgerOutbox::noteSession(const QString& state, const QString& tex
     return mOutbox->session(state, text);
 }
 
+Outcome<void> LedgerOutbox::noteTraffic(const std::vector<Traffic>& traffic)
+{
+    QList<ledger::WireMessage> messages;
+    for (const Traffic& one : traffic) {
+        ledger::WireMessage message;
+        message.at = QDateTime::fromMSecsSinceEpoch(one.at, Qt::UTC);
+        message.isOutgoing = one.isOutgoing;
+        message.text = QString::fromStdString(one.text);
+        messages.append(message);
+    }
+    return mOutbox->keepMessages(messages);
+}
+
 } // namespace gateway

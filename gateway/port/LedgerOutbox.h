@@ -23,6 +23,7 @@ public:
     Outcome<QList<CancelOrder>> takeCancels(int most) override;
     Outcome<QHash<QString, Standing>> record(const Step& step) override;
     Outcome<void> noteSession(const QString& state, const QString& text) override;
+    Outcome<void> noteTraffic(const std::vector<Traffic>& traffic) override;
 
 private:
     using Standings = QHash<QString, Standing>;

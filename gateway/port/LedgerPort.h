@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gateway/recovery/Recovery.h"
+#include "gateway/session/Engine.h"
 #include "table/Outcome.h"
 
 #include <QHash>
@@ -8,6 +9,7 @@
 #include <QSet>
 
 #include <optional>
+#include <vector>
 
 /// All that the gateway asks of a ledger. Every call is one transaction that is durable when it answers; an
 /// error means that nothing was changed, and may pass: the same call is made again.
@@ -41,6 +43,8 @@ public:
 
     /// What the session does, for people to see.
     virtual Outcome<void> noteSession(const QString& state, const QString& text) = 0;
+    /// What was said and heard, likewise.
+    virtual Outcome<void> noteTraffic(const std::vector<Traffic>& traffic) = 0;
 };
 
 } // namespace gateway

@@ -19,6 +19,7 @@ const int MostInARound = 400;
 const int MostRemembered = 100000;
 const int PauseBeforeRetry = 50;  // milliseconds
 const int PauseBetweenLooks = 50; // milliseconds
+const int PauseBetweenLots = 500; // milliseconds
 
 } // namespace
 
@@ -83,6 +84,29 @@ void Dispatch::round(std::chrono::milliseconds patience)
     mEngine.confirm(mEngine.session(), static_cast<int>(count));
     send(step);
     takeQueued();
+    if (mClock.elapsed() - mTrafficAt >= PauseBetweenLots) {
+        keepTraffic();
+    }
+}
+
+void Dispatch::finish()
+{
+    round(std::chrono::milliseconds(0));
+    keepTraffic();
+}
+
+/// For people to read: what a kill swallows of it is in nobody's way.
+void Dispatch::keepTraffic()
+{
+    mTrafficAt = mClock.elapsed();
+    const std::vector<Traffic> traffic = mInbox.takeTraffic();
+    if (traffic.empty()) {
+        return;
+    }
+    const Outcome<void> kept = mLedger.noteTraffic(traffic);
+    if (!kept.ok()) {
+        qCWarning(log).noquote() << kept.error;
+    }
 }
 
 void Dispatch::hear(const std::vector<Inbox::Item>& items, Step& step)

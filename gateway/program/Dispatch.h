@@ -31,6 +31,8 @@ public:
     void run();
     /// One round: hears, looks into the ledger, sends; waits at most so long for something to hear.
     void round(std::chrono::milliseconds patience);
+    /// The last round, when the session has ended.
+    void finish();
 
 private:
     struct Sent {
@@ -58,6 +60,7 @@ private:
     void settle(const Change& change, const Standing& standing);
     void settle(const Step& step, const QHash<QString, Standing>& standings);
     void takeThese(const QList<OpenInstance>& chosen);
+    void keepTraffic();
 
     Terms mTerms;
     LedgerPort& mLedger;
@@ -71,6 +74,7 @@ private:
     QSet<QString> mVetoed;    ///< whose change the ledger did not take: nothing goes out for them
     qint64 mSeen = -1;        ///< the ledger's change count when it was last looked into
     qint64 mLookedAt = -1000; ///< milliseconds
+    qint64 mTrafficAt = 0;    ///< when traffic was kept last, milliseconds
     bool mMayBeQueued = true; ///< something may have come into the queue since it was empty
     bool mEnds = false;       ///< asked to end while something was not written down
     QString mSession;

@@ -95,7 +95,7 @@ int serve(const GatewayOptions& options, const Profile& profile, LedgerPort& por
     }
     dispatch.run();
     engine.stop();
-    dispatch.round(std::chrono::milliseconds(0)); // what came while it said goodbye
+    dispatch.finish(); // what came while it said goodbye
     return Ended;
 }
 

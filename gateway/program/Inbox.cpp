@@ -8,7 +8,17 @@ namespace {
 
 Q_LOGGING_CATEGORY(traffic, "algo.gateway.traffic")
 
+const std::size_t LongestText = 4096; // of a message that is kept for people to read
+const std::size_t MostTraffic = 5000;
+
+Traffic readable(bool isOutgoing, const std::string& text)
+{
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    const long long at = std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+    return {at, isOutgoing, text.size() > LongestText ? text.substr(0, LongestText) + "…" : text};
 }
+
+} // namespace
 
 void Inbox::onSession(const SessionNews& news)
 {
@@ -30,6 +40,11 @@ void Inbox::onTraffic(const std::string& session, bool isOutgoing, const std::st
 {
     qCDebug(traffic).noquote() << QString::fromStdString(session) << (isOutgoing ? '>' : '<')
                                << QString::fromStdString(text).replace(QChar(1), QLatin1Char('|'));
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mTraffic.push_back(readable(isOutgoing, text));
+    if (mTraffic.size() > MostTraffic) {
+        mTraffic.pop_front();
+    }
 }
 
 std::vector<Inbox::Item> Inbox::take(std::chrono::milliseconds patience)
@@ -39,6 +54,14 @@ std::vector<Inbox::Item> Inbox::take(std::chrono::milliseconds patience)
     std::vector<Item> items;
     items.swap(mItems);
     return items;
+}
+
+std::vector<Traffic> Inbox::takeTraffic()
+{
+    const std::lock_guard<std::mutex> lock(mMutex);
+    std::vector<Traffic> taken(mTraffic.begin(), mTraffic.end());
+    mTraffic.clear();
+    return taken;
 }
 
 void Inbox::add(Item item)

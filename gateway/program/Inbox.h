@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <vector>
 
@@ -25,6 +26,9 @@ public:
 
     /// All that is there; waits for something so long.
     std::vector<Item> take(std::chrono::milliseconds patience);
+    /// What was said and heard since the last call, the newest of it where that was much; long messages are
+    /// cut.
+    std::vector<Traffic> takeTraffic();
 
 private:
     void add(Item item);
@@ -32,6 +36,7 @@ private:
     std::mutex mMutex;
     std::condition_variable mArrived;
     std::vector<Item> mItems;
+    std::deque<Traffic> mTraffic;
 };
 
 } // namespace gateway

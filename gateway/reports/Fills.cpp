@@ -1,27 +1,24 @@
 #include "gateway/reports/Fills.h"
 
-#include "gateway/messages/Decimal.h"
+#include "gateway/messages/WireNumber.h"
 
 #include <algorithm>
 
 namespace gateway {
 
-namespace {
+using wire_number::valueOf;
 
-QString orZero(const QString& text)
-{
-    return text.isEmpty() ? QStringLiteral("0") : text;
-}
+namespace {
 
 /// What makes the numbers unusable; empty: nothing.
 QString faultOf(const Report& report, const QString& orderQuantity)
 {
     for (const QString& text : {report.cumQty, report.avgPx}) {
-        if (!text.isEmpty() && (!decimal::isNumber(text) || decimal::isNegative(text))) {
+        if (!(valueOf(text) >= 0)) {
             return QStringLiteral("“%1”不是数量或价格").arg(text);
         }
     }
-    if (!orderQuantity.isEmpty() && decimal::compare(orZero(report.cumQty), orderQuantity) > 0) {
+    if (!orderQuantity.isEmpty() && !(valueOf(report.cumQty) <= valueOf(orderQuantity))) {
         return QStringLiteral("成交数量 %1 超过委托数量 %2").arg(report.cumQty, orderQuantity);
     }
     return QString();
@@ -35,9 +32,10 @@ QString takeFill(Fill& fill, const QString& orderQuantity, const Report& report)
     if (!fault.isEmpty() || report.cumQty.isEmpty()) {
         return fault;
     }
-    const int direction = decimal::compare(report.cumQty, orZero(fill.quantity));
-    const bool hadNoPrice = !decimal::isPositive(orZero(fill.averagePrice));
-    if (direction > 0 || report.takesBack() || (direction == 0 && hadNoPrice)) {
+    const ledger::Decimal told = valueOf(report.cumQty);
+    const ledger::Decimal known = valueOf(fill.quantity);
+    const bool hadNoPrice = !(valueOf(fill.averagePrice) > 0);
+    if (told > known || report.takesBack() || (told == known && hadNoPrice)) {
         fill.quantity = report.cumQty;
         fill.averagePrice = report.avgPx.isEmpty() ? fill.averagePrice : report.avgPx;
     }
@@ -63,12 +61,12 @@ int legOf(const OrderSize& size, const Report& report)
 bool isFilled(const Fill& fill, const QString& orderQuantity)
 {
     return !orderQuantity.isEmpty() && !fill.quantity.isEmpty() &&
-           decimal::compare(fill.quantity, orderQuantity) >= 0;
+           valueOf(fill.quantity) >= valueOf(orderQuantity);
 }
 
 bool hasTraded(const Standing& standing)
 {
-    const auto traded = [](const Fill& fill) { return decimal::isPositive(orZero(fill.quantity)); };
+    const auto traded = [](const Fill& fill) { return valueOf(fill.quantity) > 0; };
     return traded(standing.fill) || std::any_of(standing.legs.begin(), standing.legs.end(), traded);
 }
 

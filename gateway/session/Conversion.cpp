@@ -39,11 +39,26 @@ bool isSecret(const std::string& tag)
     return tag == "554" || tag == "925" || tag == "96" || tag == "1402" || tag == "1404";
 }
 
+/// The body as it was put together, its groups behind it. By itself the engine would sort the fields.
+FIX::message_order orderOf(const Message& message)
+{
+    std::vector<int> tags;
+    for (const Field& field : message.body) {
+        tags.push_back(field.tag);
+    }
+    for (const Group& group : message.groups) {
+        tags.push_back(group.countTag);
+    }
+    tags.push_back(0);
+    return FIX::message_order(tags.data());
+}
+
 } // namespace
 
 FIX::Message toEngine(const Message& message)
 {
-    FIX::Message result;
+    FIX::Message result(FIX::message_order(FIX::message_order::header),
+                        FIX::message_order(FIX::message_order::trailer), orderOf(message));
     result.getHeader().setField(FIX::MsgType(message.type));
     for (const Field& field : message.header) {
         result.getHeader().setField(field.tag, field.value);

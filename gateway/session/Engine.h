@@ -26,6 +26,13 @@ struct SessionNews {
     int gapTo = 0;       ///< and the one after the last
 };
 
+/// A message as it stood on the wire, credentials masked.
+struct Traffic {
+    long long at = 0; ///< milliseconds since 1970, UTC
+    bool isOutgoing = false;
+    std::string text;
+};
+
 /// Hears from an engine. Called from the engine's own thread; must be quick.
 class SessionListener {
 public:

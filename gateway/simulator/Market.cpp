@@ -1,6 +1,6 @@
 #include "gateway/simulator/Market.h"
 
-#include "gateway/messages/Decimal.h"
+#include "gateway/messages/WireNumber.h"
 
 #include <algorithm>
 #include <functional>
@@ -22,7 +22,7 @@ qint64 wholeOf(const std::string& text)
 qint64 priceOf(const std::string& text, const std::string& symbol)
 {
     const QString price = QString::fromStdString(text);
-    if (decimal::isNumber(price)) {
+    if (wire_number::isNumber(price)) {
         const QString places = (price.section(QLatin1Char('.'), 1, 1) + QStringLiteral("0000")).left(4);
         return price.section(QLatin1Char('.'), 0, 0).toLongLong() * PriceScale + places.toLongLong();
     }

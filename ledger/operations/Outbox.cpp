@@ -2,6 +2,7 @@
 
 #include "ledger/operations/Core.h"
 #include "ledger/operations/Recording.h"
+#include "ledger/operations/WireLog.h"
 #include "ledger/store/BatchQueries.h"
 #include "ledger/store/ControlQueries.h"
 #include "ledger/store/InstanceQueries.h"
@@ -257,11 +258,14 @@ Outcome<void> Outbox::session(const QString& state, const QString& text)
     return {changed.error};
 }
 
-Outcome<QList<StrayReport>> Outbox::strays(int most) const
+Outcome<void> Outbox::keepMessages(const QList<WireMessage>& messages)
 {
-    return mLedger->mCore->read<QList<StrayReport>>([&](Statements& statements) {
-        return Outcome<QList<StrayReport>>{selectStrays(statements, most), QString()};
-    });
+    return {mLedger->mCore
+                ->change<bool>([&](Change& change) {
+                    change.note(audit::Wire, mGateway.session, audit::detailOf(messages));
+                    return Outcome<bool>{true, QString()};
+                })
+                .error};
 }
 
 Outcome<bool> Outbox::isHalted(const QString& account) const

@@ -56,7 +56,9 @@ Instance* Recording::find(const QString& clOrdId)
 
 Recorded Recording::keep(const Execution& execution, Recorded::Kind kind)
 {
-    insertStray(mChange.statements, execution, mChange.at);
+    if (insertStray(mChange.statements, execution, mChange.at)) {
+        mStrays.append(execution.execId);
+    }
     return {kind, {}};
 }
 
@@ -181,6 +183,9 @@ void Recording::finish()
             seen.insert(key);
             changed.append(mInstances.value(key));
         }
+    }
+    if (!mStrays.isEmpty()) {
+        mChange.note(QStringLiteral("stray"), mStrays.join(QLatin1Char(' ')));
     }
     if (changed.isEmpty()) {
         return;

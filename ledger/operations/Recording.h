@@ -37,6 +37,7 @@ private:
     QMap<QPair<qint64, int>, Instance> mInstances;
     QMap<QUuid, qint64> mBatches;
     QList<QPair<qint64, int>> mChanged;
+    QStringList mStrays; ///< identifiers of those kept
 };
 
 /// The draft and the row that an order identifier names; a null draft where it names none.

@@ -124,6 +124,24 @@ struct Status {
     QList<AccountDay> days; ///< of today
 };
 
+/// A report of something that is not ours, or cannot be.
+struct StrayReport {
+    qint64 number = 0;
+    QDateTime at;
+    QString clOrdId;
+    QString execId;
+    QString text;
+};
+
+/// A message of a gateway's session, as it stood on the wire.
+struct WireMessage {
+    qint64 entry = 0; ///< number of the audit entry that holds it
+    QDateTime at;     ///< UTC
+    QString session;
+    bool isOutgoing = false;
+    QString text; ///< "8=FIX.4.4", "9=120", … each with its separator (1); credentials as stars
+};
+
 struct AuditEntry {
     qint64 number = 0; ///< 1, 2, …
     QDateTime at;      ///< UTC

@@ -147,8 +147,7 @@ bool insertExecution(Statements& statements, const Instance& instance, const QSt
     return !isKnown;
 }
 
-/// The same report is kept once.
-void insertStray(Statements& statements, const Execution& execution, const QDateTime& at)
+bool insertStray(Statements& statements, const Execution& execution, const QDateTime& at)
 {
     const bool isKnown =
         !execution.execId.isEmpty() &&
@@ -157,7 +156,7 @@ void insertStray(Statements& statements, const Execution& execution, const QDate
                     {column::text(execution.clOrdId), execution.execId})
             .isValid();
     if (isKnown) {
-        return;
+        return false;
     }
     const qint64 number = takeNumber(statements, QStringLiteral("last_stray"));
     statements.run(
@@ -165,6 +164,7 @@ void insertStray(Statements& statements, const Execution& execution, const QDate
                        "VALUES (?, ?, ?, ?, ?)"),
         {number, column::time(at), column::text(execution.clOrdId), column::text(execution.execId),
          column::text(execution.text)});
+    return true;
 }
 
 QList<StrayReport> selectStrays(Statements& statements, int most)

@@ -25,7 +25,8 @@ void decideApproval(Statements& statements, const Batch& batch, const Approval& 
 /// False where that execution was counted before.
 bool insertExecution(Statements& statements, const Instance& instance, const QString& execId,
                      const QDateTime& at);
-void insertStray(Statements& statements, const Execution& execution, const QDateTime& at);
+/// The same report is kept once: false where it was.
+bool insertStray(Statements& statements, const Execution& execution, const QDateTime& at);
 QList<StrayReport> selectStrays(Statements& statements, int most);
 
 } // namespace ledger

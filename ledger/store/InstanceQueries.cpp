@@ -171,6 +171,24 @@ QMap<InstanceState, qint64> countStates(Statements& statements, const std::optio
     return counts;
 }
 
+QMap<qint64, QMap<InstanceState, qint64>> countStatesOf(Statements& statements, const QList<qint64>& batches)
+{
+    QStringList numbers;
+    for (const qint64 batch : batches) {
+        numbers.append(QString::number(batch));
+    }
+    QSqlQuery query =
+        statements.select(QStringLiteral("SELECT batch_number, state, COUNT(*) FROM instance "
+                                         "WHERE batch_number IN (%1) GROUP BY batch_number, state")
+                              .arg(numbers.join(QLatin1Char(','))));
+    QMap<qint64, QMap<InstanceState, qint64>> counts;
+    while (statements.next(query)) {
+        counts[query.value(0).toLongLong()][instanceStateNamed(query.value(1).toString())] +=
+            query.value(2).toLongLong();
+    }
+    return counts;
+}
+
 void insertInstances(Statements& statements, const Store& store, const Batch& batch,
                      const QList<InstanceDraft>& instances, InstanceState ofStarted)
 {

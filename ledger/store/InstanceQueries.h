@@ -24,6 +24,7 @@ QList<Instance> selectInstances(Statements& statements, const InstanceChoice& ch
 std::optional<Instance> selectInstance(Statements& statements, const InstanceId& id, const QString& account);
 /// Of one batch, or of all.
 QMap<InstanceState, qint64> countStates(Statements& statements, const std::optional<Batch>& batch);
+QMap<qint64, QMap<InstanceState, qint64>> countStatesOf(Statements& statements, const QList<qint64>& batches);
 
 /// All rows of a batch that was inserted.
 void insertInstances(Statements& statements, const Store& store, const Batch& batch,

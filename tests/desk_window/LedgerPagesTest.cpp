@@ -275,9 +275,9 @@ TEST_F(LedgerPagesTest, ShowsSumsWithCommas)
     createBatch({row("600000"_s, "200000"_s)});
     window->showPage(DeskWindow::BatchesPageIndex);
     const QAbstractItemModel& batchCells = *batches().view()->model();
-    EXPECT_EQ(batchCells.index(0, 7).data().toString(), "2,000,000.00"_s);
+    EXPECT_EQ(batchCells.index(0, 8).data().toString(), "2,000,000.00"_s);
     const QAbstractItemModel& cells = *instances().view()->model();
-    EXPECT_EQ(cells.index(0, 9).data().toString(), "2,000,000.00"_s);
+    EXPECT_EQ(cells.index(0, 11).data().toString(), "2,000,000.00"_s);
     EXPECT_TRUE(cells.index(0, 6).data(Qt::ForegroundRole).isValid());
 }
 

@@ -1,51 +1,97 @@
 #include "tests/gateway/DeskLedger.h"
 
 #include "tests/gateway/SampleOrders.h"
+#include "tests/ledger/LedgerPlace.h"
 
 #include <gtest/gtest.h>
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 using namespace ledger;
+
+namespace {
+
+const QString Account = QStringLiteral("80010001");
+
+Decimal numberIn(const QVariantMap& leg, const QString& key)
+{
+    const QString text = leg.value(key).toString();
+    return text.isEmpty() ? Decimal() : Decimal::fromText(text);
+}
+
+InstanceDraft instanceOf(const gateway::Order& order)
+{
+    InstanceDraft instance;
+    instance.parameters = order.parameters;
+    instance.startsNow = true;
+    const QVariantList legs = order.parameters.value(QStringLiteral("证券代码和委托数量")).toList();
+    for (const QVariant& one : legs) {
+        const QVariantMap own = one.toMap();
+        Leg leg;
+        leg.symbol = own.value(QStringLiteral("证券代码")).toString();
+        leg.exchange = own.value(QStringLiteral("市场")).toString();
+        leg.direction =
+            own.value(QStringLiteral("交易方向"), order.parameters.value(QStringLiteral("交易方向")))
+                .toString();
+        leg.quantity = numberIn(own, QStringLiteral("委托数量"));
+        instance.legs.append(leg);
+    }
+    return instance;
+}
+
+BatchDraft draftOf(const QUuid& id, const QString& strategy, const QList<InstanceDraft>& instances)
+{
+    BatchDraft draft;
+    draft.id = id;
+    draft.account = Account;
+    draft.strategy = strategy;
+    draft.createdBy = QStringLiteral("test");
+    draft.table.columns = QStringList{QStringLiteral("证券代码")};
+    draft.instances = instances;
+    for (const InstanceDraft& instance : instances) {
+        draft.table.rows.append(QStringList{instance.legs.first().symbol});
+    }
+    return draft;
+}
+
+} // namespace
 
 DeskLedger::DeskLedger()
 {
-    const auto opened = Ledger::open(Address::ofFile(path()));
+    const auto opened = Ledger::open(address());
     EXPECT_EQ(opened.error, QString());
     mLedger = opened.value;
     Gateway gateway;
     gateway.session = QStringLiteral("FIX.4.4:DESK->BROKER");
-    gateway.accounts = QStringList{QStringLiteral("80010001")};
+    gateway.accounts = QStringList{Account};
     EXPECT_EQ(Outbox::claim(mLedger, gateway).error, QString());
 }
 
-QString DeskLedger::path() const
+Address DeskLedger::address() const
 {
-    return mFolder.filePath(QStringLiteral("ledger.sqlite"));
+    return ledgerPlace(mFolder.path(), QString());
+}
+
+qint64 DeskLedger::create(const BatchDraft& draft)
+{
+    const Outcome<Batch> created = mLedger->createBatch(draft);
+    EXPECT_EQ(created.error, QString());
+    return created.value.number;
 }
 
 qint64 DeskLedger::create(int rows)
 {
-    BatchDraft draft;
-    draft.id = QUuid::createUuid();
-    draft.account = QStringLiteral("80010001");
-    draft.strategy = QStringLiteral("AITWAP");
-    draft.createdBy = QStringLiteral("test");
-    draft.table.columns = QStringList{QStringLiteral("证券代码")};
+    QList<InstanceDraft> instances;
     for (int row = 0; row < rows; ++row) {
-        InstanceDraft instance;
-        instance.parameters = sample::single().parameters;
-        instance.startsNow = true;
-        Leg leg;
-        leg.symbol = QStringLiteral("600000.SH");
-        leg.exchange = QStringLiteral("SH");
-        leg.direction = QStringLiteral("Buy");
-        leg.quantity = Decimal(1000);
-        instance.legs.append(leg);
-        draft.instances.append(instance);
-        draft.table.rows.append(QStringList{leg.symbol});
+        instances.append(instanceOf(sample::single()));
     }
-    const Outcome<Batch> created = mLedger->createBatch(draft);
-    EXPECT_EQ(created.error, QString());
-    return created.value.number;
+    return create(draftOf(QUuid::createUuid(), sample::single().strategy, instances));
+}
+
+qint64 DeskLedger::create(const gateway::Order& order)
+{
+    return create(draftOf(order.draftId, order.strategy, {instanceOf(order)}));
 }
 
 int DeskLedger::countOf(InstanceState state) const
@@ -56,6 +102,49 @@ int DeskLedger::countOf(InstanceState state) const
 Instance DeskLedger::instance(qint64 batch, int row) const
 {
     return mLedger->instancesOf(batch).value.value(row - 1);
+}
+
+std::string DeskLedger::idOf(qint64 batch, int row) const
+{
+    return clOrdIdOf(mLedger->batch(batch).value.draftId, row).toStdString();
+}
+
+void DeskLedger::stop(qint64 batch, int row)
+{
+    Selection one;
+    one.ids.append({batch, row});
+    EXPECT_EQ(mLedger->stop(one).error, QString());
+}
+
+void DeskLedger::haltAll(bool isHalted)
+{
+    const QString why = QStringLiteral("测试");
+    EXPECT_EQ((isHalted ? mLedger->halt(Account, why) : mLedger->resume(Account, why)).error, QString());
+}
+
+QStringList DeskLedger::kept() const
+{
+    QStringList texts;
+    const QList<StrayReport> strays = mLedger->strays().value;
+    for (const StrayReport& stray : strays) {
+        texts.prepend(stray.text);
+    }
+    return texts;
+}
+
+QStringList DeskLedger::sessions() const
+{
+    QStringList texts;
+    const QList<AuditEntry> entries = mLedger->audit(1, 100000).value;
+    for (const AuditEntry& entry : entries) {
+        if (entry.what == QLatin1String("session")) {
+            const QJsonObject detail = QJsonDocument::fromJson(entry.detail.toUtf8()).object();
+            texts.append((detail[QStringLiteral("state")].toString() + QLatin1Char(' ') +
+                          detail[QStringLiteral("text")].toString())
+                             .trimmed());
+        }
+    }
+    return texts;
 }
 
 std::string DeskLedger::story() const

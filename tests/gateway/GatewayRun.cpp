@@ -1,5 +1,7 @@
 #include "tests/gateway/GatewayRun.h"
 
+#include "gateway/port/LedgerOutbox.h"
+
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -19,33 +21,43 @@ QString settingsFile(const QTemporaryDir& folder, int port, const QString& begin
     return path;
 }
 
-GatewayRun::GatewayRun(const QTemporaryDir& folder, int port, gateway::LedgerPort& ledger,
-                       const Options& options)
-    : mLedger(ledger), mPrinter(mOutput)
+GatewayRun::GatewayRun(const DeskLedger& desk, int port, const Options& options)
+    : mLedger(desk.address()), mPrinter(mOutput)
 {
     mOutput.open(QIODevice::WriteOnly);
     gateway::Engine::Options engine;
-    engine.settingsFile = settingsFile(folder, port, options.beginString).toStdString();
+    engine.settingsFile = settingsFile(desk.folder(), port, options.beginString).toStdString();
     engine.dictionaryFolder = DICTIONARIES;
     engine.resetsSequence = options.resetsSequence;
     std::string error;
     mEngine = gateway::Engine::open(engine, mInbox, error);
     EXPECT_EQ(error, "");
     if (mEngine) {
-        EXPECT_EQ(mEngine->start(), "");
         mThread = std::thread([this, options] { run(options); });
     }
 }
 
+/// A ledger belongs to the thread that opened it.
 void GatewayRun::run(const Options& options)
 {
+    const auto opened = ledger::Ledger::open(mLedger);
+    ASSERT_EQ(opened.error, QString());
+    ledger::Gateway self;
+    self.session = QString::fromStdString(mEngine->session());
+    self.accounts = QStringList{QStringLiteral("80010001")};
+    auto claimed = ledger::Outbox::claim(opened.value, self);
+    ASSERT_EQ(claimed.error, QString());
+    gateway::LedgerOutbox port(opened.value, std::move(claimed.value));
     gateway::Dispatch::Terms terms;
     terms.profile = options.profile;
     terms.ordersPerSecond = options.ordersPerSecond;
     terms.isAskedToEnd = [this] { return mEnds.load(); };
-    gateway::Dispatch dispatch(terms, mLedger, *mEngine, mInbox, mPrinter);
+    gateway::Dispatch dispatch(terms, port, *mEngine, mInbox, mPrinter);
     EXPECT_EQ(dispatch.begin().error, QString());
+    EXPECT_EQ(mEngine->start(), "");
     dispatch.run();
+    mEngine->stop();
+    dispatch.finish();
 }
 
 GatewayRun::~GatewayRun()
@@ -53,8 +65,5 @@ GatewayRun::~GatewayRun()
     mEnds = true;
     if (mThread.joinable()) {
         mThread.join();
-    }
-    if (mEngine) {
-        mEngine->stop();
     }
 }

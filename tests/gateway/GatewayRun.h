@@ -2,7 +2,7 @@
 
 #include "gateway/program/Dispatch.h"
 #include "tests/gateway/Counterparty.h"
-#include "tests/gateway/MemoryLedger.h"
+#include "tests/gateway/DeskLedger.h"
 
 #include <QBuffer>
 #include <QTemporaryDir>
@@ -11,8 +11,8 @@
 #include <memory>
 #include <thread>
 
-/// A gateway at work between a ledger and a counterparty, in a thread of its own. Its folder lives on, so
-/// that the next run has the sequence numbers of this one.
+/// A gateway at work between a ledger and a counterparty, in a thread of its own. The ledger's folder lives
+/// on, so that the next run has the sequence numbers of this one.
 class GatewayRun {
 public:
     struct Options {
@@ -22,7 +22,7 @@ public:
         QHash<QString, int> ordersPerSecond;
     };
 
-    GatewayRun(const QTemporaryDir& folder, int port, gateway::LedgerPort& ledger, const Options& options);
+    GatewayRun(const DeskLedger& desk, int port, const Options& options);
     /// Ends it in order: logs out.
     ~GatewayRun();
 
@@ -31,7 +31,7 @@ public:
 private:
     void run(const Options& options);
 
-    gateway::LedgerPort& mLedger;
+    const ledger::Address mLedger;
     gateway::Inbox mInbox;
     QBuffer mOutput;
     gateway::Printer mPrinter;

@@ -21,7 +21,7 @@ int main(int argc, char** argv)
     gateway::GatewayOptions options;
     options.settingsFile = arguments.at(1);
     options.profileFile = arguments.at(2);
-    options.ledger = ledger::Address::ofFile(arguments.at(3));
+    options.ledger = ledger::Address::parse(arguments.at(3)).value;
     options.dictionaryFolder = QStringLiteral(DICTIONARIES);
     options.isAskedToEnd = gateway::isAskedToEndBySignal;
     if (arguments.at(4) != QLatin1String("0")) {

@@ -10,6 +10,7 @@
 #include <QProcess>
 
 #include <random>
+#include <tuple>
 
 namespace {
 
@@ -23,7 +24,7 @@ public:
         mProcess.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         mProcess.setStandardOutputFile(QProcess::nullDevice());
         mProcess.start(QStringLiteral(GATEWAY_VICTIM),
-                       {settings, profile, desk.path(), QString::number(perSecond)});
+                       {settings, profile, desk.address().shown(), QString::number(perSecond)});
         EXPECT_TRUE(mProcess.waitForStarted());
     }
 
@@ -80,7 +81,8 @@ void expectEachOnce(const Counterparty& counterparty, int count)
     }
 }
 
-class Kills : public testing::TestWithParam<unsigned int> {};
+/// A seed, and the version that is spoken.
+class Kills : public testing::TestWithParam<std::tuple<unsigned int, const char*>> {};
 
 /// Killed at whatever moment, with lines that break besides: each order is executed once, and the ledger says
 /// so in the end.
@@ -89,16 +91,18 @@ TEST_P(Kills, EveryOrderIsExecutedOnce)
     const int count = 300;
     const int kills = 25;
     Counterparty::Options unlucky;
-    unlucky.seed = GetParam();
+    unlucky.seed = std::get<0>(GetParam());
+    unlucky.beginString = std::get<1>(GetParam());
     unlucky.dropPerMille = 5;
     unlucky.losePerMille = 5;
     Counterparty counterparty(unlucky);
     DeskLedger desk;
     desk.create(count / 2);
     desk.create(count - count / 2);
-    const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
+    const QString settings =
+        settingsFile(desk.folder(), counterparty.port(), QString::fromStdString(unlucky.beginString));
     const QString profile = profileFile(desk);
-    std::mt19937 random(GetParam());
+    std::mt19937 random(unlucky.seed);
     for (int i = 0; i < kills; ++i) {
         Victim victim(desk, settings, profile, 60);
         std::this_thread::sleep_for(std::chrono::milliseconds(50 + random() % 300));
@@ -114,7 +118,8 @@ TEST_P(Kills, EveryOrderIsExecutedOnce)
     EXPECT_EQ(desk.instance(1, 1).filledQuantity.text(), QStringLiteral("1000"));
 }
 
-INSTANTIATE_TEST_SUITE_P(BySeed, Kills, testing::Range(1U, 5U));
+INSTANTIATE_TEST_SUITE_P(BySeed, Kills,
+                         testing::Combine(testing::Range(1U, 4U), testing::Values("FIX.4.4", "FIXT.1.1")));
 
 TEST(Process, AnAccountIsServedByOneAtATime)
 {

@@ -9,6 +9,7 @@
 namespace {
 
 using namespace gateway;
+using State = ledger::InstanceState;
 
 /// A ledger, a counterparty and the folder between two runs of the gateway.
 class Session : public testing::Test {
@@ -22,25 +23,23 @@ protected:
 
     std::unique_ptr<GatewayRun> start(const Counterparty& counterparty, const GatewayRun::Options& options)
     {
-        return std::make_unique<GatewayRun>(folder, counterparty.port(), ledger, options);
+        return std::make_unique<GatewayRun>(desk, counterparty.port(), options);
     }
 
-    void add(int count)
+    bool isOnceLoggedOnAfter(const Counterparty& counterparty, int logons) const
     {
-        for (int row = 1; row <= count; ++row) {
-            Order order = sample::single();
-            order.row = row;
-            ledger.add(order);
-        }
+        return counterparty.waitFor([&] { return countOfLogons() > logons; });
     }
+    int countOfLogons() const { return desk.sessions().count(QStringLiteral("loggedOn")); }
+    bool isSaid(const QString& text) const { return desk.sessions().join(QLatin1Char('\n')).contains(text); }
 
-    QTemporaryDir folder;
-    MemoryLedger ledger;
+    DeskLedger desk;
 };
 
-QString idOf(int row)
+/// What was kept as wrong, one a line.
+std::string complaints(const DeskLedger& desk)
 {
-    return clOrdIdOf(sample::single().draftId, row);
+    return desk.kept().join(QLatin1Char('\n')).toStdString();
 }
 
 /// What was said last, where an order is missing.
@@ -57,17 +56,17 @@ std::string story(const Counterparty& counterparty)
 TEST_F(Session, AnOrderIsSentAsItIsMeantAndFilled)
 {
     Counterparty counterparty{{}};
-    add(1);
+    desk.create(sample::single());
     const auto run = start(counterparty, options());
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Finished) == 1; }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Finished) == 1; }));
     ASSERT_EQ(counterparty.essences("D").size(), 1U);
     EXPECT_EQ(
         counterparty.essences("D").front(),
-        "35=D|1=80010001|11=NW66TGW5HBELBA4MNSSDJLTPKQ-1|21=1|38=1000|40=2|44=11.520|54=1|55=600000|59=0|"
-        "168=20261123-01:35:00|207=XSHG|847=1001|957=3|958=MaxPctVolume|959=11|960=0.15|958=Style|959=14|"
+        "35=D|11=NW66TGW5HBELBA4MNSSDJLTPKQ-1|1=80010001|21=1|55=600000|207=XSHG|54=1|38=1000|40=2|44=11.520|"
+        "59=0|847=1001|168=20261123-01:35:00|957=3|958=MaxPctVolume|959=11|960=0.15|958=Style|959=14|"
         "960=1|958=EntrustProperty|959=14|960=0");
-    EXPECT_EQ(ledger.standing(1).fill.quantity, QStringLiteral("1000"));
-    EXPECT_EQ(ledger.standing(1).fill.averagePrice, QStringLiteral("11.5"));
+    EXPECT_EQ(desk.instance(1, 1).filledQuantity.text(), QStringLiteral("1000"));
+    EXPECT_EQ(desk.instance(1, 1).averagePrice.text(), QStringLiteral("11.5"));
 }
 
 TEST_F(Session, TheNewerVersionSpeaksTheSame)
@@ -75,26 +74,26 @@ TEST_F(Session, TheNewerVersionSpeaksTheSame)
     Counterparty::Options newer;
     newer.beginString = "FIXT.1.1";
     Counterparty counterparty(newer);
-    add(1);
-    ledger.add(sample::pair());
+    desk.create(1);
+    desk.create(sample::pair());
     GatewayRun::Options run = options();
     run.beginString = QStringLiteral("FIXT.1.1");
     const auto gateway = start(counterparty, run);
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Finished) == 1; }));
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Running) == 1; }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Finished) == 1; }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Running) == 1; }));
     EXPECT_EQ(wire::get(wire::parse(counterparty.received().front()), 1137), "9");
     EXPECT_EQ(counterparty.essences("AB").front(),
-              "35=AB|1=80010001|11=NW66TGW5HBELBA4MNSSDJLTPKQ-8|21=1|40=2|54=B|55=600000|59=4|"
-              "168=20261123-01:35:00|207=XSHG|555=2|600=600000|616=XSHG|624=1|687=2000|566=11.40|654=1|"
-              "20058=6|600=000001|616=XSHE|624=2|687=1000|654=2|20058=0|847=1002");
+              "35=AB|11=NW66TGW5HBELBA4MNSSDJLTPKQ-1|1=80010001|21=1|55=600000|207=XSHG|54=B|40=2|59=4|"
+              "847=1002|168=20261123-01:35:00|555=2|600=600000|616=XSHG|624=1|687=2000|566=11.40|654=1|"
+              "20058=6|600=000001|616=XSHE|624=2|687=1000|654=2|20058=0");
 }
 
 TEST_F(Session, AResendRequestIsAnsweredWithAGapFillAndNoOrderGoesTwice)
 {
     Counterparty counterparty{{}};
-    add(3);
+    desk.create(3);
     const auto run = start(counterparty, options());
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Finished) == 3; }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Finished) == 3; }));
     counterparty.skip(5); // a resend request of the gateway's own stays open meanwhile
     counterparty.say(
         "8",
@@ -115,8 +114,8 @@ TEST_F(Session, AReportForNobodyIsKept)
     const auto run = start(counterparty, options());
     ASSERT_TRUE(counterparty.waitFor([&] { return counterparty.isLoggedOn(); }));
     counterparty.report("NOT-OURS", "0", "0", "0");
-    ASSERT_TRUE(counterparty.waitFor([&] { return !ledger.kept().isEmpty(); }));
-    EXPECT_EQ(ledger.kept().first(), QStringLiteral("不是本台账的订单"));
+    ASSERT_TRUE(counterparty.waitFor([&] { return !desk.kept().isEmpty(); }));
+    EXPECT_EQ(desk.kept().first(), QStringLiteral("NOT-OURS 不是本台账的订单"));
 }
 
 TEST_F(Session, HostileReportsChangeNothing)
@@ -124,10 +123,10 @@ TEST_F(Session, HostileReportsChangeNothing)
     Counterparty::Options quiet;
     quiet.fills = false;
     Counterparty counterparty(quiet);
-    add(1);
+    desk.create(1);
     const auto run = start(counterparty, options());
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Running) == 1; }));
-    const std::string id = idOf(1).toStdString();
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Running) == 1; }));
+    const std::string id = desk.idOf(1, 1);
     counterparty.report(id, "F", "2", "1001");
     counterparty.report(id, "F", "1", "12a");
     counterparty.report(id, "F", "1", "-5");
@@ -135,13 +134,12 @@ TEST_F(Session, HostileReportsChangeNothing)
     counterparty.sayRaw("8=FIX.4.4\0019=5\00135=8\00110=000\001");
     counterparty.sayRaw("\001\002garbage\0018=\001");
     counterparty.report(id, "F", "1", "300"); // swallowed by the garbage before it
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.kept().size() >= 3; }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.kept().size() >= 3; }));
     std::this_thread::sleep_for(std::chrono::milliseconds(300));
     counterparty.report(id, "F", "1", "300"); // shows that one is missing
-    ASSERT_TRUE(counterparty.waitFor([&] {
-        return ledger.standing(1).fill.quantity == QStringLiteral("300");
-    })) << ledger.standing(1).fill.quantity.toStdString();
-    EXPECT_EQ(ledger.standing(1).state, State::Running);
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.instance(1, 1).filledQuantity == 300; }))
+        << complaints(desk);
+    EXPECT_EQ(desk.instance(1, 1).state, State::Running);
 }
 
 TEST_F(Session, ACancelRacesItsFills)
@@ -149,10 +147,10 @@ TEST_F(Session, ACancelRacesItsFills)
     Counterparty::Options quiet;
     quiet.fills = false;
     Counterparty counterparty(quiet);
-    add(1);
+    desk.create(1);
     const auto run = start(counterparty, options());
-    const std::string id = idOf(1).toStdString();
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Running) == 1; }));
+    const std::string id = desk.idOf(1, 1);
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Running) == 1; }));
     counterparty.setHandler([&](const wire::Fields& message) {
         if (wire::get(message, 35) == "F") {
             counterparty.report(id, "6", "6", "100");
@@ -160,9 +158,9 @@ TEST_F(Session, ACancelRacesItsFills)
             counterparty.report(id, "F", "4", "200"); // the slower of two lines
         }
     });
-    ledger.takeBack(1);
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Stopped) == 1; }));
-    EXPECT_EQ(ledger.standing(1).fill.quantity, QStringLiteral("300"));
+    desk.stop(1, 1);
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Stopped) == 1; }));
+    EXPECT_EQ(desk.instance(1, 1).filledQuantity.text(), QStringLiteral("300"));
     EXPECT_TRUE(counterparty.essences("F").front().find("11=" + id + "-C1|") != std::string::npos);
 }
 
@@ -188,9 +186,9 @@ TEST_F(Session, WhatABrokenLineSwallowedIsAskedForAndSentAgain)
             counterparty.setHandler(nullptr);
         }
     });
-    add(1);
+    desk.create(1);
     const auto run = start(counterparty, options());
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Running) == 1; }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Running) == 1; }));
     ASSERT_EQ(counterparty.essences("D").size(), 2U);
     EXPECT_EQ(counterparty.essences("D").back().find("35=D|97=Y|"), 0U) << counterparty.essences("D").back();
 }
@@ -198,39 +196,35 @@ TEST_F(Session, WhatABrokenLineSwallowedIsAskedForAndSentAgain)
 TEST_F(Session, SequenceNumbersThatDoNotFitAreToldAndResetByAPerson)
 {
     Counterparty counterparty{{}};
-    add(2);
+    desk.create(2);
     {
         const auto run = start(counterparty, options());
-        ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Finished) == 2; }));
+        ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Finished) == 2; }));
     }
     counterparty.loseSequenceNumbers();
     {
         const auto run = start(counterparty, options());
-        ASSERT_TRUE(counterparty.waitFor(
-            [&] { return ledger.sessions().join(QLatin1Char('\n')).contains(QStringLiteral("too low")); }));
+        ASSERT_TRUE(counterparty.waitFor([&] { return isSaid(QStringLiteral("too low")); }));
     }
     GatewayRun::Options resetting = options();
     resetting.resetsSequence = true;
-    const int logons = ledger.sessions().count(QStringLiteral("loggedOn"));
+    const int logons = countOfLogons();
     const auto run = start(counterparty, resetting);
-    ASSERT_TRUE(
-        counterparty.waitFor([&] { return ledger.sessions().count(QStringLiteral("loggedOn")) > logons; }));
+    ASSERT_TRUE(isOnceLoggedOnAfter(counterparty, logons));
     EXPECT_EQ(wire::get(wire::parse(counterparty.received().back()), 141), "Y");
 }
 
 TEST_F(Session, AnEmptyStoreIsToldByTheCounterparty)
 {
     Counterparty counterparty{{}};
-    add(2);
+    desk.create(2);
     {
         const auto run = start(counterparty, options());
-        ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Finished) == 2; }));
+        ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Finished) == 2; }));
     }
-    ASSERT_TRUE(QDir(folder.filePath(QStringLiteral("store"))).removeRecursively());
+    ASSERT_TRUE(QDir(desk.folder().filePath(QStringLiteral("store"))).removeRecursively());
     const auto run = start(counterparty, options());
-    ASSERT_TRUE(counterparty.waitFor([&] {
-        return ledger.sessions().join(QLatin1Char('\n')).contains(QStringLiteral("MsgSeqNum too low"));
-    }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return isSaid(QStringLiteral("MsgSeqNum too low")); }));
 }
 
 TEST_F(Session, ThePasswordGoesToTheCounterpartyAndIntoNoLog)
@@ -241,7 +235,7 @@ TEST_F(Session, ThePasswordGoesToTheCounterpartyAndIntoNoLog)
         ASSERT_TRUE(counterparty.waitFor([&] { return counterparty.isLoggedOn(); }));
     }
     EXPECT_EQ(wire::get(wire::parse(counterparty.received().front()), 554), "geheim");
-    QFile log(folder.filePath(QStringLiteral("store/FIX.4.4-DESK--BROKER.log")));
+    QFile log(desk.folder().filePath(QStringLiteral("store/FIX.4.4-DESK--BROKER.log")));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     const QByteArray text = log.readAll();
     EXPECT_TRUE(text.contains("\001554=***\001"));
@@ -253,38 +247,38 @@ TEST_F(Session, WhatTheProfileRefusesNeverLeaves)
     Counterparty counterparty{{}};
     Order order = sample::single();
     order.strategy = QStringLiteral("POV");
-    ledger.add(order);
+    desk.create(order);
     const auto run = start(counterparty, options());
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Rejected) == 1; }));
-    EXPECT_EQ(ledger.standing(order.row).reason, QStringLiteral("网关配置中没有算法“POV”"));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Rejected) == 1; }));
+    EXPECT_EQ(desk.instance(1, 1).reason, QStringLiteral("网关配置中没有算法“POV”"));
     EXPECT_TRUE(counterparty.essences("D").empty());
 }
 
 TEST_F(Session, AHaltKeepsWhatIsQueued)
 {
     Counterparty counterparty{{}};
-    ledger.halt(true);
-    add(2);
+    desk.create(2);
+    desk.haltAll(true);
     const auto run = start(counterparty, options());
     ASSERT_TRUE(counterparty.waitFor([&] { return counterparty.isLoggedOn(); }));
     std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    EXPECT_EQ(ledger.countOf(State::Queued), 2);
-    ledger.halt(false);
-    EXPECT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Finished) == 2; }));
+    EXPECT_EQ(desk.countOf(State::Queued), 2);
+    desk.haltAll(false);
+    EXPECT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Finished) == 2; }));
 }
 
 TEST_F(Session, SessionAndBusinessRejectsRejectTheirOrder)
 {
     Counterparty counterparty{{}};
-    counterparty.setHandler([&](const wire::Fields& message) {
-        const bool isFirst = wire::get(message, 11) == idOf(1).toStdString();
+    desk.create(2);
+    counterparty.setHandler([&, first = desk.idOf(1, 1)](const wire::Fields& message) {
+        const bool isFirst = wire::get(message, 11) == first;
         counterparty.say(isFirst ? "3" : "j",
                          {{45, wire::get(message, 34)}, {372, "D"}, {58, "no"}, {380, "0"}});
     });
-    add(2);
     const auto run = start(counterparty, options());
-    ASSERT_TRUE(counterparty.waitFor([&] { return ledger.countOf(State::Rejected) == 2; }));
-    EXPECT_EQ(ledger.standing(1).reason, QStringLiteral("no"));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Rejected) == 2; }));
+    EXPECT_EQ(desk.instance(1, 1).reason, QStringLiteral("no"));
 }
 
 /// Every order is executed once, whatever breaks; a seed that fails can be played again.
@@ -298,16 +292,16 @@ TEST_P(Breaks, EveryOrderIsExecutedOnce)
     unlucky.losePerMille = 15;
     Counterparty counterparty(unlucky);
     const int count = 40;
-    add(count);
+    desk.create(count);
     GatewayRun::Options impatient = options();
     impatient.profile.statusTimeoutSeconds = 1;
     {
         const auto run = start(counterparty, impatient);
-        for (int i = 0; i < 6 && ledger.countOf(State::Finished) < count; ++i) {
-            counterparty.waitFor([&] { return ledger.countOf(State::Finished) == count; });
+        for (int i = 0; i < 6 && desk.countOf(State::Finished) < count; ++i) {
+            counterparty.waitFor([&] { return desk.countOf(State::Finished) == count; });
         }
     }
-    EXPECT_EQ(ledger.countOf(State::Finished), count) << story(counterparty);
+    EXPECT_EQ(desk.countOf(State::Finished), count) << story(counterparty);
     const auto orders = counterparty.orders();
     EXPECT_EQ(orders.size(), static_cast<std::size_t>(count));
     for (const auto& order : orders) {

@@ -187,7 +187,7 @@ TEST(Outbox, KeepsReportsOfWhatIsNotOursAndFillsAboveTheOrder)
     EXPECT_EQ(kindOf(served.outbox->record({Served::report(id, "n"_s, State::Finished, Decimal::none())})),
               Recorded::Kind::AboveOrder);
     EXPECT_EQ(served.instance(1, 1).filledQuantity, 0);
-    const QList<StrayReport> strays = served.outbox->strays().value;
+    const QList<StrayReport> strays = served.ledger->strays().value;
     ASSERT_EQ(strays.size(), 4);
     EXPECT_EQ(strays.at(3).clOrdId, never);
     EXPECT_EQ(strays.at(3).text, "8=FIX…"_s);

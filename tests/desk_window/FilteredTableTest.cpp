@@ -49,7 +49,7 @@ class NumbersModel : public PagedModel<QStringList> {
 public:
     explicit NumbersModel(int count, int sound) : PagedModel({{"号"_s}})
     {
-        setPages([this, count, sound](const QStringList* last, int most) -> Outcome<QList<QStringList>> {
+        setPages([count, sound](const QStringList* last, int most) -> Outcome<QList<QStringList>> {
             const int begin = last ? last->first().toInt() + 1 : 0;
             if (begin >= sound) {
                 return {{}, "磁盘坏了"_s};

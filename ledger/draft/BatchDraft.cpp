@@ -41,10 +41,9 @@ Gross grossOf(const QList<InstanceDraft>& instances)
 
 QString rowKey(const QString& strategy, const InstanceDraft& instance)
 {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    const auto add = [&hash](const QString& text) {
-        hash.addData(text.toUtf8());
-        hash.addData("\0", 1); // so that no two fields run into each other
+    QString fields;
+    const auto add = [&fields](const QString& text) {
+        fields += text + QChar(); // so that no two fields run into each other
     };
     add(strategy);
     for (const Leg& leg : instance.legs) {
@@ -54,7 +53,7 @@ QString rowKey(const QString& strategy, const InstanceDraft& instance)
             add(number.text());
         }
     }
-    return QString::fromLatin1(hash.result().toHex());
+    return QString::fromLatin1(QCryptographicHash::hash(fields.toUtf8(), QCryptographicHash::Sha256).toHex());
 }
 
 } // namespace ledger

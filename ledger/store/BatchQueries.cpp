@@ -4,8 +4,6 @@
 
 #include <QMap>
 
-#include <limits>
-
 namespace ledger {
 
 namespace {
@@ -80,42 +78,63 @@ QList<Batch> selectSameFile(Statements& statements, const BatchDraft& draft, con
                          {draft.fileSha256, column::time(since)});
 }
 
-/// The first batch of the session on an account: of older ones nothing is looked at, however many there are.
-qint64 firstSince(Statements& statements, const QString& account, const QDateTime& since)
+/// The batches of an account on one of the days that its session has: those from `first` on.
+struct SessionDay {
+    QString day;
+    qint64 first = 0;
+};
+
+/// Mostly one day; two where the night session goes on, more where a clock was ahead.
+QList<SessionDay> daysSince(Statements& statements, const QString& account, const QDateTime& since)
 {
-    const QVariant first = statements.single(
-        QStringLiteral("SELECT MIN(number) FROM batch WHERE account = ? AND created_at >= ?"),
+    QSqlQuery query = statements.select(
+        QStringLiteral(
+            "SELECT day, MIN(number) FROM batch WHERE account = ? AND created_at >= ? GROUP BY day"),
         {column::text(account), column::time(since)});
-    return first.isNull() ? std::numeric_limits<qint64>::max() : first.toLongLong();
+    QList<SessionDay> days;
+    while (statements.next(query)) {
+        days.append({query.value(0).toString(), query.value(1).toLongLong()});
+    }
+    return days;
 }
 
-/// Rows of the same orders on the draft's account, by batch.
-QMap<qint64, QSet<int>> selectSameRows(Statements& statements, const Store& store, const BatchDraft& draft,
-                                       qint64 firstBatch)
+QString sameRowsStatement(const Store& store)
 {
-    const QString statement =
-        QStringLiteral("WITH draft_row (row_no, row_key) AS (VALUES %1) SELECT r.row_no, (SELECT ") +
-        store.listOf(QStringLiteral("n.batch_number")) +
-        QStringLiteral(" FROM (SELECT i.batch_number FROM instance i WHERE i.account = ? "
-                       "AND i.row_key = r.row_key AND i.batch_number >= ? AND i.state <> 'withdrawn' "
-                       "ORDER BY i.batch_number DESC LIMIT %1) n) FROM draft_row r")
-            .arg(MostDuplicates);
+    return QStringLiteral("WITH draft_row (row_no, row_key) AS (VALUES %1) SELECT r.row_no, (SELECT ") +
+           store.listOf(QStringLiteral("n.batch_number")) +
+           QStringLiteral(" FROM (SELECT i.batch_number FROM instance i WHERE i.account = ? AND i.day = ? "
+                          "AND i.row_key = r.row_key AND i.batch_number >= ? AND i.state <> 'withdrawn' "
+                          "ORDER BY i.batch_number DESC LIMIT %1) n) FROM draft_row r")
+               .arg(MostDuplicates);
+}
+
+/// Rows of the same orders on the draft's account, by batch. Of batches before the session nothing is looked
+/// at, however many there are.
+QMap<qint64, QSet<int>> selectSameRows(Statements& statements, const Store& store, const BatchDraft& draft,
+                                       const QDateTime& since)
+{
+    QMap<qint64, QSet<int>> rows;
+    const QList<SessionDay> days = daysSince(statements, draft.account, since);
+    if (days.isEmpty()) {
+        return rows;
+    }
     QVariantList cells;
     int row = 0;
     for (const InstanceDraft& instance : draft.instances) {
         cells += {QString::number(++row), rowKey(draft.strategy, instance)};
     }
-    QMap<qint64, QSet<int>> rows;
-    statements.runForRows(statement, cells, 2, {column::text(draft.account), firstBatch},
-                          [&](QSqlQuery& query) {
-                              while (statements.next(query)) {
-                                  const QStringList batches =
-                                      query.value(1).toString().split(QLatin1Char(','), Qt::SkipEmptyParts);
-                                  for (const QString& batch : batches) {
-                                      rows[batch.toLongLong()].insert(query.value(0).toInt());
-                                  }
-                              }
-                          });
+    const auto take = [&](QSqlQuery& query) {
+        while (statements.next(query)) {
+            const QStringList batches = query.value(1).toString().split(QLatin1Char(','), Qt::SkipEmptyParts);
+            for (const QString& batch : batches) {
+                rows[batch.toLongLong()].insert(query.value(0).toInt());
+            }
+        }
+    };
+    for (const SessionDay& day : days) {
+        statements.runForRows(sameRowsStatement(store), cells, 2,
+                              {column::text(draft.account), day.day, day.first}, take);
+    }
     return rows;
 }
 
@@ -255,8 +274,7 @@ QList<Duplicate> selectDuplicates(Statements& statements, const Store& store, co
         found[batch.number] = duplicateOf(batch);
         found[batch.number].isSameFile = true;
     }
-    const qint64 first = firstSince(statements, draft.account, since);
-    const QMap<qint64, QSet<int>> rows = selectSameRows(statements, store, draft, first);
+    const QMap<qint64, QSet<int>> rows = selectSameRows(statements, store, draft, since);
     for (auto row = rows.cbegin(); row != rows.cend(); ++row) {
         const std::optional<Batch> batch = selectBatch(statements, row.key(), draft.account);
         if (batch && batch->createdAt >= since) {

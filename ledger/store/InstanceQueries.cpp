@@ -96,9 +96,9 @@ QString insertionOfInstances()
     return QStringLiteral(
         "WITH added (row_no, state, parameters, row_key, starts_now) AS (VALUES %1) "
         "INSERT INTO instance (batch_number, row_no, account, strategy, state, changed_at, parameters, "
-        "row_key, starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason) "
+        "row_key, starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason, day) "
         "SELECT b.number, CAST(a.row_no AS INTEGER), b.account, b.strategy, a.state, b.created_at, "
-        "a.parameters, a.row_key, CAST(a.starts_now AS INTEGER), 0, '', 0, 0, 0, 0, '' "
+        "a.parameters, a.row_key, CAST(a.starts_now AS INTEGER), 0, '', 0, 0, 0, 0, '', b.day "
         "FROM added a CROSS JOIN batch b WHERE b.number = ? AND b.account = ?");
 }
 

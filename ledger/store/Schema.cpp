@@ -7,6 +7,11 @@ namespace {
 // Times are milliseconds since 1970 in UTC, days are those of the exchanges (UTC+8) as yyyy-MM-dd, decimals
 // are exact. Every table has the account in its key, so that a server may part them by account; what all
 // accounts share is ledger_number, halt and audit_entry.
+/// Keys are hashes: below their day, or a batch would touch a page of the index for each of its rows.
+constexpr char InstanceByKey[] =
+    "CREATE INDEX instance_by_key ON instance (account, day, row_key, batch_number) "
+    "WHERE state <> 'withdrawn'";
+
 const char* const Tables[] = {
     "CREATE TABLE ledger_number (name VARCHAR(40) NOT NULL PRIMARY KEY, value BIGINT NOT NULL)",
 
@@ -18,7 +23,7 @@ const char* const Tables[] = {
     "NULL, "
     "PRIMARY KEY (number, account), UNIQUE (draft_id, account))",
     "CREATE INDEX batch_by_file ON batch (file_sha256, created_at)",
-    "CREATE INDEX batch_by_session ON batch (account, created_at, number)",
+    "CREATE INDEX batch_by_session ON batch (account, created_at, day, number)",
     "CREATE INDEX batch_by_day ON batch (day, number)",
     "CREATE INDEX batch_by_state ON batch (state, day)",
 
@@ -27,10 +32,10 @@ const char* const Tables[] = {
     "state VARCHAR(20) NOT NULL, changed_at BIGINT NOT NULL, parameters TEXT NOT NULL, "
     "row_key VARCHAR(64) NOT NULL, starts_now INTEGER NOT NULL, taken_back INTEGER NOT NULL, "
     "cl_ord_id VARCHAR(40) NOT NULL, cancels INTEGER NOT NULL, cancel_due INTEGER NOT NULL, "
-    "filled %1 NOT NULL, average %1 NOT NULL, reason TEXT NOT NULL, "
+    "filled %1 NOT NULL, average %1 NOT NULL, reason TEXT NOT NULL, day VARCHAR(10) NOT NULL DEFAULT '', "
     "PRIMARY KEY (batch_number, row_no, account), "
     "FOREIGN KEY (batch_number, account) REFERENCES batch (number, account))",
-    "CREATE INDEX instance_by_key ON instance (account, row_key, batch_number) WHERE state <> 'withdrawn'",
+    InstanceByKey,
     "CREATE INDEX instance_by_state ON instance (state, account, batch_number, row_no)",
 
     "CREATE TABLE instance_leg ("
@@ -126,16 +131,18 @@ QSet<QString> decimalColumns()
     return columns;
 }
 
-QStringList indexesOfVersionFour()
+QStringList stepsToVersionFour()
 {
     return {
+        QStringLiteral("ALTER TABLE instance ADD COLUMN day VARCHAR(10) NOT NULL DEFAULT ''"),
+        QStringLiteral("UPDATE instance SET day = (SELECT b.day FROM batch b "
+                       "WHERE b.number = instance.batch_number AND b.account = instance.account)"),
         QStringLiteral("DROP INDEX batch_by_state"),
         QStringLiteral("DROP INDEX instance_by_key"),
-        QStringLiteral("CREATE INDEX batch_by_session ON batch (account, created_at, number)"),
+        QStringLiteral("CREATE INDEX batch_by_session ON batch (account, created_at, day, number)"),
         QStringLiteral("CREATE INDEX batch_by_day ON batch (day, number)"),
         QStringLiteral("CREATE INDEX batch_by_state ON batch (state, day)"),
-        QStringLiteral("CREATE INDEX instance_by_key ON instance (account, row_key, batch_number) "
-                       "WHERE state <> 'withdrawn'"),
+        QString::fromLatin1(InstanceByKey),
         QStringLiteral("CREATE INDEX account_day_by_day ON account_day (day, account)"),
     };
 }

@@ -17,7 +17,7 @@ QStringList tableNames();
 QSet<QString> decimalColumns();
 
 /// Version 3 becomes 4: what was looked for among all batches and days is found by an index.
-QStringList indexesOfVersionFour();
+QStringList stepsToVersionFour();
 /// Writes the version down; the last statement of a migration.
 QString versionStatement(int version);
 

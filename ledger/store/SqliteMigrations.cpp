@@ -39,7 +39,8 @@ QStringList fromVersionTwo()
             day + QStringLiteral(", b.created_by, b.state FROM old_batch b"),
         QStringLiteral(
             "INSERT INTO instance SELECT i.batch_number, i.row_no, i.account, i.strategy, i.state, "
-            "i.changed_at, i.parameters, i.row_key, 0, 0, '', 0, 0, '0', '0', '' FROM old_instance i"),
+            "i.changed_at, i.parameters, i.row_key, 0, 0, '', 0, 0, '0', '0', '', b.day FROM old_instance i "
+            "JOIN batch b ON b.number = i.batch_number"),
         QStringLiteral(
             "INSERT INTO instance_leg SELECT l.batch_number, l.row_no, l.leg_no, i.account, l.symbol, '', "
             "l.direction, l.quantity, l.limit_price, l.amount, '0', '0' FROM old_instance_leg l "
@@ -75,7 +76,7 @@ QStringList sqliteMigrationFrom(int version)
     case 2:
         return fromVersionTwo();
     default:
-        return indexesOfVersionFour();
+        return stepsToVersionFour();
     }
 }
 

@@ -373,7 +373,9 @@ QString SqliteStore::configure() const
         // a batch that was reported as created survives a power failure
         QStringLiteral("PRAGMA synchronous = FULL"),
         // some ten large batches, so that not every other one waits for the log to be moved
-        QStringLiteral("PRAGMA wal_autocheckpoint = 4000")};
+        QStringLiteral("PRAGMA wal_autocheckpoint = 4000"),
+        // KiB: a large batch is written once, and not also when half of it has filled the cache
+        QStringLiteral("PRAGMA cache_size = -8192")};
     if (Statements(database()).single(QStringLiteral("PRAGMA application_id")).toInt() != ApplicationId) {
         statements.append(QStringLiteral("PRAGMA application_id = %1").arg(ApplicationId));
     }

@@ -86,12 +86,18 @@ void Statements::runForRows(const QString& statement, const QVariantList& cells,
                             const QVariantList& values, const Take& take)
 {
     const QString full = statement.arg(marksOf(RowsOfGo, cellsOfRow));
-    for (int at = 0; at < cells.size(); at += RowsOfGo * cellsOfRow) {
+    for (int at = 0; at < cells.size() && !failed();) {
         const int count = qMin(RowsOfGo * cellsOfRow, cells.size() - at);
         const bool isFull = count == RowsOfGo * cellsOfRow;
-        QSqlQuery query = select(isFull ? full : statement.arg(marksOf(count / cellsOfRow, cellsOfRow)),
-                                 cells.mid(at, count) + values);
-        if (take) {
+        QSqlQuery query = prepare(isFull ? full : statement.arg(marksOf(count / cellsOfRow, cellsOfRow)));
+        query.setForwardOnly(true);
+        for (int i = 0; i < count; ++i) {
+            query.bindValue(i, cells.at(at++));
+        }
+        for (int i = 0; i < values.size(); ++i) {
+            query.bindValue(count + i, values.at(i));
+        }
+        if (execute(query) && take) {
             take(query);
         }
         query.finish();
@@ -140,7 +146,12 @@ bool Statements::runAgain(QSqlQuery& query, const QVariantList& values)
     for (int i = 0; i < values.size(); ++i) {
         query.bindValue(i, values.at(i));
     }
-    if (!query.exec()) {
+    return execute(query);
+}
+
+bool Statements::execute(QSqlQuery& query)
+{
+    if (!failed() && !query.exec()) {
         note(query.lastError());
     }
     mChanged = failed() ? 0 : query.numRowsAffected();

@@ -67,6 +67,7 @@ public:
 
 private:
     void note(const QSqlError& error);
+    bool execute(QSqlQuery& query);
 
     QSqlDatabase mDatabase;
     PreparedStatements* mPrepared;

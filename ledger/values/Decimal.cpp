@@ -3,7 +3,9 @@
 #include <QLocale>
 #include <QtNumeric>
 
+#include <array>
 #include <cmath>
+#include <limits>
 
 namespace ledger {
 
@@ -13,6 +15,8 @@ namespace {
 /// bits hold.
 constexpr int MostScale = 36;
 constexpr int MostExponent = 400;
+/// As many digits as 127 bits hold, or a zero and MostScale digits, with a point and a sign.
+constexpr int MostCharacters = 48;
 
 /// What stands behind the E of a number; false where that is no exponent.
 bool takeExponent(const QString& text, int at, int& exponent)
@@ -25,6 +29,19 @@ bool takeExponent(const QString& text, int at, int& exponent)
 bool isDigit(QChar character)
 {
     return character >= QLatin1Char('0') && character <= QLatin1Char('9');
+}
+
+/// By the narrow division, which is a tenth of the wide one, wherever that is enough.
+__extension__ ushort takeLastDigit(__int128& digits)
+{
+    if (digits > std::numeric_limits<qint64>::max()) {
+        const auto last = static_cast<ushort>(digits % 10);
+        digits /= 10;
+        return last;
+    }
+    const auto narrow = static_cast<qint64>(digits);
+    digits = narrow / 10;
+    return static_cast<ushort>(narrow % 10);
 }
 
 } // namespace
@@ -91,20 +108,19 @@ QString Decimal::text() const
     if (!isNumber()) {
         return QString();
     }
-    QString reversed;
+    std::array<QChar, MostCharacters> characters;
+    auto first = characters.end();
     Digits left = mDigits < 0 ? -mDigits : mDigits;
     for (int i = 0; left > 0 || i <= mScale; ++i) {
         if (i == mScale && i > 0) {
-            reversed.append(QLatin1Char('.'));
+            *--first = QLatin1Char('.');
         }
-        reversed.append(QChar(QLatin1Char('0').unicode() + static_cast<ushort>(left % 10)));
-        left /= 10;
+        *--first = QChar(QLatin1Char('0').unicode() + takeLastDigit(left));
     }
-    QString text = mDigits < 0 ? QStringLiteral("-") : QString();
-    for (int i = reversed.size() - 1; i >= 0; --i) {
-        text.append(reversed.at(i));
+    if (mDigits < 0) {
+        *--first = QLatin1Char('-');
     }
-    return text;
+    return QString(first, static_cast<int>(characters.end() - first));
 }
 
 QString Decimal::shown(int places) const

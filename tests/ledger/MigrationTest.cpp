@@ -146,7 +146,7 @@ TEST(Migration, SaysThatAnOldBatchHasNoTableToCompareWith)
     EXPECT_TRUE(opened.value->tableOf(1).error.contains("没有保存导入表"_s));
 }
 
-TEST(Migration, GivesAnOlderLedgerTodaysIndexes)
+TEST(Migration, GivesAnOlderLedgerTodaysIndexesAndDays)
 {
     const QString indexes = "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_master "
                             "WHERE type = 'index' AND sql IS NOT NULL ORDER BY name)"_s;
@@ -161,12 +161,14 @@ TEST(Migration, GivesAnOlderLedgerTodaysIndexes)
                                      "instance_by_key"_s, "account_day_by_day"_s}) {
             EXPECT_TRUE(third.run("DROP INDEX "_s + index)) << index.toStdString();
         }
+        EXPECT_TRUE(third.run("ALTER TABLE instance DROP COLUMN day"_s));
         EXPECT_TRUE(third.run("CREATE INDEX batch_by_state ON batch (state, account, number)"_s));
         EXPECT_TRUE(third.run("CREATE INDEX instance_by_key ON instance (account, row_key, batch_number)"_s));
         EXPECT_TRUE(third.run("UPDATE ledger_number SET value = 3 WHERE name = 'schema_version'"_s));
     }
     EXPECT_EQ(ledger.reopen(), QString());
     EXPECT_EQ(ledger->batch(1).value.rowCount, 1);
+    EXPECT_EQ(ledger->standingOf(sampleDraft(1)).value.duplicates.size(), 1) << "the day of the rows";
     EXPECT_EQ(OldProgram(ledger.path()).single(indexes).toString(), ofToday);
     for (const int version : {1, 2}) {
         const OldLedger old(version);

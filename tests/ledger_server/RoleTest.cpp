@@ -24,9 +24,8 @@ const char* const Creation =
     "INSERT INTO batch SELECT value, '1001', gen_random_uuid()::text, 'f', '', 'AITWAP', 1, 0, 0, "
     "(extract(epoch FROM now()) * 1000)::bigint, %4, session_user, '%1' FROM ledger_number WHERE name = "
     "'last_batch'; "
-    "INSERT INTO instance SELECT value, 1, '1001', 'AITWAP', 'created', 0, '{}', '', 0, 0, '', 0, 0, 0, 0, "
-    "'' FROM "
-    "ledger_number WHERE name = 'last_batch'; "
+    "INSERT INTO instance SELECT n.value, 1, '1001', 'AITWAP', 'created', 0, '{}', '', 0, 0, '', 0, 0, 0, 0, "
+    "'', b.day FROM ledger_number n JOIN batch b ON b.number = n.value WHERE n.name = 'last_batch'; "
     "INSERT INTO instance_leg SELECT value, 1, 1, '1001', '600000.SH', 'SH', 'Buy', %2, 0, %3, 0, 0 FROM "
     "ledger_number "
     "WHERE name = 'last_batch'; "
@@ -75,7 +74,7 @@ const Attempt Attempts[] = {
      "UPDATE ledger_number SET value = value + 1 WHERE name = 'clock_tolerance'", "AL001"},
     {"a trader adds a row to an old batch", "anna",
      "INSERT INTO instance SELECT batch_number, 9, account, strategy, 'created', 0, '{}', '', 0, 0, '', 0, "
-     "0, 0, 0, '' "
+     "0, 0, 0, '', day "
      "FROM instance LIMIT 1",
      "AL001"},
     {"a trader adds a leg to an old row", "anna",
@@ -249,6 +248,9 @@ TEST(ATradersOwnProgram, CreatesWhatItMayAndNothingElse)
         << "the day: 12,100 stood before";
     EXPECT_EQ(floor.codeOf("anna", creation("created", "100", "1000", {}, "'2020-01-01'")), "AL008"_s)
         << "another day";
+    EXPECT_EQ(floor.codeOf("anna", creation("created", "100", "1000").replace("b.day"_s, "'2020-01-01'"_s)),
+              "AL006"_s)
+        << "its rows under another day, where nobody finds them again";
     EXPECT_EQ(floor.codeOf("anna", creation("created", "100", "1000", "DELETE FROM instance_leg;"_s)),
               "42501"_s);
     EXPECT_EQ(floor.codeOf("anna", creation("withdrawn", "100", "1000")), "AL002"_s);

@@ -107,11 +107,12 @@ TEST(AServersLedger, IsMigratedWhileOthersWorkOnIt)
 /// As the program of version 3 left it.
 const char* const OfVersionThree =
     "DROP INDEX batch_by_session, batch_by_day, batch_by_state, instance_by_key, account_day_by_day; "
+    "ALTER TABLE instance DROP COLUMN day; "
     "CREATE INDEX batch_by_state ON batch (state, account, number); "
     "CREATE INDEX instance_by_key ON instance (account, row_key, batch_number); "
     "UPDATE ledger_number SET value = 3 WHERE name = 'schema_version'";
 
-TEST(AServersLedger, OfAnOlderProgramGetsItsIndexes)
+TEST(AServersLedger, OfAnOlderProgramGetsIndexesAndDays)
 {
     TestServer& server = TestServer::instance();
     const QString database = server.makeDatabase();
@@ -119,10 +120,13 @@ TEST(AServersLedger, OfAnOlderProgramGetsItsIndexes)
     const QString indexes = "SELECT string_agg(indexdef, chr(10) ORDER BY indexname) FROM pg_indexes "
                             "WHERE schemaname = 'public'"_s;
     const QString ofToday = server.single(database, indexes).toString();
+    ASSERT_EQ(opened(database).value->createBatch(sampleDraft(1)).error, QString());
     ASSERT_EQ(server.run(database, QString::fromLatin1(OfVersionThree)), QString());
     EXPECT_TRUE(opened(database).error.contains("algodesk ledger init"_s));
     EXPECT_EQ(initialised(database), QString());
-    EXPECT_EQ(opened(database).error, QString());
+    const auto desk = opened(database).value;
+    ASSERT_TRUE(desk);
+    EXPECT_EQ(desk->standingOf(sampleDraft(1)).value.duplicates.size(), 1) << "the day of the rows";
     EXPECT_EQ(server.single(database, indexes).toString(), ofToday);
 }
 

@@ -103,10 +103,11 @@ TEST_F(StreamedLists, StayOpenWhereTheRestCannotBeRead)
 {
     // the rows of the second batch make the database fail
     tamperWith(home(), "ALTER TABLE instance RENAME TO kept"_s);
-    tamperWith(home(), "CREATE VIEW instance AS SELECT batch_number, row_no, account, strategy, state, "
-                       "changed_at, CASE batch_number WHEN 2 THEN abs(-9223372036854775807 - 1) ELSE parameters "
-                       "END AS parameters, row_key, starts_now, taken_back, cl_ord_id, cancels, cancel_due, "
-                       "filled, average, reason FROM kept"_s);
+    tamperWith(home(),
+               "CREATE VIEW instance AS SELECT batch_number, row_no, account, strategy, state, "
+               "changed_at, CASE batch_number WHEN 2 THEN abs(-9223372036854775807 - 1) ELSE parameters "
+               "END AS parameters, row_key, starts_now, taken_back, cl_ord_id, cancels, cancel_due, "
+               "filled, average, reason FROM kept"_s);
     const Run cutOff = atHome({"instances"_s});
     EXPECT_EQ(cutOff.status, 1);
     EXPECT_TRUE(cutOff.out.startsWith("[\n")) << "the first page was good";

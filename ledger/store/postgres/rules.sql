@@ -276,7 +276,7 @@ BEGIN
            count(DISTINCT l.row_no) AS with_legs
         INTO sums FROM instance_leg l WHERE l.batch_number = NEW.number AND l.account = NEW.account;
     IF (SELECT count(*) FROM instance i WHERE i.batch_number = NEW.number AND i.account = NEW.account
-        AND i.row_no BETWEEN 1 AND NEW.row_count) <> NEW.row_count
+        AND i.row_no BETWEEN 1 AND NEW.row_count AND i.day = NEW.day) <> NEW.row_count
        OR sums.with_legs <> NEW.row_count
        OR (SELECT count(*) FROM instance i WHERE i.batch_number = NEW.number) <> NEW.row_count
        OR NOT EXISTS (SELECT 1 FROM batch_table t WHERE t.batch_number = NEW.number) THEN
@@ -428,9 +428,10 @@ END $$;
 CREATE OR REPLACE FUNCTION ledger_instance_moves() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
     SET search_path = public, pg_temp AS $$
 BEGIN
-    IF (NEW.batch_number, NEW.row_no, NEW.account, NEW.strategy, NEW.parameters, NEW.row_key, NEW.starts_now)
-       IS DISTINCT FROM
-       (OLD.batch_number, OLD.row_no, OLD.account, OLD.strategy, OLD.parameters, OLD.row_key, OLD.starts_now) THEN
+    IF (NEW.batch_number, NEW.row_no, NEW.account, NEW.strategy, NEW.parameters, NEW.row_key, NEW.starts_now,
+        NEW.day) IS DISTINCT FROM
+       (OLD.batch_number, OLD.row_no, OLD.account, OLD.strategy, OLD.parameters, OLD.row_key, OLD.starts_now,
+        OLD.day) THEN
         PERFORM ledger_refuse('AL001', 'what was ordered is never changed');
     END IF;
     IF (NEW.cl_ord_id, NEW.cancels, NEW.filled, NEW.average) IS DISTINCT FROM

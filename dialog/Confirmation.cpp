@@ -4,12 +4,10 @@
 #include "dialog/DialogSettings.h"
 #include "dialog/ErrorBox.h"
 #include "dialog/Logging.h"
-#include "host/AlgoConstants.h"
-#include "host/AlgoTradeLogicNew.h"
 #include "strategy/Traits.h"
 #include "table/FaultCatalogue.h"
-#include "table/Rules.h"
 #include "ui_AlgoBatchImportParamSetting.h"
+#include "validation/BatchRules.h"
 
 /// The disabled button guards against a second press until the host has dealt with the first.
 void AlgoBatchImportParamSetting::slotBtnOkClicked()
@@ -31,13 +29,11 @@ void AlgoBatchImportParamSetting::slotBtnOkClicked()
 
 QString AlgoBatchImportParamSetting::batchError()
 {
-    if (ui->cbx_algoType->currentText().isEmpty()) {
-        return table::sentence(table::fault(table::rule::NoAlgoType));
-    }
-    const bool authorised = AlgoTradeLogicNew::GetInstance()->hasCorrespAuthority(
-        ui->combx_account->GetCurTradingAccount(), mStrategy.name(), Algo_Values::AlgoGlobalType::algo);
-    if (!authorised) {
-        return table::sentence(table::fault(table::rule::NoAuthority, {mStrategy.alias()}));
+    const std::optional<table::Fault> fault =
+        validation::faultOfChoice({ui->cbx_algoType->currentText(), mStrategy.name(), mStrategy.alias()},
+                                  ui->combx_account->GetCurTradingAccount());
+    if (fault) {
+        return table::sentence(*fault);
     }
     const bool lock = strategy::traitsOf(mStrategy.name()).has(strategy::Lock);
     return lock ? checkAILOCK() : checkAccounTypesInParamsMap();

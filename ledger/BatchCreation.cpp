@@ -6,15 +6,6 @@ namespace ledger {
 
 namespace {
 
-QString joined(const QList<Finding>& findings)
-{
-    QStringList texts;
-    for (const Finding& finding : findings) {
-        texts.append(finding.text);
-    }
-    return texts.join(QStringLiteral("；"));
-}
-
 /// What stands against creating; empty when nothing does.
 QString objection(const Verdict& verdict, const Consent& consent)
 {
@@ -55,10 +46,16 @@ Outcome<Review> reviewBatch(const Ledger& ledger, const BatchDraft& draft, const
     if (!standing.ok()) {
         return {{}, standing.error};
     }
-    Review review{draft, limitsFor(limits, draft.account, draft.strategy), standing.value, {}};
+    return {reviewAgainst(standing.value, draft, limits, prices), QString()};
+}
+
+Review reviewAgainst(const Standing& standing, const BatchDraft& draft, const QList<LimitScope>& limits,
+                     const Prices& prices)
+{
+    Review review{draft, limitsFor(limits, draft.account, draft.strategy), standing, {}};
     valueLegs(review.draft, prices);
     review.verdict = checkBatch(review.draft, review.limits, prices, review.standing);
-    return {review, QString()};
+    return review;
 }
 
 Outcome<Batch> createReviewed(Ledger& ledger, Review& review, const Consent& consent)

@@ -41,6 +41,10 @@ Outcome<Attempt> beginAttempt(const Ledger& ledger, const DraftJournal& journal,
 Outcome<Review> reviewBatch(const Ledger& ledger, const BatchDraft& draft, const QList<LimitScope>& limits,
                             const Prices& prices);
 
+/// The same against what a ledger was found to hold.
+Review reviewAgainst(const Standing& standing, const BatchDraft& draft, const QList<LimitScope>& limits,
+                     const Prices& prices);
+
 /// Creates the batch where the verdict and the consent allow it; else the error says what stands against it.
 /// What the ledger alone refuses, since another program was faster, is added to the verdict's refusals.
 Outcome<Batch> createReviewed(Ledger& ledger, Review& review, const Consent& consent);

@@ -2,7 +2,8 @@
 
 #include <QString>
 
-/// What ledger, guard and undo say to the user, each sentence once.
+/// What ledger and undo say to the user, each sentence once; what the guard says stands in the catalogue of
+/// table/.
 namespace ledger::texts {
 
 // The file. %1 is always its name.
@@ -272,142 +273,6 @@ inline QString notUnknown(const QString& instance, const QString& state)
 inline QString negativeLimit(const QString& column, const QString& cell)
 {
     return QStringLiteral("%1 不能为负数：%2").arg(column, cell);
-}
-
-// Refusals of the guard.
-
-inline QString notShown(int shown, int instances)
-{
-    return QStringLiteral("表格中有 %1 行，待创建的实例却有 %2 个：最近一次导入没有成功；请重新导入")
-        .arg(shown)
-        .arg(instances);
-}
-
-inline QString noQuantity(int count)
-{
-    return QStringLiteral("%1 行既没有委托数量也没有委托金额").arg(count);
-}
-
-inline QString negative(int count)
-{
-    return QStringLiteral("%1 行委托数量、金额或限价为负数").arg(count);
-}
-
-inline QString batchRows(int count, const QString& limit)
-{
-    return QStringLiteral("批次有 %1 行，超过单批上限 %2 行").arg(QString::number(count), limit);
-}
-
-inline QString participation(int count, const QString& limit)
-{
-    return QStringLiteral("%1 行最大市场占比超过上限 %2%").arg(QString::number(count), limit);
-}
-
-inline QString rowQuantity(int count, const QString& limit)
-{
-    return QStringLiteral("%1 行委托数量超过单行上限 %2").arg(QString::number(count), limit);
-}
-
-inline QString rowAmount(int count, const QString& limit)
-{
-    return QStringLiteral("%1 行金额超过单行上限 %2 元").arg(QString::number(count), limit);
-}
-
-inline QString securityAmount(int count, const QString& limit, const QString& symbols)
-{
-    return QStringLiteral("%1 只证券单边金额超过单证券上限 %2 元：%3")
-        .arg(QString::number(count), limit, symbols);
-}
-
-inline QString grossBuy(const QString& amount, const QString& limit)
-{
-    return QStringLiteral("买入总金额 %1 元超过上限 %2 元").arg(amount, limit);
-}
-
-inline QString grossSell(const QString& amount, const QString& limit)
-{
-    return QStringLiteral("卖出总金额 %1 元超过上限 %2 元").arg(amount, limit);
-}
-
-inline QString priceDistance(int count, const QString& limit)
-{
-    return QStringLiteral("%1 行限价偏离最新价超过 %2%").arg(QString::number(count), limit);
-}
-
-inline QString unpricedRefused(int count)
-{
-    return QStringLiteral("%1 行没有行情，无法核对金额上限").arg(count);
-}
-
-inline QString dayBuy(const QString& amount, const QString& limit)
-{
-    return QStringLiteral("账号当日买入 %1 元（含本批）超过当日上限 %2 元").arg(amount, limit);
-}
-
-inline QString daySell(const QString& amount, const QString& limit)
-{
-    return QStringLiteral("账号当日卖出 %1 元（含本批）超过当日上限 %2 元").arg(amount, limit);
-}
-
-inline QString dayInstances(const QString& count, const QString& limit)
-{
-    return QStringLiteral("账号当日 %1 个实例（含本批）超过当日上限 %2 个").arg(count, limit);
-}
-
-/// Found inside the transaction that creates: another desk was faster than the question.
-inline QString createdMeanwhile(const QString& by, const QString& batch, const QString& account)
-{
-    return QStringLiteral("%1 刚刚创建了相同的委托（批次 %2，账号 %3）").arg(by, batch, account);
-}
-
-// Warnings of the guard.
-
-inline QString sameFileElsewhere(int count, const QString& batches)
-{
-    return QStringLiteral("该文件今天在其他账号已创建过 %1 次（批次 %2）")
-        .arg(QString::number(count), batches);
-}
-
-inline QString sameFileLately(int count, const QString& batches)
-{
-    return QStringLiteral("该文件不久前已创建过 %1 次（批次 %2），请核对日期和本机时钟")
-        .arg(QString::number(count), batches);
-}
-
-inline QString sameFile(int count, const QString& batches)
-{
-    return QStringLiteral("该文件今天在此账号已创建过 %1 次（批次 %2）").arg(QString::number(count), batches);
-}
-
-inline QString sameRows(int count, const QString& batches)
-{
-    return QStringLiteral("%1 行与今天在此账号已创建的委托相同（批次 %2）")
-        .arg(QString::number(count), batches);
-}
-
-inline QString bothSides(int count, const QString& symbols)
-{
-    return QStringLiteral("%1 只证券同时买入和卖出：%2").arg(QString::number(count), symbols);
-}
-
-inline QString moneyLikeQuantity(int count)
-{
-    return QStringLiteral("%1 行委托数量像是金额，请核对").arg(count);
-}
-
-inline QString unpriced(int count)
-{
-    return QStringLiteral("%1 行没有行情，未计入金额").arg(count);
-}
-
-inline QString zeroLimit(int count)
-{
-    return QStringLiteral("%1 行限价为 0，将不限价").arg(count);
-}
-
-inline QString endBeforeStart(int count)
-{
-    return QStringLiteral("%1 行结束时间早于开始时间").arg(count);
 }
 
 // Consent.

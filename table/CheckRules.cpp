@@ -80,6 +80,7 @@ const QList<RuleEntry>& checkRules()
         {NoFreeNumber, Error, QStringLiteral("“%1”不是数字，将原样提交"),
          QStringLiteral("\"%1\" is no number and will be handed on as it stands")},
         {BelowZero, Error, QStringLiteral("“%1”小于0"), QStringLiteral("\"%1\" is below 0")},
+        {ZeroNumber, Error, QStringLiteral("“%1”应大于0"), QStringLiteral("\"%1\" must be above 0")},
         {NoPercent, Error, QStringLiteral("“%1”不在0到100之间"),
          QStringLiteral("\"%1\" is not within 0 and 100")},
         {SmallShare, Warning, QStringLiteral("“%1”表示百分之%1，是否应为%2"),

@@ -46,6 +46,7 @@ inline const QString Uncalculated = QStringLiteral("formula.uncalculated");
 inline const QString ShownOtherwise = QStringLiteral("number.shown"); ///< as taken, as shown
 inline const QString NoFreeNumber = QStringLiteral("number.invalid.free");
 inline const QString BelowZero = QStringLiteral("number.below");
+inline const QString ZeroNumber = QStringLiteral("number.below.zero");
 inline const QString NoPercent = QStringLiteral("number.percent");
 inline const QString SmallShare = QStringLiteral("share.small"); ///< number, what could be meant
 inline const QString PointForGroups = QStringLiteral("number.grouping");

@@ -1,6 +1,7 @@
 #include "validation/BatchRules.h"
 
 #include "host/AlgoConstants.h"
+#include "host/AlgoTradeLogicNew.h"
 #include "host/CBusinessDataBase.h"
 #include "host/CDataBase.h"
 #include "host/NorvikConstants.h"
@@ -141,6 +142,16 @@ std::optional<table::Fault> faultOfLegDirection(int row, const QVariantMap& leg)
 }
 
 } // namespace
+
+std::optional<table::Fault> faultOfChoice(const ChosenStrategy& strategy, const QString& tradingAccount)
+{
+    if (strategy.shown.isEmpty()) {
+        return table::fault(rule::NoAlgoType);
+    }
+    const bool isAuthorised = AlgoTradeLogicNew::GetInstance()->hasCorrespAuthority(
+        tradingAccount, strategy.code, Algo_Values::AlgoGlobalType::algo);
+    return isAuthorised ? std::nullopt : std::optional(table::fault(rule::NoAuthority, {strategy.alias}));
+}
 
 table::Faults faultsOfBatch(const Instances& instances, const strategy::Traits& traits,
                             const ChosenAccount& account)

@@ -23,6 +23,17 @@ struct ChosenAccount {
     QVariant data;
 };
 
+/// The strategy that a batch was imported for.
+struct ChosenStrategy {
+    QString shown; ///< by the box of algorithm types; empty: none is chosen
+    QString code;
+    QString alias;
+};
+
+/// What 确定 says before it looks at the batch: that no strategy is chosen, or that the account may not run
+/// it.
+std::optional<table::Fault> faultOfChoice(const ChosenStrategy& strategy, const QString& tradingAccount);
+
 /// What speaks against handing over the batch: of a lock strategy its legs, else its instances. An empty
 /// batch, and no account, are one fault of no row.
 table::Faults faultsOfBatch(const Instances& instances, const strategy::Traits& traits,

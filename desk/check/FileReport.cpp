@@ -1,19 +1,12 @@
 #include "desk/check/FileReport.h"
 
 #include "desk/check/ImportExpectation.h"
+#include "table/CheckRules.h"
 #include "table/Table.h"
 
 #include <algorithm>
 
 namespace {
-
-/// Meets the import's rule for notes; one with a single text, as templates have them, is no order.
-bool isSkippedOrder(const QStringList& cells)
-{
-    const auto filled = [](const QString& cell) { return !cell.trimmed().isEmpty(); };
-    return cells.size() > 2 && !filled(cells.at(0)) && !filled(cells.at(1)) &&
-           std::count_if(cells.begin(), cells.end(), filled) > 1;
-}
 
 /// The rows that an import looks at.
 QList<QStringList> dataRows(const QList<QStringList>& rows)
@@ -30,6 +23,17 @@ bool FileReport::hasErrors() const
     });
 }
 
+table::Faults FileReport::lostOrders() const
+{
+    table::Faults lost;
+    for (const table_lint::Finding& finding : findings) {
+        if (finding.fault.rule == table::rule::OrderWithoutCode) {
+            lost.append(finding.fault);
+        }
+    }
+    return lost;
+}
+
 FileReport fileReport(const table::Table& table, const QString& strategy, const QStringList& titles,
                       const ReferenceData& referenceData)
 {
@@ -41,7 +45,6 @@ FileReport fileReport(const table::Table& table, const QString& strategy, const 
     report.rowCount = table.rows.size();
     const QList<QStringList> data = dataRows(table.rows);
     report.orderCount = data.size() - int(std::count_if(data.begin(), data.end(), table::isBlankOrNote));
-    report.skippedRowCount = int(std::count_if(data.begin(), data.end(), isSkippedOrder));
     report.error = table.error;
     if (table.error.isEmpty()) {
         report.findings = table_lint::lint(table, importExpectation(strategy, titles, referenceData));

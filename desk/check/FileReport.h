@@ -25,15 +25,14 @@ struct FileReport {
     QString sha256;
     int rowCount = 0;   ///< rows read, the header among them; never above table::RowsToRead
     int orderCount = 0; ///< rows that the import takes for orders, of those that it looks at
-    /// Rows that the import passes over as notes, since their first two cells are empty, though more than one
-    /// of the others is filled: a note, or an order that lost its code.
-    int skippedRowCount = 0;
-    QString error; ///< a Chinese sentence where the file cannot be read; then there are no findings
+    QString error;      ///< a Chinese sentence where the file cannot be read; then there are no findings
     QList<table_lint::Finding> findings;
 
     bool isSpreadsheet() const { return format != QLatin1String("csv"); }
     /// A finding that spoils the import; an unreadable file has none.
     bool hasErrors() const;
+    /// Orders that the import passes over as notes, since they lost their code.
+    table::Faults lostOrders() const;
 };
 
 /// Of an inspected table. `titles`: the columns of `strategy`, with which those of the file are compared;

@@ -64,8 +64,11 @@ std::optional<NumberKind> kindOfTyped(const strategy::Column& column)
     }
     bool hasNumber = false;
     column.defaultValue.toDouble(&hasNumber);
-    if (holdsOneOf(title, {"占比"})) {
+    if (holdsOneOf(title, {"占比", "扫盘"})) {
         return NumberKind::Share;
+    }
+    if (holdsOneOf(title, {"配对比例", "间隔"})) {
+        return NumberKind::Positive;
     }
     if (holdsOneOf(title, {"%", "％"})) {
         return NumberKind::Percent;
@@ -73,7 +76,7 @@ std::optional<NumberKind> kindOfTyped(const strategy::Column& column)
     if (holdsOneOf(title, {"价差"})) {
         return NumberKind::Signed;
     }
-    const bool isNamedSo = holdsOneOf(title, {"金额", "数量", "间隔", "比例"});
+    const bool isNamedSo = holdsOneOf(title, {"金额", "数量", "比例"});
     return hasNumber || isNamedSo ? std::optional(NumberKind::Free) : std::nullopt;
 }
 
@@ -87,6 +90,7 @@ QMap<QString, NumberKind> generalNumbers()
     for (const QString& title : strategy::WholeNumberColumns) {
         kinds[title] = NumberKind::Whole;
     }
+    kinds[Algo_Values::AlgoParamId::SellBalance] = NumberKind::Amount;
     return kinds;
 }
 

@@ -7,9 +7,15 @@ namespace {
 
 ListModel::Cell shownSeverity(table::Severity severity)
 {
-    return severity == table::Severity::Error
-               ? ListModel::Cell{QStringLiteral("错误"), {}, QStringLiteral("error")}
-               : ListModel::Cell{QStringLiteral("警告"), {}, QStringLiteral("warning")};
+    switch (severity) {
+    case table::Severity::Error:
+        return {QStringLiteral("错误"), {}, QStringLiteral("error")};
+    case table::Severity::Warning:
+        return {QStringLiteral("警告"), {}, QStringLiteral("warning")};
+    case table::Severity::Notice:
+        break;
+    }
+    return {QStringLiteral("提示"), {}, QStringLiteral("notice")};
 }
 
 } // namespace

@@ -22,11 +22,11 @@ constexpr int SomeASecond = 10;
 struct Count {
     QString account;
     QString strategy; ///< "*": all of the account
-    QDateTime first;  ///< UTC
+    QDateTime first;  ///< of the orders, UTC
     QDateTime last;
-    int batches = 0;
-    qint64 orders = 0;   ///< instances; what was withdrawn before it was sent does not count
-    ledger::Decimal buy; ///< CNY
+    int batches = 0;     ///< created on the day
+    qint64 orders = 0;   ///< instances that went out; of an account that no gateway serves, those created
+    ledger::Decimal buy; ///< CNY, of the batches
     ledger::Decimal sell;
     int peak = 0; ///< orders of the busiest second
     QDateTime peakAt;
@@ -35,17 +35,19 @@ struct Count {
     bool isHighFrequency() const { return peak >= ManyASecond || orders >= ManyADay; }
 };
 
-/// Collects batches in any order. A batch's orders count in the second of its creation.
+/// Collects the batches and the orders of a day, in any order.
 ///
 ///     Counter counter(day);
-///     ledger->eachBatch([&](const Batch& batch) { counter.add(batch, withdrawn); return true; });
+///     counter.addBatch(batch);
+///     counter.addOrders(batch, sentAt, 3);
 class Counter {
 public:
     explicit Counter(const QDate& day) : mDay(day) {}
 
-    bool isOfDay(const ledger::Batch& batch) const;
-    /// `withdrawn`: orders of it that were taken back before they were sent.
-    void add(const ledger::Batch& batch, qint64 withdrawn);
+    /// Of another day: passed over, as with the orders.
+    void addBatch(const ledger::Batch& batch);
+    /// Orders of a batch that went out at a moment.
+    void addOrders(const ledger::Batch& batch, const QDateTime& at, qint64 orders);
     /// By account; the sum of an account stands behind its strategies.
     QList<Count> counts() const;
 
@@ -54,13 +56,15 @@ private:
         Count count;
         QMap<qint64, int> seconds; ///< since 1970 -> orders
     };
-    static void add(Collected& collected, const ledger::Batch& batch, qint64 orders);
+    QList<Collected*> collectedOf(const ledger::Batch& batch);
 
     QDate mDay;
     QMap<QPair<QString, QString>, Collected> mCollected;
 };
 
-/// The counts of a day.
+/// The counts of a day. An order counts at the moment at which the ledger let a gateway send it for the first
+/// time; one that no gateway sends, at its creation. What was withdrawn or rejected before it was sent, or
+/// still waits for that, is none.
 Outcome<QList<Count>> read(const ledger::Ledger& ledger, const QDate& day);
 
 /// A table for people, the header first. `software`: name and version of the program.

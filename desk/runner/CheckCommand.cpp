@@ -3,8 +3,10 @@
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/FaultJson.h"
+#include "desk/runner/JudgementJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
+#include "desk/verdict/Judge.h"
 #include "embedded_host/table_reader/TableFile.h"
 #include "strategy/Strategy.h"
 #include "table/CheckRules.h"
@@ -12,6 +14,9 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+
+#include <algorithm>
+#include <optional>
 
 namespace runner {
 
@@ -35,15 +40,44 @@ QJsonObject toJson(const table_lint::Finding& finding, const FileReport& report)
             {QStringLiteral("suggestions"), QJsonArray::fromStringList(finding.suggestions)}};
 }
 
-int statusOf(const FileReport& report, bool dialogComplained)
+/// What an import under a strategy makes of the file, and what would be said before its creation.
+struct Imported {
+    QJsonArray boxes;
+    table::Faults faults; ///< of the import, and of 确定 behind them
+    int orders = 0;
+    std::optional<verdict::Judgement> judgement; ///< of a batch that is not empty
+};
+
+/// How bad what stands in one line of a judgement is; whatever is done about it.
+table::Severity severityOf(const verdict::Line& line)
+{
+    table::Severity worst = table::Severity::Notice;
+    for (const table::Fault& fault : line.faults) {
+        worst = std::max(worst, fault.severity);
+    }
+    return line.faults.isEmpty() ? table::fault(line.rule).severity : worst;
+}
+
+table::Severity severityOf(const std::optional<verdict::Judgement>& judgement)
+{
+    table::Severity worst = table::Severity::Notice;
+    for (const verdict::Line& line : judgement ? judgement->lines : QList<verdict::Line>()) {
+        worst = std::max(worst, severityOf(line));
+    }
+    return worst;
+}
+
+int statusOf(const FileReport& report, const Imported& imported)
 {
     if (!report.error.isEmpty()) {
         return Unreadable;
     }
-    if (report.hasErrors() || dialogComplained) {
+    const table::Severity judged = severityOf(imported.judgement);
+    if (report.hasErrors() || !imported.boxes.isEmpty() || !imported.faults.isEmpty() ||
+        judged == table::Severity::Error) {
         return Errors;
     }
-    return report.findings.isEmpty() ? Clean : Warnings;
+    return report.findings.isEmpty() && judged == table::Severity::Notice ? Clean : Warnings;
 }
 
 QJsonObject toJson(const FileReport& report)
@@ -79,10 +113,36 @@ ImportedFile asTheDialogReads(const ImportedFile& file, const CommandLine& line)
     return plain;
 }
 
+/// What the guard would say, but for what only a ledger knows.
+std::optional<verdict::Judgement> judged(DialogDriver& driver, const ImportedFile& file,
+                                         const FileReport& report, const verdict::Desk& desk,
+                                         const ReferenceData& data)
+{
+    batch::DialogContent content = driver.content();
+    if (content.parameterMaps.isEmpty()) {
+        return std::nullopt;
+    }
+    content.fileSha256 = report.sha256;
+    return verdict::preview(batch::makeDraft(content), {content, file.table}, desk, data,
+                            QDateTime::currentDateTimeUtc());
+}
+
+Result printed(const FileReport& report, const Imported& imported, const QString& path)
+{
+    QJsonObject json = toJson(report);
+    json[QStringLiteral("file")] = path;
+    json[QStringLiteral("messageBoxes")] = imported.boxes;
+    json[QStringLiteral("faults")] = runner::toJson(imported.faults);
+    json[QStringLiteral("counts")] = countsOf(report, imported.orders);
+    json[QStringLiteral("guard")] =
+        imported.judgement ? QJsonValue(runner::toJson(*imported.judgement)) : QJsonValue(QJsonValue::Null);
+    return print(statusOf(report, imported), QJsonDocument(json));
+}
+
 } // namespace
 
-/// Reads the file, says what looks wrong in it, and with a strategy and an account what the import says.
-/// Nothing is created and no value changed.
+/// Reads the file, says what looks wrong in it, and with a strategy and an account what the import says and
+/// the guard would. Nothing is created and no value changed.
 Result checkFile(const CommandLine& line)
 {
     if (line.strategy.isEmpty() != line.account.isEmpty()) {
@@ -94,28 +154,31 @@ Result checkFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
-    const QString& path = line.files.first();
-    const ImportedFile file = ImportedFile::read(path, line.encoding);
-    QStringList titles;
-    QJsonArray boxes;
-    table::Faults faults;
-    if (!line.strategy.isEmpty()) {
-        DialogDriver driver(*host, line);
-        if (!driver.unknownName().isEmpty()) {
-            return refuse(driver.unknownName());
-        }
-        driver.importFile(asTheDialogReads(file, line));
-        titles = titlesOf(line.strategy, *host);
-        boxes = driver.boxes();
-        faults = driver.faults();
+    const Outcome<verdict::Desk> desk = verdict::Desk::read(referenceDataFolder(line));
+    if (!desk.ok()) {
+        return refuse(desk.error);
     }
-    FileReport report = fileReport(file.table, line.strategy, titles, host->referenceData());
-    report.sha256 = file.file->sha256().value;
-    QJsonObject json = toJson(report);
-    json[QStringLiteral("file")] = path;
-    json[QStringLiteral("messageBoxes")] = boxes;
-    json[QStringLiteral("faults")] = toJson(faults);
-    return print(statusOf(report, !boxes.isEmpty()), QJsonDocument(json));
+    const QString& path = line.files.first();
+    ImportedFile file = ImportedFile::read(path, line.encoding);
+    const auto reportOn = [&](const QStringList& titles) {
+        FileReport report = fileReport(file.table, line.strategy, titles, host->referenceData());
+        report.sha256 = file.file->sha256().value;
+        return report;
+    };
+    if (line.strategy.isEmpty()) {
+        return printed(reportOn({}), {}, path);
+    }
+    DialogDriver driver(*host, line);
+    if (!driver.unknownName().isEmpty()) {
+        return refuse(driver.unknownName());
+    }
+    const ImportedFile read = asTheDialogReads(file, line);
+    driver.importFile(read);
+    const FileReport report = reportOn(titlesOf(line.strategy, *host));
+    const Imported imported{driver.boxes(), driver.faults() + driver.confirmationFaults(),
+                            driver.importedRows(),
+                            judged(driver, read, report, desk.value, host->referenceData())};
+    return printed(report, imported, path);
 }
 
 } // namespace runner

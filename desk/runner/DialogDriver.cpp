@@ -7,6 +7,7 @@
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
 #include "host/ZelMessageBox.h"
+#include "host/ZelTableView.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -54,6 +55,7 @@ void DialogDriver::importFile(const ImportedFile& file)
                          mSignal = QJsonObject{{QStringLiteral("name"), QStringLiteral("signalBtnOkClicked")},
                                                {QStringLiteral("createdClose"), createdClose}};
                      });
+    mTable = file.table;
     mDialog->CreateStrategyInitWidget(AlgoTradeLogicNew::GetInstance()->GetStrategy(mLine.strategy));
     const DialogProbe probe(*mDialog);
     probe.accounts().SetCurTradingAccount(mLine.account);
@@ -69,14 +71,31 @@ void DialogDriver::switchAccountAndConfirm()
     if (!mLine.switchAccount.isEmpty()) {
         const int boxes = errorTexts().size();
         probe.accounts().SetCurTradingAccount(mLine.switchAccount);
-        mBatchFaults +=
-            faultsSince(boxes, [&] { return probe.faults().ofAccount(mDialog->getWidgetData()); });
+        mBatchFaults += faultsSince(
+            boxes, [&] { return probe.faults().ofAccount(mDialog->getWidgetData(), mTable, mPath); });
     }
     if (mLine.confirm) {
         const int boxes = errorTexts().size();
         probe.confirmButton().click();
-        mBatchFaults += faultsSince(boxes, [&] { return probe.faults().ofBatch(mDialog->getWidgetData()); });
+        mBatchFaults += faultsSince(
+            boxes, [&] { return probe.faults().ofBatch(mDialog->getWidgetData(), mTable, mPath); });
     }
+}
+
+table::Faults DialogDriver::confirmationFaults() const
+{
+    const validation::Instances batch = mDialog->getWidgetData();
+    return batch.isEmpty() ? table::Faults() : DialogProbe(*mDialog).faults().ofBatch(batch, mTable, mPath);
+}
+
+QStringList DialogDriver::columns() const
+{
+    return DialogProbe(*mDialog).table().headNames();
+}
+
+int DialogDriver::importedRows() const
+{
+    return DialogProbe(*mDialog).table().getViewData().size();
 }
 
 QStringList DialogDriver::errorTexts() const

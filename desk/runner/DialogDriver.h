@@ -48,6 +48,11 @@ public:
     const table::Faults& fileFaults() const { return mFileFaults; }
     const table::Faults& batchFaults() const { return mBatchFaults; }
     table::Faults faults() const { return mFileFaults + mBatchFaults; }
+    /// What 确定 would say of the batch; none of an empty one.
+    table::Faults confirmationFaults() const;
+    /// Titles of the table, and the rows that it shows.
+    QStringList columns() const;
+    int importedRows() const;
     /// What the desk takes over on confirmation.
     batch::DialogContent content();
     /// Why the imported file has no digest, which a creation needs; empty where it has.
@@ -63,6 +68,7 @@ private:
     EmbeddedHost& mHost;
     CommandLine mLine;
     QString mPath;
+    table::Table mTable; ///< as the dialog was offered it
     RecordingPrompts mPrompts;
     std::unique_ptr<AlgoBatchImportParamSetting> mDialog;
     Outcome<QString> mDigest;

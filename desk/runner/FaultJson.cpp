@@ -2,8 +2,6 @@
 
 #include "table/FaultCatalogue.h"
 
-#include <QJsonObject>
-
 namespace runner {
 
 QJsonArray toJson(const table::Faults& faults)
@@ -20,6 +18,15 @@ QJsonArray toJson(const table::Faults& faults)
                                  {QStringLiteral("text"), table::sentence(fault)}});
     }
     return array;
+}
+
+QJsonObject countsOf(const FileReport& report, int imported)
+{
+    const int skipped = report.lostOrders().size();
+    return {{QStringLiteral("orders"), report.orderCount + skipped},
+            {QStringLiteral("imported"), imported},
+            {QStringLiteral("refused"), qMax(0, report.orderCount - imported)},
+            {QStringLiteral("skipped"), skipped}};
 }
 
 } // namespace runner

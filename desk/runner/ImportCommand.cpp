@@ -1,3 +1,4 @@
+#include "desk/check/FileReport.h"
 #include "desk/check/ImportedFile.h"
 #include "desk/check/RejectedRows.h"
 #include "desk/runner/Commands.h"
@@ -13,7 +14,9 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <functional>
+#include <limits>
 
 namespace runner {
 
@@ -150,6 +153,17 @@ QJsonObject writeRejects(const table::Table& table, const table::Faults& faults,
     return rejectsToJson(out, rows.size(), rejected_rows::write(out, table, rows));
 }
 
+/// Those of no line stand last, as before.
+table::Faults byLine(table::Faults faults)
+{
+    const auto place = [](const table::Fault& fault) {
+        return fault.line > 0 ? fault.line : std::numeric_limits<int>::max();
+    };
+    std::stable_sort(faults.begin(), faults.end(),
+                     [&](const table::Fault& a, const table::Fault& b) { return place(a) < place(b); });
+    return faults;
+}
+
 } // namespace
 
 Result importFile(const CommandLine& line)
@@ -176,8 +190,11 @@ Result importFile(const CommandLine& line)
     driver.switchAccountAndConfirm();
 
     QJsonObject json = driver.toJson();
+    const FileReport report = fileReport(file.table, line.strategy, driver.columns(), host->referenceData());
+    const table::Faults ofFile = byLine(driver.fileFaults() + report.lostOrders());
+    json[QStringLiteral("counts")] = countsOf(report, driver.importedRows());
     if (line.faults) {
-        json[QStringLiteral("faults")] = toJson(driver.faults());
+        json[QStringLiteral("faults")] = toJson(ofFile + driver.batchFaults());
     }
     bool complained = !driver.shownBoxes().isEmpty();
     Creation creation{{}, Done, nullptr};
@@ -187,7 +204,7 @@ Result importFile(const CommandLine& line)
         complained = complained || creation.status == Complained;
     }
     if (!line.rejects.isEmpty()) {
-        const QJsonObject rejects = writeRejects(file.table, driver.fileFaults(), line.rejects);
+        const QJsonObject rejects = writeRejects(file.table, ofFile, line.rejects);
         json[QStringLiteral("rejects")] = rejects;
         complained = complained || !rejects[QStringLiteral("error")].toString().isEmpty();
     }

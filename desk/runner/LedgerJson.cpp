@@ -52,7 +52,7 @@ QJsonObject findingToJson(const Finding& finding)
 {
     return {{key("rule"), finding.rule},
             {key("count"), finding.count},
-            {key("text"), finding.text},
+            {key("text"), finding.text()},
             {key("rows"), arrayOf(finding.rows, [](int row) { return row; })}};
 }
 

@@ -26,21 +26,4 @@ const QHash<QString, Action>& floors()
     return table;
 }
 
-const QStringList& ledgerRules()
-{
-    static const QStringList names = {QStringLiteral("notShown"),       QStringLiteral("noQuantity"),
-                                      QStringLiteral("negative"),       QStringLiteral("batchRows"),
-                                      QStringLiteral("rowQuantity"),    QStringLiteral("rowAmount"),
-                                      QStringLiteral("securityAmount"), QStringLiteral("grossBuy"),
-                                      QStringLiteral("grossSell"),      QStringLiteral("priceDistance"),
-                                      QStringLiteral("participation"),  QStringLiteral("unpriced"),
-                                      QStringLiteral("sameFile"),       QStringLiteral("sameRows"),
-                                      QStringLiteral("bothSides"),      QStringLiteral("moneyLikeQuantity"),
-                                      QStringLiteral("zeroLimit"),      QStringLiteral("endBeforeStart"),
-                                      QStringLiteral("halted"),         QStringLiteral("dayBuy"),
-                                      QStringLiteral("daySell"),        QStringLiteral("dayInstances"),
-                                      QStringLiteral("sameFileLately")};
-    return names;
-}
-
 } // namespace verdict

@@ -2,15 +2,14 @@
 
 #include "desk/batch/HostPrices.h"
 #include "desk/check/FileReport.h"
+#include "desk/check/OrderPlaces.h"
 #include "desk/verdict/OrderRules.h"
 #include "embedded_host/reference_data/ReferenceData.h"
-#include "import/TableReading.h"
-#include "strategy/Strategy.h"
-#include "table/CheckRules.h"
+#include "host/CommonQuotaHandler.h"
 #include "table/FaultCatalogue.h"
 #include "table/GuardRules.h"
 
-#include <QHash>
+#include <algorithm>
 
 namespace verdict {
 
@@ -18,27 +17,20 @@ namespace rule = table::rule;
 
 namespace {
 
-strategy::Strategy schemaOf(const AesStrategy& offered)
-{
-    const Outcome<strategy::Strategy> parsed =
-        strategy::Strategy::parse(offered.name(), offered.alias(), offered.paramFormats());
-    return parsed.ok() ? parsed.value
-                       : strategy::Strategy::withoutParameters(offered.name(), offered.alias());
-}
-
 /// One batch on its way to a judgement.
 class Case {
 public:
     Case(const Confirmed& confirmed, const Desk& desk, const ReferenceData& data)
-        : mContent(confirmed.content), mTable(confirmed.table), mDesk(desk), mData(data)
+        : mContent(confirmed.content), mTable(confirmed.table), mDesk(desk), mData(data),
+          mOrders(mContent.parameterMaps.size())
     {
+        const tagUserAccountInfo* account = data.account(mContent.account);
+        mAccountName = account == nullptr ? QString() : account->name;
         if (const AesStrategy* offered = data.strategy(mContent.strategy)) {
-            mSchema = schemaOf(*offered);
+            mPlaces =
+                OrderPlaces(*offered, {mContent.account, account == nullptr ? QString() : account->assetProp},
+                            mTable, mContent.filePath);
         }
-        for (int row = 0; row < mTable.rows.size(); ++row) {
-            mRowOfLine.insert(mTable.lineOf(row), row);
-        }
-        readAgain();
         mReport = fileReport(mTable, mContent.strategy, mContent.columns, data);
     }
 
@@ -49,35 +41,29 @@ public:
         made.summary = summary(review);
         table::Faults faults = missingRows() + orderFaults(review, now);
         for (table::Fault& fault : faults) {
-            place(fault);
+            mPlaces.place(fault, mOrders);
         }
         for (const table_lint::Finding& finding : mReport.findings) {
             faults.append(finding.fault);
         }
-        made.lines = inOrder(withReasons(linesOf(faults, mDesk.actions)) +
-                             linesOf(review.verdict, mDesk.actions, mLines));
+        made.lines = inOrder(withReasons(linesOf(faults, mDesk.actions)) + placed(review.verdict));
         return made;
     }
 
 private:
-    /// The rows as the dialog read them: what it refused, and on which line each order stands. After a change
-    /// of account the refusals may be others; then nobody knows the lines.
-    void readAgain()
+    int refusedRows() const { return qMax(0, mReport.orderCount - mOrders); }
+
+    /// What the ledger's guard found, each row with its line and cell.
+    QList<Line> placed(const ledger::Verdict& verdict) const
     {
-        const tagUserAccountInfo* account = mData.account(mContent.account);
-        const import::Account of = {mContent.account, account == nullptr ? QString() : account->assetProp};
-        const import::Reading reading =
-            import::readRows(mSchema, mTable, of, import::dateTimeFormatOf(mContent.filePath));
-        if (reading.records.size() == mContent.parameterMaps.size()) {
-            mLines = reading.lines;
-            mRefused = reading.faults;
-            if (reading.end) {
-                mRefused.append(*reading.end);
+        QList<Line> lines = linesOf(verdict, mDesk.actions);
+        for (Line& line : lines) {
+            for (table::Fault& fault : line.faults) {
+                mPlaces.place(fault, mOrders);
             }
         }
+        return lines;
     }
-
-    int refusedRows() const { return qMax(0, mReport.orderCount - mContent.parameterMaps.size()); }
 
     table::Faults missingRows() const
     {
@@ -98,7 +84,8 @@ private:
         for (Line& line : lines) {
             if (line.rule == rule::MissingRows) {
                 line.count = refusedRows();
-                line.faults = mRefused.isEmpty() ? line.faults : mRefused;
+                const bool isKnown = mPlaces.linesOf(mOrders).size() == mOrders;
+                line.faults = isKnown && !mPlaces.refused().isEmpty() ? mPlaces.refused() : line.faults;
             }
         }
         return lines;
@@ -106,72 +93,37 @@ private:
 
     table::Faults orderFaults(const ledger::Review& review, const QDateTime& now) const
     {
-        Orders orders{
-            review.draft, review.limits, mDesk.calendar, now, mSchema.traits.has(strategy::Futures), {}, {}};
+        Orders orders{review.draft, review.limits, mDesk.calendar, now};
+        orders.isFutures = mPlaces.strategy().traits.has(strategy::Futures);
+        orders.accountName = mAccountName;
         orders.isBondRepo = [this](const QString& symbol) {
             const Security* security = mData.security(symbol);
             return security != nullptr && security->bondRepo;
         };
-        orders.typed = [this](int row, const QStringList& titles) { return cellOf(row, titles); };
+        orders.lastRate = [](const QString& symbol) {
+            return ledger::Decimal::fromDouble(CommonQuotaHandler::getLastPriceFromTick(
+                CommonQuotaHandler::instance()->GetQuotaSnapshot(symbol, 0)));
+        };
+        orders.isAccount = [this](const QString& text) { return isAccount(text); };
+        orders.typed = [this](int row, const QString& column) { return mPlaces.typed(row, column, mOrders); };
         return faultsOfOrders(orders);
     }
 
-    /// Row of the table in the file, of a row of the batch; -1 where nobody knows.
-    int fileRowOf(int row) const
+    bool isAccount(const QString& text) const
     {
-        const int line = mLines.value(row - 1);
-        return line > 0 ? mRowOfLine.value(line, -1) : -1;
-    }
-
-    int fileColumnOf(const QStringList& titles) const
-    {
-        for (const QString& title : titles) {
-            const int column = mTable.rows.value(0).indexOf(title);
-            if (column >= 0) {
-                return column;
-            }
-        }
-        return -1;
-    }
-
-    /// Where nobody knows the row, a column that the file has counts as typed.
-    QString cellOf(int row, const QStringList& titles) const
-    {
-        const int column = fileColumnOf(titles);
-        const int fileRow = fileRowOf(row);
-        if (column < 0) {
-            return QString();
-        }
-        return fileRow < 0 ? titles.first() : mTable.rows.at(fileRow).value(column);
-    }
-
-    void place(table::Fault& fault) const
-    {
-        const int fileRow = fault.row > 0 ? fileRowOf(fault.row) : -1;
-        if (fileRow < 0) {
-            return;
-        }
-        fault.line = mTable.lineOf(fileRow);
-        const QStringList titles = startTitles().contains(fault.column) ? startTitles()
-                                   : endTitles().contains(fault.column) ? endTitles()
-                                                                        : QStringList{fault.column};
-        const int column = fileColumnOf(titles);
-        if (column >= 0) {
-            fault.column = mTable.rows.first().at(column);
-            fault.cell = mTable.rows.at(fileRow).value(column);
-        }
+        const QList<tagUserAccountInfo>& accounts = mData.tables().accounts;
+        return std::any_of(accounts.begin(), accounts.end(), [&](const tagUserAccountInfo& account) {
+            return account.tradingAccount == text || account.name == text;
+        });
     }
 
     Summary summary(const ledger::Review& review) const
     {
         Summary made = summaryOf(review.draft);
-        const tagUserAccountInfo* account = mData.account(review.draft.account);
-        made.accountName = account == nullptr ? QString() : account->name;
-        made.strategyName = mSchema.alias;
+        made.accountName = mAccountName;
+        made.strategyName = mPlaces.strategy().alias;
         made.refused = refusedRows();
-        for (const table_lint::Finding& finding : mReport.findings) {
-            made.skipped += finding.fault.rule == rule::OrderWithoutCode ? 1 : 0;
-        }
+        made.skipped = mReport.lostOrders().size();
         made.optedOut = ledger::optedOut(mDesk.limits, review.draft.account, review.draft.strategy);
         addStanding(made, review.standing);
         return made;
@@ -181,14 +133,21 @@ private:
     const table::Table& mTable;
     const Desk& mDesk;
     const ReferenceData& mData;
-    strategy::Strategy mSchema;
+    const int mOrders; ///< in the batch
+    OrderPlaces mPlaces;
+    QString mAccountName;
     FileReport mReport;
-    QHash<int, int> mRowOfLine;
-    QList<int> mLines; ///< of each row of the batch; empty: nobody knows
-    table::Faults mRefused;
 };
 
 } // namespace
+
+Judgement preview(const ledger::BatchDraft& draft, const Confirmed& confirmed, const Desk& desk,
+                  const ReferenceData& data, const QDateTime& now)
+{
+    const ledger::Review review =
+        ledger::reviewAgainst(ledger::Standing(), draft, desk.limits, batch::hostPrices(draft));
+    return Case(confirmed, desk, data).judgement(review, now);
+}
 
 Outcome<Judgement> judge(const ledger::Ledger& ledger, const ledger::BatchDraft& draft,
                          const Confirmed& confirmed, const Desk& desk, const ReferenceData& data,

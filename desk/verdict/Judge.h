@@ -28,4 +28,8 @@ Outcome<Judgement> judge(const ledger::Ledger& ledger, const ledger::BatchDraft&
                          const Confirmed& confirmed, const Desk& desk, const ReferenceData& data,
                          const QDateTime& now);
 
+/// The same without a ledger: nothing of the day, of halts and of what was created before.
+Judgement preview(const ledger::BatchDraft& draft, const Confirmed& confirmed, const Desk& desk,
+                  const ReferenceData& data, const QDateTime& now);
+
 } // namespace verdict

@@ -1,5 +1,6 @@
 #include "desk/verdict/Judgement.h"
 
+#include "host/AlgoConstants.h"
 #include "ledger/LedgerTexts.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
@@ -44,22 +45,29 @@ QString textOf(const table::Faults& faults)
     return text;
 }
 
-table::Fault faultOf(const ledger::Finding& finding, int row, const QList<int>& lines)
+/// The column that a rule of the ledger is about; empty where it is about none, or several.
+QString columnOf(const QString& rule)
 {
-    table::Fault fault;
-    fault.rule = finding.rule;
-    fault.row = row;
-    fault.line = lines.value(row - 1);
-    return fault;
+    namespace Info = Algo_Fields::AlgoInstContentInfo;
+    namespace known = table::rule;
+    static const QHash<QString, QString> columns = {
+        {known::NoQuantity, Info::Quantity},        {known::RowQuantity, Info::Quantity},
+        {known::MoneyLikeQuantity, Info::Quantity}, {known::PriceDistance, Info::PriceLimits},
+        {known::ZeroLimit, Info::PriceLimits},      {known::Participation, Info::participationrate},
+        {known::EndBeforeStart, Info::AlgoEndTime}};
+    return columns.value(rule);
 }
 
 void append(QList<Line>& lines, const QList<ledger::Finding>& findings, Action floor,
-            const RuleActions& actions, const QList<int>& fileLines)
+            const RuleActions& actions)
 {
     for (const ledger::Finding& finding : findings) {
-        Line line{finding.rule, actions.of(finding.rule, floor), finding.text, finding.count, {}};
+        Line line{finding.rule, actions.of(finding.rule, floor), finding.text(), finding.count, {}};
         for (const int row : finding.rows) {
-            line.faults.append(faultOf(finding, row, fileLines));
+            table::Fault fault = table::fault(finding.rule, finding.arguments);
+            fault.row = row;
+            fault.column = columnOf(finding.rule);
+            line.faults.append(fault);
         }
         lines.append(line);
     }
@@ -116,11 +124,11 @@ QList<Line> linesOf(const table::Faults& faults, const RuleActions& actions)
     return lines;
 }
 
-QList<Line> linesOf(const ledger::Verdict& verdict, const RuleActions& actions, const QList<int>& lines)
+QList<Line> linesOf(const ledger::Verdict& verdict, const RuleActions& actions)
 {
     QList<Line> all;
-    append(all, verdict.refusals, Action::Refuse, actions, lines);
-    append(all, verdict.warnings, Action::Ask, actions, lines);
+    append(all, verdict.refusals, Action::Refuse, actions);
+    append(all, verdict.warnings, Action::Ask, actions);
     return all;
 }
 

@@ -35,8 +35,8 @@ struct Judgement {
 
 /// Faults in one line a rule, in the order in which their rules were found first.
 QList<Line> linesOf(const table::Faults& faults, const RuleActions& actions);
-/// What the ledger's guard found; `lines`: of the file, by row of the batch.
-QList<Line> linesOf(const ledger::Verdict& verdict, const RuleActions& actions, const QList<int>& lines);
+/// What the ledger's guard found; of its faults the row and the column are known.
+QList<Line> linesOf(const ledger::Verdict& verdict, const RuleActions& actions);
 
 /// In the order in which people read them.
 QList<Line> inOrder(QList<Line> lines);

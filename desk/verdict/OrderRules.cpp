@@ -6,6 +6,8 @@
 #include "table/GuardRules.h"
 
 #include <QMap>
+#include <QPair>
+#include <QSet>
 
 #include <algorithm>
 
@@ -24,6 +26,17 @@ constexpr int MoneyLikeAmount = 100000000;
 constexpr int ShanghaiOffset = 8 * 3600;
 
 const QString PairNumber = QStringLiteral("配对编号");
+const QString& Start = Algo_Fields::AlgoInstContentInfo::AlgoStartTime;
+const QString& End = Algo_Fields::AlgoInstContentInfo::AlgoEndTime;
+
+/// Titles under which a file may name an account, though the import reads none.
+const QStringList& accountTitles()
+{
+    static const QStringList titles =
+        QStringLiteral("交易账号 资金账号 账号 账户 交易账户 资金账户 账户名称 资产账号 account")
+            .split(QLatin1Char(' '));
+    return titles;
+}
 
 QString shown(const QDateTime& time)
 {
@@ -46,9 +59,11 @@ public:
     {
         for (int i = 0; i < mOrders.draft.instances.size(); ++i) {
             const InstanceDraft& instance = mOrders.draft.instances.at(i);
+            checkAccount(i + 1);
             checkTimes(i + 1, instance);
             checkDirections(i + 1, instance);
             checkMoney(i + 1, instance);
+            checkRates(i + 1, instance);
             checkLegs(i + 1, instance);
         }
         checkPairs();
@@ -64,29 +79,63 @@ private:
         mFaults.append(fault);
     }
 
-    QString typed(int row, const QStringList& titles) const
+    QString typed(int row, const QString& column) const
     {
-        return mOrders.typed ? mOrders.typed(row, titles) : QString();
+        return mOrders.typed ? mOrders.typed(row, column) : QString();
+    }
+
+    void checkAccount(int row)
+    {
+        for (const QString& title : mOrders.isAccount ? accountTitles() : QStringList()) {
+            const QString named = typed(row, title).trimmed();
+            if (!named.isEmpty() && named != mOrders.draft.account && named != mOrders.accountName &&
+                mOrders.isAccount(named)) {
+                return add(rule::OtherAccount, row, title, {named, mOrders.draft.account});
+            }
+        }
     }
 
     void checkTimes(int row, const InstanceDraft& instance)
     {
         const QDateTime start = asExchangeTime(instance.start);
         const QDateTime end = asExchangeTime(instance.end);
-        const bool typedStart = !typed(row, startTitles()).isEmpty();
-        const bool typedEnd = !typed(row, endTitles()).isEmpty();
+        const bool typedStart = !typed(row, Start).isEmpty();
+        const bool typedEnd = !typed(row, End).isEmpty();
         if (start.isValid() && start == end) {
-            add(rule::NoTime, row, endTitles().first());
+            add(rule::NoTime, row, End);
         }
         if (end.isValid() && end <= mNow) {
-            add(rule::EndIsPast, row, endTitles().first(), {shown(end)});
+            add(rule::EndIsPast, row, End, {shown(end)});
         }
         if (typedStart && start.isValid() && start < mNow) {
-            add(rule::StartIsPast, row, startTitles().first(), {shown(start)});
+            add(rule::StartIsPast, row, Start, {shown(start)});
         }
-        checkMoment(row, instance, start, startTitles().first(), typedStart);
-        checkMoment(row, instance, end, endTitles().first(), typedEnd);
+        const int found = mFaults.size();
+        checkMoment(row, instance, start, Start, typedStart);
+        checkMoment(row, instance, end, End, typedEnd);
+        if (typedEnd && start.isValid() && start < end && mFaults.size() == found) {
+            checkSpan(row, instance, start, end);
+        }
     }
+
+    /// Both ends are sound by themselves.
+    void checkSpan(int row, const InstanceDraft& instance, const QDateTime& start, const QDateTime& end)
+    {
+        if (start.secsTo(end) < ShortSeconds) {
+            return add(rule::ShortTime, row, End, {QString::number(start.secsTo(end))});
+        }
+        for (const Leg& leg : instance.legs) {
+            if (end.date() > mOrders.calendar.lastDayOf(leg.exchange, start)) {
+                return add(rule::SeveralDays, row, End,
+                           {start.date().toString(Qt::ISODate), end.date().toString(Qt::ISODate)});
+            }
+            if (!mOrders.calendar.tradesWithin(leg.exchange, start, end, isRepo(leg))) {
+                return add(rule::OutsideHours, row, Start, {shown(start), leg.exchange});
+            }
+        }
+    }
+
+    bool isRepo(const Leg& leg) const { return mOrders.isBondRepo && mOrders.isBondRepo(leg.symbol); }
 
     /// One that the import filled in is today's; of it nothing but the day is asked.
     void checkMoment(int row, const InstanceDraft& instance, const QDateTime& time, const QString& column,
@@ -109,11 +158,10 @@ private:
                       bool isTyped)
     {
         for (const Leg& leg : instance.legs) {
-            const bool isRepo = mOrders.isBondRepo && mOrders.isBondRepo(leg.symbol);
-            if (mOrders.calendar.isWithinHours(leg.exchange, time, isRepo)) {
+            if (mOrders.calendar.isWithinHours(leg.exchange, time, isRepo(leg))) {
                 continue;
             }
-            const Calendar::Day day = mOrders.calendar.day(leg.exchange, time.date(), isRepo);
+            const Calendar::Day day = mOrders.calendar.day(leg.exchange, time.date(), isRepo(leg));
             if (day.state == Calendar::State::Closed) {
                 const QString why = day.note.isEmpty() ? QStringLiteral("周末") : day.note;
                 return add(rule::ClosedDay, row, column,
@@ -156,6 +204,19 @@ private:
         }
     }
 
+    void checkRates(int row, const InstanceDraft& instance)
+    {
+        for (const Leg& leg : instance.legs) {
+            const Decimal last = isRepo(leg) && mOrders.lastRate ? mOrders.lastRate(leg.symbol) : Decimal();
+            const bool isOdd =
+                leg.limitPrice > last * Decimal(RateFactor) || leg.limitPrice * Decimal(RateFactor) < last;
+            if (last > 0 && leg.limitPrice > 0 && isOdd) {
+                return add(rule::OddRateOfDay, row, Algo_Fields::AlgoInstContentInfo::PriceLimits,
+                           {leg.limitPrice.text(), last.text()});
+            }
+        }
+    }
+
     /// The two legs of a lock.
     void checkLegs(int row, const InstanceDraft& instance)
     {
@@ -178,22 +239,26 @@ private:
         struct Pair {
             QList<int> rows;
             QList<Leg> legs;
+            QSet<QPair<QDateTime, QDateTime>> times;
         };
         QMap<QString, Pair> pairs;
         for (int i = 0; i < mOrders.draft.instances.size(); ++i) {
             const InstanceDraft& instance = mOrders.draft.instances.at(i);
-            const QString number = instance.parameters.value(PairNumber).toString().trimmed();
-            if (!number.isEmpty()) {
+            const QString number = instance.parameters.value(PairNumber).toString(); // as it is sent
+            if (!number.trimmed().isEmpty()) {
                 pairs[number].rows.append(i + 1);
                 pairs[number].legs += instance.legs;
+                pairs[number].times.insert({instance.start, instance.end});
             }
         }
         for (auto pair = pairs.cbegin(); pair != pairs.cend(); ++pair) {
             const bool isHalf = pair->legs.size() < 2;
-            if (isHalf || isOneSided(pair->legs)) {
-                for (const int row : pair->rows) {
-                    add(isHalf ? rule::HalfPair : rule::OneSide, row, PairNumber, {pair.key()});
-                }
+            const QString fault = isHalf                   ? rule::HalfPair
+                                  : isOneSided(pair->legs) ? rule::OneSide
+                                  : pair->times.size() > 1 ? rule::PairTimes
+                                                           : QString();
+            for (const int row : fault.isEmpty() ? QList<int>() : pair->rows) {
+                add(fault, row, PairNumber, {pair.key()});
             }
         }
     }
@@ -204,18 +269,6 @@ private:
 };
 
 } // namespace
-
-const QStringList& startTitles()
-{
-    static const QStringList titles = {QStringLiteral("开始时间"), QStringLiteral("算法开始时间")};
-    return titles;
-}
-
-const QStringList& endTitles()
-{
-    static const QStringList titles = {QStringLiteral("结束时间"), QStringLiteral("算法过期时间")};
-    return titles;
-}
 
 table::Faults faultsOfOrders(const Orders& orders)
 {

@@ -6,7 +6,6 @@
 #include "table/Fault.h"
 
 #include <QDateTime>
-#include <QSet>
 
 #include <functional>
 
@@ -19,9 +18,15 @@ struct Orders {
     const Calendar& calendar;
     QDateTime now; ///< of any zone
     bool isFutures = false;
-    std::function<bool(const QString& symbol)> isBondRepo; ///< null: none is
-    /// What the row's cell under one of these titles of the file holds; empty where the import filled it in.
-    std::function<QString(int row, const QStringList& titles)> typed;
+    QString accountName = {};                                        ///< of the chosen one
+    std::function<bool(const QString& symbol)> isBondRepo = nullptr; ///< null: none is
+    /// Of a bond repo; 0, or null: not known.
+    std::function<ledger::Decimal(const QString& symbol)> lastRate = nullptr;
+    std::function<bool(const QString& text)> isAccount =
+        nullptr; ///< a trading account, by number or name; null: none is
+    /// What the row's cell under a column holds in the file, by the column's title or identifier or by the
+    /// file's own title; empty where the import filled it in.
+    std::function<QString(int row, const QString& column)> typed = nullptr;
 };
 
 /// What the orders cannot mean, or hardly: a pure function. `row` counts the batch's rows from 1; lines,
@@ -29,12 +34,12 @@ struct Orders {
 table::Faults faultsOfOrders(const Orders& orders);
 
 /// Days ahead that nobody orders for.
-constexpr int FarDays = 60;
+constexpr int FarDays = 20;
+/// Seconds between start and end that no algorithm can do anything with.
+constexpr int ShortSeconds = 60;
+/// A rate is odd that is so many times the last one, or so many times less.
+constexpr int RateFactor = 4;
 /// A quantity refuses that is worth so many times what looks like money.
 constexpr int MoneyFactor = 10;
-
-/// Titles under which a file names a start and an end.
-const QStringList& startTitles();
-const QStringList& endTitles();
 
 } // namespace verdict

@@ -5,6 +5,7 @@
 #include "embedded_host/reference_data/ReferenceFolder.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
+#include "table/GuardRules.h"
 
 #include <QMap>
 
@@ -36,7 +37,7 @@ Action floorOfSeverity(table::Severity severity)
 /// The strictest of the sentences of one rule; nothing where nobody knows the rule.
 std::optional<Action> floorOfName(const QString& rule)
 {
-    if (ledgerRules().contains(rule)) {
+    if (table::rule::isOfLedger(rule) && table::findRule(rule) != nullptr) {
         return Action::Tell; // whether it refuses is the ledger's to say
     }
     std::optional<Action> floor;

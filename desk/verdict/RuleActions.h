@@ -5,7 +5,6 @@
 
 #include <QHash>
 #include <QString>
-#include <QStringList>
 
 namespace verdict {
 
@@ -42,9 +41,7 @@ private:
     QHash<QString, Action> mStricter;
 };
 
-/// Rules whose floor is not the one of their severity, and those of the ledger. For RuleActions alone.
+/// Rules whose floor is not the one of their severity. For RuleActions alone.
 const QHash<QString, Action>& floors();
-/// What the ledger's guard names its findings.
-const QStringList& ledgerRules();
 
 } // namespace verdict

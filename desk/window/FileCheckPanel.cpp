@@ -41,7 +41,7 @@ QString factsOf(const FileReport& report)
         {QStringLiteral("分隔符"), separatorName(report.separator)},
         {QStringLiteral("工作表"), report.sheet},
         {QStringLiteral("行数"), report.format.isEmpty() ? QString() : rowCountText(report.rowCount)},
-        {QStringLiteral("前两格为空而跳过"), skippedText(report.skippedRowCount)},
+        {QStringLiteral("前两格为空而跳过"), skippedText(report.lostOrders().size())},
         {QStringLiteral("SHA-256"), report.sha256}};
     QStringList known;
     for (const auto& fact : all) {

@@ -112,22 +112,31 @@ void ImportPage::takeFile(const QString& path)
 void ImportPage::showProblem(const QString& text, DialogFrame::Subject subject)
 {
     const DialogFaults dialog = mFrame->faults();
+    const validation::Instances batch = mFrame->dialog()->getWidgetData();
     switch (subject) {
     case DialogFrame::Subject::File:
         mProblems->addOfFile(DialogFaults::orWords(dialog.ofFile(mFile.table, mFile.path), text));
         break;
     case DialogFrame::Subject::Account:
-        mProblems->showOfBatch(
-            DialogFaults::orWords(dialog.ofAccount(mFrame->dialog()->getWidgetData()), text));
+        mProblems->showOfBatch(DialogFaults::orWords(dialog.ofAccount(batch, mFile.table, mFile.path), text));
         break;
     case DialogFrame::Subject::Batch:
-        mProblems->showOfBatch(
-            DialogFaults::orWords(dialog.ofBatch(mFrame->dialog()->getWidgetData()), text));
+        mProblems->showOfBatch(DialogFaults::orWords(dialog.ofBatch(batch, mFile.table, mFile.path), text));
         break;
     case DialogFrame::Subject::Nothing:
         return;
     }
     mLower->setCurrentIndex(ProblemsTab);
+}
+
+/// The dialog passes over them without a word.
+void ImportPage::tellOfLostOrders()
+{
+    const table::Faults lost = mFileCheck->report().lostOrders();
+    if (!lost.isEmpty()) {
+        mProblems->addOfFile(lost);
+        mLower->setCurrentIndex(ProblemsTab);
+    }
 }
 
 /// An import that a row ends tells of the faulty rows before it, and not of what it left unread.
@@ -150,6 +159,7 @@ void ImportPage::tellOfLostRows()
 void ImportPage::showImported()
 {
     tellOfLostRows();
+    tellOfLostOrders();
     emit said(importSummary());
     if (mFrame->rowCount() == 0 && mProblems->problems().isEmpty()) {
         mProblems->clear(); // the user declined: there is no file without problems
@@ -163,7 +173,7 @@ void ImportPage::showImported()
 QString ImportPage::importSummary() const
 {
     const int rows = mFrame->rowCount();
-    const int skipped = mFileCheck->report().skippedRowCount;
+    const int skipped = mFileCheck->report().lostOrders().size();
     QStringList facts{rows == 0 ? QStringLiteral("未导入任何行") : QStringLiteral("已导入 %1 行").arg(rows)};
     if (rows > 0 || !mProblems->problems().isEmpty()) {
         facts.append(QStringLiteral("%1 个问题").arg(mProblems->problems().size()));

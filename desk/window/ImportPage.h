@@ -69,6 +69,7 @@ private:
     void showProblem(const QString& text, DialogFrame::Subject subject);
     void showImported();
     void tellOfLostRows();
+    void tellOfLostOrders();
     QString importSummary() const;
     void showHandedOver(const HandOver& batch);
     void showProblemCount(int count);

@@ -49,10 +49,22 @@ public:
     Day day(const QString& exchange, const QDate& date, bool bondRepo = false) const;
 
     /// Whether the market trades then, or rests between two sessions of the same day. A night session belongs
-    /// to the evening on which it begins. True where the calendar does not know the day.
+    /// to the evening on which it begins; before a holiday there is none. True where the calendar does not
+    /// know the day.
     bool isWithinHours(const QString& exchange, const QDateTime& time, bool bondRepo = false) const;
 
+    /// Whether the market trades at any moment between two of one day. True where the calendar does not know
+    /// the day.
+    bool tradesWithin(const QString& exchange, const QDateTime& from, const QDateTime& to,
+                      bool bondRepo = false) const;
+
+    /// The day on which what begins then is over at the latest: of a night session the next one that is no
+    /// weekend and no holiday, else the day itself.
+    QDate lastDayOf(const QString& exchange, const QDateTime& start) const;
+
 private:
+    QList<Session> sessionsOf(const QString& exchange, const QDate& date, bool bondRepo) const;
+    QDate nextOpenDay(const QString& exchange, const QDate& date) const;
     const Row* rowOf(const QString& exchange, const QDate& date, bool bondRepo) const;
 
     QHash<QString, QList<Row>> mRows; ///< by exchange, the general ones among each one's

@@ -13,13 +13,14 @@ namespace table_lint {
 
 /// What the import makes of a cell that must be a number.
 enum class NumberKind {
-    Whole,   ///< cut off behind the point; 0 where it is no number
-    Amount,  ///< money; 0 where it is no number
-    Price,   ///< 0 where it is no number, which means: no limit
-    Percent, ///< 0 to 100, handed on as it stands
-    Share,   ///< per cent of the market, likewise; below 1 hardly anybody means it
-    Free,    ///< handed on as it stands, and never below 0
-    Signed,  ///< handed on as it stands
+    Whole,    ///< cut off behind the point; 0 where it is no number
+    Amount,   ///< money; 0 where it is no number
+    Price,    ///< 0 where it is no number, which means: no limit
+    Percent,  ///< 0 to 100, handed on as it stands
+    Share,    ///< per cent of the market, likewise; below 1 hardly anybody means it
+    Free,     ///< handed on as it stands, and never below 0
+    Positive, ///< likewise, and never 0
+    Signed,   ///< handed on as it stands
 };
 
 /// What the reference data knows of the security of a row.

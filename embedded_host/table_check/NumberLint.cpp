@@ -64,6 +64,7 @@ QString invalidRule(NumberKind kind)
     case NumberKind::Percent:
     case NumberKind::Share:
     case NumberKind::Free:
+    case NumberKind::Positive:
     case NumberKind::Signed:
         break;
     }
@@ -85,7 +86,11 @@ std::optional<NumberFault> faultOfFinite(const QString& text, double number, Num
         return faultOfPercent(number, kind == NumberKind::Share);
     }
     if (number < 0.0 && kind != NumberKind::Signed) {
-        return NumberFault{kind == NumberKind::Free ? rule::BelowZero : rule::NegativeNumber, QString()};
+        const bool isHandedOn = kind == NumberKind::Free || kind == NumberKind::Positive;
+        return NumberFault{isHandedOn ? rule::BelowZero : rule::NegativeNumber, QString()};
+    }
+    if (number == 0.0 && kind == NumberKind::Positive) {
+        return NumberFault{rule::ZeroNumber, QString()};
     }
     if (kind == NumberKind::Whole && hasPointsForGroups(text)) {
         return NumberFault{rule::PointForGroups, plausibleNumber(text, kind)};

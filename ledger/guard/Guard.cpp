@@ -1,4 +1,5 @@
 #include "ledger/guard/GuardRules.h"
+#include "table/FaultCatalogue.h"
 
 #include <algorithm>
 
@@ -30,11 +31,21 @@ bool exceeds(const Decimal& value, const std::optional<Decimal>& ceiling)
     return ceiling && !(value <= *ceiling);
 }
 
-void report(QList<Finding>& findings, const char* rule, int count, const QString& text,
-            const QList<int>& rows)
+void report(QList<Finding>& findings, const QString& rule, const QList<int>& rows, const QStringList& further)
 {
-    if (count > 0) {
-        findings.append({QString::fromLatin1(rule), count, text, rows});
+    if (!rows.isEmpty()) {
+        findings.append({rule, rows.size(), QStringList{QString::number(rows.size())} + further, rows});
+    }
+}
+
+void reportNames(QList<Finding>& findings, const QString& rule, const QStringList& names,
+                 const QStringList& further)
+{
+    if (!names.isEmpty()) {
+        findings.append({rule,
+                         names.size(),
+                         QStringList{QString::number(names.size())} + further + QStringList{someOf(names)},
+                         {}});
     }
 }
 
@@ -73,6 +84,20 @@ QString someOf(const QStringList& names)
 }
 
 } // namespace guard
+
+QString Finding::text() const
+{
+    return table::sentence(table::fault(rule, arguments));
+}
+
+QString joined(const QList<Finding>& findings)
+{
+    QStringList texts;
+    for (const Finding& finding : findings) {
+        texts.append(finding.text());
+    }
+    return texts.join(QStringLiteral("；"));
+}
 
 Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& prices,
                    const Standing& standing)

@@ -7,17 +7,23 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// The last look at a batch before its instances exist.
 namespace ledger {
 
-/// One line of a verdict.
+/// One line of a verdict: a fault of the batch (table/GuardRules.h), and how many it is about.
 struct Finding {
-    QString rule;    ///< stable identifier, such as "grossBuy" or "sameFile"
-    int count = 0;   ///< rows, securities or batches concerned
-    QString text;    ///< a Chinese sentence with that count
-    QList<int> rows; ///< 1-based table rows concerned, where the rule is about rows
+    QString rule;          ///< such as "grossBuy" or "sameFile"
+    int count = 0;         ///< rows, securities or batches concerned
+    QStringList arguments; ///< of the rule's sentence
+    QList<int> rows;       ///< 1-based table rows concerned, where the rule is about rows
+
+    QString text() const; ///< for people
 };
+
+/// Some findings in one line.
+QString joined(const QList<Finding>& findings);
 
 struct Verdict {
     QList<Finding> refusals;       ///< nobody can override them

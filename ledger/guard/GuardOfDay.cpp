@@ -9,7 +9,8 @@ namespace {
 
 using guard::exceeds;
 using guard::figure;
-using guard::report;
+
+namespace rule = table::rule;
 
 void checkHalts(const Standing& standing, QList<Finding>& findings)
 {
@@ -19,7 +20,9 @@ void checkHalts(const Standing& standing, QList<Finding>& findings)
                            ? texts::haltOfAll(halt.reason, halt.by)
                            : texts::haltOf(halt.account, halt.reason, halt.by));
     }
-    report(findings, "halted", reasons.size(), reasons.join(QStringLiteral("；")));
+    if (!reasons.isEmpty()) {
+        findings.append({rule::Halted, reasons.size(), {reasons.join(QStringLiteral("；"))}, {}});
+    }
 }
 
 } // namespace
@@ -33,14 +36,16 @@ QList<Finding> refusalsOfDay(const BatchDraft& draft, const Limits& limits, cons
     const Decimal sell = standing.day.sell + gross.sell;
     const Decimal instances = Decimal(standing.day.instances) + draft.instances.size();
     if (gross.buy != 0 && exceeds(buy, limits.dayBuy)) {
-        report(findings, "dayBuy", 1, texts::dayBuy(figure(buy), figure(*limits.dayBuy)));
+        findings.append({rule::DayBuy, 1, {figure(buy), figure(*limits.dayBuy)}, {}});
     }
     if (gross.sell != 0 && exceeds(sell, limits.daySell)) {
-        report(findings, "daySell", 1, texts::daySell(figure(sell), figure(*limits.daySell)));
+        findings.append({rule::DaySell, 1, {figure(sell), figure(*limits.daySell)}, {}});
     }
     if (exceeds(instances, limits.dayInstances)) {
-        report(findings, "dayInstances", draft.instances.size(),
-               texts::dayInstances(figure(instances), figure(*limits.dayInstances)));
+        findings.append({rule::DayInstances,
+                         draft.instances.size(),
+                         {figure(instances), figure(*limits.dayInstances)},
+                         {}});
     }
     return findings;
 }

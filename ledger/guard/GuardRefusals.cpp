@@ -1,5 +1,4 @@
 #include "ledger/guard/GuardRules.h"
-#include "ledger/LedgerTexts.h"
 
 namespace ledger::guard {
 
@@ -21,7 +20,8 @@ void checkEverythingIsShown(const BatchDraft& draft, Verdict& verdict)
     const int shown = draft.table.rows.size();
     const int instances = draft.instances.size();
     if (shown != instances) {
-        report(verdict.refusals, "notShown", instances, texts::notShown(shown, instances));
+        verdict.refusals.append(
+            {rule::NotShown, instances, {QString::number(shown), QString::number(instances)}, {}});
     }
 }
 
@@ -31,22 +31,22 @@ void checkQuantities(const BatchDraft& draft, Verdict& verdict)
 {
     const QList<int> rows =
         rowsWithLeg(draft, [](const Leg& leg) { return !(leg.quantity > 0) && !(leg.typedAmount > 0); });
-    report(draft.asksQuantity ? verdict.refusals : verdict.warnings, "noQuantity", rows.size(),
-           texts::noQuantity(rows.size()), rows);
+    report(draft.asksQuantity ? verdict.refusals : verdict.warnings, rule::NoQuantity, rows);
 }
 
 /// The import takes a minus sign for what it is, and the market has no orders of less than nothing.
 void checkSigns(const BatchDraft& draft, Verdict& verdict)
 {
     const QList<int> rows = rowsWithLeg(draft, [](const Leg& leg) { return leg.isNegative; });
-    report(verdict.refusals, "negative", rows.size(), texts::negative(rows.size()), rows);
+    report(verdict.refusals, rule::Negative, rows);
 }
 
 void checkSize(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
 {
     const int count = draft.instances.size();
     if (exceeds(count, limits.batchRows)) {
-        report(verdict.refusals, "batchRows", count, texts::batchRows(count, figure(*limits.batchRows)));
+        verdict.refusals.append(
+            {rule::BatchRows, count, {QString::number(count), figure(*limits.batchRows)}, {}});
     }
 }
 
@@ -55,20 +55,17 @@ void checkParticipation(const BatchDraft& draft, const Limits& limits, Verdict& 
     const QList<int> rows = rowsWhere(draft, [&](const InstanceDraft& instance) {
         return exceeds(instance.participation, limits.participation);
     });
-    report(verdict.refusals, "participation", rows.size(),
-           texts::participation(rows.size(), figure(limits.participation.value_or(Decimal()))), rows);
+    report(verdict.refusals, rule::Participation, rows, {figure(limits.participation.value_or(Decimal()))});
 }
 
 void checkRows(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
 {
     const QList<int> large =
         rowsWithLeg(draft, [&](const Leg& leg) { return exceeds(leg.quantity, limits.rowQuantity); });
-    report(verdict.refusals, "rowQuantity", large.size(),
-           texts::rowQuantity(large.size(), figure(limits.rowQuantity.value_or(Decimal()))), large);
+    report(verdict.refusals, rule::RowQuantity, large, {figure(limits.rowQuantity.value_or(Decimal()))});
     const QList<int> dear = rowsWhere(
         draft, [&](const InstanceDraft& instance) { return exceeds(amountOf(instance), limits.rowAmount); });
-    report(verdict.refusals, "rowAmount", dear.size(),
-           texts::rowAmount(dear.size(), figure(limits.rowAmount.value_or(Decimal()))), dear);
+    report(verdict.refusals, rule::RowAmount, dear, {figure(limits.rowAmount.value_or(Decimal()))});
 }
 
 void checkSecurities(const AmountsBySecurity& amounts, const Limits& limits, Verdict& verdict)
@@ -80,20 +77,19 @@ void checkSecurities(const AmountsBySecurity& amounts, const Limits& limits, Ver
             broken.append(security.key());
         }
     }
-    report(verdict.refusals, "securityAmount", broken.size(),
-           texts::securityAmount(broken.size(), figure(limits.securityAmount.value_or(Decimal())),
-                                 someOf(broken)));
+    reportNames(verdict.refusals, rule::SecurityAmount, broken,
+                {figure(limits.securityAmount.value_or(Decimal()))});
 }
 
 void checkGross(const Limits& limits, Verdict& verdict)
 {
     if (exceeds(verdict.grossBuy, limits.grossBuy)) {
-        report(verdict.refusals, "grossBuy", 1,
-               texts::grossBuy(figure(verdict.grossBuy), figure(*limits.grossBuy)));
+        verdict.refusals.append(
+            {rule::GrossBuy, 1, {figure(verdict.grossBuy), figure(*limits.grossBuy)}, {}});
     }
     if (exceeds(verdict.grossSell, limits.grossSell)) {
-        report(verdict.refusals, "grossSell", 1,
-               texts::grossSell(figure(verdict.grossSell), figure(*limits.grossSell)));
+        verdict.refusals.append(
+            {rule::GrossSell, 1, {figure(verdict.grossSell), figure(*limits.grossSell)}, {}});
     }
 }
 
@@ -108,14 +104,13 @@ void checkPriceDistance(const BatchDraft& draft, const Limits& limits, const Pri
         return exceeds((leg.limitPrice - price.last).abs() * 100, *limits.priceDistance * price.last);
     };
     const QList<int> rows = rowsWithLeg(draft, isFar);
-    report(verdict.refusals, "priceDistance", rows.size(),
-           texts::priceDistance(rows.size(), figure(limits.priceDistance.value_or(Decimal()))), rows);
+    report(verdict.refusals, rule::PriceDistance, rows, {figure(limits.priceDistance.value_or(Decimal()))});
 }
 
 void checkPrices(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
 {
     const QList<int> rows = limits.refusesUnpriced ? rowsWithLeg(draft, isUnpriced) : QList<int>();
-    report(verdict.refusals, "unpriced", rows.size(), texts::unpricedRefused(rows.size()), rows);
+    report(verdict.refusals, rule::Unpriced, rows);
 }
 
 } // namespace

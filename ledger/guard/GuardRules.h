@@ -1,11 +1,14 @@
 #pragma once
 
 #include "ledger/guard/Guard.h"
+#include "table/GuardRules.h"
 
 #include <functional>
 
 /// The rules of checkBatch(), and what they share. For the guard's own files.
 namespace ledger::guard {
+
+namespace rule = table::rule;
 
 /// Money per security on either side.
 struct SecurityAmounts {
@@ -23,9 +26,12 @@ void warn(const BatchDraft& draft, const Limits& limits, const Standing& standin
 /// Whether a value is above a ceiling. What is no number is above every one.
 bool exceeds(const Decimal& value, const std::optional<Decimal>& ceiling);
 
-/// Adds a finding where anything is concerned.
-void report(QList<Finding>& findings, const char* rule, int count, const QString& text,
-            const QList<int>& rows = {});
+/// Add a finding where any row, or anything of a name, is concerned. The sentence's arguments are the count,
+/// the further ones, and of names some of them.
+void report(QList<Finding>& findings, const QString& rule, const QList<int>& rows,
+            const QStringList& further = {});
+void reportNames(QList<Finding>& findings, const QString& rule, const QStringList& names,
+                 const QStringList& further = {});
 
 /// 1-based numbers of the instances that a test holds for: of the instance, or of any of its legs.
 QList<int> rowsWhere(const BatchDraft& draft, const std::function<bool(const InstanceDraft&)>& holds);

@@ -1,5 +1,4 @@
 #include "ledger/guard/GuardRules.h"
-#include "ledger/LedgerTexts.h"
 #include "ledger/values/ExchangeTime.h"
 
 #include <QSet>
@@ -53,14 +52,12 @@ void warnOfSameFile(const BatchDraft& draft, const Standing& standing, Verdict& 
         return other.isSameFile && other.account != draft.account;
     };
     const QStringList here = namesOf(standing.duplicates, isHere, named);
-    report(verdict.warnings, "sameFile", here.size(), texts::sameFile(here.size(), someOf(here)));
+    reportNames(verdict.warnings, rule::SameFile, here);
     const QStringList elsewhere = namesOf(standing.duplicates, isElsewhere, namedWithAccount);
-    report(verdict.warnings, "sameFileElsewhere", elsewhere.size(),
-           texts::sameFileElsewhere(elsewhere.size(), someOf(elsewhere)));
+    reportNames(verdict.warnings, rule::SameFileElsewhere, elsewhere);
     const QStringList lately = namesOf(
         standing.lately, [](const Duplicate&) { return true; }, namedWithTime);
-    report(verdict.warnings, "sameFileLately", lately.size(),
-           texts::sameFileLately(lately.size(), someOf(lately)));
+    reportNames(verdict.warnings, rule::SameFileLately, lately);
 }
 
 /// Rows that another file of today held; those of the very same file are warned of as a whole.
@@ -74,8 +71,7 @@ void warnOfSameRows(const Standing& standing, Verdict& verdict)
         }
     }
     const QStringList batches = namesOf(standing.duplicates, isOther, named);
-    report(verdict.warnings, "sameRows", rows.size(), texts::sameRows(rows.size(), someOf(batches)),
-           rows.keys());
+    report(verdict.warnings, rule::SameRows, rows.keys(), {someOf(batches)});
 }
 
 /// One row that buys and sells by itself, as pairs do, is meant that way.
@@ -100,7 +96,7 @@ void warnOfBothSides(const BatchDraft& draft, Verdict& verdict)
             symbols.append(buyer.key());
         }
     }
-    report(verdict.warnings, "bothSides", symbols.size(), texts::bothSides(symbols.size(), someOf(symbols)));
+    reportNames(verdict.warnings, rule::BothSides, symbols);
 }
 
 void warnOfMoney(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
@@ -111,14 +107,14 @@ void warnOfMoney(const BatchDraft& draft, const Limits& limits, Verdict& verdict
         return leg.typedAmount == 0 && leg.quantity > 0 &&
                (leg.amount >= beyondReason || (isRound && leg.amount >= RoundQuantityAmount));
     });
-    report(verdict.warnings, "moneyLikeQuantity", rows.size(), texts::moneyLikeQuantity(rows.size()), rows);
+    report(verdict.warnings, rule::MoneyLikeQuantity, rows);
 }
 
 /// The import reads a limit that is no number as 0, which is no limit.
 void warnOfLostLimits(const BatchDraft& draft, Verdict& verdict)
 {
     const QList<int> rows = rowsWithLeg(draft, [](const Leg& leg) { return leg.hasZeroLimit; });
-    report(verdict.warnings, "zeroLimit", rows.size(), texts::zeroLimit(rows.size()), rows);
+    report(verdict.warnings, rule::ZeroLimit, rows);
 }
 
 void warnOfTimes(const BatchDraft& draft, Verdict& verdict)
@@ -126,13 +122,13 @@ void warnOfTimes(const BatchDraft& draft, Verdict& verdict)
     const QList<int> rows = rowsWhere(draft, [](const InstanceDraft& instance) {
         return instance.start.isValid() && instance.end.isValid() && instance.end < instance.start;
     });
-    report(verdict.warnings, "endBeforeStart", rows.size(), texts::endBeforeStart(rows.size()), rows);
+    report(verdict.warnings, rule::EndBeforeStart, rows);
 }
 
 void warnOfPrices(const BatchDraft& draft, const Limits& limits, Verdict& verdict)
 {
     const QList<int> rows = limits.refusesUnpriced ? QList<int>() : rowsWithLeg(draft, isUnpriced);
-    report(verdict.warnings, "unpriced", rows.size(), texts::unpriced(rows.size()), rows);
+    report(verdict.warnings, rule::Unpriced, rows);
 }
 
 } // namespace

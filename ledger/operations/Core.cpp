@@ -217,7 +217,7 @@ QString textOf(const Verdict& verdict)
             }
             array.append(QJsonObject{{QStringLiteral("rule"), finding.rule},
                                      {QStringLiteral("count"), finding.count},
-                                     {QStringLiteral("text"), finding.text},
+                                     {QStringLiteral("text"), finding.text()},
                                      {QStringLiteral("rows"), rows}});
         }
         return array;

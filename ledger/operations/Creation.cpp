@@ -5,6 +5,7 @@
 #include "ledger/store/BatchQueries.h"
 #include "ledger/store/ControlQueries.h"
 #include "ledger/store/InstanceQueries.h"
+#include "table/GuardRules.h"
 
 namespace ledger {
 
@@ -41,10 +42,9 @@ QList<Finding> unknownDuplicates(const QList<Duplicate>& duplicates, const QSet<
     QList<Finding> findings;
     for (const Duplicate& duplicate : duplicates) {
         if (!known.contains(duplicate.batch)) {
-            findings.append({QStringLiteral("createdMeanwhile"),
+            findings.append({table::rule::CreatedMeanwhile,
                              1,
-                             texts::createdMeanwhile(duplicate.createdBy, QString::number(duplicate.batch),
-                                                     duplicate.account),
+                             {duplicate.createdBy, QString::number(duplicate.batch), duplicate.account},
                              {}});
         }
     }
@@ -129,15 +129,6 @@ QString faultOf(const BatchDraft& draft)
     }
     const Gross gross = grossOf(draft.instances);
     return gross.buy.isNumber() && gross.sell.isNumber() ? QString() : texts::numberTooLong();
-}
-
-QString joined(const QList<Finding>& findings)
-{
-    QStringList texts;
-    for (const Finding& finding : findings) {
-        texts.append(finding.text);
-    }
-    return texts.join(QStringLiteral("；"));
 }
 
 } // namespace

@@ -170,7 +170,7 @@ TEST_F(DialogFrameTest, TellsOfRowsThatWerePassedOverThoughTheyLookLikeOrders)
     note[2] = "备注：一行一个实例"_s;
     const QString path = writeFile({row(), note, withoutCode, blank, row()});
     drop(path);
-    EXPECT_EQ(message(), "已导入 2 行，0 个问题，前两格为空而跳过 1 行 · "_s + path);
+    EXPECT_EQ(message(), "已导入 2 行，1 个问题，前两格为空而跳过 1 行 · "_s + path);
     EXPECT_TRUE(child<QLabel>("label_fileFacts")->text().contains("前两格为空而跳过 1 行"_s));
 }
 

@@ -86,6 +86,45 @@ TEST(CalendarTest, ANightSessionBelongsToTheEveningOnWhichItBegins)
     EXPECT_TRUE(within("2026-11-24 01:00:00"));
 }
 
+TEST(CalendarTest, BeforeAHolidayThereIsNoNight)
+{
+    const auto within = [](const char* time) { return shipped().isWithinHours("SHF"_s, at(time)); };
+    EXPECT_TRUE(within("2026-09-28 21:00:00"));
+    EXPECT_FALSE(within("2026-09-30 21:00:00")) << "the eve of 国庆节";
+    EXPECT_FALSE(within("2026-10-01 01:00:00"));
+    EXPECT_FALSE(within("2026-02-13 21:00:00")) << "a Friday, and Monday is closed";
+    EXPECT_TRUE(within("2026-11-20 21:00:00")) << "a Friday like others";
+    EXPECT_TRUE(within("2026-09-30 14:59:00"));
+}
+
+TEST(CalendarTest, KnowsWhetherAMarketTradesBetweenTwoMoments)
+{
+    const auto trades = [](const char* market, const char* from, const char* to) {
+        return shipped().tradesWithin(QString::fromLatin1(market), at(from), at(to));
+    };
+    EXPECT_FALSE(trades("SH", "2026-11-23 11:30:00", "2026-11-23 13:00:00"));
+    EXPECT_TRUE(trades("SH", "2026-11-23 11:29:59", "2026-11-23 12:00:00"));
+    EXPECT_TRUE(trades("SH", "2026-11-23 12:00:00", "2026-11-23 13:00:01"));
+    EXPECT_TRUE(trades("SHF", "2026-11-23 22:00:00", "2026-11-23 23:30:00"));
+    EXPECT_TRUE(trades("SHF", "2026-11-24 01:00:00", "2026-11-24 02:00:00"));
+    EXPECT_TRUE(trades("SH", "2030-01-01 01:00:00", "2030-01-01 02:00:00")) << "an unknown day";
+}
+
+TEST(CalendarTest, WhatBeginsAtNightMayEndOnTheNextDayOfTrade)
+{
+    const auto last = [](const char* market, const char* start) {
+        return shipped()
+            .lastDayOf(QString::fromLatin1(market), at(start))
+            .toString(Qt::ISODate)
+            .toStdString();
+    };
+    EXPECT_EQ("2026-11-23", last("SH", "2026-11-23 09:35:00"));
+    EXPECT_EQ("2026-11-23", last("SHF", "2026-11-23 14:00:00"));
+    EXPECT_EQ("2026-11-24", last("SHF", "2026-11-23 21:00:00"));
+    EXPECT_EQ("2026-11-23", last("SHF", "2026-11-20 21:00:00")) << "over the weekend";
+    EXPECT_EQ("2026-09-30", last("SHF", "2026-09-30 21:00:00")) << "no night";
+}
+
 TEST(CalendarTest, AFaultNamesFileLineAndColumn)
 {
     const QByteArray head = "exchange,from,to,sessions,bondRepo\n";

@@ -189,6 +189,9 @@ TEST(HarmfulFiles, ASpreadMayBeBelowZeroAndAnIntervalMayNot)
 {
     EXPECT_EQ("", found("G-FuturesArbi", "证券代码,市场,目标价差\nIF2612,CFE,-12.5\n"));
     EXPECT_EQ("number.below C2\n", found("G-TWAP", "证券代码,市场,委托间隔\nIF2612,CFE,-5\n"));
+    EXPECT_EQ("number.below.zero C2\n", found("G-TWAP", "证券代码,市场,委托间隔\nIF2612,CFE,0\n"));
+    EXPECT_EQ("number.below.zero C2\n", found("AIPAIR", "证券代码,市场,配对比例\n600000,SH,0\n"));
+    EXPECT_EQ("share.small C2\n", found("TWAP", "证券代码,市场,扫盘比例（%）\n600000,SH,0.3\n"));
 }
 
 TEST(HarmfulFiles, UnitsAndSignsAreToldWithThePlausibleNumber)

@@ -57,10 +57,15 @@ protected:
     /// "rule row", a line each.
     std::string found() const
     {
-        Orders orders{draft, limits, calendar, now, isFutures, {}, {}};
-        orders.typed = [this](int, const QStringList& titles) {
-            const bool isStart = titles == startTitles();
-            return (isStart ? typesStart : typesEnd) ? titles.first() : QString();
+        Orders orders{draft, limits, calendar, now};
+        orders.isFutures = isFutures;
+        orders.isBondRepo = [this](const QString&) { return isRepo; };
+        orders.lastRate = [](const QString&) { return Decimal::fromText("1.785"_s); };
+        orders.isAccount = [](const QString& text) { return text == "1001"_s || text == "1002"_s; };
+        orders.typed = [this](int, const QString& column) {
+            const bool isTyped =
+                (column == "开始时间"_s && typesStart) || (column == "结束时间"_s && typesEnd);
+            return isTyped ? column : cells.value(column);
         };
         std::string text;
         for (const table::Fault& fault : faultsOfOrders(orders)) {
@@ -76,8 +81,10 @@ protected:
     Calendar calendar;
     QDateTime now = moment("2026-11-23 09:00:00");
     bool isFutures = false;
+    bool isRepo = false;
     bool typesStart = true;
     bool typesEnd = true;
+    QMap<QString, QString> cells; ///< of the file, by title
 };
 
 } // namespace
@@ -134,6 +141,41 @@ TEST_F(OrderRules, TimesOutsideTheMarketsHoursAndDaysAreAskedFor)
     EXPECT_EQ("time.closed 1\n", found()) << "a Saturday";
 }
 
+/// Sound ends alone do not make an order that anything can be done with.
+TEST_F(OrderRules, ASpanThatIsShortOfSeveralDaysOrOnlyOfTheRestIsAskedFor)
+{
+    for (const int seconds : {ShortSeconds - 1, ShortSeconds}) {
+        draft.instances[0].end = draft.instances[0].start.addSecs(seconds);
+        EXPECT_EQ(seconds < ShortSeconds ? "time.short 1\n" : "", found()) << seconds;
+    }
+    draft.instances[0].end = wall("2026-11-24 14:50:00");
+    EXPECT_EQ("time.days 1\n", found());
+    typesEnd = false;
+    EXPECT_EQ("", found());
+    typesEnd = true;
+    draft.instances[0].start = wall("2026-11-23 11:30:00");
+    draft.instances[0].end = wall("2026-11-23 13:00:00");
+    EXPECT_EQ("time.hours 1\n", found());
+    draft.instances[0].end = wall("2026-11-23 13:00:01");
+    EXPECT_EQ("", found());
+    draft.instances[0].start = wall("2026-11-23 11:29:59");
+    draft.instances[0].end = wall("2026-11-23 13:00:00");
+    EXPECT_EQ("", found());
+}
+
+/// The account that a file names, though the import does not read it.
+TEST_F(OrderRules, AnAccountOtherThanTheChosenOneIsAskedFor)
+{
+    for (const char* title : {"交易账号", "资金账号", "账户"}) {
+        cells = {{QString::fromUtf8(title), "1002"_s}};
+        EXPECT_EQ("account.other 1\n", found()) << title;
+        cells = {{QString::fromUtf8(title), draft.account}};
+        EXPECT_EQ("", found()) << title;
+        cells = {{QString::fromUtf8(title), "甲"_s}};
+        EXPECT_EQ("", found()) << "nobody's account";
+    }
+}
+
 TEST_F(OrderRules, ADayThatTheCalendarDoesNotKnowIsNotJudged)
 {
     calendar = Calendar();
@@ -145,12 +187,14 @@ TEST_F(OrderRules, ADayThatTheCalendarDoesNotKnowIsNotJudged)
 TEST_F(OrderRules, YearsAheadAndADateAloneAreAskedFor)
 {
     calendar = Calendar();
+    draft.instances[0].start = wall("2027-11-23 09:35:00");
     draft.instances[0].end = wall("2027-11-23 14:50:00");
-    EXPECT_EQ("time.far 1\n", found());
-    draft.instances[0].end = draft.instances[0].start.addDays(FarDays);
-    EXPECT_EQ("", found());
-    draft.instances[0].end = draft.instances[0].start.addDays(FarDays + 1);
-    EXPECT_EQ("time.far 1\n", found());
+    EXPECT_EQ("time.far 1\ntime.far 1\n", found());
+    for (const int days : {FarDays, FarDays + 1}) {
+        draft.instances[0].start = wall("2026-11-23 09:35:00").addDays(days);
+        draft.instances[0].end = wall("2026-11-23 14:50:00").addDays(days);
+        EXPECT_EQ(days > FarDays ? "time.far 1\ntime.far 1\n" : "", found()) << days;
+    }
     draft.instances[0].start = wall("2026-11-24 00:00:00");
     draft.instances[0].end = wall("2026-11-24 14:50:00");
     EXPECT_EQ("time.midnight 1\n", found());
@@ -189,12 +233,33 @@ TEST_F(OrderRules, BothLegsOnOneSideAndHalfAPairRefuse)
     draft.instances.removeLast();
     EXPECT_EQ("pair.side 1\npair.side 2\n", found());
 
+    leg(1).direction = "BuyClose"_s;
+    EXPECT_EQ("", found());
+    draft.instances[1].parameters["配对编号"_s] = " P1"_s;
+    EXPECT_EQ("pair.half 2\npair.half 1\n", found()) << "sent as it stands";
+    draft.instances[1].parameters["配对编号"_s] = "P1"_s;
+    draft.instances[1].end = wall("2026-11-23 14:00:00");
+    EXPECT_EQ("pair.times 1\npair.times 2\n", found());
+
     draft = sampleDraft(1);
     draft.instances[0].legs.append(leg());
     leg(0, 0).direction = leg(0, 1).direction = "Sell"_s;
     EXPECT_EQ("pair.side 1\n", found());
     leg(0, 1).direction = "Buy"_s;
     EXPECT_EQ("", found());
+}
+
+TEST_F(OrderRules, ARateFarFromTheLastOneIsAskedFor)
+{
+    const QList<QPair<const char*, const char*>> rates = {
+        {"7.14", ""}, {"7.141", "price.rate.day 1\n"}, {"0.44625", ""}, {"0.446", "price.rate.day 1\n"}};
+    for (const auto& rate : rates) {
+        leg().limitPrice = Decimal::fromText(QString::fromLatin1(rate.first));
+        EXPECT_EQ("", found()) << "a share";
+        isRepo = true;
+        EXPECT_EQ(rate.second, found()) << rate.first;
+        isRepo = false;
+    }
 }
 
 TEST_F(OrderRules, AQuantityThatIsWorthTenTimesWhatLooksLikeMoneyRefuses)
@@ -225,7 +290,7 @@ TEST_F(OrderRules, RandomTimesAreJudgedByTheClockAlone)
         EXPECT_EQ(start == end, text.find("time.none") != std::string::npos);
         EXPECT_EQ(end <= clock, text.find("time.ended") != std::string::npos);
         EXPECT_EQ(start < clock, text.find("time.started") != std::string::npos);
-        EXPECT_EQ(std::string::npos, text.find("time.hours"));
+        EXPECT_EQ(std::string::npos, text.find("time.hours 1\ntime.hours 1"));
     }
 }
 
@@ -279,6 +344,8 @@ TEST(RuleActionsTest, TheProductSetsAFloorThatADeskMayRaise)
     EXPECT_EQ(Action::Ask, strict.of(fault("title.unknown"_s)));
     EXPECT_EQ(Action::Refuse, strict.of("sameFile"_s, Action::Ask));
     EXPECT_EQ(Action::Ask, strict.of("sameRows"_s, Action::Ask));
+    EXPECT_EQ(Action::Refuse,
+              actionsOf("rule,action\nsameFileElsewhere,refuse\n").of("sameFileElsewhere"_s, Action::Ask));
 }
 
 TEST(RuleActionsTest, NobodyLowersAFloor)

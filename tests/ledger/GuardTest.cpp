@@ -83,7 +83,7 @@ TEST(Guard, RefusesARowAboveItsCeilingsAndNamesIt)
     ASSERT_EQ(rulesOf(verdict.refusals), (QStringList{"rowQuantity"_s, "rowAmount"_s}));
     EXPECT_EQ(verdict.refusals.at(0).rows, QList<int>{2});
     EXPECT_EQ(verdict.refusals.at(1).rows, QList<int>{2});
-    EXPECT_EQ(verdict.refusals.at(1).text, "1 行金额超过单行上限 6,000 元"_s);
+    EXPECT_EQ(verdict.refusals.at(1).text(), "1 行金额超过单行上限 6,000 元"_s);
 }
 
 TEST(Guard, LetsARowThatMeetsItsCeilingExactlyPass)
@@ -104,7 +104,7 @@ TEST(Guard, AddsUpTheRowsOfOneSecurityOnEachSide)
     EXPECT_FALSE(within.refuses());
     const Verdict above = verdictOn(sampleDraft({row(A, "Buy"_s, 1000), row(A, "Buy"_s, 1000)}), limits);
     ASSERT_EQ(rulesOf(above.refusals), QStringList{"securityAmount"_s});
-    EXPECT_TRUE(above.refusals.first().text.contains(A));
+    EXPECT_TRUE(above.refusals.first().text().contains(A));
 }
 
 TEST(Guard, RefusesABatchWhoseGrossBuyOrSellIsAboveItsCeiling)
@@ -153,7 +153,7 @@ TEST(Guard, WarnsThatThisVeryFileWasCreatedToday)
     const Verdict verdict = verdictOn(draft, {}, withDuplicates({sameFile(6), sameFile(4)}));
     ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"sameFile"_s});
     EXPECT_EQ(verdict.warnings.first().count, 2);
-    EXPECT_EQ(verdict.warnings.first().text, "该文件今天在此账号已创建过 2 次（批次 4、6）"_s);
+    EXPECT_EQ(verdict.warnings.first().text(), "该文件今天在此账号已创建过 2 次（批次 4、6）"_s);
 }
 
 TEST(Guard, WarnsOfRowsThatAnotherFileCreatedToday)
@@ -162,7 +162,7 @@ TEST(Guard, WarnsOfRowsThatAnotherFileCreatedToday)
     ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"sameRows"_s});
     EXPECT_EQ(verdict.warnings.first().count, 1);
     EXPECT_EQ(verdict.warnings.first().rows, QList<int>{3});
-    EXPECT_EQ(verdict.warnings.first().text, "1 行与今天在此账号已创建的委托相同（批次 1）"_s);
+    EXPECT_EQ(verdict.warnings.first().text(), "1 行与今天在此账号已创建的委托相同（批次 1）"_s);
 }
 
 TEST(Guard, WarnsOfTheSameFileOnAnotherAccountAndOfOneOfLately)
@@ -171,8 +171,8 @@ TEST(Guard, WarnsOfTheSameFileOnAnotherAccountAndOfOneOfLately)
     standing.lately = {sameFile(1)};
     const Verdict verdict = verdictOn(sampleDraft(1), {}, standing);
     ASSERT_EQ(rulesOf(verdict.warnings), (QStringList{"sameFileElsewhere"_s, "sameFileLately"_s}));
-    EXPECT_TRUE(verdict.warnings.at(0).text.contains("批次 3，账号 1002"_s));
-    EXPECT_TRUE(verdict.warnings.at(1).text.contains("11-03 10:00"_s));
+    EXPECT_TRUE(verdict.warnings.at(0).text().contains("批次 3，账号 1002"_s));
+    EXPECT_TRUE(verdict.warnings.at(1).text().contains("11-03 10:00"_s));
 }
 
 TEST(Guard, RefusesWhileTheAccountIsHalted)
@@ -181,7 +181,7 @@ TEST(Guard, RefusesWhileTheAccountIsHalted)
     standing.halts = {{"1001"_s, "行情异常"_s, "risk"_s, sampleMorning()}};
     const Verdict verdict = verdictOn(sampleDraft(1), {}, standing);
     ASSERT_EQ(rulesOf(verdict.refusals), QStringList{"halted"_s});
-    EXPECT_EQ(verdict.refusals.first().text, "账号 1001 已暂停交易（risk）：行情异常"_s);
+    EXPECT_EQ(verdict.refusals.first().text(), "账号 1001 已暂停交易（risk）：行情异常"_s);
 }
 
 TEST(Guard, HoldsTheDayWithThisBatchAgainstItsCeilings)
@@ -210,7 +210,7 @@ TEST(Guard, WarnsOfASecurityThatIsBoughtAndSold)
         verdictOn(sampleDraft({row(A, "Buy"_s, 100), row(B, "Buy"_s, 100), row(A, "Sell"_s, 100)}));
     ASSERT_EQ(rulesOf(verdict.warnings), QStringList{"bothSides"_s});
     EXPECT_EQ(verdict.warnings.first().count, 1);
-    EXPECT_TRUE(verdict.warnings.first().text.contains(A));
+    EXPECT_TRUE(verdict.warnings.first().text().contains(A));
 }
 
 TEST(Guard, TakesThePairOfOneRowAsMeant)
@@ -349,7 +349,7 @@ TEST(Guard, RefusesInstancesThatTheTableDoesNotShow)
     draft.table.rows.clear(); // the next file could not be read, and the dialog emptied its table
     const Verdict verdict = verdictOn(draft);
     EXPECT_EQ(rulesOf(verdict.refusals), QStringList{"notShown"_s});
-    EXPECT_EQ(verdict.refusals.value(0).text,
+    EXPECT_EQ(verdict.refusals.value(0).text(),
               "表格中有 0 行，待创建的实例却有 2 个：最近一次导入没有成功；请重新导入"_s);
 }
 

@@ -75,9 +75,10 @@ TEST_F(CheckCommand, PrintsHowTheFileWasReadAndEachFinding)
 {
     const QString path = table("1,SH,1000,1,0,7\n");
     const QJsonObject report = check(path).object();
-    EXPECT_EQ(QStringList({"encoding"_s, "error"_s, "faults"_s, "file"_s, "findings"_s, "format"_s,
-                           "messageBoxes"_s, "rows"_s, "separator"_s, "sha256"_s, "sheet"_s}),
-              report.keys());
+    EXPECT_EQ(
+        QStringList({"counts"_s, "encoding"_s, "error"_s, "faults"_s, "file"_s, "findings"_s, "format"_s,
+                     "guard"_s, "messageBoxes"_s, "rows"_s, "separator"_s, "sha256"_s, "sheet"_s}),
+        report.keys());
     EXPECT_EQ(path, report.value("file"_s).toString());
     EXPECT_EQ("csv"_s, report.value("format"_s).toString());
     EXPECT_EQ("UTF-8"_s, report.value("encoding"_s).toString());
@@ -133,4 +134,34 @@ TEST_F(CheckCommand, TakesTwoPricesInACellForThoseOfALockStrategyAlone)
     EXPECT_EQ(QStringList{"number.invalid"_s}, codes(bad));
     EXPECT_EQ("“9.86元”不是数字，将按0处理，即不限价"_s,
               bad.object()["findings"_s].toArray().first().toObject()["chinese"_s].toString());
+}
+
+/// What the guard would refuse or ask, though nothing is wrong with any cell.
+TEST_F(CheckCommand, SaysWhatTheGuardWouldSay)
+{
+    const Run run = check(table("600000,SH,0,1,0,7\n"));
+    EXPECT_EQ(3, run.status) << run.out.constData();
+    EXPECT_EQ(QStringList(), codes(run));
+    const QJsonObject guard = run.object()["guard"_s].toObject();
+    EXPECT_EQ("noQuantity"_s, guard["refusals"_s].toArray().first().toObject()["rule"_s].toString());
+    EXPECT_EQ(2, guard["refusals"_s]
+                     .toArray()
+                     .first()
+                     .toObject()["faults"_s]
+                     .toArray()
+                     .first()
+                     .toObject()["line"_s]
+                     .toInt());
+    expectValid(run.object(), "check.schema.json"_s);
+    EXPECT_TRUE(check(table(goodRow()), {}).object()["guard"_s].isNull());
+    EXPECT_TRUE(check(table(badRow())).object()["guard"_s].isNull()) << "an empty batch";
+}
+
+TEST_F(CheckCommand, SaysWhatConfirmingWouldSay)
+{
+    const Run run = check(table(goodRow()), {"--strategy"_s, "AITWAP"_s, "--account"_s, "A2"_s});
+    EXPECT_EQ(3, run.status) << run.out.constData();
+    const QJsonObject fault = run.object()["faults"_s].toArray().first().toObject();
+    EXPECT_EQ("validation.entrustProperty"_s, fault["rule"_s].toString()) << run.out.constData();
+    EXPECT_EQ(2, fault["line"_s].toInt());
 }

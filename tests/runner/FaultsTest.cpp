@@ -1,6 +1,7 @@
 #include "tests/runner/RunnerTest.h"
 #include "tests/support/SchemaCheck.h"
 
+#include <QFile>
 #include <QJsonArray>
 
 /// What is wrong, as data beside the messages.
@@ -97,4 +98,37 @@ TEST_F(Faults, OfSpoiltRowsAndOfACreationFollowTheSchema)
     EXPECT_TRUE(result.object()["creation"_s].toObject()["batch"_s].isObject()) << result.out.constData();
     EXPECT_EQ(1, result.object()["rejects"_s].toObject()["rows"_s].toInt());
     EXPECT_EQ(QStringList(), faultsBySchema(result.object(), "import.schema.json"_s));
+}
+
+/// Rows that the dialog passes over as notes are orders all the same.
+TEST_F(Faults, TellOfOrdersThatLostTheirCodeAndTheCountsAndRejectsHoldThem)
+{
+    const QString out = folder() + "/rejects.csv"_s;
+    const QString file = table(goodRow() + ",,2000,1,0,7\n" + badRow());
+    const Run result = import(file, aitwap() + QStringList{"--faults"_s, "--rejects"_s, out});
+    EXPECT_EQ(QStringList({"row.code"_s, "import.unknownCode"_s}), rulesOf(result));
+    EXPECT_EQ(3, result.object()["faults"_s].toArray().first().toObject()["line"_s].toInt());
+    const QJsonObject counts = {{"orders"_s, 3}, {"imported"_s, 1}, {"refused"_s, 1}, {"skipped"_s, 1}};
+    EXPECT_EQ(QJsonValue(counts), result.object()["counts"_s]) << result.out.constData();
+    EXPECT_EQ(2, result.object()["rejects"_s].toObject()["rows"_s].toInt());
+    QFile rejects(out);
+    ASSERT_TRUE(rejects.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(rejects.readAll().contains(",,2000,1,0,7,"));
+    EXPECT_EQ(QStringList(), faultsBySchema(result.object(), "import.schema.json"_s));
+
+    const Run checked = check(file);
+    EXPECT_EQ(QJsonValue(counts), checked.object()["counts"_s]);
+    EXPECT_EQ(3, checked.status);
+}
+
+TEST_F(Faults, OfABatchNameTheLineAndTheCellOfTheFile)
+{
+    const QStringList all = aitwap() + QStringList{"--faults"_s, "--confirm"_s, "--switch-account"_s, "A2"_s};
+    const Run result = import(table(badRow() + goodRow()), all);
+    const QJsonObject fault = result.object()["faults"_s].toArray().last().toObject();
+    EXPECT_EQ("validation.entrustProperty"_s, fault["rule"_s].toString()) << result.out.constData();
+    EXPECT_EQ(1, fault["row"_s].toInt());
+    EXPECT_EQ(3, fault["line"_s].toInt());
+    EXPECT_EQ("委托属性"_s, fault["column"_s].toString());
+    EXPECT_EQ("0"_s, fault["cell"_s].toString());
 }

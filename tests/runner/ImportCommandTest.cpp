@@ -22,8 +22,9 @@ TEST_F(ImportCommand, PrintsTheBatchAsOneJsonObject)
     EXPECT_EQ(0, result.status);
     EXPECT_EQ(QByteArray(), result.err);
     const QJsonObject json = result.object();
-    EXPECT_EQ((QStringList{"account"_s, "columns"_s, "expected"_s, "hiddenColumns"_s, "messageBoxes"_s,
-                           "okEnabled"_s, "parameterMaps"_s, "records"_s, "signal"_s, "strategy"_s}),
+    EXPECT_EQ((QStringList{"account"_s, "columns"_s, "counts"_s, "expected"_s, "hiddenColumns"_s,
+                           "messageBoxes"_s, "okEnabled"_s, "parameterMaps"_s, "records"_s, "signal"_s,
+                           "strategy"_s}),
               json.keys());
     EXPECT_EQ("AITWAP"_s, json["strategy"_s].toString());
     EXPECT_EQ("A1"_s, json["account"_s].toString());

@@ -101,6 +101,19 @@ TEST_F(ListCommands, AFileThatCannotBeReadIsAnErrorTextAndStatusOne)
     EXPECT_EQ(0, result.object()["rows"_s].toArray().size());
 }
 
+TEST_F(ListCommands, PrintWhatTheirSchemasDescribe)
+{
+    for (const char* list : {"strategies", "accounts", "securities"}) {
+        const QString name = QString::fromLatin1(list);
+        expectValid(run({name}).json().array(), name + ".schema.json"_s); // of what ships
+    }
+    expectValid(run({"rows"_s, table(goodRow())}).object(), "rows.schema.json"_s);
+    expectValid(run({"template"_s, "--strategy"_s, "AITWAP"_s, folder() + "/t.csv"_s}).object(),
+                "template.schema.json"_s);
+    expectValid(run({"report"_s, "--home"_s, home(), "--out"_s, folder() + "/r.csv"_s}).object(),
+                "report.schema.json"_s);
+}
+
 TEST_F(ListCommands, HelpAndVersionAreText)
 {
     const Run help = run({"--help"_s});

@@ -59,6 +59,7 @@ std::optional<demo::Options> demoOptions(const runner::CommandLine& line, QStrin
 {
     demo::Options options;
     options.home = line.home;
+    options.program = QCoreApplication::applicationFilePath();
     options.share = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/algodesk");
     options.pace = line.pace.toDouble();
     if (!(options.pace > 0.0)) {

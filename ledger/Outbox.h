@@ -54,11 +54,11 @@ struct Recorded {
 class Outbox {
 public:
     /// Takes the accounts and registers the gateway: from now on their started instances are queued. An error
-    /// that names the other gateway where it has one of them.
+    /// that names the other gateway where it has one of them; `isServed` tells that from other errors.
     static Outcome<std::unique_ptr<Outbox>> claim(const std::shared_ptr<Ledger>& ledger,
-                                                  const Gateway& gateway);
+                                                  const Gateway& gateway, bool* isServed = nullptr);
     /// Takes a registration back; refused while anything of its accounts is queued or open.
-    static Outcome<void> forget(Ledger& ledger, const QStringList& accounts);
+    static Outcome<void> forget(Ledger& ledger, const QStringList& accounts, bool* isServed = nullptr);
     ~Outbox();
 
     /// Moves the next queued instances, in order of batch and row, to `sending`, all in one transaction; none

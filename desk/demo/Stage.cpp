@@ -3,7 +3,6 @@
 #include <signal.h>
 #include <sys/prctl.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -79,7 +78,7 @@ void Stage::start(const QString& name, const QStringList& arguments)
     auto program = std::make_unique<Program>(name);
     program->setStandardOutputFile(QDir(mHome).filePath(name + QStringLiteral(".log")));
     program->setStandardErrorFile(QDir(mHome).filePath(name + QStringLiteral(".err")));
-    program->start(QCoreApplication::applicationFilePath(), QStringList{name} + arguments);
+    program->start(mOptions.program, QStringList{name} + arguments);
     mPrograms.push_back(std::move(program));
 }
 
@@ -147,7 +146,7 @@ Outcome<void> Stage::open()
 Outcome<qint64> Stage::importOrders()
 {
     Program import(QStringLiteral("import"));
-    import.start(QCoreApplication::applicationFilePath(),
+    import.start(mOptions.program,
                  {import.objectName(), mFiles.orders, QStringLiteral("--strategy"), QStringLiteral("AITWAP"),
                   QStringLiteral("--account"), Account, QStringLiteral("--home"), mHome,
                   QStringLiteral("--ledger"), ledger::Ledger::pathIn(mHome), QStringLiteral("--confirm"),

@@ -16,6 +16,7 @@ namespace demo {
 struct Options {
     QString home;    ///< empty: a throw-away one
     double pace = 0; ///< how many seconds of an order pass in one of the clock
+    QString program; ///< algodesk
     QString share;   ///< folder of reference data and samples
 };
 

@@ -5,8 +5,10 @@
 #include "desk/runner/LedgerAccess.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
+#include "embedded_host/reference_data/ReferenceFolder.h"
 #include "gateway/program/Gateway.h"
 #include "gateway/simulator/Simulator.h"
+#include "host/QuotaFields.h"
 #include "ledger/Ledger.h"
 
 #include <QCommandLineParser>
@@ -16,6 +18,8 @@
 namespace runner {
 
 namespace {
+
+constexpr int PriceScale = 10000; // of the simulator's prices
 
 const QString Gateway = QStringLiteral("gateway");
 const QString Simulator = QStringLiteral("simulator");
@@ -38,7 +42,7 @@ QList<QCommandLineOption> optionsOf(const QString& command)
         return QCommandLineOption(QString::fromLatin1(name), none, QStringLiteral("VALUE"));
     };
     if (command == Simulator) {
-        return {valued("config"), valued("pace"), valued("faults")};
+        return {valued("config"), valued("pace"), valued("faults"), valued("data")};
     }
     return {valued("config"),
             valued("profile"),
@@ -108,6 +112,26 @@ int runGateway(const QCommandLineParser& parser, QIODevice& out, QIODevice& err)
     return serve(options, parser, out, err);
 }
 
+/// What securities cost: a code that several markets have costs the same on all.
+std::optional<QHash<QString, qint64>> quotesOf(const QString& dataFolder, QString& error)
+{
+    CommandLine line;
+    line.dataFolder = dataFolder;
+    const std::optional<ReferenceTables> tables = readReferenceFolder(referenceDataFolder(line), error);
+    if (!tables) {
+        return std::nullopt;
+    }
+    QHash<QString, qint64> quotes;
+    for (const Quote& quote : tables->quotes) {
+        const ledger::Decimal price =
+            ledger::Decimal::fromText(quote.fields.value(QuotaFields::LastPx).toString()) * PriceScale;
+        if (price > 0) {
+            quotes.insert(quote.symbol.section(QLatin1Char('.'), 0, 0), qRound64(price.toDouble()));
+        }
+    }
+    return quotes;
+}
+
 int runSimulator(const QCommandLineParser& parser, QIODevice& out, QIODevice& err)
 {
     gateway::SimulatorOptions options;
@@ -124,8 +148,16 @@ int runSimulator(const QCommandLineParser& parser, QIODevice& out, QIODevice& er
     if (parser.isSet(QStringLiteral("faults"))) {
         options.faults = parser.value(QStringLiteral("faults")).toUInt(&isNumber);
     }
-    return isNumber ? gateway::simulate(options, out, err)
-                    : complain(err, QStringLiteral("--faults takes a seed"));
+    if (!isNumber) {
+        return complain(err, QStringLiteral("--faults takes a seed"));
+    }
+    QString error;
+    const auto quotes = quotesOf(parser.value(QStringLiteral("data")), error);
+    if (!quotes) {
+        return complain(err, error);
+    }
+    options.quotes = *quotes;
+    return gateway::simulate(options, out, err);
 }
 
 } // namespace
@@ -155,7 +187,7 @@ QString gatewayUsage()
     return QStringLiteral(
         "       algodesk gateway --config FILE --profile FILE [--ledger ADDRESS] [--data DIR]\n"
         "                        [--reset-sequence] [--dry-run N] [--forget]\n"
-        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED]\n");
+        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED] [--data DIR]\n");
 }
 
 } // namespace runner

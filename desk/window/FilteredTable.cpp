@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int NarrowestColumn = 64;
+constexpr int NarrowestProgress = 150; // what is filled grows
 constexpr int WidestColumn = 320;
 constexpr int FilterWidth = 220;
 constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the buttons
@@ -102,6 +103,7 @@ void FilteredTable::setColoursOf(EmbeddedHost& host)
 
 void FilteredTable::setProgressColumn(EmbeddedHost& host, int column)
 {
+    mProgressColumn = column;
     mView->setItemDelegateForColumn(
         column, new ProgressDelegate(
                     [&host](const QString& name) { return host.skins().colours().colour(name); }, mView));
@@ -208,7 +210,8 @@ void FilteredTable::fitColumns()
     mFitted = true;
     mView->resizeColumnsToContents();
     for (int column = 0; column < mSource->columnCount(); ++column) {
-        mView->setColumnWidth(column, qBound(NarrowestColumn, mView->columnWidth(column) + 8, WidestColumn));
+        const int narrowest = column == mProgressColumn ? NarrowestProgress : NarrowestColumn;
+        mView->setColumnWidth(column, qBound(narrowest, mView->columnWidth(column) + 8, WidestColumn));
     }
 }
 

@@ -89,5 +89,6 @@ private:
     QHBoxLayout* mToolRow;
     TableBehaviour* mBehaviour;
     int mAddedButtons = 0;
+    int mProgressColumn = -1;
     bool mFitted = false;
 };

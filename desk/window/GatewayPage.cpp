@@ -4,6 +4,7 @@
 #include "desk/window/FilteredTable.h"
 #include "embedded_host/EmbeddedHost.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
 #include <QSplitter>
@@ -42,6 +43,7 @@ FilteredTable* tableOf(ListModel* model, const FilteredTable::Words& words, User
 {
     auto* table = new FilteredTable(model, words, prompts);
     table->setColoursOf(host);
+    table->view()->horizontalHeader()->setStretchLastSection(true);
     return table;
 }
 

@@ -60,14 +60,14 @@ Fields fieldsOfLeg(const OrderLeg& leg, int number, const QList<Constant>& param
     put(fields, 616, leg.exchange);
     put(fields, 624, leg.sideField(SideTag));
     put(fields, 687, leg.quantity);
-    const QString positionEffect = leg.sideField(PositionEffectTag);
-    if (!positionEffect.isEmpty()) {
-        put(fields, 564, positionEffect);
-    }
     if (!leg.limitPrice.isEmpty()) {
         put(fields, 566, leg.limitPrice);
     }
     fields.push_back({654, std::to_string(number)});
+    const QString positionEffect = leg.sideField(PositionEffectTag);
+    if (!positionEffect.isEmpty()) {
+        put(fields, 564, positionEffect);
+    }
     putAll(fields, parameters);
     return fields;
 }

@@ -69,7 +69,7 @@ std::unique_ptr<Engine> openEngine(const GatewayOptions& options, Inbox& inbox, 
 }
 
 Outcome<std::unique_ptr<ledger::Outbox>> claim(const std::shared_ptr<ledger::Ledger>& ledger,
-                                               const Profile& profile, const Engine& engine)
+                                               const Profile& profile, const Engine& engine, bool& isServed)
 {
     ledger::Gateway self;
     self.session = QString::fromStdString(engine.session());
@@ -77,7 +77,7 @@ Outcome<std::unique_ptr<ledger::Outbox>> claim(const std::shared_ptr<ledger::Led
     self.host = QSysInfo::machineHostName();
     self.pid = QCoreApplication::applicationPid();
     self.state = QStringLiteral("disconnected");
-    return ledger::Outbox::claim(ledger, self);
+    return ledger::Outbox::claim(ledger, self, &isServed);
 }
 
 int serve(const GatewayOptions& options, const Profile& profile, LedgerPort& port, Engine& engine,
@@ -159,9 +159,10 @@ int run(const GatewayOptions& options, QIODevice& out, QIODevice& err)
     if (!opened.ok()) {
         return complain(err, Refused, opened.error);
     }
-    auto claimed = claim(opened.value, profile.value, *engine);
+    bool isServed = false;
+    auto claimed = claim(opened.value, profile.value, *engine, isServed);
     if (!claimed.ok()) {
-        return complain(err, Served, claimed.error);
+        return complain(err, isServed ? Served : Refused, claimed.error);
     }
     LedgerOutbox port(opened.value, std::move(claimed.value));
     return serve(options, profile.value, port, *engine, inbox, out, err);
@@ -203,8 +204,11 @@ int forget(const GatewayOptions& options, QIODevice& err)
     if (!opened.ok()) {
         return complain(err, Refused, opened.error);
     }
-    const Outcome<void> forgotten = ledger::Outbox::forget(*opened.value, accountsOf(profile.value));
-    return forgotten.ok() ? static_cast<int>(Ended) : complain(err, Refused, forgotten.error);
+    bool isServed = false;
+    const Outcome<void> forgotten =
+        ledger::Outbox::forget(*opened.value, accountsOf(profile.value), &isServed);
+    return forgotten.ok() ? static_cast<int>(Ended)
+                          : complain(err, isServed ? Served : Refused, forgotten.error);
 }
 
 } // namespace gateway

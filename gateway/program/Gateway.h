@@ -36,7 +36,7 @@ int run(const GatewayOptions& options, QIODevice& out, QIODevice& err);
 /// between fields, or {"id", "clOrdId", "reason"} of one that the profile refuses.
 int dryRun(const GatewayOptions& options, qint64 batch, QIODevice& out, QIODevice& err);
 
-/// Takes the registration back; refused (2) while anything is queued or open.
+/// Takes the registration back; refused (2) while anything is queued or open, (3) while a gateway serves.
 int forget(const GatewayOptions& options, QIODevice& err);
 
 /// True from SIGTERM or SIGINT on; installs the handlers when first asked.

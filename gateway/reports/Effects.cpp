@@ -36,6 +36,12 @@ std::optional<State> stateOf(const QString& ordStatus, bool cancelAsked)
     }
 }
 
+/// A report that rejects does so whatever status it names.
+std::optional<State> stateOf(const Report& report, bool cancelAsked)
+{
+    return report.rejects() ? State::Rejected : stateOf(report.ordStatus, cancelAsked);
+}
+
 bool isWorking(State state)
 {
     return state == State::Running || state == State::Stopping;
@@ -124,7 +130,7 @@ std::optional<State> toldState(const Standing& standing, const OrderSize& size, 
         const State byLegs = stateByLeg(standing, size);
         return byLegs == State::Running && standing.cancelAsked ? State::Stopping : byLegs;
     }
-    const std::optional<State> told = stateOf(report.ordStatus, standing.cancelAsked);
+    const std::optional<State> told = stateOf(report, standing.cancelAsked);
     const bool isComplete = size.legs.isEmpty() && isFilled(standing.fill, size.quantity);
     return told == State::Stopped && isComplete ? State::Finished : told;
 }
@@ -164,7 +170,7 @@ Effect applyExecution(const Standing& before, const OrderSize& size, const Repor
     }
     const bool isOfLeg = !size.legs.isEmpty() && report.isOfOneLeg();
     effect.leg = isOfLeg ? legOf(size, report) + 1 : 0;
-    effect.told = isOfLeg ? stateByLeg(effect.after, size) : stateOf(report.ordStatus, false);
+    effect.told = isOfLeg ? stateByLeg(effect.after, size) : stateOf(report, false);
     if (*told == State::Stopped || *told == State::Finished) {
         effect.told = told;
     }

@@ -96,8 +96,8 @@ bool Report::deniesOrder() const
 
 bool Report::saysDuplicate() const
 {
-    return kind == Kind::Execution && !isStatusAnswer() && ordStatus == QLatin1String("8") &&
-           rejectCode == QLatin1String("6");
+    return kind == Kind::Execution && !isStatusAnswer() && rejectCode == QLatin1String("6") &&
+           (rejects() || ordStatus == QLatin1String("8"));
 }
 
 bool isReport(const std::string& type)

@@ -38,6 +38,8 @@ struct Report {
     bool isStatusAnswer() const { return execType == QLatin1String("I"); }
     /// "I do not know that order", as an answer to a status request.
     bool deniesOrder() const;
+    /// The order is refused.
+    bool rejects() const { return execType == QLatin1String("8"); }
     /// "I have that one already."
     bool saysDuplicate() const;
     /// A bust or a correction: quantities may go down.

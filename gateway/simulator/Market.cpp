@@ -10,6 +10,9 @@ namespace gateway::simulator {
 namespace {
 
 const int PriceScale = 10000;
+const qint64 Cent = 100; // of prices
+const qint64 MostSteps = 20;
+const qint64 StepsInPrice = 10000;
 const qint64 Lot = 100;
 const qint64 UsualSeconds = 600;
 
@@ -18,15 +21,28 @@ qint64 wholeOf(const std::string& text)
     return QString::fromStdString(text).section(QLatin1Char('.'), 0, 0).toLongLong();
 }
 
-/// A price in ten-thousandths; where there is none, one that a code always has.
-qint64 priceOf(const std::string& text, const std::string& symbol)
+/// In ten-thousandths; of what is no number 0.
+qint64 priceOf(const std::string& text)
 {
     const QString price = QString::fromStdString(text);
-    if (wire_number::isNumber(price)) {
-        const QString places = (price.section(QLatin1Char('.'), 1, 1) + QStringLiteral("0000")).left(4);
-        return price.section(QLatin1Char('.'), 0, 0).toLongLong() * PriceScale + places.toLongLong();
+    if (!wire_number::isNumber(price)) {
+        return 0;
     }
+    const QString places = (price.section(QLatin1Char('.'), 1, 1) + QStringLiteral("0000")).left(4);
+    return price.section(QLatin1Char('.'), 0, 0).toLongLong() * PriceScale + places.toLongLong();
+}
+
+/// One that a code always has.
+qint64 inventedPrice(const std::string& symbol)
+{
     return static_cast<qint64>(5 + std::hash<std::string>()(symbol) % 95) * PriceScale;
+}
+
+/// Up and down by a fifth of a per cent at most, in whole cents.
+qint64 moved(qint64 price, qint64 fills)
+{
+    const qint64 step = (fills * 7919) % (2 * MostSteps + 1) - MostSteps;
+    return std::max<qint64>(Cent, (price + price * step / StepsInPrice) / Cent * Cent);
 }
 
 std::string priceText(qint64 price)
@@ -63,7 +79,10 @@ qint64 dueOf(qint64 quantity, qint64 lot, double part)
 
 } // namespace
 
-Market::Market(double pace) : mPace(pace), mStarted(QDateTime::currentMSecsSinceEpoch()) {}
+Market::Market(double pace, const Quotes& quotes)
+    : mPace(pace), mQuotes(quotes), mStarted(QDateTime::currentMSecsSinceEpoch())
+{
+}
 
 int Market::openOrders() const
 {
@@ -81,27 +100,48 @@ QList<Message> Market::receive(const Message& message, const QDateTime& now)
     return message.type == "H" ? QList<Message>{receiveStatusRequest(message)} : QList<Message>();
 }
 
-QList<Market::Leg> Market::legsOf(const Message& message)
+Market::Leg Market::legOf(const std::string& symbol, const std::string& side, const std::string& quantity,
+                          const std::string& limit) const
+{
+    Leg leg;
+    leg.symbol = symbol;
+    leg.side = side;
+    leg.quantity = wholeOf(quantity);
+    leg.limit = priceOf(limit);
+    leg.quote = mQuotes.value(QString::fromStdString(symbol), inventedPrice(symbol));
+    return leg;
+}
+
+QList<Market::Leg> Market::legsOf(const Message& message) const
 {
     QList<Leg> legs;
     if (const Group* group = message.group(555)) {
         for (const Fields& fields : group->entries) {
-            const std::string symbol = fieldIn(fields, 600);
-            legs.append({symbol, fieldIn(fields, 624), wholeOf(fieldIn(fields, 687)), 0,
-                         priceOf(fieldIn(fields, 566), symbol)});
+            legs.append(legOf(fieldIn(fields, 600), fieldIn(fields, 624), fieldIn(fields, 687),
+                              fieldIn(fields, 566)));
         }
         return legs;
     }
-    Leg leg = {message.text(55), message.text(54), wholeOf(message.text(38)), 0,
-               priceOf(message.text(44), message.text(55))};
+    Leg leg = legOf(message.text(55), message.text(54), message.text(38), message.text(44));
     if (message.has(152)) {
-        leg.quantity = wholeOf(message.text(152)) * PriceScale / std::max<qint64>(leg.price, 1) / Lot * Lot;
+        leg.quantity = wholeOf(message.text(152)) * PriceScale / std::max<qint64>(leg.quote, 1) / Lot * Lot;
     }
     legs.append(leg);
     return legs;
 }
 
-std::string Market::faultOf(const Message& message)
+/// At the quote as it moves, or at the limit where that is better for nobody but the counterparty.
+void Market::fill(Leg& leg, qint64 due) const
+{
+    const bool buys = leg.side == "1";
+    const qint64 quote = moved(leg.quote, mExecutions);
+    leg.lastPrice = leg.limit == 0 ? quote : buys ? std::min(quote, leg.limit) : std::max(quote, leg.limit);
+    leg.lastQuantity = due - leg.filled;
+    leg.paid += leg.lastPrice * leg.lastQuantity;
+    leg.filled = due;
+}
+
+std::string Market::faultOf(const Message& message) const
 {
     for (const int tag : {1, 11, 40, 54, 55, 60}) {
         if (!message.has(tag)) {
@@ -187,7 +227,7 @@ Message Market::receiveStatusRequest(const Message& message)
     unknown.orderId = "NONE";
     unknown.status = "8";
     unknown.side = message.text(54);
-    unknown.legs.append({message.text(55), unknown.side, 0, 0, 0});
+    unknown.legs.append(legOf(message.text(55), unknown.side, "0", std::string()));
     Message answer = report(found == mOrders.end() ? unknown : *found, "I");
     answer.put(790, message.text(790));
     if (found == mOrders.end()) {
@@ -211,7 +251,11 @@ Message Market::report(const Order& order, const std::string& execType, int leg)
     message.put(55, shown.symbol);
     message.put(54, leg < 0 ? order.side : shown.side);
     message.put(14, std::to_string(shown.filled));
-    message.put(6, shown.filled == 0 ? "0" : priceText(shown.price));
+    message.put(6, shown.filled == 0 ? "0" : priceText(shown.paid / shown.filled));
+    if (execType == "F" && (leg >= 0 || order.legs.size() == 1)) {
+        message.put(32, std::to_string(shown.lastQuantity));
+        message.put(31, priceText(shown.lastPrice));
+    }
     message.put(151, std::to_string(order.status == "4" ? 0 : shown.quantity - shown.filled));
     if (order.legs.size() > 1) {
         message.put(442, leg < 0 ? "3" : "2");
@@ -232,7 +276,7 @@ QList<Message> Market::work(Order& order, const QDateTime& now)
         Leg& leg = order.legs[i];
         const qint64 due = dueOf(leg.quantity, order.lot, part);
         if (due > leg.filled) {
-            leg.filled = due;
+            fill(leg, due);
             order.status = leg.filled == leg.quantity && !isPair ? "2" : "1";
             reports.append(report(order, "F", isPair ? i : -1));
         }

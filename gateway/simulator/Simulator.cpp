@@ -29,8 +29,8 @@ private:
 class Simulator {
 public:
     Simulator(const SimulatorOptions& options, Engine& engine, Inbox& inbox, QIODevice& out)
-        : mOptions(options), mEngine(engine), mInbox(inbox), mPrinter(out), mMarket(options.pace),
-          mFaults(options.faults)
+        : mOptions(options), mEngine(engine), mInbox(inbox), mPrinter(out),
+          mMarket(options.pace, options.quotes), mFaults(options.faults)
     {
     }
 

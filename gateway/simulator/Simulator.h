@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QIODevice>
 #include <QString>
 
@@ -12,6 +13,7 @@ struct SimulatorOptions {
     QString settingsFile; ///< an acceptor's
     QString dictionaryFolder;
     double pace = 1.0;
+    QHash<QString, qint64> quotes; ///< by a security's code, in ten-thousandths
     std::optional<quint32> faults; ///< the seed of lost answers and broken lines; absent: none
     std::function<bool()> isAskedToEnd;
 };

@@ -62,6 +62,13 @@ OrderList beginSending(Change& change, QList<Instance>& instances)
     return orders;
 }
 
+void tellServed(bool* told, bool isServed)
+{
+    if (told != nullptr) {
+        *told = isServed;
+    }
+}
+
 } // namespace
 
 struct Outbox::Claim {
@@ -75,11 +82,13 @@ Outbox::Outbox(std::shared_ptr<Ledger> ledger, Gateway gateway, std::unique_ptr<
 
 Outbox::~Outbox() = default;
 
-Outcome<std::unique_ptr<Outbox>> Outbox::claim(const std::shared_ptr<Ledger>& ledger, const Gateway& gateway)
+Outcome<std::unique_ptr<Outbox>> Outbox::claim(const std::shared_ptr<Ledger>& ledger, const Gateway& gateway,
+                                               bool* isServed)
 {
     QString holder;
     auto claim = std::make_unique<Claim>();
     claim->accounts = ledger->mCore->store->claim(gateway.accounts, holder);
+    tellServed(isServed, !claim->accounts);
     if (!claim->accounts) {
         return {nullptr, texts::accountsServed(holder)};
     }
@@ -97,10 +106,12 @@ Outcome<std::unique_ptr<Outbox>> Outbox::claim(const std::shared_ptr<Ledger>& le
     return {std::unique_ptr<Outbox>(new Outbox(ledger, registered, std::move(claim))), QString()};
 }
 
-Outcome<void> Outbox::forget(Ledger& ledger, const QStringList& accounts)
+Outcome<void> Outbox::forget(Ledger& ledger, const QStringList& accounts, bool* isServed)
 {
     QString holder;
-    if (!ledger.mCore->store->claim(accounts, holder)) {
+    const auto claimed = ledger.mCore->store->claim(accounts, holder);
+    tellServed(isServed, !claimed);
+    if (!claimed) {
         return {texts::accountsServed(holder)};
     }
     const auto forgotten = ledger.mCore->change<bool>([&](Change& change) {

@@ -49,6 +49,7 @@ TEST(Effects, OrdStatusTellsTheState)
     EXPECT_EQ(stateAfter(standing(State::Running), report("F", "2", "1000", "11")), State::Finished);
     EXPECT_EQ(stateAfter(standing(State::Running), report("C", "C")), State::Finished);
     EXPECT_EQ(stateAfter(standing(State::Sending), report("8", "8")), State::Rejected);
+    EXPECT_EQ(stateAfter(standing(State::Sending), report("8", "0")), State::Rejected) << "whatever 39 says";
     EXPECT_EQ(stateAfter(standing(State::Unknown), report("I", "1", "10", "11")), State::Running);
 }
 

@@ -71,7 +71,7 @@ TEST(OrderMessages, PositionEffectsGoIntoTheLegs)
 {
     Order order = sample::pair();
     setInLeg(order, 0, QStringLiteral("交易方向"), QStringLiteral("BuyOpen"));
-    EXPECT_TRUE(printed(order).contains(QStringLiteral("624=1|687=2000|564=O|566=11.40|654=1")));
+    EXPECT_TRUE(printed(order).contains(QStringLiteral("624=1|687=2000|566=11.40|654=1|564=O")));
     Order single = sample::single();
     single.parameters.insert(QStringLiteral("交易方向"), QStringLiteral("BuyOpen"));
     EXPECT_TRUE(printed(single).contains(QStringLiteral("|54=1|77=O|38=1000|")));

@@ -1,11 +1,13 @@
 // Walks through the desk as a trader would, and takes a picture of every step.
 //
-//     photographer light|dark FOLDER
+//     photographer light|dark FOLDER ALGODESK
 
+#include "desk/demo/Demo.h"
 #include "desk/window/BatchesPage.h"
 #include "desk/window/DeskApplication.h"
 #include "desk/window/DeskWindow.h"
 #include "desk/window/FilteredTable.h"
+#include "desk/window/GatewayPage.h"
 #include "desk/window/ImportPage.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
@@ -13,9 +15,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QHash>
 #include <QImage>
@@ -24,6 +28,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QSet>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -37,6 +42,8 @@ const QString Root = QStringLiteral(SOURCE_ROOT "/");
 const QString Orders = QStringLiteral("AITWAP.csv");
 const QSize WindowSize(1280, 800);
 constexpr int SettleMs = 300; // the fingerprint of a file comes from a thread
+constexpr int DemoMs = 14000; // until some orders are filled and others are not
+constexpr double DemoPace = 600;
 constexpr int PollMs = 50;
 constexpr int DarkPercent = 150;
 constexpr int MostColours = 256;
@@ -51,10 +58,10 @@ QList<ledger::LimitScope> limits()
     return {all};
 }
 
-void settle()
+void settle(int milliseconds = SettleMs)
 {
     QEventLoop loop;
-    QTimer::singleShot(SettleMs, &loop, &QEventLoop::quit);
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     loop.exec();
 }
 
@@ -113,6 +120,8 @@ public:
     }
 
     bool go();
+    /// Of a window on a demonstration.
+    bool goThroughDemo();
 
 private:
     enum class In { Light, BothSkins };
@@ -148,6 +157,22 @@ bool Walk::go()
     return mSaved;
 }
 
+bool Walk::goThroughDemo()
+{
+    mWindow.setSkin(mSkin);
+    mWindow.showPage(DeskWindow::InstancesPageIndex);
+    settle(DemoMs);
+    take(QStringLiteral("00-demo"), In::Light);
+    mWindow.showPage(DeskWindow::GatewayPageIndex);
+    settle();
+    FilteredTable* log = mWindow.gatewayPage()->table();
+    log->filter()->setText(QStringLiteral("NewOrder"));
+    log->setCurrentRow(log->view()->model()->rowCount() - 1);
+    log->filter()->clear();
+    take(QStringLiteral("12-gateway"), In::Light);
+    return mSaved;
+}
+
 void Walk::importFaults()
 {
     whenModal([this](QWidget& box) {
@@ -168,6 +193,9 @@ void Walk::createBatch()
             if (label->text().startsWith(QStringLiteral("金额较大"))) {
                 amount->setText(label->text().section(QStringLiteral("："), -1));
             }
+        }
+        for (QCheckBox* question : verdict.findChildren<QCheckBox*>()) {
+            question->setChecked(true);
         }
         take(QStringLiteral("04-guard"), In::BothSkins);
         press(verdict, QStringLiteral("button_create"));
@@ -284,6 +312,52 @@ int fail(const QString& error)
     return 1;
 }
 
+/// A window on a home and its ledger, for as long as `walk` takes.
+QString show(const QString& home, const std::function<bool(DeskWindow&)>& walk)
+{
+    QString error;
+    auto tables = readReferenceFolder(Root + QStringLiteral("reference_data"), error);
+    if (!tables) {
+        return error;
+    }
+    EmbeddedHost::Options options;
+    options.home = home;
+    EmbeddedHost host(ReferenceData(std::move(*tables)), options);
+    const Outcome<std::shared_ptr<ledger::Ledger>> opened =
+        ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home)));
+    if (!opened.ok()) {
+        return opened.error;
+    }
+    DeskBooks books;
+    books.ledger = opened.value;
+    books.home = home;
+    books.desk.limits = limits();
+    DeskWindow window(host, books);
+    window.resize(WindowSize);
+    window.show();
+    return walk(window) ? QString() : QStringLiteral("a picture could not be saved");
+}
+
+QString showDesk(const QString& skin, const QString& pictures)
+{
+    const QTemporaryDir home;
+    QDir::setCurrent(home.path());
+    return show(home.path(), [&](DeskWindow& window) { return Walk(window, skin, pictures).go(); });
+}
+
+QString showDemo(const QString& skin, const QString& pictures, const QString& algodesk)
+{
+    demo::Options options;
+    options.program = algodesk;
+    options.share = QFileInfo(algodesk).absolutePath() + QStringLiteral("/../share/algodesk");
+    options.pace = DemoPace;
+    QString error;
+    const std::unique_ptr<demo::Stage> stage = demo::openStage(options, error);
+    return stage ? show(stage->home(),
+                        [&](DeskWindow& window) { return Walk(window, skin, pictures).goThroughDemo(); })
+                 : error;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -293,25 +367,14 @@ int main(int argc, char** argv)
     QApplication::setCursorFlashTime(0);
     setFontSize();
     const QStringList arguments = QApplication::arguments();
-    const QTemporaryDir home;
-    QString error;
-    auto tables = readReferenceFolder(Root + QStringLiteral("reference_data"), error);
-    if (arguments.size() != 3 || !tables || !home.isValid()) {
-        return fail(error.isEmpty() ? QStringLiteral("photographer light|dark FOLDER") : error);
+    if (arguments.size() != 4) {
+        return fail(QStringLiteral("photographer light|dark FOLDER ALGODESK"));
     }
-    EmbeddedHost::Options options;
-    options.home = home.path();
-    EmbeddedHost host(ReferenceData(std::move(*tables)), options);
-    const Outcome<std::shared_ptr<ledger::Ledger>> opened =
-        ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())));
-    if (!opened.ok()) {
-        return fail(opened.error);
-    }
-    DeskWindow window(host, {opened.value, QString(), limits()});
-    window.resize(WindowSize);
-    window.show();
+    const QString& skin = arguments.at(1);
     const QString pictures = QDir(arguments.at(2)).absolutePath();
-    QDir::setCurrent(home.path());
-    const bool saved = Walk(window, arguments.at(1), pictures).go();
-    return saved ? 0 : fail(QStringLiteral("a picture could not be saved"));
+    QString error = showDesk(skin, pictures);
+    if (error.isEmpty() && skin == QLatin1String("light")) {
+        error = showDemo(skin, pictures, arguments.at(3));
+    }
+    return error.isEmpty() ? 0 : fail(error);
 }

@@ -238,6 +238,11 @@ Outcome<Status> Ledger::status() const
     });
 }
 
+void Ledger::listen(const std::function<void()>& changed)
+{
+    mCore->store->listen(changed);
+}
+
 Outcome<qint64> Ledger::changeCount() const
 {
     return mCore->read<qint64>([&](Statements& statements) {

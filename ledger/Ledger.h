@@ -113,6 +113,9 @@ public:
     Outcome<QList<StrayReport>> strays(int most = 200) const;
     /// Moves when anything was changed, by whatever program: cheap to ask.
     Outcome<qint64> changeCount() const;
+    /// Calls back, from the event loop of this thread, when another program has changed something: a hint
+    /// that may be lost, and comes from a server alone. Ask changeCount() in any case.
+    void listen(const std::function<void()>& changed);
 
     // Halting, approving.
 
@@ -123,6 +126,9 @@ public:
     /// `limits` are those in force now: others than those that the batch was judged by let it lapse.
     Outcome<Batch> approve(qint64 batch, const Limits& limits);
     Outcome<Batch> refuse(qint64 batch, const QString& reason);
+    /// The ceilings that the store itself holds against every program, in place of those before: risk's
+    /// matter, and only of a ledger on a server. Of a file the programs hold those of limits.csv.
+    Outcome<void> setCeilings(const QList<LimitScope>& scopes);
 
     // Instances. Where one cannot be changed, none is.
 

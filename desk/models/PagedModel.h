@@ -29,12 +29,14 @@ public:
         reload();
     }
 
-    /// Reads as many records anew as are shown, at least a page. A reason why they cannot be read takes their
-    /// place.
+    /// Reads as many records anew as are shown, at least a page. Where they cannot be read, those that are
+    /// shown stay: whoever reloads tells why.
     void reload()
     {
         const QList<Record> records = fetch(nullptr, std::max(PageSize, this->rowCount()));
-        this->updateRecords(records);
+        if (mError.isEmpty()) {
+            this->updateRecords(records);
+        }
     }
 
     bool canFetchMore(const QModelIndex& parent) const override { return !parent.isValid() && mHasMore; }

@@ -198,7 +198,7 @@ QString usage()
             "       algodesk backup FILE | restore FILE | vacuum\n"
             "       algodesk diff N FILE [--data DIR]\n"
             "       algodesk halt | resume [--account ACCOUNT] --reason TEXT\n"
-            "       algodesk ledger init ADDRESS | ledger copy FROM TO\n"
+            "       algodesk ledger init ADDRESS | ledger copy FROM TO | ledger limits ADDRESS [--data DIR]\n"
             "       algodesk status\n"
             "       algodesk report [--day DAY] [--out OUT]\n"
             "%1"

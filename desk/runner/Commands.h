@@ -59,6 +59,7 @@ Result restoreBackup(const CommandLine& line);
 Result vacuumLedger(const CommandLine& line);
 Result initLedger(const CommandLine& line);
 Result copyLedger(const CommandLine& line);
+Result setLedgerLimits(const CommandLine& line);
 Result haltTrading(const CommandLine& line);
 Result resumeTrading(const CommandLine& line);
 Result showStatus(const CommandLine& line);

@@ -1,21 +1,16 @@
-// Making a ledger on a server, and carrying one from a place to another.
+// Making a ledger on a server, what it holds by itself, and carrying one from a place to another.
 
+#include "desk/batch/LimitsFile.h"
 #include "desk/runner/Commands.h"
+#include "desk/runner/LedgerAccess.h"
 #include "desk/runner/Runner.h"
+#include "desk/runner/Session.h"
 #include "ledger/LedgerCopy.h"
+#include "ledger/LedgerTexts.h"
 
 #include <QJsonObject>
 
 namespace runner {
-
-namespace {
-
-Result complain(const QString& error)
-{
-    return print(Complained, QJsonDocument(QJsonObject{{QStringLiteral("error"), error}}));
-}
-
-} // namespace
 
 Result initLedger(const CommandLine& line)
 {
@@ -44,6 +39,31 @@ Result copyLedger(const CommandLine& line)
                                                  {QStringLiteral("instances"), copied.value.instances},
                                                  {QStringLiteral("entries"), copied.value.entries},
                                                  {QStringLiteral("head"), copied.value.head}}));
+}
+
+/// What limits.csv says, without the reference data around it.
+Result setLedgerLimits(const CommandLine& line)
+{
+    const Outcome<ledger::Address> address = ledger::Address::parse(line.files.first());
+    if (!address.ok()) {
+        return refuse(address.error);
+    }
+    QString error;
+    const auto scopes = batch::readLimits(referenceDataFolder(line), error);
+    if (!scopes) {
+        return refuse(error);
+    }
+    if (address.value.kind == ledger::Address::Kind::File) {
+        return complain(ledger::texts::ceilingsOfFile(address.value.shown()));
+    }
+    ledger::Ledger::Options options;
+    options.waitSeconds = line.wait.toInt();
+    const auto opened = ledger::Ledger::open(address.value, options);
+    const QString fault = opened.ok() ? opened.value->setCeilings(*scopes).error : opened.error;
+    return fault.isEmpty()
+               ? print(Done, QJsonDocument(QJsonObject{{QStringLiteral("ledger"), address.value.shown()},
+                                                       {QStringLiteral("limits"), scopes->size()}}))
+               : complain(fault);
 }
 
 } // namespace runner

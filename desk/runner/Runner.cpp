@@ -73,6 +73,7 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("diff"), {data, home, ledger, wait}, {batch, file}}, diffBatch},
         {{QStringLiteral("ledger init"), {}, {QStringLiteral("ADDRESS")}}, initLedger},
         {{QStringLiteral("ledger copy"), {}, {QStringLiteral("FROM"), QStringLiteral("TO")}}, copyLedger},
+        {{QStringLiteral("ledger limits"), {data, wait}, {QStringLiteral("ADDRESS")}}, setLedgerLimits},
         {{QStringLiteral("halt"), {home, ledger, wait, account, QStringLiteral("reason")}, {}}, haltTrading},
         {{QStringLiteral("resume"), {home, ledger, wait, account, QStringLiteral("reason")}, {}},
          resumeTrading},

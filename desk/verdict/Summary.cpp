@@ -74,8 +74,7 @@ void addStanding(Summary& summary, const ledger::Standing& standing)
                                      ? QStringLiteral("同一文件")
                                      : QStringLiteral("%1 行同样的委托").arg(duplicate.rows.size());
             summary.elsewhere.append(QStringLiteral("%1今天已在账户 %2 创建（批次 %3）")
-                                         .arg(what, duplicate.account)
-                                         .arg(duplicate.batch));
+                                         .arg(what, duplicate.account, QString::number(duplicate.batch)));
         }
     }
 }

@@ -65,15 +65,6 @@ void BatchesPage::reload()
     countInstances();
 }
 
-void BatchesPage::follow()
-{
-    if (isVisible()) {
-        reload();
-    } else {
-        countInstances();
-    }
-}
-
 void BatchesPage::countInstances()
 {
     const Outcome<QList<ledger::Batch>> newest = batches(nullptr, MostFollowed);

@@ -29,8 +29,6 @@ public:
 
 public slots:
     void reload();
-    /// Reads how far the newest batches have come, and the batches anew where one came.
-    void follow();
     /// Asks once more, takes the selected batch back and tells what could not be reversed.
     void undo();
 

@@ -11,6 +11,7 @@ std::optional<DeskBooks> openDeskBooks(const ledger::Address& ledger, const QStr
     const auto opened = ledger::Ledger::open(ledger);
     DeskBooks books;
     books.home = home;
+    books.address = ledger;
     books.ledger = opened.value;
     books.ledgerError = opened.error;
     books.desk = desk.value;

@@ -12,6 +12,7 @@
 /// Where the desk writes its batches, and the ceilings that it holds them against.
 struct DeskBooks {
     std::shared_ptr<ledger::Ledger> ledger; ///< null: nothing can be created
+    ledger::Address address;                ///< where it is
     QString home;                           ///< keeps the ids of attempts to create
     QString ledgerError;                    ///< why there is none, for the user; empty with a ledger
     verdict::Desk desk;

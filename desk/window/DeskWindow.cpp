@@ -33,6 +33,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTime>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -61,11 +62,10 @@ DeskWindow::DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* pare
     makePages();
     new DeskMenus(*this);
     makeStatusBar();
+    watchLedger();
     host.skins().addView(this, StyleSheetPath);
     restoreLayout();
     say(mBooks.ledgerError);
-    mWatch = new LedgerWatch(mBooks.ledger, this);
-    connect(mWatch, &LedgerWatch::changed, this, &DeskWindow::follow);
 }
 
 DeskWindow::~DeskWindow()
@@ -141,16 +141,63 @@ void DeskWindow::makeStatusBar()
     mRefreshed = new QLabel(this);
     mRefreshed->setObjectName(QStringLiteral("label_refreshed"));
     statusBar()->addPermanentWidget(mRefreshed);
+    mLost = new QLabel(this);
+    mLost->setObjectName(QStringLiteral("label_ledgerLost"));
+    mLost->setTextFormat(Qt::PlainText);
+    mLost->hide();
+    statusBar()->addPermanentWidget(mLost);
     statusBar()->addPermanentWidget(user);
-    auto* halt = new HaltButton(mBooks.ledger, this);
-    connect(halt, &HaltButton::said, this, &DeskWindow::say);
-    statusBar()->addPermanentWidget(halt);
+    mHalt = new HaltButton(mBooks, this);
+    connect(mHalt, &HaltButton::said, this, &DeskWindow::say);
+    statusBar()->addPermanentWidget(mHalt);
     statusBar()->setSizeGripEnabled(false);
     connect(mImport->amounts(), &AmountRefresher::refreshed, this, [this] {
         mRefreshed->setText(QStringLiteral("预计金额刷新于 %1")
                                 .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
     });
     connect(mImport, &ImportPage::cleared, mRefreshed, &QLabel::clear);
+}
+
+/// A burst of changes is shown once.
+void DeskWindow::watchLedger()
+{
+    constexpr int BurstMs = 300;
+    mFollowing = new QTimer(this);
+    mFollowing->setSingleShot(true);
+    mFollowing->setInterval(BurstMs);
+    connect(mFollowing, &QTimer::timeout, this, &DeskWindow::follow);
+    if (mBooks.address.path.isEmpty() && mBooks.address.hosts.isEmpty()) {
+        return;
+    }
+    auto* watch = new LedgerWatch(mBooks.address, this);
+    connect(watch, &LedgerWatch::changed, mFollowing, [this] {
+        if (!mFollowing->isActive()) {
+            mFollowing->start();
+        }
+    });
+    connect(watch, &LedgerWatch::lost, this, &DeskWindow::tellLost);
+    connect(watch, &LedgerWatch::restored, this, &DeskWindow::tellRestored);
+}
+
+/// What is on screen stays there.
+void DeskWindow::tellLost(const QString& error, int seconds)
+{
+    mLost->setText(QStringLiteral("台账暂不可用，%1 秒后重试；画面可能不是最新").arg(seconds));
+    mLost->setToolTip(plainToolTip(error));
+    mLost->show();
+}
+
+/// A ledger that was out of reach when the window came up is opened now.
+void DeskWindow::tellRestored()
+{
+    mLost->hide();
+    if (!mBooks.ledger) {
+        const auto opened = ledger::Ledger::open(mBooks.address);
+        mBooks.ledger = opened.value;
+        mBooks.ledgerError = opened.error;
+        mInstances->showBatch(std::nullopt);
+    }
+    say(mBooks.ledger ? QStringLiteral("台账已恢复") : mBooks.ledgerError);
 }
 
 FilteredTable* DeskWindow::currentTable() const
@@ -226,7 +273,11 @@ void DeskWindow::refresh()
 
 void DeskWindow::follow()
 {
-    mBatches->follow();
+    if (!mBooks.ledger) {
+        return;
+    }
+    mHalt->refresh();
+    mBatches->reload();
     if (mInstances->isVisible()) {
         mInstances->reload();
     }

@@ -12,12 +12,13 @@ class DeskPrompts;
 class EmbeddedHost;
 class FilteredTable;
 class GatewayPage;
+class HaltButton;
 class ImportPage;
 class InstancesPage;
-class LedgerWatch;
 class NoticeBar;
 class QLabel;
 class QTabWidget;
+class QTimer;
 class QuotesPage;
 
 /// The desk: pages for the import, the instances, the batches and the quotes. While it lives it answers the
@@ -77,11 +78,14 @@ private:
     void takeBatch(const HandOver& batch);
     void compareWithEarlier();
     void compareWith(qint64 batch);
+    void watchLedger();
+    void tellLost(const QString& error, int seconds);
+    void tellRestored();
     void restoreLayout();
     void saveLayout();
 
     EmbeddedHost& mHost;
-    const DeskBooks mBooks;
+    DeskBooks mBooks;
     DeskPrompts* mPrompts;
     QTabWidget* mPages;
     ImportPage* mImport = nullptr;
@@ -90,9 +94,11 @@ private:
     BatchesPage* mBatches = nullptr;
     GatewayPage* mGateway = nullptr;
     NoticeBar* mNotice = nullptr;
-    LedgerWatch* mWatch = nullptr;
     OrderNotices mNotices;
     QLabel* mQueued = nullptr;
     QLabel* mMessage = nullptr;
     QLabel* mRefreshed = nullptr;
+    QLabel* mLost = nullptr; ///< seen while the ledger cannot be read
+    HaltButton* mHalt = nullptr;
+    QTimer* mFollowing = nullptr;
 };

@@ -7,31 +7,26 @@
 
 namespace {
 
-constexpr int RefreshMs = 2000; // another program may halt too
 const QString Everyone = QStringLiteral("*");
 
 } // namespace
 
-HaltButton::HaltButton(std::shared_ptr<ledger::Ledger> ledger, QWidget* parent)
-    : QPushButton(parent), mLedger(std::move(ledger))
+HaltButton::HaltButton(const DeskBooks& books, QWidget* parent) : QPushButton(parent), mBooks(books)
 {
     setObjectName(QStringLiteral("button_halt"));
     setAutoDefault(false);
-    setEnabled(mLedger != nullptr);
     connect(this, &QPushButton::clicked, this, &HaltButton::press);
-    connect(&mTimer, &QTimer::timeout, this, &HaltButton::refresh);
     refresh();
-    if (mLedger) {
-        mTimer.start(RefreshMs);
-    }
 }
 
 void HaltButton::refresh()
 {
-    mReasons.clear();
-    mIsHalted = false;
-    if (mLedger) {
-        const Outcome<ledger::Status> status = mLedger->status();
+    setEnabled(mBooks.ledger != nullptr);
+    const Outcome<ledger::Status> status =
+        mBooks.ledger ? mBooks.ledger->status() : Outcome<ledger::Status>{{}, mBooks.ledgerError};
+    if (status.ok()) {
+        mReasons.clear();
+        mIsHalted = false;
         for (const ledger::Halt& halt : status.value.halts) {
             mIsHalted = mIsHalted || halt.account == Everyone;
             const QString whom = halt.account == Everyone ? QStringLiteral("全部账户") : halt.account;
@@ -49,8 +44,8 @@ void HaltButton::press()
         return;
     }
     const bool wasHalted = mIsHalted;
-    const Outcome<void> done = wasHalted ? mLedger->resume(Everyone, QStringLiteral("交易台按钮"))
-                                         : mLedger->halt(Everyone, QStringLiteral("交易台按钮"));
+    const Outcome<void> done = wasHalted ? mBooks.ledger->resume(Everyone, QStringLiteral("交易台按钮"))
+                                         : mBooks.ledger->halt(Everyone, QStringLiteral("交易台按钮"));
     refresh();
     emit said(!done.ok()  ? done.error
               : wasHalted ? QStringLiteral("交易已恢复")

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "ledger/Ledger.h"
+#include "desk/window/DeskBooks.h"
 
 #include <QPushButton>
-#include <QTimer>
-
-#include <memory>
 
 /// Halts all trading at one press, without a question; while trading is halted it resumes it, and asks first.
 /// Shows what holds in the ledger, whoever decided it.
@@ -14,11 +11,12 @@ class HaltButton : public QPushButton {
 
 public:
     /// Without a ledger there is nothing to halt.
-    explicit HaltButton(std::shared_ptr<ledger::Ledger> ledger, QWidget* parent = nullptr);
+    explicit HaltButton(const DeskBooks& books, QWidget* parent = nullptr);
 
     bool isHalted() const { return mIsHalted; }
 
 public slots:
+    /// Asks the ledger; while that does not answer, what was known of it stays.
     void refresh();
 
 signals:
@@ -28,8 +26,7 @@ private:
     void press();
     bool wantsToResume();
 
-    std::shared_ptr<ledger::Ledger> mLedger;
-    QTimer mTimer;
+    const DeskBooks& mBooks;
     QString mReasons;
     bool mIsHalted = false;
 };

@@ -1,31 +1,29 @@
 #pragma once
 
+#include "ledger/store/Address.h"
+
 #include <QObject>
-#include <QTimer>
 
-#include <memory>
+class QThread;
 
-namespace ledger {
-class Ledger;
-}
-
-/// Tells when the ledger was changed, by whatever program.
+/// Sees what other programs do to the ledger. A server's word that something was changed is a hint, which may
+/// be lost; asking is the truth: what was created elsewhere is told within two seconds. A ledger that cannot
+/// be read is tried again after pauses that grow. All this happens on a connection and in a thread of its
+/// own, so that a server that does not answer holds no window up.
 class LedgerWatch : public QObject {
     Q_OBJECT
 
 public:
-    /// Without a ledger nothing ever changes.
-    explicit LedgerWatch(std::shared_ptr<ledger::Ledger> ledger, QObject* parent = nullptr);
-
-public slots:
-    /// At once, instead of at the next look.
-    void look();
+    explicit LedgerWatch(const ledger::Address& address, QObject* parent = nullptr);
+    ~LedgerWatch() override;
 
 signals:
+    /// By whatever program; also at first, and after a time in which nobody could look.
     void changed();
+    /// It cannot be read, for the reason in `error`; it is tried again after so many seconds.
+    void lost(const QString& error, int seconds);
+    void restored();
 
 private:
-    std::shared_ptr<ledger::Ledger> mLedger;
-    QTimer mTimer;
-    qint64 mSeen = -1;
+    QThread* mThread;
 };

@@ -75,9 +75,10 @@ void VerdictDialog::addSummary(QVBoxLayout* column)
 {
     const ledger::BatchDraft& draft = mJudgement.review.draft;
     const ledger::Verdict& verdict = mJudgement.review.verdict;
-    column->addWidget(makeLabel(
-        QStringLiteral("%1 · %2 · %3 个实例").arg(draft.account, draft.strategy).arg(draft.instances.size()),
-        QStringLiteral("heading"), this));
+    column->addWidget(
+        makeLabel(QStringLiteral("%1 · %2 · %3 个实例")
+                      .arg(draft.account, draft.strategy, QString::number(draft.instances.size())),
+                  QStringLiteral("heading"), this));
     auto* amounts = new QHBoxLayout;
     amounts->setSpacing(24);
     amounts->addWidget(makeLabel(QStringLiteral("买入合计 %1 元").arg(verdict.grossBuy.shown(2)),

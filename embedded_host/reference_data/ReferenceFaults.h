@@ -98,7 +98,8 @@ inline QString emptyKey(const QString& column)
 
 inline QString duplicateKey(const QString& columns, const QString& values, int firstLine)
 {
-    return QStringLiteral("%1 重复：%2，首次出现在第 %3 行").arg(columns, values).arg(firstLine);
+    return QStringLiteral("%1 重复：%2，首次出现在第 %3 行")
+        .arg(columns, values, QString::number(firstLine)); // at once: a value may look like a placeholder
 }
 
 inline QString notWhole(const QString& column, const QString& cell)

@@ -79,7 +79,8 @@ QDateTime Ledger::Core::now() const
 /// After a failure nothing may be open any more: whoever goes on tries anew.
 QString Ledger::Core::reopenIfClosed() const
 {
-    return store->database().isOpen() ? QString() : store->open();
+    const bool isOpen = store->database().isOpen(); // no copy of it may live while it is replaced
+    return isOpen ? QString() : store->open();
 }
 
 QString Ledger::Core::user() const

@@ -26,6 +26,7 @@ public:
     QString name() const override { return mAddress.shown(); }
     QString user() const override { return mUser; }
     bool keepsDays() const override { return true; }
+    bool holdsCeilings() const override { return true; }
     QSqlError begin(Begin kind) override;
     QSqlError commit() override;
     void rollback() override;

@@ -51,6 +51,8 @@ public:
     virtual QString user() const { return QString(); }
     /// Whether the store itself keeps what accounts did in a day (account_day), so that nobody writes it.
     virtual bool keepsDays() const { return false; }
+    /// Whether the store itself holds ceilings against every program (ledger_limit).
+    virtual bool holdsCeilings() const { return false; }
 
     /// A transaction. Of Begin::Write no two run at the same time, or one of them ends in Failure::Conflict.
     virtual QSqlError begin(Begin kind) = 0;

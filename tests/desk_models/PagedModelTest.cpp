@@ -92,7 +92,12 @@ TEST_F(PagedModelTest, TellsWhyFurtherRowsCannotBeFetchedAndKeepsThoseThatItHas)
     EXPECT_EQ(model.rowCount(), PageSize);
     EXPECT_FALSE(model.canFetchMore({})) << "a view would ask for ever";
     model.reload();
-    EXPECT_EQ(model.rowCount(), 0) << "what cannot be read any more is not shown as if it were";
+    EXPECT_EQ(model.rowCount(), PageSize) << "what is on screen stays there";
+    EXPECT_EQ(model.error(), "坏了"_s);
+    error.clear();
+    model.reload();
+    EXPECT_EQ(model.error(), QString());
+    EXPECT_TRUE(model.canFetchMore({}));
 }
 
 TEST(PagesOfTest, CutsAListThatIsReadWholeIntoPages)

@@ -23,8 +23,8 @@ DeskWindowFixture::~DeskWindowFixture()
 void DeskWindowFixture::open()
 {
     if (!books.ledger && books.ledgerError.isEmpty()) {
-        const auto opened =
-            ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path())));
+        books.address = ledger::Address::ofFile(ledger::Ledger::pathIn(home.path()));
+        const auto opened = ledger::Ledger::open(books.address);
         ASSERT_TRUE(opened.ok()) << opened.error.toStdString();
         books.ledger = opened.value;
         books.home = home.path();

@@ -221,6 +221,8 @@ TEST_P(FaultyFolderTest, IsNamedByFileAndLine)
 }
 
 const Fault Faults[] = {
+    {"DuplicateKeyThatLooksLikeAPlaceholder", u"accounts.csv", "tradingAccount,name\n%1,甲\n%3,乙\n%1,丙\n",
+     u"4: tradingAccount 重复：%1，首次出现在第 2 行"},
     {"EmptyFile", u"markets.csv", "", u"1: 缺少表头"},
     {"BlankLinesAlone", u"quotes.csv", "\n\n", u"1: 缺少表头"},
     {"HeaderWithoutKeyColumn", u"securities.csv", "code,name\n600000,甲\n", u"1: 表头缺少 symbol 列"},

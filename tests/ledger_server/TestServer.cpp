@@ -28,6 +28,13 @@ QString currentTest()
            QString::fromLatin1(test->name());
 }
 
+int control(const QStringList& options, const QString& action)
+{
+    const QString version = QString::fromLocal8Bit(qgetenv("PGVERSION"));
+    return QProcess::execute(QStringLiteral("pg_ctlcluster"),
+                             options + QStringList{version, QStringLiteral("regress"), action});
+}
+
 /// Empties a ledger that an earlier test has left: quicker than a new database.
 QString wipe()
 {
@@ -170,14 +177,18 @@ Address TestServer::address(const QString& database, const QString& user) const
     return address;
 }
 
+void TestServer::stop()
+{
+    EXPECT_EQ(control({QStringLiteral("--mode"), QStringLiteral("immediate")}, QStringLiteral("stop")), 0);
+}
+
+void TestServer::start()
+{
+    EXPECT_EQ(control({}, QStringLiteral("start")), 0);
+}
+
 void TestServer::restart()
 {
-    const QString version = QString::fromLocal8Bit(qgetenv("PGVERSION"));
-    const auto control = [&](const QStringList& arguments) {
-        return QProcess::execute(QStringLiteral("pg_ctlcluster"), arguments);
-    };
-    EXPECT_EQ(control({QStringLiteral("--mode"), QStringLiteral("immediate"), version,
-                       QStringLiteral("regress"), QStringLiteral("stop")}),
-              0);
-    EXPECT_EQ(control({version, QStringLiteral("regress"), QStringLiteral("start")}), 0);
+    stop();
+    start();
 }

@@ -30,7 +30,9 @@ public:
     /// Statements of a user, as another program would send them: the code of the server's refusal, or an
     /// empty one.
     QString codeOf(const QString& database, const QString& user, const QString& script) const;
-    /// Stops the server hard and starts it again, or ends there.
+    /// Hard, as a power cut would.
+    void stop();
+    void start();
     void restart();
 
 private:

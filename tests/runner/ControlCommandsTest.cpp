@@ -3,7 +3,6 @@
 #include "tests/ledger/SampleDrafts.h"
 #include "tests/runner/RunnerTest.h"
 
-#include <QDir>
 #include <QJsonArray>
 
 /// What is done with batches and instances that exist: approval, start, stop, withdrawal, settlement, halts,
@@ -155,31 +154,6 @@ TEST_F(ControlCommands, StartNothingWhileItsAccountIsHalted)
     EXPECT_EQ(0, atHome({"resume"_s, "--account"_s, "A1"_s, "--reason"_s, "checked"_s}).status);
     EXPECT_EQ(0, atHome({"start"_s, "--batch"_s, "1"_s}).status);
     EXPECT_EQ(QStringList({"running"_s, "running"_s}), states());
-}
-
-/// The program that comes later finds the halt; a home that was only mistyped is said to be a new one.
-TEST_F(ControlCommands, HaltWhereThereIsNoLedgerYetAndSaySo)
-{
-    expectRefused(atHome({"halt"_s, "--reason"_s, " "_s}), "--reason"_s);
-    EXPECT_FALSE(QDir(home()).exists());
-    const Run halted = atHome({"halt"_s, "--reason"_s, "fat finger"_s});
-    EXPECT_EQ(0, halted.status) << halted.out.constData();
-    EXPECT_EQ(1, halted.object()["halts"_s].toArray().size());
-    EXPECT_TRUE(QString::fromUtf8(halted.err).contains(home() + "/ledger.sqlite"_s))
-        << halted.err.constData();
-    EXPECT_EQ(1, create(table(goodRow())).status) << "nothing is created";
-    EXPECT_EQ(QByteArray(), atHome({"halt"_s, "--reason"_s, "again"_s}).err);
-}
-
-TEST_F(ControlCommands, ResumeAndTellOfNothingWhereThereIsNoLedger)
-{
-    expectComplaint(atHome({"resume"_s, "--reason"_s, "checked"_s}), "没有算法台账"_s);
-    const Run status = atHome({"status"_s});
-    EXPECT_EQ(0, status.status);
-    EXPECT_TRUE(status.object()["halts"_s].toArray().isEmpty());
-    EXPECT_EQ(0, atHome({"report"_s}).status);
-    EXPECT_EQ("[]"_s, QString::fromUtf8(atHome({"batches"_s}).out.simplified()).remove(QLatin1Char(' ')));
-    EXPECT_FALSE(QDir(home()).exists()) << "looking leaves no trace";
 }
 
 TEST_F(ControlCommands, SettleWhatIsUnknownAndNothingElse)

@@ -1,9 +1,5 @@
 #include "tests/runner/RunnerTest.h"
 
-#include <pwd.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -122,17 +118,6 @@ TEST_F(LedgerCommands, WantsALargeAmountTypedOnceMore)
     EXPECT_EQ(0, create(file, {"--amount"_s, "10,000"_s}).status);
 }
 
-TEST_F(LedgerCommands, CreatesNothingWhileAnotherProcessMakesTheLedger)
-{
-    ASSERT_TRUE(QDir().mkpath(home()));
-    QFile lock(home() + "/ledger.sqlite.lock"_s);
-    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
-    ASSERT_EQ(0, flock(lock.handle(), LOCK_EX | LOCK_NB));
-    expectNotCreated(create(table(goodRow())), "正忙"_s);
-    lock.close();
-    EXPECT_EQ(0, create(table(goodRow())).status);
-}
-
 TEST_F(LedgerCommands, OfManyProcessesAtOnceMakeAsManyBatchesAsTheySay)
 {
     ASSERT_EQ(0, create(table(goodRow())).status);
@@ -182,22 +167,6 @@ TEST_F(LedgerCommands, SayThatABatchWaitsForASecondPerson)
     const Run waiting = create(table(goodRow()));
     EXPECT_EQ(6, waiting.status);
     EXPECT_EQ("waiting"_s, creation(waiting)["batch"_s].toObject()["state"_s].toString());
-}
-
-TEST_F(LedgerCommands, WritesDownTheUserOfTheSystem)
-{
-    ASSERT_EQ(0, create(table(goodRow())).status);
-    const QJsonObject batch = atHome({"batches"_s}).json().array().at(0).toObject();
-    EXPECT_EQ(QString::fromLocal8Bit(getpwuid(geteuid())->pw_name), batch["createdBy"_s].toString());
-}
-
-TEST_F(LedgerCommands, LeaveNothingOutsideTheirHome)
-{
-    const QString file = table(goodRow());
-    ASSERT_EQ(0, create(file).status);
-    EXPECT_TRUE(QFile::exists(home() + "/ledger.sqlite"_s));
-    EXPECT_EQ(QStringList({"data"_s, "home"_s, "list.csv"_s}),
-              QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name));
 }
 
 TEST_F(LedgerCommands, PrintWhatTheirSchemasDescribe)
@@ -291,14 +260,6 @@ TEST_F(LedgerCommands, NamesABatchThatIsNotThere)
         EXPECT_EQ(1, run.status);
         EXPECT_TRUE(run.object()["error"_s].toString().contains("没有批次 7"_s)) << run.out.constData();
     }
-}
-
-TEST_F(LedgerCommands, MakeNoLedgerInAHomeThatWasMistyped)
-{
-    const Run run = atHome({"undo"_s, "7"_s});
-    EXPECT_EQ(1, run.status);
-    EXPECT_TRUE(run.object()["error"_s].toString().contains("没有批次 7"_s)) << run.out.constData();
-    EXPECT_FALSE(QDir(home()).exists());
 }
 
 TEST_F(LedgerCommands, HaltKeepsEverythingFromBeingCreatedUntilItIsResumed)

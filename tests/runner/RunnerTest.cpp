@@ -1,5 +1,6 @@
 #include "tests/runner/RunnerTest.h"
 
+#include "tests/ledger/LedgerPlace.h"
 #include "tests/support/SchemaCheck.h"
 
 #include <QDir>
@@ -83,6 +84,10 @@ void RunnerTest::prepare(QProcess& process, const QMap<QString, QString>& enviro
         all.remove(name);
     }
     all.insert("HOME"_s, mFolder.path());
+    const ledger::Address place = ledgerPlace(home(), QString());
+    if (place.kind == ledger::Address::Kind::Server) {
+        all.insert("ALGODESK_LEDGER"_s, place.shown());
+    }
     for (auto entry = environment.constBegin(); entry != environment.constEnd(); ++entry) {
         all.insert(entry.key(), entry.value());
     }

@@ -13,7 +13,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// Runs algodesk on a small reference data folder of its own. A test may change the files before it runs.
+/// Runs algodesk on a small reference data folder of its own. A test may change the files before it runs. The
+/// ledger is where ledgerPlace() says: in the home, or on a server.
 class RunnerTest : public testing::Test {
 protected:
     /// What a run left behind.

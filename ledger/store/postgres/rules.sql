@@ -4,13 +4,15 @@
 -- Refusals have codes of their own: AL001 history, AL002 not for this role, AL003 a ceiling, AL004 halted,
 -- AL005 a second person is needed, AL006 not a whole batch, AL007 the audit trail, AL008 the clock.
 
--- Limits and prices that risk sets. An empty value is no ceiling; '*' stands for all; the strictest row holds.
+-- Limits and prices that risk sets. An empty value is no ceiling; '*' stands for all; the strictest row holds, but that a
+-- row that replaces the general one ('*', '*') takes what it is for out of that.
 CREATE TABLE IF NOT EXISTS ledger_limit (
     account TEXT NOT NULL DEFAULT '*', strategy TEXT NOT NULL DEFAULT '*',
     max_row_quantity NUMERIC, max_row_amount NUMERIC, max_security_amount NUMERIC,
     max_gross_buy NUMERIC, max_gross_sell NUMERIC, max_day_buy NUMERIC, max_day_sell NUMERIC,
     max_day_instances BIGINT, max_batch_rows BIGINT, approval_amount NUMERIC,
     PRIMARY KEY (account, strategy));
+ALTER TABLE ledger_limit ADD COLUMN IF NOT EXISTS replaces_general BOOLEAN NOT NULL DEFAULT false;
 
 -- CNY of one unit, from the day before. An amount below half of quantity times price is not believed.
 CREATE TABLE IF NOT EXISTS ledger_price (symbol TEXT NOT NULL PRIMARY KEY, price NUMERIC NOT NULL);
@@ -233,8 +235,11 @@ CREATE OR REPLACE FUNCTION ledger_limits(of_account text, of_strategy text) RETU
     LANGUAGE sql STABLE AS $$
     SELECT of_account, of_strategy, min(max_row_quantity), min(max_row_amount), min(max_security_amount),
            min(max_gross_buy), min(max_gross_sell), min(max_day_buy), min(max_day_sell),
-           min(max_day_instances), min(max_batch_rows), min(approval_amount)
+           min(max_day_instances), min(max_batch_rows), min(approval_amount), false
     FROM ledger_limit WHERE account IN (of_account, '*') AND strategy IN (of_strategy, '*')
+      AND NOT (account = '*' AND strategy = '*' AND EXISTS (
+          SELECT 1 FROM ledger_limit o WHERE o.replaces_general AND (o.account <> '*' OR o.strategy <> '*')
+          AND o.account IN (of_account, '*') AND o.strategy IN (of_strategy, '*')))
 $$;
 
 CREATE OR REPLACE FUNCTION ledger_check_rows(b batch, most ledger_limit) RETURNS void LANGUAGE plpgsql AS $$

@@ -169,6 +169,7 @@ bool isGatewayCommand(const QString& name)
 
 int runGatewayCommand(const QStringList& arguments, QIODevice& out, QIODevice& err)
 {
+    gateway::isAskedToEndBySignal(); // whoever is told to end while it starts ends in order, too
     const QString& command = arguments.first();
     QCommandLineParser parser;
     parser.addOptions(optionsOf(command));

@@ -19,14 +19,18 @@ constexpr int MostLots = 200;       // of messages that are read at once
 constexpr int MostMessages = 20000; // that are shown
 constexpr int MostStrays = 200;
 constexpr int MessageType = 35;
+constexpr int Text = 58;
 constexpr int LogShare = 3; // of the height, against what stands below
 
+const QString Logon = QStringLiteral("A");
+const QString Logout = QStringLiteral("5");
+const QString LoggedOn = QStringLiteral("loggedOn");
 const QString Clock = QStringLiteral("HH:mm:ss");
 
 QString shownState(const QString& state)
 {
     static const QMap<QString, QString> shown = {{QStringLiteral("connected"), QStringLiteral("正在登录")},
-                                                 {QStringLiteral("loggedOn"), QStringLiteral("已登录")},
+                                                 {LoggedOn, QStringLiteral("已登录")},
                                                  {QStringLiteral("loggedOut"), QStringLiteral("已登出")},
                                                  {QStringLiteral("disconnected"), QStringLiteral("已断开")}};
     return shown.value(state, state);
@@ -148,10 +152,30 @@ void GatewayPage::showSessions()
 
 QString GatewayPage::lineOf(const ledger::Gateway& gateway) const
 {
-    return QStringLiteral("%1　%2　%3，自 %4　%5")
+    const QString why = gateway.state == LoggedOn ? QString() : whyLoggedOut(gateway.session);
+    return QStringLiteral("%1　%2　%3%4，自 %5　%6")
         .arg(gateway.session, shownAccounts(gateway.accounts), shownState(gateway.state),
+             why.isEmpty() ? why : QStringLiteral("（%1）").arg(why),
              gateway.since.toLocalTime().toString(QStringLiteral("MM-dd HH:mm:ss")),
              lastMessageOf(gateway.session));
+}
+
+/// What the last logout said, such as that sequence numbers do not fit: a person must know.
+QString GatewayPage::whyLoggedOut(const QString& session) const
+{
+    const QList<ledger::WireMessage>& messages = mLogModel->records();
+    for (auto message = messages.crbegin(); message != messages.crend(); ++message) {
+        const QList<wire_text::Field> fields = wire_text::fieldsOf(message->text);
+        const QString type = wire_text::valueOf(fields, MessageType);
+        const bool isOurs = message->session == session;
+        if (isOurs && type == Logout) {
+            return wire_text::valueOf(fields, Text);
+        }
+        if (isOurs && type == Logon && !message->isOutgoing) {
+            break;
+        }
+    }
+    return {};
 }
 
 QString GatewayPage::lastMessageOf(const QString& session) const

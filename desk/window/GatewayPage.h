@@ -44,6 +44,7 @@ private:
     void showFields();
     QString lineOf(const ledger::Gateway& gateway) const;
     QString lastMessageOf(const QString& session) const;
+    QString whyLoggedOut(const QString& session) const;
 
     const DeskBooks& mBooks;
     WireModel* mLogModel;

@@ -173,17 +173,20 @@ void Dispatch::hearMessage(const Message& message, Step& step)
     }
 }
 
-/// A reject names a message of ours by its number, and perhaps the order.
+/// A reject names a message of ours by its number, and perhaps the order: what an earlier program sent is
+/// known by that alone.
 void Dispatch::hearReject(Report report, Step& step)
 {
     const auto sent = mSent.find(report.refSeqNum.toInt());
-    if (sent == mSent.end()) {
-        step.kept.append({report.clOrdId, QString(), QStringLiteral("拒绝了未知的消息：") + report.text});
-        return;
+    std::string type = report.refMsgType.toStdString();
+    if (sent != mSent.end()) {
+        report.clOrdId = sent->second.clOrdId;
+        type = sent->second.type;
     }
-    report.clOrdId = sent->second.clOrdId;
-    if (sent->second.type == "F" || sent->second.type == "H") {
-        mRecovery.receiveRefusal(report.clOrdId, sent->second.type, report, now(), step);
+    if (report.clOrdId.isEmpty()) {
+        step.kept.append({QString(), QString(), QStringLiteral("拒绝了未知的消息：") + report.text});
+    } else if (type == "F" || type == "H") {
+        mRecovery.receiveRefusal(report.clOrdId, type, report, now(), step);
     } else {
         hearReport(report, step);
     }

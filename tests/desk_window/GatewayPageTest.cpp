@@ -133,6 +133,21 @@ TEST_F(GatewayPageTest, AnInstanceFillsBeforeTheTradersEyesAndANoticeTellsTheEnd
     EXPECT_FALSE(notice->isVisible());
 }
 
+TEST_F(GatewayPageTest, SaysWhyTheCounterpartyDidNotLogOn)
+{
+    open();
+    claim();
+    ASSERT_EQ(outbox->session("disconnected"_s, QString()).error, QString());
+    ASSERT_EQ(outbox
+                  ->keepMessages({message("8=FIX.4.4|35=A|"_s, true),
+                                  message("8=FIX.4.4|35=5|58=MsgSeqNum too low, expecting 7|"_s, false)})
+                  .error,
+              QString());
+    window->showPage(DeskWindow::GatewayPageIndex);
+    EXPECT_TRUE(window->gatewayPage()->sessions().contains("已断开（MsgSeqNum too low, expecting 7），自 "_s))
+        << window->gatewayPage()->sessions().toStdString();
+}
+
 TEST_F(GatewayPageTest, AboutNamesTheSessionEngine)
 {
     open();

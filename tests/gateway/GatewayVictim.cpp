@@ -9,6 +9,7 @@
 /// The gateway as a process that a test can kill: CONFIG PROFILE LEDGER ORDERS_PER_SECOND.
 int main(int argc, char** argv)
 {
+    gateway::isAskedToEndBySignal();
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\n*.warning=false"));

@@ -121,6 +121,52 @@ TEST_P(Kills, EveryOrderIsExecutedOnce)
 INSTANTIATE_TEST_SUITE_P(BySeed, Kills,
                          testing::Combine(testing::Range(1U, 4U), testing::Values("FIX.4.4", "FIXT.1.1")));
 
+/// Taken back while the gateway is killed over and over: what was executed is cancelled, and nothing is
+/// executed twice.
+TEST_P(Kills, WhatIsTakenBackIsCancelled)
+{
+    const int count = 60;
+    const int kills = 10;
+    Counterparty::Options unlucky;
+    unlucky.seed = std::get<0>(GetParam());
+    unlucky.beginString = std::get<1>(GetParam());
+    unlucky.dropPerMille = 10;
+    unlucky.losePerMille = 10;
+    unlucky.fills = false;
+    Counterparty counterparty(unlucky);
+    DeskLedger desk;
+    desk.create(count);
+    const QString settings =
+        settingsFile(desk.folder(), counterparty.port(), QString::fromStdString(unlucky.beginString));
+    const QString profile = profileFile(desk);
+    std::mt19937 random(unlucky.seed);
+    for (int i = 0; i < kills; ++i) {
+        Victim victim(desk, settings, profile, 60);
+        std::this_thread::sleep_for(std::chrono::milliseconds(100 + random() % 300));
+        if (i == kills / 2) {
+            EXPECT_EQ(desk.ledger().undo(1).error, QString());
+        }
+        victim.kill();
+    }
+    const auto over = [&] {
+        return desk.countOf(InstanceState::Stopped) + desk.countOf(InstanceState::Withdrawn) == count;
+    };
+    const std::size_t before = counterparty.received().size();
+    Victim survivor(desk, settings, profile);
+    EXPECT_TRUE(counterparty.waitFor([&] { return counterparty.received().size() > before; }));
+    for (int i = 0; i < 6 && !over(); ++i) {
+        counterparty.waitFor(over);
+    }
+    EXPECT_TRUE(over()) << desk.story();
+    EXPECT_EQ(survivor.end(), 0);
+    const auto orders = counterparty.orders();
+    EXPECT_EQ(orders.size(), static_cast<std::size_t>(desk.countOf(InstanceState::Stopped)));
+    for (const auto& order : orders) {
+        EXPECT_EQ(order.second.executions, 1) << order.first;
+        EXPECT_EQ(order.second.status, "4") << order.first;
+    }
+}
+
 TEST(Process, AnAccountIsServedByOneAtATime)
 {
     Counterparty counterparty{{}};

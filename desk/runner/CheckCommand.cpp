@@ -1,3 +1,4 @@
+#include "desk/broker/TableFaults.h"
 #include "desk/check/FileReport.h"
 #include "desk/check/ImportedFile.h"
 #include "desk/runner/Commands.h"
@@ -35,12 +36,12 @@ QJsonObject toJson(const table_lint::Finding& finding, const FileReport& report)
             {QStringLiteral("suggestions"), QJsonArray::fromStringList(finding.suggestions)}};
 }
 
-int statusOf(const FileReport& report, bool dialogComplained)
+int statusOf(const FileReport& report, bool isRefused)
 {
     if (!report.error.isEmpty()) {
         return Unreadable;
     }
-    if (report.hasErrors() || dialogComplained) {
+    if (report.hasErrors() || isRefused) {
         return Errors;
     }
     return report.findings.isEmpty() ? Clean : Warnings;
@@ -79,6 +80,14 @@ ImportedFile asTheDialogReads(const ImportedFile& file, const CommandLine& line)
     return plain;
 }
 
+table::Faults brokerFaults(const broker::BrokerRules& rules, const CommandLine& line,
+                           const EmbeddedHost& host, const ImportedFile& file, const QString& path)
+{
+    const ReferenceData& data = host.referenceData();
+    const import::Account account = {line.account, data.account(line.account)->assetProp};
+    return broker::faultsOfTable(rules, *data.strategy(line.strategy), account, file.table, path);
+}
+
 } // namespace
 
 /// Reads the file, says what looks wrong in it, and with a strategy and an account what the import says.
@@ -94,6 +103,10 @@ Result checkFile(const CommandLine& line)
     if (!host) {
         return refuse(error);
     }
+    const Outcome<broker::BrokerRules> brokerRules = broker::BrokerRules::read(referenceDataFolder(line));
+    if (!brokerRules.ok()) {
+        return refuse(brokerRules.error);
+    }
     const QString& path = line.files.first();
     const ImportedFile file = ImportedFile::read(path, line.encoding);
     QStringList titles;
@@ -107,7 +120,8 @@ Result checkFile(const CommandLine& line)
         driver.importFile(asTheDialogReads(file, line));
         titles = titlesOf(line.strategy, *host);
         boxes = driver.boxes();
-        faults = driver.faults();
+        faults = driver.faults() +
+                 brokerFaults(brokerRules.value, line, *host, asTheDialogReads(file, line), driver.path());
     }
     FileReport report = fileReport(file.table, line.strategy, titles, host->referenceData());
     report.sha256 = file.file->sha256().value;
@@ -115,7 +129,7 @@ Result checkFile(const CommandLine& line)
     json[QStringLiteral("file")] = path;
     json[QStringLiteral("messageBoxes")] = boxes;
     json[QStringLiteral("faults")] = toJson(faults);
-    return print(statusOf(report, !boxes.isEmpty()), QJsonDocument(json));
+    return print(statusOf(report, !boxes.isEmpty() || !faults.isEmpty()), QJsonDocument(json));
 }
 
 } // namespace runner

@@ -113,7 +113,20 @@ private:
             return security != nullptr && security->bondRepo;
         };
         orders.typed = [this](int row, const QStringList& titles) { return cellOf(row, titles); };
-        return faultsOfOrders(orders);
+        return faultsOfOrders(orders) + brokerFaults(review.draft);
+    }
+
+    table::Faults brokerFaults(const ledger::BatchDraft& draft) const
+    {
+        table::Faults faults;
+        for (int i = 0; i < draft.instances.size(); ++i) {
+            const auto own = mDesk.brokerRules.faultsOf(draft.strategy, draft.instances.at(i).parameters);
+            for (table::Fault fault : own) {
+                fault.row = i + 1;
+                faults.append(fault);
+            }
+        }
+        return faults;
     }
 
     /// Row of the table in the file, of a row of the batch; -1 where nobody knows.

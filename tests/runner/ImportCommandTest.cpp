@@ -22,10 +22,10 @@ TEST_F(ImportCommand, PrintsTheBatchAsOneJsonObject)
     EXPECT_EQ(0, result.status);
     EXPECT_EQ(QByteArray(), result.err);
     const QJsonObject json = result.object();
-    EXPECT_EQ((QStringList{"account"_s, "columns"_s, "counts"_s, "expected"_s, "hiddenColumns"_s,
-                           "messageBoxes"_s, "okEnabled"_s, "parameterMaps"_s, "records"_s, "signal"_s,
-                           "strategy"_s}),
-              json.keys());
+    EXPECT_EQ(
+        (QStringList{"account"_s, "columns"_s, "counts"_s, "expected"_s, "hiddenColumns"_s, "messageBoxes"_s,
+                     "okEnabled"_s, "parameterMaps"_s, "records"_s, "signal"_s, "strategy"_s}),
+        json.keys());
     EXPECT_EQ("AITWAP"_s, json["strategy"_s].toString());
     EXPECT_EQ("A1"_s, json["account"_s].toString());
     EXPECT_EQ((QJsonArray{"证券代码"_s, "证券名称"_s, "市场"_s, "委托数量"_s, "交易方向"_s, "委托属性"_s,

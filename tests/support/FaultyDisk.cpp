@@ -108,8 +108,9 @@ int opened(const char* name, const char* path, int flags, int mode)
 FILE* openedStream(const char* name, const char* path, const char* mode)
 {
     const bool isMade = std::strpbrk(mode, "wa+") != nullptr;
-    return isMade && isBelow(path) && fails(Call::Make) ? nullptr
-                                                        : real<FILE*(const char*, const char*)>(name)(path, mode);
+    return isMade && isBelow(path) && fails(Call::Make)
+               ? nullptr
+               : real<FILE*(const char*, const char*)>(name)(path, mode);
 }
 
 } // namespace
@@ -153,7 +154,8 @@ int close(int descriptor)
 
 int fchmod(int descriptor, mode_t mode) noexcept
 {
-    return isBelow(descriptor) && fails(Call::Place) ? -1 : real<int(int, mode_t)>("fchmod")(descriptor, mode);
+    return isBelow(descriptor) && fails(Call::Place) ? -1
+                                                     : real<int(int, mode_t)>("fchmod")(descriptor, mode);
 }
 
 int rename(const char* from, const char* to) noexcept

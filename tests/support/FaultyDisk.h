@@ -3,8 +3,8 @@
 #include <QString>
 
 /// Makes calls of the system fail, one at a time, for files below a folder: the program's own functions stand
-/// before the C library's, also for Qt, the database's driver and whatever writes workbooks. A program that links
-/// it is made with ENABLE_EXPORTS.
+/// before the C library's, also for Qt, the database's driver and whatever writes workbooks. A program that
+/// links it is made with ENABLE_EXPORTS.
 namespace faulty_disk {
 
 enum class Kind {

@@ -149,14 +149,9 @@ Outcome<void> Draft::finish()
 }
 
 /// A name lives in its folder, which is carried to the disk as well.
-Outcome<void> Draft::takePlace()
+Outcome<void> syncFolder(const QByteArray& path)
 {
-    const Outcome<void> renamed = outcomeOf(::rename(mPath.constData(), mTarget.constData()));
-    if (!renamed.ok()) {
-        return renamed;
-    }
-    mExists = false;
-    const int folder = ::open(mFolder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int folder = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder == NoFile) {
         return {}; // a folder that may be written to and not be read
     }
@@ -164,6 +159,21 @@ Outcome<void> Draft::takePlace()
     const QString reason = synced ? QString() : reasonOf(errno);
     ::close(folder);
     return {synced ? QString() : QStringLiteral("已写入，但磁盘没有确认：%1").arg(reason)};
+}
+
+QByteArray folderOf(const QByteArray& path)
+{
+    return path.left(path.lastIndexOf('/') + 1);
+}
+
+Outcome<void> Draft::takePlace()
+{
+    const Outcome<void> renamed = outcomeOf(::rename(mPath.constData(), mTarget.constData()));
+    if (!renamed.ok()) {
+        return renamed;
+    }
+    mExists = false;
+    return syncFolder(mFolder);
 }
 
 } // namespace
@@ -183,6 +193,15 @@ Outcome<void> save(const QString& path, const QByteArray& bytes)
         done = draft.finish();
     }
     return done.ok() ? draft.takePlace() : done;
+}
+
+Outcome<void> move(const QString& from, const QString& to)
+{
+    const QByteArray source = QFile::encodeName(QFileInfo(from).absoluteFilePath());
+    const QByteArray target = QFile::encodeName(QFileInfo(to).absoluteFilePath());
+    const Outcome<void> renamed = outcomeOf(::rename(source.constData(), target.constData()));
+    const Outcome<void> arrived = renamed.ok() ? syncFolder(folderOf(target)) : renamed;
+    return arrived.ok() ? syncFolder(folderOf(source)) : arrived;
 }
 
 QString cannotWrite(const QString& path, const QString& reason)

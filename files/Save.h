@@ -18,6 +18,10 @@ namespace files {
 ///     if (!saved.ok()) { … files::cannotWrite(path, saved.error) … }
 Outcome<void> save(const QString& path, const QByteArray& bytes);
 
+/// Gives a file another name, in another folder of the same disk perhaps: at every moment it is whole under
+/// one of the two. What stood under the new name is gone. Both folders are carried to the disk.
+Outcome<void> move(const QString& from, const QString& to);
+
 /// 无法写入文件“list.csv”：磁盘空间不足
 QString cannotWrite(const QString& path, const QString& reason);
 

@@ -45,6 +45,7 @@ QList<QCommandLineOption> optionsOf(const QString& command)
         return {valued("config"), valued("pace"), valued("faults"), valued("data")};
     }
     return {valued("config"),
+            valued("files"),
             valued("profile"),
             valued("ledger"),
             valued("data"),
@@ -60,8 +61,14 @@ QString faultOf(const QCommandLineParser& parser, const QString& command)
     if (!parser.positionalArguments().isEmpty()) {
         return QStringLiteral("%1 takes no argument").arg(command);
     }
+    const bool isByFiles = parser.isSet(QStringLiteral("files"));
+    if (isByFiles &&
+        (parser.isSet(QStringLiteral("config")) || parser.value(QStringLiteral("files")).isEmpty() ||
+         parser.isSet(QStringLiteral("reset-sequence")))) {
+        return QStringLiteral("--files takes a folder, and goes with neither --config nor --reset-sequence");
+    }
     const bool needsConfig =
-        !parser.isSet(QStringLiteral("dry-run")) && !parser.isSet(QStringLiteral("forget"));
+        !isByFiles && !parser.isSet(QStringLiteral("dry-run")) && !parser.isSet(QStringLiteral("forget"));
     for (const QString& name : {QStringLiteral("config"), QStringLiteral("profile")}) {
         const bool isNeeded = name == QLatin1String("config") ? needsConfig : command == Gateway;
         if (isNeeded && parser.value(name).isEmpty()) {
@@ -102,6 +109,7 @@ int runGateway(const QCommandLineParser& parser, QIODevice& out, QIODevice& err)
     }
     gateway::GatewayOptions options;
     options.settingsFile = parser.value(QStringLiteral("config"));
+    options.handOff.path = parser.value(QStringLiteral("files"));
     options.profileFile = parser.value(QStringLiteral("profile"));
     options.ledger = address.value;
     options.limits = *limits;
@@ -186,9 +194,12 @@ int runGatewayCommand(const QStringList& arguments, QIODevice& out, QIODevice& e
 QString gatewayUsage()
 {
     return QStringLiteral(
-        "       algodesk gateway --config FILE --profile FILE [--ledger ADDRESS] [--data DIR]\n"
-        "                        [--reset-sequence] [--dry-run N] [--forget]\n"
-        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED] [--data DIR]\n");
+        "       algodesk gateway --config FILE | --files FOLDER --profile FILE [--ledger ADDRESS] [--data DIR]
+"
+        "                        [--reset-sequence] [--dry-run N] [--forget]
+"
+        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED] [--data DIR]
+");
 }
 
 } // namespace runner

@@ -4,9 +4,9 @@
 #include "desk/window/ProgressDelegate.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
-#include "embedded_host/table_writer/CsvText.h"
 #include "embedded_host/UserPrompts.h"
 #include "embedded_host/widgets/TableBehaviour.h"
+#include "files/CsvText.h"
 #include "files/Save.h"
 
 #include <QHBoxLayout>
@@ -237,7 +237,7 @@ void FilteredTable::exportRows()
         emit said(QStringLiteral("未导出：%1").arg(missing));
         return;
     }
-    const Outcome<void> saved = files::save(path, table_writer::csvText(shownRows()));
+    const Outcome<void> saved = files::save(path, files::csvText(shownRows()));
     const QString done =
         mSource->canFetchMore({})
             ? QStringLiteral("列表过长，只导出了前 %1 行：%2").arg(mSource->rowCount()).arg(path)

@@ -2,7 +2,7 @@
 
 #include "embedded_host/reference_data/ReferenceFaults.h"
 #include "embedded_host/reference_data/ReferenceFile.h"
-#include "embedded_host/table_reader/text/CsvTokenizer.h"
+#include "files/CsvTokenizer.h"
 
 #include <QTextCodec>
 
@@ -67,7 +67,7 @@ bool splitCsv(const QByteArray& bytes, const QString& path, QVector<CsvRecord>& 
         error = reference_faults::at(path, invalidUtf8Line(bytes), reference_faults::invalidUtf8());
         return false;
     }
-    table_reader::CsvTokenizer csv(QLatin1Char(','));
+    files::CsvTokenizer csv(QLatin1Char(','));
     csv.feed(*text);
     csv.finish();
     CsvRecord record;

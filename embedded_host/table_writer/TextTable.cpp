@@ -1,8 +1,8 @@
 #include "embedded_host/table_writer/TextTable.h"
 
 #include "embedded_host/table_reader/xlsx/SpreadsheetText.h"
-#include "embedded_host/table_writer/CsvText.h"
 #include "embedded_host/table_writer/XlsxDraft.h"
+#include "files/CsvText.h"
 #include "files/Save.h"
 #include "table/CellAddress.h"
 
@@ -63,7 +63,7 @@ QString writeXlsx(const QString& path, const QList<QStringList>& table, double l
 QString writeTable(const QString& path, const QList<QStringList>& table, double lastWidth)
 {
     const bool isXlsx = QFileInfo(path).suffix().compare(QLatin1String("xlsx"), Qt::CaseInsensitive) == 0;
-    return isXlsx ? writeXlsx(path, table, lastWidth) : save(path, csvText(table));
+    return isXlsx ? writeXlsx(path, table, lastWidth) : save(path, files::csvText(table));
 }
 
 } // namespace table_writer

@@ -1,11 +1,11 @@
-#include "embedded_host/table_writer/CsvText.h"
 #include "embedded_host/templates/TemplateFormats.h"
+#include "files/CsvText.h"
 
 namespace template_files {
 
 QByteArray csvBytes(const TemplateSheet& sheet)
 {
-    return table_writer::csvText(sheet.rows());
+    return files::csvText(sheet.rows());
 }
 
 } // namespace template_files

@@ -1,4 +1,4 @@
-#include "embedded_host/table_reader/text/CsvTokenizer.h"
+#include "files/CsvTokenizer.h"
 #include "fuzz/table_reader/FuzzSupport.h"
 
 namespace {
@@ -16,7 +16,7 @@ struct Records {
 /// Splits the text, fed in pieces of this many characters.
 Records split(const QString& text, int piece)
 {
-    table_reader::CsvTokenizer csv(QLatin1Char(','));
+    files::CsvTokenizer csv(QLatin1Char(','));
     Records records;
     QStringList cells;
     const auto take = [&] {

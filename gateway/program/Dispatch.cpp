@@ -158,6 +158,9 @@ void Dispatch::hearGap(const SessionNews& news, Step& step)
 
 void Dispatch::hearMessage(const Message& message, Step& step)
 {
+    if (message.type.empty()) {
+        step.kept.append({QString(), QString(), QString::fromStdString(message.text(58))});
+    }
     if (!isReport(message.type)) {
         return;
     }

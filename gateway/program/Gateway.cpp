@@ -1,5 +1,6 @@
 #include "gateway/program/Gateway.h"
 
+#include "gateway/handoff/OrderSheet.h"
 #include "gateway/messages/OrderMessages.h"
 #include "gateway/port/LedgerOutbox.h"
 #include "gateway/program/Dispatch.h"
@@ -33,6 +34,22 @@ QStringList accountsOf(const Profile& profile)
     return profile.accounts.isEmpty() ? QStringList{QStringLiteral("*")} : profile.accounts;
 }
 
+bool isByFiles(const GatewayOptions& options)
+{
+    return !options.handOff.path.isEmpty();
+}
+
+/// The profile, as far as it fits the way on which the orders go.
+Outcome<Profile> profileFor(const GatewayOptions& options)
+{
+    Outcome<Profile> profile = loadProfile(options.profileFile);
+    const QString clashes = profile.ok() && isByFiles(options) ? clashesIn(profile.value) : QString();
+    if (!clashes.isEmpty()) {
+        profile.error = QStringLiteral("“%1”：%2").arg(options.profileFile, clashes);
+    }
+    return profile;
+}
+
 /// The ceiling of a scope, rounded down; 0: none.
 int perSecond(const ledger::LimitScope& scope)
 {
@@ -43,6 +60,8 @@ Dispatch::Terms termsOf(const GatewayOptions& options, const Profile& profile)
 {
     Dispatch::Terms terms;
     terms.profile = profile;
+    // A folder engine answers for a counterparty that does not, and knows what never left.
+    terms.profile.statusRequest = profile.statusRequest || isByFiles(options);
     terms.isAskedToEnd = options.isAskedToEnd;
     for (const ledger::LimitScope& scope : options.limits) {
         const int ceiling = perSecond(scope);
@@ -53,7 +72,14 @@ Dispatch::Terms termsOf(const GatewayOptions& options, const Profile& profile)
     return terms;
 }
 
-std::unique_ptr<Engine> openEngine(const GatewayOptions& options, Inbox& inbox, QString& error)
+std::unique_ptr<Engine> openFolder(const GatewayOptions& options, const Profile& profile, Inbox& inbox)
+{
+    FolderOptions handOff = options.handOff;
+    handOff.asksCounterparty = profile.statusRequest;
+    return std::make_unique<FolderEngine>(handOff, inbox);
+}
+
+std::unique_ptr<Engine> openSession(const GatewayOptions& options, Inbox& inbox, QString& error)
 {
     Engine::Options engine;
     engine.settingsFile = options.settingsFile.toStdString();
@@ -117,17 +143,15 @@ QByteArray shown(const Message& message)
     return text;
 }
 
-QJsonObject lineOf(qint64 batch, const Order& order, const Profile& profile, const QString& refusal,
-                   const QDateTime& now)
+/// The message as it would go out.
+void show(const Message& message, bool byFiles, QJsonObject& line)
 {
-    QJsonObject line = {{QStringLiteral("id"), InstanceKey{batch, order.row}.text()},
-                        {QStringLiteral("clOrdId"), clOrdIdOf(order)}};
-    if (refusal.isEmpty()) {
-        line.insert(QStringLiteral("message"), QString::fromUtf8(shown(newOrder(profile, order, now).value)));
+    if (byFiles) {
+        line.insert(QStringLiteral("file"), sheetName(message));
+        line.insert(QStringLiteral("content"), QString::fromUtf8(sheetOf(message)));
     } else {
-        line.insert(QStringLiteral("reason"), refusal);
+        line.insert(QStringLiteral("message"), QString::fromUtf8(shown(message)));
     }
-    return line;
 }
 
 } // namespace
@@ -145,13 +169,14 @@ bool isAskedToEndBySignal()
 
 int run(const GatewayOptions& options, QIODevice& out, QIODevice& err)
 {
-    const Outcome<Profile> profile = loadProfile(options.profileFile);
+    const Outcome<Profile> profile = profileFor(options);
     if (!profile.ok()) {
         return complain(err, Refused, profile.error);
     }
     Inbox inbox;
     QString fault;
-    const std::unique_ptr<Engine> engine = openEngine(options, inbox, fault);
+    const std::unique_ptr<Engine> engine =
+        isByFiles(options) ? openFolder(options, profile.value, inbox) : openSession(options, inbox, fault);
     if (!engine) {
         return complain(err, Refused, fault);
     }
@@ -170,7 +195,7 @@ int run(const GatewayOptions& options, QIODevice& out, QIODevice& err)
 
 int dryRun(const GatewayOptions& options, qint64 batch, QIODevice& out, QIODevice& err)
 {
-    const Outcome<Profile> profile = loadProfile(options.profileFile);
+    const Outcome<Profile> profile = profileFor(options);
     if (!profile.ok()) {
         return complain(err, Refused, profile.error);
     }
@@ -188,7 +213,13 @@ int dryRun(const GatewayOptions& options, qint64 batch, QIODevice& out, QIODevic
     const QDateTime now = QDateTime::currentDateTimeUtc();
     const QHash<int, QString> refusals = refusalsOf(profile.value, orders.value, now);
     for (const Order& order : orders.value) {
-        const QJsonObject line = lineOf(batch, order, profile.value, refusals.value(order.row), now);
+        QJsonObject line = {{QStringLiteral("id"), InstanceKey{batch, order.row}.text()},
+                            {QStringLiteral("clOrdId"), clOrdIdOf(order)}};
+        if (refusals.contains(order.row)) {
+            line.insert(QStringLiteral("reason"), refusals.value(order.row));
+        } else {
+            show(newOrder(profile.value, order, now).value, isByFiles(options), line);
+        }
         out.write(QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n');
     }
     return Ended;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gateway/handoff/FolderEngine.h"
 #include "ledger/guard/Limits.h"
 #include "ledger/store/Address.h"
 
@@ -9,7 +10,8 @@
 
 #include <functional>
 
-/// `algodesk gateway`: what the ledger holds goes to a FIX counterparty, what that answers comes back.
+/// `algodesk gateway`: what the ledger holds goes to a counterparty, by FIX or as files, and what that
+/// answers comes back.
 namespace gateway {
 
 enum Status {
@@ -19,7 +21,8 @@ enum Status {
 };
 
 struct GatewayOptions {
-    QString settingsFile; ///< of the session
+    QString settingsFile;  ///< of the FIX session
+    FolderOptions handOff; ///< with a path: by files instead
     QString profileFile;
     ledger::Address ledger;
     QList<ledger::LimitScope> limits; ///< of which ordersPerSecond is kept
@@ -33,7 +36,8 @@ struct GatewayOptions {
 int run(const GatewayOptions& options, QIODevice& out, QIODevice& err);
 
 /// Prints the messages of a batch and sends nothing: a JSON line each, {"id", "clOrdId", "message"} with bars
-/// between fields, or {"id", "clOrdId", "reason"} of one that the profile refuses.
+/// between fields, or {"id", "clOrdId", "reason"} of one that the profile refuses. By files {"id", "clOrdId",
+/// "file", "content"}.
 int dryRun(const GatewayOptions& options, qint64 batch, QIODevice& out, QIODevice& err);
 
 /// Takes the registration back; refused (2) while anything is queued or open, (3) while a gateway serves.

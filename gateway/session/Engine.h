@@ -40,7 +40,8 @@ public:
 
     virtual void onSession(const SessionNews& news) = 0;
     /// An application message, or a Reject (3), each in the order of its sequence number. Held until
-    /// confirm(): after a crash the counterparty is asked for it again.
+    /// confirm(): after a crash the counterparty is asked for it again. One without a type is what came and
+    /// cannot be read; 58 says why.
     virtual void onMessage(const std::string& session, const Message& message) = 0;
     /// Every message both ways as it stands on the wire, credentials masked.
     virtual void onTraffic(const std::string& session, bool isOutgoing, const std::string& text) = 0;

@@ -26,10 +26,11 @@ QMap<QString, QStringList> arrows()
             {QStringLiteral("dialog"), rooms("import schema amounts validation strategy table host")},
             {QStringLiteral("files"), rooms("table")},
             {QStringLiteral("ledger"), rooms("files table")},
-            {QStringLiteral("gateway"), rooms("ledger table")},
+            {QStringLiteral("gateway"), rooms("ledger files table")},
+            {QStringLiteral("atdl"), rooms("gateway strategy table")}, // and the host's constants
             {QStringLiteral("embedded_host"), rooms("files strategy table host")},
             {QStringLiteral("desk"),
-             rooms("gateway ledger embedded_host files import amounts validation strategy table host")}};
+             rooms("atdl gateway ledger embedded_host files import amounts validation strategy table host")}};
 }
 
 /// Headers beyond the rooms of a room's arrows.
@@ -41,6 +42,7 @@ QMap<QString, QStringList> furtherHeaders()
     return {{QStringLiteral("strategy"),
              {QStringLiteral("host/AlgoConstants.h"), QStringLiteral("host/NorvikConstants.h"),
               QStringLiteral("host/SolveyConstants.h")}},
+            {QStringLiteral("atdl"), {QStringLiteral("host/AlgoConstants.h")}},
             {QStringLiteral("amounts"), ofMembers},
             {QStringLiteral("validation"), ofMembers},
             {QStringLiteral("schema"), ofMembers},

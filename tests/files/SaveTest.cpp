@@ -130,3 +130,19 @@ TEST_F(Save, GoesOnWhereAWriteTookOnlyHalf)
 {
     EXPECT_GE(failEveryCall(faulty_disk::Kind::ShortWrite, QString(), 100), 1);
 }
+
+TEST_F(Save, MovesAFileWhole)
+{
+    put(path("from.csv"_s), "new");
+    put(path("to.csv"_s), Old);
+    EXPECT_EQ(QString(), files::move(path("from.csv"_s), path("to.csv"_s)).error);
+    EXPECT_EQ(QStringList{"to.csv"_s}, names());
+    EXPECT_EQ(QByteArray("new"), contentOf(path("to.csv"_s)));
+}
+
+TEST_F(Save, LeavesAFileThatCannotBeMoved)
+{
+    put(path("from.csv"_s), Old);
+    EXPECT_EQ("文件夹不存在"_s, files::move(path("from.csv"_s), path("no/such.csv"_s)).error);
+    EXPECT_EQ(Old, contentOf(path("from.csv"_s)));
+}

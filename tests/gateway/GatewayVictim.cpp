@@ -2,11 +2,37 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QLoggingCategory>
 
+#include <atomic>
+#include <csignal>
 #include <cstdio>
 
-/// The gateway as a process that a test can kill: CONFIG PROFILE LEDGER ORDERS_PER_SECOND.
+namespace {
+
+/// Dies behind a step of the hand-off: the one that KILL_AT_STEP counts from 1; 0: behind none.
+void dieAtStep(const char*)
+{
+    static std::atomic<int> left{qEnvironmentVariableIntValue("KILL_AT_STEP")};
+    if (left > 0 && --left == 0) {
+        std::raise(SIGKILL);
+    }
+}
+
+gateway::FolderOptions handOffThrough(const QString& folder)
+{
+    gateway::FolderOptions options;
+    options.path = folder;
+    options.quiet = std::chrono::milliseconds(200);
+    options.onStep = dieAtStep;
+    return options;
+}
+
+} // namespace
+
+/// The gateway as a process that a test can kill: CONFIG PROFILE LEDGER ORDERS_PER_SECOND; with a folder for
+/// CONFIG by files.
 int main(int argc, char** argv)
 {
     gateway::isAskedToEndBySignal();
@@ -20,7 +46,11 @@ int main(int argc, char** argv)
         return gateway::Refused;
     }
     gateway::GatewayOptions options;
-    options.settingsFile = arguments.at(1);
+    if (QFileInfo(arguments.at(1)).isDir()) {
+        options.handOff = handOffThrough(arguments.at(1));
+    } else {
+        options.settingsFile = arguments.at(1);
+    }
     options.profileFile = arguments.at(2);
     options.ledger = ledger::Address::parse(arguments.at(3)).value;
     options.dictionaryFolder = QStringLiteral(DICTIONARIES);

@@ -2,9 +2,9 @@
 
 #include "embedded_host/table_reader/shared/Limits.h"
 #include "embedded_host/table_reader/shared/Messages.h"
-#include "embedded_host/table_reader/text/CsvTokenizer.h"
 #include "embedded_host/table_reader/text/TextEncoding.h"
 #include "embedded_host/table_reader/text/TextKind.h"
+#include "files/CsvTokenizer.h"
 #include "table/CellAddress.h"
 #include "table/HarmlessCell.h"
 
@@ -69,7 +69,7 @@ private:
     int mMaxRows;
     TextDecoder mDecoder;
     table::Table mTable;
-    std::optional<CsvTokenizer> mTokenizer; ///< from the first piece on, which tells the separator
+    std::optional<files::CsvTokenizer> mTokenizer; ///< from the first piece on, which tells the separator
     qint64 mCells = 0;
     qint64 mCharacters = 0;
     bool mStopped = false;

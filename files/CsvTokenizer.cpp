@@ -1,8 +1,8 @@
-#include "embedded_host/table_reader/text/CsvTokenizer.h"
+#include "files/CsvTokenizer.h"
 
 #include <algorithm>
 
-namespace table_reader {
+namespace files {
 namespace {
 
 constexpr QLatin1Char Quote('"');
@@ -155,4 +155,4 @@ void CsvTokenizer::countLine(QChar character)
     mAfterCarriageReturn = character == CarriageReturn;
 }
 
-} // namespace table_reader
+} // namespace files

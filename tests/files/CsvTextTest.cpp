@@ -1,10 +1,10 @@
-#include "embedded_host/table_writer/CsvText.h"
+#include "files/CsvText.h"
 
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
-using namespace table_writer;
+using namespace files;
 
 namespace {
 
@@ -19,6 +19,11 @@ TEST(CsvText, BeginsWithAByteOrderMark)
 {
     EXPECT_EQ(csvText({}), "\xef\xbb\xbf");
     EXPECT_EQ(csvText({{"甲"_s}, {"1"_s, "2"_s}}), "\xef\xbb\xbf甲\r\n1,2\r\n");
+}
+
+TEST(CsvText, HasNoMarkWhereAProgramReadsIt)
+{
+    EXPECT_EQ(csvRows({{"a"_s, "b,c"_s}}), "a,\"b,c\"\r\n");
 }
 
 TEST(CsvText, MakesTextsHarmlessThatASpreadsheetTakesForFormulas)

@@ -1,10 +1,10 @@
-#include "embedded_host/table_writer/CsvText.h"
+#include "files/CsvText.h"
 
 #include "table/HarmlessCell.h"
 
 #include <algorithm>
 
-namespace table_writer {
+namespace files {
 namespace {
 
 /// Quotes what would break a row, what another separator would break, and blanks, which some programs drop.
@@ -19,17 +19,28 @@ QString quoted(QString cell)
 
 } // namespace
 
-QByteArray csvText(const QList<QStringList>& rows)
+QByteArray csvRows(const QList<QStringList>& rows)
 {
-    QByteArray bytes("\xEF\xBB\xBF");
+    QByteArray bytes;
     for (const QStringList& row : rows) {
         QStringList cells;
         for (const QString& cell : row) {
-            cells.append(quoted(table::harmlessCell(cell)));
+            cells.append(quoted(cell));
         }
         bytes += cells.join(QLatin1Char(',')).toUtf8() + "\r\n";
     }
     return bytes;
 }
 
-} // namespace table_writer
+QByteArray csvText(const QList<QStringList>& rows)
+{
+    QList<QStringList> harmless = rows;
+    for (QStringList& row : harmless) {
+        for (QString& cell : row) {
+            cell = table::harmlessCell(cell);
+        }
+    }
+    return "\xEF\xBB\xBF" + csvRows(harmless);
+}
+
+} // namespace files

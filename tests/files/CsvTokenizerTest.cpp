@@ -1,10 +1,10 @@
-#include "embedded_host/table_reader/text/CsvTokenizer.h"
+#include "files/CsvTokenizer.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-using table_reader::CsvTokenizer;
+using files::CsvTokenizer;
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace table_reader {
+namespace files {
 
 /// Splits csv text into records by RFC 4180 with LF, CRLF or CR. Text is fed in pieces of any size; a record,
 /// a quoted cell or a CRLF may span them.
@@ -71,4 +71,4 @@ private:
     int mOpenQuoteLine = 0;
 };
 
-} // namespace table_reader
+} // namespace files

@@ -36,6 +36,16 @@ inline const QString OtherAccount = QStringLiteral("account.other"); ///< as typ
 // ---- sizes
 inline const QString QuantityIsMoney = QStringLiteral("quantity.money"); ///< quantity, CNY
 
+// ---- what a broker asks of a strategy
+inline const QString NoBrokerMarket = QStringLiteral("broker.market");   ///< exchange
+inline const QString NoBrokerValue = QStringLiteral("broker.value");     ///< title, value, what it should be
+inline const QString BelowBroker = QStringLiteral("broker.least");       ///< title, value, least
+inline const QString AboveBroker = QStringLiteral("broker.most");        ///< title, value, most
+inline const QString BrokerDecimals = QStringLiteral("broker.decimals"); ///< title, value, how many
+inline const QString BrokerTextShort = QStringLiteral("broker.short");   ///< title, value, least length
+inline const QString BrokerTextLong = QStringLiteral("broker.long");     ///< title, value, most
+inline const QString BrokerCondition = QStringLiteral("broker.condition"); ///< the broker's own words
+
 // ---- of the ledger: %1 is how many rows, securities or batches are concerned, unless told otherwise
 inline const QString NotShown = QStringLiteral("notShown"); ///< rows shown, instances
 inline const QString NoQuantity = QStringLiteral("noQuantity");

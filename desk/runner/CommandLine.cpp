@@ -188,6 +188,7 @@ QString usage()
             "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"
             "       algodesk strategies | accounts | securities [--data DIR]\n"
             "       algodesk template --strategy CODE OUT | --all OUT [--data DIR]\n"
+            "       algodesk atdl FILE.xml OUT\n"
             "       algodesk batches\n"
             "       algodesk instances [--batch N]\n"
             "       algodesk undo N\n"

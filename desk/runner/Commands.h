@@ -43,6 +43,7 @@ Result listStrategies(const CommandLine& line);
 Result listAccounts(const CommandLine& line);
 Result listSecurities(const CommandLine& line);
 Result writeTemplate(const CommandLine& line);
+Result readBrokersFile(const CommandLine& line);
 Result listBatches(const CommandLine& line);
 Result listInstances(const CommandLine& line);
 Result undoBatch(const CommandLine& line);

@@ -51,6 +51,7 @@ const QList<Subcommand>& subcommands()
         {{QStringLiteral("accounts"), {data, home}, {}}, listAccounts},
         {{QStringLiteral("securities"), {data, home}, {}}, listSecurities},
         {{QStringLiteral("template"), {data, home, strategy, QStringLiteral("all")}, {out}}, writeTemplate},
+        {{QStringLiteral("atdl"), {home}, {file, out}}, readBrokersFile},
         {{QStringLiteral("batches"), {home, ledger, wait}, {}}, listBatches},
         {{QStringLiteral("instances"), {home, ledger, wait, QStringLiteral("batch")}, {}}, listInstances},
         {{QStringLiteral("undo"), {home, ledger, wait}, {batch}}, undoBatch},

@@ -16,6 +16,15 @@ const QHash<QString, Action>& floors()
         {QStringLiteral("pair.side"), Action::Refuse},
         {QStringLiteral("pair.half"), Action::Refuse},
         {QStringLiteral("quantity.money"), Action::Refuse},
+        // The broker would not take it, or not as it was meant.
+        {QStringLiteral("broker.market"), Action::Refuse},
+        {QStringLiteral("broker.value"), Action::Refuse},
+        {QStringLiteral("broker.least"), Action::Refuse},
+        {QStringLiteral("broker.most"), Action::Refuse},
+        {QStringLiteral("broker.decimals"), Action::Refuse},
+        {QStringLiteral("broker.short"), Action::Refuse},
+        {QStringLiteral("broker.long"), Action::Refuse},
+        {QStringLiteral("broker.condition"), Action::Refuse},
         // Changes no order by itself; where it does, another rule says so.
         {QStringLiteral("title.unknown"), Action::Tell},
         {QStringLiteral("blank.invisible"), Action::Tell},

@@ -14,10 +14,13 @@ Outcome<Desk> Desk::read(const QString& folder)
     }
     const Outcome<Calendar> calendar = readCalendar(folder);
     const Outcome<RuleActions> actions = RuleActions::read(folder);
-    if (!calendar.ok() || !actions.ok()) {
-        return {{}, calendar.ok() ? actions.error : calendar.error};
+    const Outcome<broker::BrokerRules> brokerRules = broker::BrokerRules::read(folder);
+    for (const QString& fault : {calendar.error, actions.error, brokerRules.error}) {
+        if (!fault.isEmpty()) {
+            return {{}, fault};
+        }
     }
-    return {{*limits, calendar.value, actions.value}, {}};
+    return {{*limits, calendar.value, actions.value, brokerRules.value}, {}};
 }
 
 } // namespace verdict

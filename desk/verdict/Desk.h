@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/broker/BrokerRules.h"
 #include "desk/verdict/RuleActions.h"
 #include "embedded_host/reference_data/Calendar.h"
 #include "ledger/guard/Limits.h"
@@ -10,11 +11,13 @@
 
 namespace verdict {
 
-/// What a desk holds its batches against: limits.csv, calendar.csv and rules.csv of a reference data folder.
+/// What a desk holds its batches against: limits.csv, calendar.csv, rules.csv and
+/// strategy_rules.json of a reference data folder.
 struct Desk {
     QList<ledger::LimitScope> limits;
     Calendar calendar;
     RuleActions actions;
+    broker::BrokerRules brokerRules;
 
     /// The error is "FILE:LINE: what is wrong".
     static Outcome<Desk> read(const QString& folder);

@@ -106,7 +106,20 @@ private:
         };
         orders.isAccount = [this](const QString& text) { return isAccount(text); };
         orders.typed = [this](int row, const QString& column) { return mPlaces.typed(row, column, mOrders); };
-        return faultsOfOrders(orders);
+        return faultsOfOrders(orders) + brokerFaults(review.draft);
+    }
+
+    table::Faults brokerFaults(const ledger::BatchDraft& draft) const
+    {
+        table::Faults faults;
+        for (int i = 0; i < draft.instances.size(); ++i) {
+            const auto own = mDesk.brokerRules.faultsOf(draft.strategy, draft.instances.at(i).parameters);
+            for (table::Fault fault : own) {
+                fault.row = i + 1;
+                faults.append(fault);
+            }
+        }
+        return faults;
     }
 
     bool isAccount(const QString& text) const

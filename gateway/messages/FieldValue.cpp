@@ -95,10 +95,15 @@ Outcome<QString> typed(const ParameterRule& rule, const QString& value)
 {
     switch (rule.type) {
     case ValueType::Int:
+    case ValueType::Length:
+    case ValueType::NumInGroup:
+    case ValueType::SeqNum:
+    case ValueType::TagNum:
         return wire_number::isInteger(value) ? found(value) : refused(rule, value, QStringLiteral("整数"));
     case ValueType::Float:
     case ValueType::Qty:
     case ValueType::Price:
+    case ValueType::PriceOffset:
     case ValueType::Amt:
         return wire_number::isNumber(value) ? found(value) : refused(rule, value, QStringLiteral("数字"));
     case ValueType::Percentage:
@@ -117,6 +122,14 @@ Outcome<QString> typed(const ParameterRule& rule, const QString& value)
     case ValueType::LocalMktDate:
         return dateOf(rule, value);
     case ValueType::String:
+    case ValueType::MultipleCharValue:
+    case ValueType::MultipleStringValue:
+    case ValueType::Currency:
+    case ValueType::Exchange:
+    case ValueType::MonthYear:
+    case ValueType::Country:
+    case ValueType::Language:
+    case ValueType::Tenor:
         break;
     }
     return found(value);

@@ -54,6 +54,9 @@ public:
 
     void map(const ParameterRule& rule)
     {
+        if (!rule.constant.isEmpty()) {
+            return put(rule, rule.constant);
+        }
         QStringList values;
         for (const OrderLeg& leg : mHead.legs) {
             values.append(valueIn(mOrder, leg, rule.paramId));
@@ -80,13 +83,17 @@ private:
 
     void putOnce(const ParameterRule& rule, const QString& value)
     {
-        if (value.isEmpty()) {
-            return;
+        if (!value.isEmpty()) {
+            put(rule, wire(rule, value));
         }
+    }
+
+    void put(const ParameterRule& rule, const QString& onWire)
+    {
         if (rule.tag != 0) {
-            mResult.fields.append({rule.tag, wire(rule, value)});
+            mResult.fields.append({rule.tag, onWire});
         } else {
-            mResult.entries.append({rule.name, rule.type, wire(rule, value)});
+            mResult.entries.append({rule.name, rule.type, onWire});
         }
     }
 

@@ -33,17 +33,30 @@ const QHash<QString, ValueType>& valueTypes()
 {
     static const QHash<QString, ValueType> types = {
         {QStringLiteral("Int"), ValueType::Int},
+        {QStringLiteral("Length"), ValueType::Length},
+        {QStringLiteral("NumInGroup"), ValueType::NumInGroup},
+        {QStringLiteral("SeqNum"), ValueType::SeqNum},
+        {QStringLiteral("TagNum"), ValueType::TagNum},
         {QStringLiteral("Float"), ValueType::Float},
         {QStringLiteral("Qty"), ValueType::Qty},
         {QStringLiteral("Price"), ValueType::Price},
+        {QStringLiteral("PriceOffset"), ValueType::PriceOffset},
         {QStringLiteral("Amt"), ValueType::Amt},
         {QStringLiteral("Percentage"), ValueType::Percentage},
         {QStringLiteral("Char"), ValueType::Char},
         {QStringLiteral("Boolean"), ValueType::Boolean},
         {QStringLiteral("String"), ValueType::String},
+        {QStringLiteral("MultipleCharValue"), ValueType::MultipleCharValue},
+        {QStringLiteral("Currency"), ValueType::Currency},
+        {QStringLiteral("Exchange"), ValueType::Exchange},
+        {QStringLiteral("MonthYear"), ValueType::MonthYear},
         {QStringLiteral("UTCTimestamp"), ValueType::UtcTimestamp},
         {QStringLiteral("UTCTimeOnly"), ValueType::UtcTimeOnly},
         {QStringLiteral("LocalMktDate"), ValueType::LocalMktDate},
+        {QStringLiteral("MultipleStringValue"), ValueType::MultipleStringValue},
+        {QStringLiteral("Country"), ValueType::Country},
+        {QStringLiteral("Language"), ValueType::Language},
+        {QStringLiteral("Tenor"), ValueType::Tenor},
     };
     return types;
 }
@@ -126,13 +139,28 @@ int readTag(JsonSection& section, const QString& key)
     return tag;
 }
 
+/// What is sent: a parameter of the row, or a constant.
+void readSource(JsonSection& section, ParameterRule& rule)
+{
+    rule.constant = section.takeText(QStringLiteral("constant"));
+    rule.paramId = section.takeText(QStringLiteral("paramId"));
+    if (!rule.constant.isEmpty() && !isFieldValue(rule.constant)) {
+        section.complain(QStringLiteral("constant"), QStringLiteral("含有控制字符"));
+    }
+    if (!rule.constant.isEmpty() && section.has(QStringLiteral("values"))) {
+        section.complain(QStringLiteral("values"), QStringLiteral("常量没有取值"));
+    }
+    if (section.has(QStringLiteral("constant")) && section.has(QStringLiteral("paramId"))) {
+        section.complain(QStringLiteral("constant"), QStringLiteral("constant 与 paramId 应有且只有一个"));
+    } else if (rule.paramId.isEmpty() && rule.constant.isEmpty()) {
+        section.complain(QStringLiteral("paramId"), QStringLiteral("缺少"));
+    }
+}
+
 ParameterRule readParameter(JsonSection section)
 {
     ParameterRule rule;
-    rule.paramId = section.takeText(QStringLiteral("paramId"));
-    if (rule.paramId.isEmpty()) {
-        section.complain(QStringLiteral("paramId"), QStringLiteral("缺少"));
-    }
+    readSource(section, rule);
     rule.tag = readTag(section, QStringLiteral("tag"));
     rule.name = section.takeText(QStringLiteral("name"));
     if (section.has(QStringLiteral("tag")) == section.has(QStringLiteral("name"))) {
@@ -165,7 +193,7 @@ void complainOfTwins(const StrategyRule& rule, const JsonSection& section)
         const ParameterRule& one = rule.parameters.at(i);
         const QString place = QStringLiteral("parameters[%1]").arg(i);
         if ((one.tag != 0 && tags.contains(one.tag)) || names.contains(one.name) ||
-            parameters.contains(one.paramId)) {
+            (!one.paramId.isEmpty() && parameters.contains(one.paramId))) {
             section.complain(place, QStringLiteral("重复"));
         }
         if (one.tag != 0) {

@@ -14,17 +14,30 @@ namespace gateway {
 /// The standard's types of a field's value; the number of each is StrategyParameterType (959).
 enum class ValueType {
     Int = 1,
+    Length = 2,
+    NumInGroup = 3,
+    SeqNum = 4,
+    TagNum = 5,
     Float = 6,
     Qty = 7,
     Price = 8,
+    PriceOffset = 9,
     Amt = 10,
     Percentage = 11, ///< 15 in a table is 0.15 on the wire
     Char = 12,
     Boolean = 13, ///< 1 and 0 in a table, Y and N on the wire
     String = 14,
+    MultipleCharValue = 15, ///< this and those that follow: texts as they stand
+    Currency = 16,
+    Exchange = 17,
+    MonthYear = 18,
     UtcTimestamp = 19, ///< from Shanghai time
     UtcTimeOnly = 20,  ///< from Shanghai time
     LocalMktDate = 21,
+    MultipleStringValue = 24,
+    Country = 25,
+    Language = 26,
+    Tenor = 29,
 };
 
 /// A field with a constant value.
@@ -35,9 +48,10 @@ struct Constant {
 
 /// Where a parameter of a strategy goes: a field of its own, or an entry of the strategy parameters group.
 struct ParameterRule {
-    QString paramId;
-    int tag = 0;  ///< 0: by name
-    QString name; ///< StrategyParameterName (958); empty: by tag
+    QString paramId;  ///< empty: a constant
+    QString constant; ///< as it stands on the wire, in every order
+    int tag = 0;      ///< 0: by name
+    QString name;     ///< StrategyParameterName (958); empty: by tag
     ValueType type = ValueType::String;
     QMap<QString, QString> values; ///< of the table -> of the wire; empty: as it stands
     int legTag = 0;                ///< field of the leg where legs do not agree; 0: that refuses

@@ -26,16 +26,6 @@ struct Operand {
     bool isSide = false;
 };
 
-bool isNumeric(Kind kind)
-{
-    return kind == Kind::Whole || kind == Kind::Number || kind == Kind::Percent;
-}
-
-bool isTime(Kind kind)
-{
-    return kind == Kind::Moment || kind == Kind::Clock || kind == Kind::Day;
-}
-
 /// Fields of every order that a row has.
 std::optional<Operand> standardField(const QString& name)
 {

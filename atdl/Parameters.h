@@ -1,5 +1,6 @@
 #pragma once
 
+#include "atdl/Kinds.h"
 #include "atdl/Loss.h"
 #include "atdl/XmlTree.h"
 
@@ -7,31 +8,19 @@
 #include <QMap>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
 /// A parameter of the document as the desk's: a column, a place on the wire, bounds.
 namespace atdl {
 
-/// How a value is typed into a table.
-enum class Kind {
-    Whole,
-    Number,
-    Percent, ///< 15 in the table, 0.15 in the document's bounds and on the wire
-    Text,
-    Flag,    ///< 1 and 0
-    Choice,  ///< enumID of an enumeration
-    Several, ///< wire values of an enumeration, blanks between
-    Moment,  ///< date and time
-    Clock,   ///< likewise; the time alone goes out
-    Day,
-};
-
 struct Parameter {
     QString name; ///< as the document names it
     QString title;
     QString paramId;
     Kind kind = Kind::Text;
+    QString wire;       ///< its type, as profiles name it
     QJsonObject column; ///< entry of the format document; empty: a constant
     QJsonObject rule;   ///< entry of the profile, without its place on the wire
     QJsonObject bounds; ///< entry of strategy_rules.json; empty: none
@@ -41,7 +30,11 @@ struct Parameter {
     bool isTimesHundred = false;
     QMap<QString, QString> choices; ///< of the table -> of the wire
 
+    QStringList ids; ///< of the choices, in the document's order
+
     bool isConstant() const { return !constant.isEmpty(); }
+    /// A flag that is sent as something else than Y and N.
+    bool hasOwnWire() const;
     /// What a condition's wire value is in the table; nothing where it is none.
     std::optional<QString> inTable(const QString& wireValue) const;
 };

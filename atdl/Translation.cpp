@@ -3,6 +3,7 @@
 #include "atdl/Conditions.h"
 #include "atdl/Markets.h"
 #include "atdl/Names.h"
+#include "atdl/OrderColumns.h"
 #include "atdl/Parameters.h"
 #include "atdl/Unread.h"
 #include "atdl/Values.h"
@@ -18,44 +19,8 @@ namespace atdl {
 
 namespace {
 
-namespace Field = Algo_Fields::AlgoParamFields;
-namespace Info = Algo_Fields::AlgoInstContentInfo;
-namespace Ui = Algo_Values::AlgoParamUiType;
-
 const QString StrategyElement = QStringLiteral("Strategy");
-const QString Remark = QStringLiteral("实例备注");
 constexpr int SideTag = 54;
-
-QJsonObject plainColumn(const QString& name, bool isRequired)
-{
-    return {{Field::paramId, name},
-            {Field::paramName, name},
-            {Field::required, isRequired},
-            {Field::strDefault, QJsonObject{{Field::display, QString()}, {Field::value, QString()}}},
-            {Field::ui, Ui::LineEdit},
-            {Field::visible, true}};
-}
-
-QJsonObject option(const QString& shown, const QString& value)
-{
-    return {{Field::display, shown}, {Field::value, value}};
-}
-
-/// What every order has, whatever the strategy.
-QJsonArray orderColumns()
-{
-    const QJsonObject table = {
-        {Field::paramId, Algo_Values::AlgoParamId::AlgoSecurityList},
-        {Field::paramName, QStringLiteral("证券列表")},
-        {Field::ui, Ui::Table},
-        {Field::columns, QJsonArray{plainColumn(Info::Symbol, true), plainColumn(Info::Quantity, true)}}};
-    QJsonObject direction = plainColumn(Algo_Values::AlgoParamId::traderOrder, true);
-    direction.insert(Field::ui, Ui::ComboBox);
-    direction.insert(Field::options,
-                     QJsonArray{option(QStringLiteral("买入"), Algo_Values::AlgoOrderSide::BuyValue),
-                                option(QStringLiteral("卖出"), Algo_Values::AlgoOrderSide::SellValue)});
-    return {table, direction, plainColumn(Info::PriceLimits, false)};
-}
 
 /// Every control of the layout that shows a parameter, by the parameter's name; the first of several.
 void collectControls(const XmlElement& element, QHash<QString, const XmlElement*>& controls)
@@ -190,7 +155,7 @@ private:
                 formats.append(one.column);
             }
         }
-        formats.append(plainColumn(Remark, false));
+        formats.append(remarkColumn());
         const QString alias = mStrategy.attribute(QStringLiteral("uiRep"));
         return {{QStringLiteral("name"), mCode},
                 {QStringLiteral("alias"), alias.isEmpty() ? mCode : alias},

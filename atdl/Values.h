@@ -7,6 +7,9 @@
 /// Texts of the document as values of a table.
 namespace atdl {
 
+/// Where the table's times are.
+inline const QString Shanghai = QStringLiteral("Asia/Shanghai");
+
 /// A hundred times the number, digit for digit: "0.15" is "15", "0.015" is "1.5", "1" is "100".
 QString hundredfold(const QString& number);
 

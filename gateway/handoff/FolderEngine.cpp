@@ -16,6 +16,7 @@ const std::chrono::milliseconds PauseBetweenLooks(100);
 const int MostFilesInALook = 500;
 const std::size_t MostUnconfirmed = 20000;
 const qint64 NanosecondsInSecond = 1000000000;
+const char FieldEnd = '\001'; // as in the log of a line
 
 bool isOrder(const Message& message)
 {
@@ -42,26 +43,6 @@ Message rejectOf(const Message& message, int number)
     reject.put(45, std::to_string(number));
     reject.put(372, message.type);
     return reject;
-}
-
-/// As it would stand on a line, for people who read the log.
-std::string lineOf(const Message& message)
-{
-    std::string line = "35=" + message.type;
-    const auto add = [&line](const Fields& fields) {
-        for (const Field& field : fields) {
-            line += '\001' + std::to_string(field.tag) + '=' + field.value;
-        }
-    };
-    add(message.header);
-    add(message.body);
-    for (const Group& group : message.groups) {
-        add({{group.countTag, std::to_string(group.entries.size())}});
-        for (const Fields& entry : group.entries) {
-            add(entry);
-        }
-    }
-    return line;
 }
 
 /// The file of an order, of a question about it.
@@ -179,7 +160,7 @@ int FolderEngine::send(const std::string&, const Message& message)
         return ask(message, name, number);
     }
     const QByteArray sheet = sheetOf(message);
-    mListener.onTraffic(session(), true, lineOf(message));
+    mListener.onTraffic(session(), true, lineOf(message, FieldEnd));
     const Outcome<void> placed =
         isOrder(message) ? mFolder.placeOrder(name, sheet) : mFolder.place(name, sheet);
     mFailure = placed.error;
@@ -193,7 +174,7 @@ int FolderEngine::ask(const Message& question, const QString& name, int number)
     } else if (!mOptions.asksCounterparty) {
         deliver(rejectOf(question, number));
     } else {
-        mListener.onTraffic(session(), true, lineOf(question));
+        mListener.onTraffic(session(), true, lineOf(question, FieldEnd));
         mFailure = mFolder.place(name, sheetOf(question)).error;
     }
     return mFailure.isEmpty() ? number : 0;
@@ -203,7 +184,7 @@ void FolderEngine::deliver(const Message& message, const QString& file)
 {
     mUnconfirmed.push_back(file);
     if (!file.isEmpty()) {
-        mListener.onTraffic(session(), false, lineOf(message));
+        mListener.onTraffic(session(), false, lineOf(message, FieldEnd));
     }
     mListener.onMessage(session(), message);
 }

@@ -34,4 +34,23 @@ const Group* Message::group(int countTag) const
     return found == groups.end() ? nullptr : &*found;
 }
 
+std::string lineOf(const Message& message, char separator)
+{
+    std::string line = "35=" + message.type;
+    const auto add = [&](const Fields& fields) {
+        for (const Field& field : fields) {
+            line += separator + std::to_string(field.tag) + '=' + field.value;
+        }
+    };
+    add(message.header);
+    add(message.body);
+    for (const Group& group : message.groups) {
+        add({{group.countTag, std::to_string(group.entries.size())}});
+        for (const Fields& entry : group.entries) {
+            add(entry);
+        }
+    }
+    return line;
+}
+
 } // namespace gateway

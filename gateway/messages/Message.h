@@ -36,6 +36,9 @@ struct Message {
     const Group* group(int countTag) const;
 };
 
+/// "35=D", header, body and groups, with this between fields: for people to read.
+std::string lineOf(const Message& message, char separator);
+
 /// Null where there is no such field.
 const std::string* findField(const Fields& fields, int tag);
 

@@ -125,24 +125,6 @@ int serve(const GatewayOptions& options, const Profile& profile, LedgerPort& por
     return Ended;
 }
 
-QByteArray shown(const Message& message)
-{
-    QByteArray text = "35=" + QByteArray::fromStdString(message.type);
-    const auto add = [&text](const Fields& fields) {
-        for (const Field& field : fields) {
-            text += '|' + QByteArray::number(field.tag) + '=' + QByteArray::fromStdString(field.value);
-        }
-    };
-    add(message.body);
-    for (const Group& group : message.groups) {
-        add({{group.countTag, std::to_string(group.entries.size())}});
-        for (const Fields& entry : group.entries) {
-            add(entry);
-        }
-    }
-    return text;
-}
-
 /// The message as it would go out.
 void show(const Message& message, bool byFiles, QJsonObject& line)
 {
@@ -150,7 +132,7 @@ void show(const Message& message, bool byFiles, QJsonObject& line)
         line.insert(QStringLiteral("file"), sheetName(message));
         line.insert(QStringLiteral("content"), QString::fromUtf8(sheetOf(message)));
     } else {
-        line.insert(QStringLiteral("message"), QString::fromUtf8(shown(message)));
+        line.insert(QStringLiteral("message"), QString::fromStdString(lineOf(message, '|')));
     }
 }
 

@@ -116,6 +116,22 @@ const QList<RuleEntry>& guardRules()
          QStringLiteral("%1 rows have a limit of 0, which is no limit")},
         {EndBeforeStart, Warning, QStringLiteral("%1 行结束时间早于开始时间"),
          QStringLiteral("%1 rows end before they start")},
+        {NoBrokerMarket, Error, QStringLiteral("该算法不用于市场 %1"),
+         QStringLiteral("The strategy is not offered on %1")},
+        {NoBrokerValue, Error, QStringLiteral("%1“%2”应为%3"),
+         QStringLiteral("%1 is \"%2\" and should be %3")},
+        {BelowBroker, Error, QStringLiteral("%1 %2 小于算法允许的最小值 %3"),
+         QStringLiteral("%1 is %2, below the strategy's least, %3")},
+        {AboveBroker, Error, QStringLiteral("%1 %2 大于算法允许的最大值 %3"),
+         QStringLiteral("%1 is %2, above the strategy's most, %3")},
+        {BrokerDecimals, Error, QStringLiteral("%1 %2 的小数超过 %3 位"),
+         QStringLiteral("%1 is %2, with more than %3 decimals")},
+        {BrokerTextShort, Error, QStringLiteral("%1“%2”少于 %3 个字符"),
+         QStringLiteral("%1 is \"%2\", shorter than %3 characters")},
+        {BrokerTextLong, Error, QStringLiteral("%1“%2”超过 %3 个字符"),
+         QStringLiteral("%1 is \"%2\", longer than %3 characters")},
+        {BrokerCondition, Error, QStringLiteral("不符合算法的要求：%1"),
+         QStringLiteral("The strategy asks: %1")},
     };
     return rules;
 }

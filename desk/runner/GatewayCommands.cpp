@@ -193,12 +193,12 @@ int runGatewayCommand(const QStringList& arguments, QIODevice& out, QIODevice& e
 
 QString gatewayUsage()
 {
-    return QStringLiteral("       algodesk gateway --config FILE | --files FOLDER --profile FILE [--ledger "
-                          "ADDRESS] [--data DIR]
+    return QStringLiteral(
+        "       algodesk gateway --config FILE | --files FOLDER --profile FILE [--ledger ADDRESS] [--data DIR]
 "
-                          "                        [--reset-sequence] [--dry-run N] [--forget]
+        "                        [--reset-sequence] [--dry-run N] [--forget]
 "
-                          "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED] [--data DIR]
+        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED] [--data DIR]
 ");
 }
 

@@ -206,13 +206,14 @@ void FolderEngine::confirm(const std::string&, int count)
 
 void FolderEngine::scan()
 {
+    const QFileInfoList files = mFolder.answers(MostFilesInALook);
     std::map<QString, Reading> followed;
-    for (const QFileInfo& file : mFolder.answers(MostFilesInALook)) {
+    for (const QFileInfo& file : files) {
         const auto known = mReadings.find(file.fileName());
         followed[file.fileName()] = known == mReadings.end() ? Reading() : known->second;
     }
     mReadings.swap(followed);
-    for (const QFileInfo& file : mFolder.answers(MostFilesInALook)) {
+    for (const QFileInfo& file : files) {
         if (mUnconfirmed.size() < MostUnconfirmed) {
             follow(file);
         }

@@ -46,6 +46,17 @@ TEST(Profile, TellsAnUnknownKeyByItsPath)
               QStringLiteral("strategies.S.parameters[0].leg：未知的键"));
 }
 
+TEST(Profile, TakesAConstantInPlaceOfAParameter)
+{
+    EXPECT_EQ(errorIn(R"("parameters": [{"constant": "A", "name": "Service", "type": "String"},
+                                        {"constant": "B", "name": "Desk", "type": "Tenor"}])"),
+              QString());
+    EXPECT_EQ(errorIn(R"("parameters": [{"constant": "A", "paramId": "a", "tag": 9000, "type": "Int"}])"),
+              QStringLiteral("strategies.S.parameters[0].constant：constant 与 paramId 应有且只有一个"));
+    EXPECT_EQ(errorIn(R"("parameters": [{"tag": 9000, "type": "Int"}])"),
+              QStringLiteral("strategies.S.parameters[0].paramId：缺少"));
+}
+
 TEST(Profile, TellsEverythingThatIsWrongAtOnce)
 {
     const QString error =

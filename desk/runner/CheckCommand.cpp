@@ -1,4 +1,3 @@
-#include "desk/broker/TableFaults.h"
 #include "desk/check/FileReport.h"
 #include "desk/check/ImportedFile.h"
 #include "desk/runner/Commands.h"
@@ -114,14 +113,6 @@ ImportedFile asTheDialogReads(const ImportedFile& file, const CommandLine& line)
     return plain;
 }
 
-table::Faults brokerFaults(const broker::BrokerRules& rules, const CommandLine& line,
-                           const EmbeddedHost& host, const ImportedFile& file, const QString& path)
-{
-    const ReferenceData& data = host.referenceData();
-    const import::Account account = {line.account, data.account(line.account)->assetProp};
-    return broker::faultsOfTable(rules, *data.strategy(line.strategy), account, file.table, path);
-}
-
 /// What the guard would say, but for what only a ledger knows.
 std::optional<verdict::Judgement> judged(DialogDriver& driver, const ImportedFile& file,
                                          const FileReport& report, const verdict::Desk& desk,
@@ -184,9 +175,7 @@ Result checkFile(const CommandLine& line)
     const ImportedFile read = asTheDialogReads(file, line);
     driver.importFile(read);
     const FileReport report = reportOn(titlesOf(line.strategy, *host));
-    const Imported imported{driver.boxes(),
-                            driver.faults() + driver.confirmationFaults() +
-                                brokerFaults(desk.value.brokerRules, line, *host, read, driver.path()),
+    const Imported imported{driver.boxes(), driver.faults() + driver.confirmationFaults(),
                             driver.importedRows(),
                             judged(driver, read, report, desk.value, host->referenceData())};
     return printed(report, imported, path);

@@ -106,8 +106,8 @@ TEST(Atdl, WhatTheSampleMakesIsReadByThoseWhoUseIt)
         QString::fromUtf8(QJsonDocument(entry["paramFormats"_s].toArray()).toJson()));
     ASSERT_TRUE(schema.ok()) << qPrintable(schema.error);
     EXPECT_EQ(schema.value.titles().join(" "_s), "证券代码 证券名称 市场 委托数量 交易方向 委托限价 开始时间 "
-                                               "结束时间 最大市场占比 紧急程度 暗池 子单数 "
-                                               "让价 场所 台号 实例备注 创建后是否立即启动"_s);
+                                                 "结束时间 最大市场占比 紧急程度 暗池 子单数 "
+                                                 "让价 场所 台号 实例备注 创建后是否立即启动"_s);
 }
 
 TEST(Atdl, NamesEverythingOfTheSampleThatItCannotCarry)

@@ -1,9 +1,11 @@
-// Fills a ledger with so many batches, of which the last ten are today's, and measures what is asked of it then:
+// Fills a ledger with so many batches, of which the last ten are today's, and measures what is asked of it
+// then:
 //
 //     growth_ledger ADDRESS BATCHES [ROWS [SESSIONS]]
 //
-// Prints a line an operation: its name, the median of its wall-clock time and of its CPU time, in milliseconds.
-// With SESSIONS it measures instead how many batches of one row as many programs at once create in a second.
+// Prints a line an operation: its name, the median of its wall-clock time and of its CPU time, in
+// milliseconds. With SESSIONS it measures instead how many batches of one row as many programs at once create
+// in a second.
 
 #include "bench/ledger/BenchDrafts.h"
 #include "ledger/Ledger.h"
@@ -40,7 +42,8 @@ LedgerPointer openLedger(const QString& text)
     Ledger::Options options;
     options.clock = [] { return now; };
     const Outcome<Address> address = Address::parse(text);
-    const auto opened = address.ok() ? Ledger::open(address.value, options) : Outcome<LedgerPointer>{{}, address.error};
+    const auto opened =
+        address.ok() ? Ledger::open(address.value, options) : Outcome<LedgerPointer>{{}, address.error};
     if (!opened.ok()) {
         std::fprintf(stderr, "%s\n", qPrintable(opened.error));
         std::exit(1);
@@ -129,15 +132,15 @@ void measureAll(const QString& address)
     measure("whether anything changed", [&] { ledger->changeCount(); });
     measure("the state of things", [&] { ledger->status(); });
     measure("the newest 500 batches", [&] { ledger->batchesBefore(std::nullopt, PageOfTheWindow); });
-    measure("the batches of today", [&] { ledger->eachBatchOfDay(ledger->today(), [](const Batch&) { return true; }); });
+    measure("the batches of today",
+            [&] { ledger->eachBatchOfDay(ledger->today(), [](const Batch&) { return true; }); });
     measure("the newest 500 instances", [&] { ledger->instancesBehind(std::nullopt, PageOfTheWindow); });
     measure("the next 500 instances", [&] { ledger->instancesBehind(InstanceId{5, 50}, PageOfTheWindow); });
     measure("what it holds against 1,000 rows", [&] { ledger->standingOf(draft); });
     measure("creating 1 instance", [&] { create(*ledger, benchDraft(1), QStringLiteral("1")); });
     measure("creating 1,000 instances", [&] { create(*ledger, draft, QStringLiteral("1000")); });
-    measure("creating 1,000 that exist, told of it", [&] {
-        create(*ledger, draft, draft.account, termsFor(*ledger, draft));
-    });
+    measure("creating 1,000 that exist, told of it",
+            [&] { create(*ledger, draft, draft.account, termsFor(*ledger, draft)); });
 }
 
 void createForAWhile(const QString& address, int session, std::vector<int>& counts)
@@ -162,7 +165,8 @@ void measureSessions(const QString& address, int sessions)
         threads.at(static_cast<size_t>(session)).join();
         all += counts.at(static_cast<size_t>(session));
     }
-    std::printf("changes a second of %d at once\t%.0f\n", sessions, static_cast<double>(all) / SecondsOfSessions);
+    std::printf("changes a second of %d at once\t%.0f\n", sessions,
+                static_cast<double>(all) / SecondsOfSessions);
 }
 
 } // namespace
@@ -176,7 +180,8 @@ int main(int argc, char** argv)
         return 2;
     }
     now = QDateTime::currentDateTimeUtc();
-    fill(*openLedger(arguments.at(1)), arguments.at(2).toLongLong(), arguments.value(3, QStringLiteral("100")).toInt());
+    fill(*openLedger(arguments.at(1)), arguments.at(2).toLongLong(),
+         arguments.value(3, QStringLiteral("100")).toInt());
     if (argc > 4) {
         measureSessions(arguments.at(1), arguments.at(4).toInt());
     } else {

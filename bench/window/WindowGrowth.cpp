@@ -1,5 +1,5 @@
-// Opens the desk window on a ledger, and says how long it took until it was shown with its pages filled, and the
-// largest memory of the process:
+// Opens the desk window on a ledger, and says how long it took until it was shown with its pages filled, and
+// the largest memory of the process:
 //
 //     QT_QPA_PLATFORM=offscreen growth_window ADDRESS HOME
 
@@ -70,7 +70,7 @@ int main(int argc, char** argv)
     QCoreApplication::processEvents();
     const qint64 shown = watch.elapsed();
     const int rows = rowsShown(window);
-    std::printf("%lld ms until it was shown, %lld ms with all pages drawn, %d rows, %ld MiB\n", shown, watch.elapsed(),
-                rows, peakMebibytes());
+    std::printf("%lld ms until it was shown, %lld ms with all pages drawn, %d rows, %ld MiB\n", shown,
+                watch.elapsed(), rows, peakMebibytes());
     return 0;
 }

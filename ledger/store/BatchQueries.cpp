@@ -118,10 +118,10 @@ QMap<qint64, QSet<int>> selectSameRows(Statements& statements, const Store& stor
     if (days.isEmpty()) {
         return rows;
     }
-    QVariantList cells;
+    QVector<QVariant> cells;
     int row = 0;
     for (const InstanceDraft& instance : draft.instances) {
-        cells += {QString::number(++row), rowKey(draft.strategy, instance)};
+        cells << ++row << rowKey(draft.strategy, instance);
     }
     const auto take = [&](QSqlQuery& query) {
         while (statements.next(query)) {

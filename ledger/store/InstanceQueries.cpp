@@ -98,7 +98,7 @@ QString insertionOfInstances()
         "INSERT INTO instance (batch_number, row_no, account, strategy, state, changed_at, parameters, "
         "row_key, starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason, day) "
         "SELECT b.number, CAST(a.row_no AS INTEGER), b.account, b.strategy, a.state, b.created_at, "
-        "a.parameters, a.row_key, CAST(a.starts_now AS INTEGER), 0, '', 0, 0, 0, 0, '', b.day "
+        "CAST(a.parameters AS TEXT), a.row_key, CAST(a.starts_now AS INTEGER), 0, '', 0, 0, 0, 0, '', b.day "
         "FROM added a CROSS JOIN batch b WHERE b.number = ? AND b.account = ?");
 }
 
@@ -192,24 +192,21 @@ QMap<qint64, QMap<InstanceState, qint64>> countStatesOf(Statements& statements, 
 void insertInstances(Statements& statements, const Store& store, const Batch& batch,
                      const QList<InstanceDraft>& instances, InstanceState ofStarted)
 {
-    QVariantList rows;
-    QVariantList legs;
+    QVector<QVariant> rows;
+    QVector<QVariant> legs;
+    rows.reserve(instances.size() * CellsOfInstance);
+    legs.reserve(instances.size() * CellsOfLeg);
     int row = 0;
     for (const InstanceDraft& instance : instances) {
-        const QString number = QString::number(++row);
-        rows += {number, instance.startsNow ? nameOf(ofStarted) : nameOf(InstanceState::Created),
-                 jsonText(instance.parameters), rowKey(batch.strategy, instance),
-                 instance.startsNow ? QStringLiteral("1") : QStringLiteral("0")};
-        int legNumber = 0;
+        ++row;
+        rows << row << (instance.startsNow ? nameOf(ofStarted) : nameOf(InstanceState::Created))
+             << store.longText(jsonText(instance.parameters)) << rowKey(batch.strategy, instance)
+             << (instance.startsNow ? 1 : 0);
+        int number = 0;
         for (const Leg& leg : instance.legs) {
-            legs += {number,
-                     QString::number(++legNumber),
-                     column::text(leg.symbol),
-                     column::text(leg.exchange),
-                     column::text(leg.direction),
-                     column::decimal(leg.quantity),
-                     column::decimal(leg.limitPrice),
-                     column::decimal(leg.amount)};
+            legs << row << ++number << column::text(leg.symbol) << column::text(leg.exchange)
+                 << column::text(leg.direction) << column::decimal(leg.quantity)
+                 << column::decimal(leg.limitPrice) << column::decimal(leg.amount);
         }
     }
     const QVariantList key{batch.number, column::text(batch.account)};

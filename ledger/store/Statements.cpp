@@ -82,7 +82,7 @@ QVariant Statements::single(const QString& statement, const QVariantList& values
     return value;
 }
 
-void Statements::runForRows(const QString& statement, const QVariantList& cells, int cellsOfRow,
+void Statements::runForRows(const QString& statement, const QVector<QVariant>& cells, int cellsOfRow,
                             const QVariantList& values, const Take& take)
 {
     const QString full = statement.arg(marksOf(RowsOfGo, cellsOfRow));

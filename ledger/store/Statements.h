@@ -9,6 +9,7 @@
 #include <QSqlQuery>
 #include <QStringList>
 #include <QVariantList>
+#include <QVector>
 
 #include <functional>
 #include <optional>
@@ -59,7 +60,7 @@ public:
     /// stands for the rows, each of so many cells, and comes before every other value. `take` sees what each
     /// go reads.
     using Take = std::function<void(QSqlQuery& query)>;
-    void runForRows(const QString& statement, const QVariantList& cells, int cellsOfRow,
+    void runForRows(const QString& statement, const QVector<QVariant>& cells, int cellsOfRow,
                     const QVariantList& values = {}, const Take& take = nullptr);
 
     bool failed() const { return mError.isValid(); }

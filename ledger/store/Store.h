@@ -67,6 +67,8 @@ public:
 
     /// The type of a column of exact decimals.
     virtual QString decimalType() const = 0;
+    /// A long text as it goes to the store fastest; the statement casts it to TEXT.
+    virtual QVariant longText(const QString& text) const = 0;
     /// An aggregate: the whole numbers of a column as one text, with commas between them.
     virtual QString listOf(const QString& column) const = 0;
     /// Behind a SELECT of rows that the transaction is about to change.

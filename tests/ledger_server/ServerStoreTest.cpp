@@ -130,6 +130,29 @@ TEST(AServersLedger, OfAnOlderProgramGetsIndexesAndDays)
     EXPECT_EQ(server.single(database, indexes).toString(), ofToday);
 }
 
+/// A server takes no key for a table that is parted, unless what it is parted by is in it.
+TEST(AServersTables, MayBePartedByAccountAndThenByNumber)
+{
+    TestServer& server = TestServer::instance();
+    const QString database = server.makeDatabase();
+    for (const QString& statement : tablesOfToday("NUMERIC"_s)) {
+        const bool isOfAccounts =
+            statement.startsWith("CREATE TABLE"_s) && statement.contains("account TEXT"_s);
+        const QString parted = isOfAccounts ? statement + " PARTITION BY LIST (account)"_s : statement;
+        EXPECT_EQ(server.run(database, parted), QString()) << parted.toStdString();
+    }
+    EXPECT_EQ(server
+                  .single(database, "SELECT string_agg(relname, ' ' ORDER BY relname) FROM pg_class "
+                                    "WHERE relkind = 'p'"_s)
+                  .toString(),
+              "account_day approval batch batch_table execution gateway halt instance instance_leg"_s);
+    for (const QString& table : {"approval"_s, "batch_table"_s, "instance"_s, "instance_leg"_s}) {
+        EXPECT_EQ(server.run(database, "CREATE TABLE %1_of PARTITION OF %1 FOR VALUES IN ('1001') "
+                                       "PARTITION BY RANGE (batch_number)"_s.arg(table)),
+                  QString());
+    }
+}
+
 TEST(AServersLedger, NamesNoPasswordWhenItCannotBeReached)
 {
     TestServer& server = TestServer::instance();

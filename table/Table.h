@@ -34,7 +34,7 @@ struct Sheet {
 /// than any real one is told of in part. Empty unless it was asked for.
 struct Inspection {
     QSet<int> hiddenRows;         ///< by hand or by a filter
-    QSet<int> struckRows;         ///< whose every filled cell is struck out
+    QSet<int> struckRows;         ///< of whose cells several are struck out
     QList<QRect> mergedAreas;     ///< that begin in the rows read; none of an xlsx sheet of more rows, which
                                   ///< tells them last
     QHash<Cell, QString> numbers; ///< of cells stored as numbers: the stored text

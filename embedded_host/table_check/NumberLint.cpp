@@ -50,7 +50,7 @@ bool hasFraction(double number)
 bool hasPointsForGroups(const QString& text)
 {
     static const QRegularExpression groups(QStringLiteral("^\\s*[1-9]\\d{0,2}(\\.\\d{3})+\\s*$"));
-    return groups.match(text).hasMatch();
+    return text.contains(QLatin1Char('.')) && groups.match(text).hasMatch();
 }
 
 QString invalidRule(NumberKind kind)

@@ -34,7 +34,7 @@ bool isFullWidthDigit(QChar c)
 bool isExponentForm(const QString& text)
 {
     static const QRegularExpression pattern(QStringLiteral("^\\s*[+-]?\\d+(\\.\\d*)?[eE][+-]?\\d+\\s*$"));
-    return pattern.match(text).hasMatch();
+    return text.contains(QLatin1Char('e'), Qt::CaseInsensitive) && pattern.match(text).hasMatch();
 }
 
 /// Digits that carry the value: without zeros at the front, and for whole numbers as written to the end.
@@ -312,12 +312,11 @@ QList<Finding> lint(const Table& table, const Expectation& expectation)
 {
     Findings findings(table);
     lintFile(table, expectation, findings);
-    if (table.rows.isEmpty()) {
-        return findings.take();
-    }
     const FileColumns columns(table, expectation);
-    lintHeader(table, expectation, findings);
-    lintFormulas(table, columns, findings);
+    if (!table.rows.isEmpty()) {
+        lintHeader(table, expectation, findings);
+        lintFormulas(table, columns, findings);
+    }
     RowLint rows(table, expectation, columns, findings);
     CellLint cells(table, expectation, columns, findings);
     for (int row = 0; row < table.rows.size(); ++row) {

@@ -505,6 +505,10 @@ TEST(HarmfulFiles, AnotherSheetIsToldByName)
     EXPECT_EQ("sheet.active\n", found("AITWAP"_s, table));
     EXPECT_EQ("打开文件时显示的工作表是“新”，导入读取的却是“旧”",
               table::sentence(findings("AITWAP"_s, table).first().fault).toStdString());
+    table::Table blank;
+    blank.sheets = table.sheets;
+    EXPECT_EQ(Severity::Notice, findings("AITWAP"_s, blank).first().fault.severity)
+        << "the import takes nothing, and says so";
     table.sheets = {{"旧"_s, true, true, true, head}, {"新"_s, true, false, false, head}};
     EXPECT_EQ("sheet.other\n", found("AITWAP"_s, table));
     table.sheets[1].head = QStringList{"说明"_s};

@@ -1,5 +1,6 @@
 #include "desk/verdict/OrderRules.h"
 
+#include "desk/verdict/Desk.h"
 #include "desk/verdict/Judgement.h"
 #include "embedded_host/reference_data/CalendarFile.h"
 #include "table/FaultCatalogue.h"
@@ -360,6 +361,19 @@ TEST(RuleActionsTest, NobodyLowersAFloor)
               errorOf("rule,action\nrow.hidden,no\n").toStdString());
     EXPECT_EQ(Action::Refuse, actionsOf("rule,action\nsameFile,tell\n").of("sameFile"_s, Action::Refuse))
         << "of the ledger";
+}
+
+/// What ships holds everybody to careful ceilings, and looser rules than the product's do not ship.
+TEST(ShippedDesk, HasACeilingForEverythingThatMoneyCanBeLostBy)
+{
+    const Outcome<Desk> desk = Desk::read(QStringLiteral(ALGO_PROJECT_DIR "/reference_data"));
+    ASSERT_EQ("", desk.error.toStdString());
+    const ledger::Limits limits = limitsFor(desk.value.limits, "80010001"_s, "AITWAP"_s);
+    for (const ledger::Ceiling& ceiling : ledger::ceilings()) {
+        const bool mayBeAbsent = QByteArray(ceiling.column) == "approvalAmount"; // needs a second person
+        EXPECT_TRUE((limits.*ceiling.value).has_value() || mayBeAbsent) << ceiling.column;
+    }
+    EXPECT_TRUE(optedOut(desk.value.limits, "80010001"_s, "AITWAP"_s).isEmpty());
 }
 
 TEST(JudgementTest, OneLineARuleWithItsRowsMissingRowsFirst)

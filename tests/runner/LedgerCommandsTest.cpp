@@ -169,6 +169,38 @@ TEST_F(LedgerCommands, SayThatABatchWaitsForASecondPerson)
     EXPECT_EQ("waiting"_s, creation(waiting)["batch"_s].toObject()["state"_s].toString());
 }
 
+TEST_F(LedgerCommands, ShowWhoOptedOutOfTheGeneralCeilings)
+{
+    writeData("limits.csv"_s, "account,strategy,maxRowQuantity,replacesGeneral\n*,*,999,\nA1,*,5000,1\n");
+    const Run made = create(table(goodRow()));
+    EXPECT_EQ(0, made.status) << made.out.constData();
+    EXPECT_EQ(QJsonValue(QJsonArray{"A1 *"_s}), guard(made)["summary"_s].toObject()["optedOut"_s]);
+}
+
+/// What a desk's rules.csv says is what is done, above the product's floors.
+TEST_F(LedgerCommands, DoAboutARuleWhatTheDeskSays)
+{
+    const QString twice = table(goodRow() + goodRow());
+    const QStringList accepting = {"--accept"_s, "row.repeated"_s};
+    writeData("rules.csv"_s, "rule,action\nrow.repeated,refuse\n");
+    EXPECT_EQ(QStringList{"row.repeated"_s}, rules(create(twice, accepting), "refusals"_s));
+    writeData("rules.csv"_s, "rule,action\nrow.repeated,tell\n");
+    expectRefused(create(twice), "rules.csv:2"_s);
+    writeData("rules.csv"_s, "rule,action\nrow.repeated,ask\n");
+    EXPECT_EQ(QStringList{"row.repeated"_s}, rules(create(twice), "warnings"_s));
+    EXPECT_EQ(0, create(twice, accepting).status);
+}
+
+TEST_F(LedgerCommands, LetNobodySplitABatchBelowACeilingOfTheDay)
+{
+    writeData("limits.csv"_s, "account,strategy,maxDayInstances\n*,*,2\n");
+    EXPECT_EQ(0, create(table(goodRow())).status);
+    EXPECT_EQ(0, create(table("600000,SH,2000,1,0,7\n", "b.csv"_s)).status);
+    const Run third = create(table("600000,SH,3000,1,0,7\n", "c.csv"_s));
+    EXPECT_EQ(1, third.status);
+    EXPECT_EQ(QStringList{"dayInstances"_s}, rules(third, "refusals"_s));
+}
+
 TEST_F(LedgerCommands, PrintWhatTheirSchemasDescribe)
 {
     const QString file = table(goodRow() + "000001,SZ,200,2,0,0\n");

@@ -102,7 +102,9 @@ void SheetRows::noteUncalculated(int row, int column)
 void SheetRows::noteFilled(int row, bool isStruck)
 {
     if (notes(row)) {
-        (isStruck ? mWithStruck : mWithPlain).insert(row);
+        Filled& filled = mFilled[row];
+        ++filled.cells;
+        filled.struck += isStruck ? 1 : 0;
     }
 }
 
@@ -136,7 +138,12 @@ void SheetRows::finish()
         mTable.rows.append(row);
         mTable.lines.append(mTable.rows.size());
     }
-    mTable.inspection.struckRows = mWithStruck - mWithPlain;
+    constexpr int Several = 3; // a remark may be struck out by itself
+    for (auto row = mFilled.cbegin(); row != mFilled.cend(); ++row) {
+        if (row->struck >= Several || row->struck * 2 > row->cells) {
+            mTable.inspection.struckRows.insert(row.key());
+        }
+    }
     mRows.clear();
 }
 

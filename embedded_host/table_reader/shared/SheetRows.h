@@ -2,6 +2,7 @@
 
 #include "embedded_host/table_reader/TableReader.h"
 
+#include <QHash>
 #include <QVector>
 
 namespace table_reader {
@@ -45,8 +46,11 @@ private:
     int mMaxText;
     bool mInspects;
     QVector<QStringList> mRows;
-    QSet<int> mWithStruck;
-    QSet<int> mWithPlain; ///< rows with a cell that is not struck out
+    struct Filled {
+        int cells = 0;
+        int struck = 0;
+    };
+    QHash<int, Filled> mFilled; ///< by row
     qint64 mCells = 0;
     qint64 mCharacters = 0;
     QString mError;

@@ -223,7 +223,7 @@ TEST(OdsInspection, TellsFormulasThatWereNeverCalculated)
     EXPECT_EQ((QSet<table::Cell>{{0, 0}}), read.inspection.uncalculated);
 }
 
-TEST(OdsInspection, TellsRowsOfWhichAllIsStruckOut)
+TEST(OdsInspection, TellsRowsOfWhichSeveralCellsAreStruckOut)
 {
     const QByteArray styles =
         "<style:style style:name=\"s\" style:family=\"table-cell\"><style:text-properties "

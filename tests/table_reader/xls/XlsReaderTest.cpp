@@ -352,7 +352,7 @@ TEST(XlsInspection, TellsFormulasThatWereNeverCalculated)
     EXPECT_EQ((QSet<table::Cell>{{0, 0}, {0, 2}}), table.inspection.uncalculated);
 }
 
-TEST(XlsInspection, TellsRowsOfWhichAllIsStruckOut)
+TEST(XlsInspection, TellsRowsOfWhichSeveralCellsAreStruckOut)
 {
     const auto font = [](int options) {
         return Biff().record(biff::Font, word(200) + word(options) + QByteArray(12, '\0')).bytes();

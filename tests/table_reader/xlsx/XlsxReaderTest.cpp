@@ -347,7 +347,7 @@ TEST(XlsxInspection, TellsFormulasThatWereNeverCalculated)
     EXPECT_EQ("||||0|2\n", shown(sample.file()));
 }
 
-TEST(XlsxInspection, TellsRowsOfWhichAllIsStruckOut)
+TEST(XlsxInspection, TellsRowsOfWhichSeveralCellsAreStruckOut)
 {
     Xlsx sample;
     sample.fonts = "<font/><font><strike/></font><font><strike val=\"0\"/></font>";
@@ -359,6 +359,11 @@ TEST(XlsxInspection, TellsRowsOfWhichAllIsStruckOut)
     };
     sample.sheetData = row("1", "1") + row("1", "0") + row("0", "0") + row("2", "2") + row("1", "1");
     EXPECT_EQ((QSet<int>{0, 4}), inspect(sample.file()).inspection.struckRows);
+    const QByteArray struck = "<c s=\"1\"><v>1</v></c>";
+    const QByteArray plain = "<c><v>1</v></c>";
+    sample.sheetData = "<row>" + struck + struck + struck + plain.repeated(9) + "</row><row>" + struck +
+                       struck + plain.repeated(9) + "</row>";
+    EXPECT_EQ(QSet<int>{0}, inspect(sample.file()).inspection.struckRows);
 }
 
 TEST(XlsxInspection, TakesARowWithoutHeightForHidden)

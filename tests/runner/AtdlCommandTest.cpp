@@ -66,14 +66,20 @@ protected:
                    north());
     }
 
+    /// What the guard says of the broker's rules: rule, line and column.
     static QStringList faultsIn(const Run& run)
     {
         QStringList texts;
-        for (const QJsonValue& fault : run.object()["faults"_s].toArray()) {
-            texts.append(QStringLiteral("%1 %2 %3")
-                             .arg(fault.toObject()["rule"_s].toString())
-                             .arg(fault.toObject()["line"_s].toInt())
-                             .arg(fault.toObject()["column"_s].toString()));
+        for (const QJsonValue& line : run.object()["guard"_s].toObject()["refusals"_s].toArray()) {
+            for (const QJsonValue& fault : line.toObject()["faults"_s].toArray()) {
+                const QJsonObject one = fault.toObject();
+                if (one["rule"_s].toString().startsWith("broker."_s)) {
+                    texts.append(QStringLiteral("%1 %2 %3")
+                                     .arg(one["rule"_s].toString())
+                                     .arg(one["line"_s].toInt())
+                                     .arg(one["column"_s].toString()));
+                }
+            }
         }
         return texts;
     }
@@ -152,7 +158,8 @@ TEST_F(AtdlCommand, CheckNamesWhatTheBrokerWouldNotTake)
     const Run run = checked({{"最大市场占比"_s, "40"_s}, {"紧急程度"_s, "high"_s}, {"子单数"_s, "1.5"_s}});
     EXPECT_EQ(3, run.status);
     expectValid(run.object(), "check.schema.json"_s);
-    EXPECT_EQ(faultsIn(run), QStringList({"broker.most 2 最大市场占比"_s, "broker.value 2 子单数"_s, "broker.condition 2 "_s}));
+    EXPECT_EQ(faultsIn(run), QStringList({"broker.most 2 最大市场占比"_s, "broker.value 2 子单数"_s,
+                                          "broker.condition 2 "_s}));
     EXPECT_EQ(faultsIn(checked({{"紧急程度"_s, "high"_s}})), QStringList{"broker.condition 2 "_s});
     EXPECT_EQ(faultsIn(checked({{"证券代码"_s, "00700"_s}, {"市场"_s, "HKSH"_s}})).size(), 1)
         << "none of Hong Kong";

@@ -66,14 +66,20 @@ protected:
                    north());
     }
 
+    /// What the guard says of the broker's rules: rule, line and column.
     static QStringList faultsIn(const Run& run)
     {
         QStringList texts;
-        for (const QJsonValue& fault : run.object()["faults"_s].toArray()) {
-            texts.append(QStringLiteral("%1 %2 %3")
-                             .arg(fault.toObject()["rule"_s].toString())
-                             .arg(fault.toObject()["line"_s].toInt())
-                             .arg(fault.toObject()["column"_s].toString()));
+        for (const QJsonValue& line : run.object()["guard"_s].toObject()["refusals"_s].toArray()) {
+            for (const QJsonValue& fault : line.toObject()["faults"_s].toArray()) {
+                const QJsonObject one = fault.toObject();
+                if (one["rule"_s].toString().startsWith("broker."_s)) {
+                    texts.append(QStringLiteral("%1 %2 %3")
+                                     .arg(one["rule"_s].toString())
+                                     .arg(one["line"_s].toInt())
+                                     .arg(one["column"_s].toString()));
+                }
+            }
         }
         return texts;
     }

@@ -283,10 +283,11 @@ bool mayBeMisspelt(const Finding& finding, const FileColumns& columns)
     return finding.fault.rule == rule::NearTitle && known >= Enough;
 }
 
+/// But for what may be why it looks like that.
 QList<Finding> softened(QList<Finding> findings, const FileColumns& columns)
 {
     for (Finding& finding : findings) {
-        if (!mayBeMisspelt(finding, columns)) {
+        if (finding.fault.rule != rule::UnknownCodePage && !mayBeMisspelt(finding, columns)) {
             finding.fault.severity = table::Severity::Notice;
         }
     }

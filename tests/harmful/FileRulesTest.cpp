@@ -496,6 +496,17 @@ TEST(HarmfulFiles, HiddenAndStruckRowsAreTold)
     EXPECT_EQ("row.struck 2\nrow.hidden 3\n", found("AITWAP"_s, table));
 }
 
+/// The titles of such a file are not known again, which is no reason to be silent.
+TEST(HarmfulFiles, ACodePageThatNobodyKnowsIsAnErrorThatNamesIt)
+{
+    table::Table table = inspect("Ö¤È¯´úÂë,ÊÐ³¡\n600000,SH\n");
+    table.inspection.unknownCodePage = 65111;
+    const table::Fault fault = findings("AITWAP"_s, table).first().fault;
+    EXPECT_EQ(table::rule::UnknownCodePage, fault.rule);
+    EXPECT_EQ(Severity::Error, fault.severity);
+    EXPECT_TRUE(table::sentence(fault).contains("65111"_s));
+}
+
 TEST(HarmfulFiles, AnotherSheetIsToldByName)
 {
     table::Table table = inspect(Head + aitwap("100,1,9.86,0,15"));

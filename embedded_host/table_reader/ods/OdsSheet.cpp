@@ -189,14 +189,16 @@ void OdsSheet::takeNumber(const QXmlStreamAttributes& attributes, const QString&
 }
 
 /// A date and time of which the style shows the time alone is stored as the hours since the first of all
-/// days, and read as in every other format.
+/// days, and read as in every other format. So is, where no style says otherwise, what lasts for decades.
 QString OdsSheet::timeText(const QString& stored, const QString& style) const
 {
     const std::optional<double> seconds = durationSeconds(stored);
     if (!seconds) {
         return stored;
     }
-    const bool isMoment = *seconds >= DaySeconds && mStyles.showsTimeOfDay(style);
+    constexpr double Decades = 20'000 * DaySeconds;
+    const bool isMoment =
+        *seconds >= DaySeconds && (mStyles.showsTimeOfDay(style) || (style.isEmpty() && *seconds >= Decades));
     return isMoment ? shownNumber(*seconds / DaySeconds, NumberFormat::Time, DateSystem::From1900)
                     : table_reader::timeText(*seconds);
 }

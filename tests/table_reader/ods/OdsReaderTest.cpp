@@ -200,6 +200,10 @@ TEST(OdsCells, ShowAMomentStyledAsATimeAloneAsEveryFormatDoes)
     EXPECT_EQ("2026-11-23T09:35:00.000|2026-11-23T09:35:00.000|09:30:00|26:00:00|26:00:00|"
               "2026-11-23T09:35:00.000\n2026-11-23T09:35:00.000\n",
               shown(ods(sheet(columns + row + rowStyle), styles)));
+    const QByteArray plain = cell("", "PT1112385H35M00S") + cell("hours", "PT1112385H35M00S");
+    EXPECT_EQ("2026-11-23T09:35:00.000|1112385:35:00\n",
+              shown(ods(sheet("<table:table-row>" + plain + "</table:table-row>"), styles)))
+        << "no style, and one of elapsed hours";
 }
 
 TEST(OdsInspection, TellsCellsThatShowAnotherNumber)

@@ -9,6 +9,9 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
+#include <thread>
+#include <vector>
+
 using namespace ledger;
 
 namespace {
@@ -236,6 +239,25 @@ TEST(SecondProcess, WritesBesideTheFirst)
     EXPECT_EQ(second.value->createBatch(sampleDraft(2)).value.number, 2);
     EXPECT_EQ(ledger->createBatch(sampleDraft(3)).value.number, 3);
     EXPECT_EQ(allInstances(*second.value).value.size(), 6);
+}
+
+TEST(SecondProcess, MakesOneLedgerWithTheFirstWhereTheyAllBegin)
+{
+    constexpr int Writers = 8;
+    QTemporaryDir folder;
+    const QString home = folder.filePath("home"_s);
+    std::vector<std::thread> threads;
+    for (int writer = 0; writer < Writers; ++writer) {
+        threads.emplace_back([&] {
+            const auto opened = openIn(home);
+            ASSERT_EQ(opened.error, QString());
+            EXPECT_EQ(opened.value->createBatch(sampleDraft(3)).error, QString());
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(allBatches(*openIn(home).value).value.size(), Writers);
 }
 
 TEST(SecondProcess, WaitsForAChangeNoLongerThanItWasTold)

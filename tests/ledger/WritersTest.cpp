@@ -75,21 +75,3 @@ TEST(Writers, NeverPassACeilingTogetherAndMakeNoDraftTwice)
     EXPECT_FALSE(opened.value->verifyAudit().value.broken.has_value());
     EXPECT_EQ(opened.value->verifyAudit().value.entries, batches.size());
 }
-
-TEST(Writers, MakeOneLedgerWhereTheyAllBegin)
-{
-    QTemporaryDir folder;
-    const QString home = folder.filePath("home"_s);
-    std::vector<std::thread> threads;
-    for (int writer = 0; writer < Writers; ++writer) {
-        threads.emplace_back([&, writer] {
-            const auto opened = openIn(home);
-            ASSERT_EQ(opened.error, QString());
-            EXPECT_EQ(opened.value->createBatch(draftNumber(writer)).error, QString());
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(allBatches(*openIn(home).value).value.size(), Writers);
-}

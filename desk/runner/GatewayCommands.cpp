@@ -194,12 +194,10 @@ int runGatewayCommand(const QStringList& arguments, QIODevice& out, QIODevice& e
 QString gatewayUsage()
 {
     return QStringLiteral(
-        "       algodesk gateway --config FILE | --files FOLDER --profile FILE [--ledger ADDRESS] [--data DIR]
-"
-        "                        [--reset-sequence] [--dry-run N] [--forget]
-"
-        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED] [--data DIR]
-");
+        "       algodesk gateway --config FILE | --files FOLDER --profile FILE [--ledger ADDRESS] [--data "
+        "DIR]\n"
+        "                        [--reset-sequence] [--dry-run N] [--forget]\n"
+        "       algodesk simulator --config FILE [--pace FACTOR] [--faults SEED] [--data DIR]\n");
 }
 
 } // namespace runner

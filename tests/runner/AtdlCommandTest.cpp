@@ -161,8 +161,6 @@ TEST_F(AtdlCommand, CheckNamesWhatTheBrokerWouldNotTake)
     EXPECT_EQ(faultsIn(run), QStringList({"broker.most 2 最大市场占比"_s, "broker.value 2 子单数"_s,
                                           "broker.condition 2 "_s}));
     EXPECT_EQ(faultsIn(checked({{"紧急程度"_s, "high"_s}})), QStringList{"broker.condition 2 "_s});
-    EXPECT_EQ(faultsIn(checked({{"证券代码"_s, "00700"_s}, {"市场"_s, "HKSH"_s}})).size(), 1)
-        << "none of Hong Kong";
 }
 
 TEST_F(AtdlCommand, TheGuardCreatesNothingThatTheBrokerWouldNotTake)

@@ -211,7 +211,7 @@ TEST(Reader, OfAnotherUserSeesNothingThatNeverWasBesideAWriter)
     chmod(QFile::encodeName(home).constData(), 0755);
     Stranger stranger(home, 50);
     auto ledger = openIn(home).value;
-    ledger->createBatch(sampleDraft(20));
+    ledger->createBatch(sampleDraft(3));
     openToAll(home);
     stranger.begin();
     int changes = 0;
@@ -221,7 +221,7 @@ TEST(Reader, OfAnotherUserSeesNothingThatNeverWasBesideAWriter)
             ledger = openIn(home).value;
         }
         openToAll(home);
-        EXPECT_EQ(ledger->createBatch(sampleDraft(20)).error, QString());
+        EXPECT_EQ(ledger->createBatch(sampleDraft(3)).error, QString());
         openToAll(home);
     }
     const QByteArray looks = stranger.looks();

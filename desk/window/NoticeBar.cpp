@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QVariant>
 
 NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), mText(new QLabel(this))
 {

@@ -1,12 +1,15 @@
 #include "ledger/store/JsonText.h"
 
 #include <rapidjson/encodings.h>
+#include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+#include <cmath>
 
 namespace ledger {
 
@@ -98,6 +101,85 @@ QStringList textsOf(const QJsonArray& array)
     return texts;
 }
 
+/// Makes of an object what QJsonObject::toVariantMap() would: a whole number is a qlonglong where it fits.
+class MapBuilder : public rapidjson::BaseReaderHandler<Encoding, MapBuilder> {
+public:
+    using Length = rapidjson::SizeType;
+
+    bool Null() { return add(QVariant::fromValue(nullptr)); }
+    bool Bool(bool flag) { return add(flag); }
+    bool Int(int number) { return add(qlonglong{number}); }
+    bool Uint(unsigned number) { return add(qlonglong{number}); }
+    bool Int64(int64_t number) { return add(qlonglong{number}); }
+    bool Uint64(uint64_t number)
+    {
+        return number <= uint64_t(INT64_MAX) ? add(qlonglong(number)) : Double(double(number));
+    }
+    bool Double(double number)
+    {
+        constexpr double Beyond = 9223372036854775808.0; // the first double that no qlonglong is
+        const bool isWhole = std::trunc(number) == number && number >= -Beyond && number < Beyond;
+        return isWhole ? add(qlonglong(number)) : add(number);
+    }
+    bool String(const char16_t* text, Length length, bool) { return add(textOf(text, length)); }
+    bool Key(const char16_t* text, Length length, bool)
+    {
+        mOpen.last().key = textOf(text, length);
+        return true;
+    }
+    bool StartObject() { return open(true); }
+    bool EndObject(Length) { return close(mOpen.takeLast().map); }
+    bool StartArray() { return open(false); }
+    bool EndArray(Length) { return close(mOpen.takeLast().list); }
+
+    QMap<QString, QVariant> map; ///< of the whole text, once it is read
+
+private:
+    struct Level {
+        bool isObject;
+        QString key;
+        QVariantMap map;
+        QVariantList list;
+    };
+
+    static QString textOf(const char16_t* text, Length length)
+    {
+        return QString(reinterpret_cast<const QChar*>(text), static_cast<int>(length));
+    }
+
+    bool open(bool isObject)
+    {
+        mOpen.append({isObject, {}, {}, {}});
+        return mOpen.first().isObject;
+    }
+
+    bool close(const QVariant& value)
+    {
+        if (mOpen.isEmpty()) {
+            map = value.toMap();
+            return true;
+        }
+        return add(value);
+    }
+
+    /// Behind the whole object there is nothing.
+    bool add(const QVariant& value)
+    {
+        if (mOpen.isEmpty()) {
+            return false;
+        }
+        Level& level = mOpen.last();
+        if (level.isObject) {
+            level.map.insert(level.key, value);
+        } else {
+            level.list.append(value);
+        }
+        return true;
+    }
+
+    QVector<Level> mOpen;
+};
+
 template <typename Value> QString textOf(const Value& value)
 {
     Buffer buffer;
@@ -132,7 +214,12 @@ QString jsonText(const QList<QStringList>& rows)
 
 QMap<QString, QVariant> objectIn(const QString& json)
 {
-    return QJsonDocument::fromJson(json.toUtf8()).object().toVariantMap();
+    constexpr unsigned Exactly = rapidjson::kParseFullPrecisionFlag;
+    constexpr unsigned HoweverDeep = rapidjson::kParseIterativeFlag;
+    rapidjson::GenericStringStream<Encoding> characters(charactersOf(json));
+    rapidjson::GenericReader<Encoding, Encoding> reader;
+    MapBuilder builder;
+    return reader.Parse<Exactly | HoweverDeep>(characters, builder) ? builder.map : QVariantMap();
 }
 
 QStringList textsIn(const QString& json)

@@ -1,8 +1,14 @@
 #!/usr/bin/env bash
-# on_a_server.sh LOCK COMMAND…: runs the command on a PostgreSQL server of its own, which is thrown away afterwards. Servers
-# start one after another, since two that begin at once may choose one port; the lock is let go as soon as this one is up.
+# on_a_server.sh COMMAND…: runs the command on a PostgreSQL server of its own, which is thrown away afterwards. Its port is a
+# random one: of those in a row, another test's server could take one that a test lets go while it restarts its own.
 set -euo pipefail
-exec 9>"$1"
-shift
-flock 9
-exec pg_virtualenv -t -o fsync=off -o max_connections=200 bash -c 'flock -u 9; exec "$@" 9>&-' on_a_server "$@"
+
+is_taken() { # PORT
+    (: <"/dev/tcp/127.0.0.1/$1") 2>/dev/null
+}
+
+port=$((20000 + RANDOM % 10000))
+while is_taken "$port"; do
+    port=$((20000 + RANDOM % 10000))
+done
+exec pg_virtualenv -t -c "-p $port" -o fsync=off -o max_connections=200 "$@"

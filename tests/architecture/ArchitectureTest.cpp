@@ -24,13 +24,15 @@ QMap<QString, QStringList> arrows()
             {QStringLiteral("schema"), rooms("amounts strategy table host")},
             {QStringLiteral("import"), rooms("schema amounts validation strategy table host")},
             {QStringLiteral("dialog"), rooms("import schema amounts validation strategy table host")},
-            {QStringLiteral("files"), rooms("table")},
-            {QStringLiteral("ledger"), rooms("files table")},
-            {QStringLiteral("gateway"), rooms("ledger files table")},
-            {QStringLiteral("atdl"), rooms("gateway strategy table")}, // and the host's constants
-            {QStringLiteral("embedded_host"), rooms("files strategy table host")},
+            {QStringLiteral("words"), {}},
+            {QStringLiteral("files"), rooms("words table")},
+            {QStringLiteral("ledger"), rooms("files words table")},
+            {QStringLiteral("gateway"), rooms("ledger files words table")},
+            {QStringLiteral("atdl"), rooms("gateway strategy words table")}, // and the host's constants
+            {QStringLiteral("embedded_host"), rooms("files strategy words table host")},
             {QStringLiteral("desk"),
-             rooms("atdl gateway ledger embedded_host files import amounts validation strategy table host")}};
+             rooms("atdl gateway ledger embedded_host files import amounts validation strategy words table "
+                   "host")}};
 }
 
 /// Headers beyond the rooms of a room's arrows.

@@ -1,6 +1,8 @@
 #include "tests/gateway/GatewayRun.h"
 
 #include "gateway/port/LedgerOutbox.h"
+#include "tests/gateway/SampleOrders.h"
+#include "tests/gateway/Wire.h"
 
 #include <gtest/gtest.h>
 
@@ -65,5 +67,28 @@ GatewayRun::~GatewayRun()
     mEnds = true;
     if (mThread.joinable()) {
         mThread.join();
+    }
+}
+
+QString profileFile(const QTemporaryDir& folder)
+{
+    const QString path = folder.filePath(QStringLiteral("profile.json"));
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(sample::profileJson())
+                   .replace("\"exchanges\"", "\"statusTimeoutSeconds\": 2, \"exchanges\""));
+    return path;
+}
+
+void expectEachOnce(const Counterparty& counterparty, int count)
+{
+    const auto orders = counterparty.orders();
+    EXPECT_EQ(orders.size(), static_cast<std::size_t>(count));
+    for (const auto& order : orders) {
+        EXPECT_EQ(order.second.executions, 1) << order.first;
+    }
+    for (const std::string& message : counterparty.received()) {
+        const wire::Fields fields = wire::parse(message);
+        EXPECT_FALSE(wire::get(fields, 43) == "Y" && wire::get(fields, 35) != "4") << wire::shown(message);
     }
 }

@@ -42,3 +42,10 @@ private:
 
 /// The settings of an initiator DESK -> BROKER that reconnects every second.
 QString settingsFile(const QTemporaryDir& folder, int port, const QString& beginString);
+
+/// The broker's profile of the samples, of one who asks again after two seconds.
+QString profileFile(const QTemporaryDir& folder);
+
+/// The counterparty executed each of so many orders once, and nothing but gap fills was sent again by the
+/// session.
+void expectEachOnce(const Counterparty& counterparty, int count);

@@ -1,5 +1,6 @@
 #include "tests/gateway/DeskLedger.h"
 #include "tests/gateway/FolderBroker.h"
+#include "tests/gateway/GatewayRun.h"
 #include "tests/gateway/SampleOrders.h"
 
 #include <gtest/gtest.h>
@@ -13,16 +14,6 @@
 namespace {
 
 using ledger::InstanceState;
-
-QString profileFile(const DeskLedger& desk)
-{
-    const QString path = desk.folder().filePath(QStringLiteral("profile.json"));
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(sample::profileJson())
-                   .replace("\"exchanges\"", "\"statusTimeoutSeconds\": 2, \"exchanges\""));
-    return path;
-}
 
 QString handOffFolder(const DeskLedger& desk)
 {
@@ -44,7 +35,7 @@ public:
         mProcess.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         mProcess.setStandardOutputFile(QProcess::nullDevice());
         mProcess.start(QStringLiteral(GATEWAY_VICTIM),
-                       {folder, profileFile(desk), desk.address().shown(), QStringLiteral("0")});
+                       {folder, profileFile(desk.folder()), desk.address().shown(), QStringLiteral("0")});
         EXPECT_TRUE(mProcess.waitForStarted());
     }
 

@@ -58,31 +58,25 @@ private:
     QProcess mProcess;
 };
 
-QString profileFile(const DeskLedger& desk)
-{
-    const QString path = desk.folder().filePath(QStringLiteral("profile.json"));
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(sample::profileJson())
-                   .replace("\"exchanges\"", "\"statusTimeoutSeconds\": 2, \"exchanges\""));
-    return path;
-}
-
-void expectEachOnce(const Counterparty& counterparty, int count)
-{
-    const auto orders = counterparty.orders();
-    EXPECT_EQ(orders.size(), static_cast<std::size_t>(count));
-    for (const auto& order : orders) {
-        EXPECT_EQ(order.second.executions, 1) << order.first;
-    }
-    for (const std::string& message : counterparty.received()) {
-        const wire::Fields fields = wire::parse(message);
-        EXPECT_FALSE(wire::get(fields, 43) == "Y" && wire::get(fields, 35) != "4") << wire::shown(message);
-    }
-}
-
 /// A seed, and the version that is spoken.
-class Kills : public testing::TestWithParam<std::tuple<unsigned int, const char*>> {};
+class Kills : public testing::TestWithParam<std::tuple<unsigned int, const char*>> {
+protected:
+    /// Of a thousand messages so many break the line, and as many are lost.
+    static Counterparty::Options unlucky(int perMille)
+    {
+        Counterparty::Options options;
+        options.seed = std::get<0>(GetParam());
+        options.beginString = std::get<1>(GetParam());
+        options.dropPerMille = perMille;
+        options.losePerMille = perMille;
+        return options;
+    }
+
+    static QString settings(const DeskLedger& desk, const Counterparty& counterparty)
+    {
+        return settingsFile(desk.folder(), counterparty.port(), QString::fromLatin1(std::get<1>(GetParam())));
+    }
+};
 
 /// Killed at whatever moment, with lines that break besides: each order is executed once, and the ledger says
 /// so in the end.
@@ -90,25 +84,19 @@ TEST_P(Kills, EveryOrderIsExecutedOnce)
 {
     const int count = 300;
     const int kills = 25;
-    Counterparty::Options unlucky;
-    unlucky.seed = std::get<0>(GetParam());
-    unlucky.beginString = std::get<1>(GetParam());
-    unlucky.dropPerMille = 5;
-    unlucky.losePerMille = 5;
-    Counterparty counterparty(unlucky);
+    Counterparty counterparty(unlucky(5));
     DeskLedger desk;
     desk.create(count / 2);
     desk.create(count - count / 2);
-    const QString settings =
-        settingsFile(desk.folder(), counterparty.port(), QString::fromStdString(unlucky.beginString));
-    const QString profile = profileFile(desk);
-    std::mt19937 random(unlucky.seed);
+    const QString configuration = settings(desk, counterparty);
+    const QString profile = profileFile(desk.folder());
+    std::mt19937 random(std::get<0>(GetParam()));
     for (int i = 0; i < kills; ++i) {
-        Victim victim(desk, settings, profile, 60);
+        Victim victim(desk, configuration, profile, 60);
         std::this_thread::sleep_for(std::chrono::milliseconds(50 + random() % 300));
         victim.kill();
     }
-    Victim survivor(desk, settings, profile);
+    Victim survivor(desk, configuration, profile);
     for (int i = 0; i < 6 && desk.countOf(InstanceState::Finished) < count; ++i) {
         counterparty.waitFor([&] { return desk.countOf(InstanceState::Finished) == count; });
     }
@@ -127,21 +115,16 @@ TEST_P(Kills, WhatIsTakenBackIsCancelled)
 {
     const int count = 60;
     const int kills = 10;
-    Counterparty::Options unlucky;
-    unlucky.seed = std::get<0>(GetParam());
-    unlucky.beginString = std::get<1>(GetParam());
-    unlucky.dropPerMille = 10;
-    unlucky.losePerMille = 10;
-    unlucky.fills = false;
-    Counterparty counterparty(unlucky);
+    Counterparty::Options options = unlucky(10);
+    options.fills = false;
+    Counterparty counterparty(options);
     DeskLedger desk;
     desk.create(count);
-    const QString settings =
-        settingsFile(desk.folder(), counterparty.port(), QString::fromStdString(unlucky.beginString));
-    const QString profile = profileFile(desk);
-    std::mt19937 random(unlucky.seed);
+    const QString configuration = settings(desk, counterparty);
+    const QString profile = profileFile(desk.folder());
+    std::mt19937 random(std::get<0>(GetParam()));
     for (int i = 0; i < kills; ++i) {
-        Victim victim(desk, settings, profile, 60);
+        Victim victim(desk, configuration, profile, 60);
         std::this_thread::sleep_for(std::chrono::milliseconds(100 + random() % 300));
         if (i == kills / 2) {
             EXPECT_EQ(desk.ledger().undo(1).error, QString());
@@ -152,7 +135,7 @@ TEST_P(Kills, WhatIsTakenBackIsCancelled)
         return desk.countOf(InstanceState::Stopped) + desk.countOf(InstanceState::Withdrawn) == count;
     };
     const std::size_t before = counterparty.received().size();
-    Victim survivor(desk, settings, profile);
+    Victim survivor(desk, configuration, profile);
     EXPECT_TRUE(counterparty.waitFor([&] { return counterparty.received().size() > before; }));
     for (int i = 0; i < 6 && !over(); ++i) {
         counterparty.waitFor(over);
@@ -172,9 +155,9 @@ TEST(Process, AnAccountIsServedByOneAtATime)
     Counterparty counterparty{{}};
     DeskLedger desk;
     const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
-    Victim first(desk, settings, profileFile(desk));
+    Victim first(desk, settings, profileFile(desk.folder()));
     ASSERT_TRUE(counterparty.waitFor([&] { return counterparty.isLoggedOn(); }));
-    Victim second(desk, settings, profileFile(desk));
+    Victim second(desk, settings, profileFile(desk.folder()));
     EXPECT_EQ(second.status(), 3);
     EXPECT_EQ(first.end(), 0);
 }
@@ -196,7 +179,7 @@ TEST(Process, StopUndoAndHaltBecomeCancels)
     DeskLedger desk;
     desk.create(3);
     const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
-    Victim victim(desk, settings, profileFile(desk));
+    Victim victim(desk, settings, profileFile(desk.folder()));
     ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Running) == 3; }));
     ledger::Selection one;
     one.ids.append({1, 1});
@@ -216,7 +199,7 @@ TEST(Process, KeepsThePace)
     const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
     QElapsedTimer time;
     time.start();
-    Victim victim(desk, settings, profileFile(desk), 10);
+    Victim victim(desk, settings, profileFile(desk.folder()), 10);
     ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Finished) == 30; }));
     EXPECT_GE(time.elapsed(), 2000);
     EXPECT_EQ(victim.end(), 0);

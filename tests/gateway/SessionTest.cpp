@@ -302,15 +302,7 @@ TEST_P(Breaks, EveryOrderIsExecutedOnce)
         }
     }
     EXPECT_EQ(desk.countOf(State::Finished), count) << story(counterparty);
-    const auto orders = counterparty.orders();
-    EXPECT_EQ(orders.size(), static_cast<std::size_t>(count));
-    for (const auto& order : orders) {
-        EXPECT_EQ(order.second.executions, 1) << order.first;
-    }
-    for (const std::string& message : counterparty.received()) {
-        const wire::Fields fields = wire::parse(message);
-        EXPECT_FALSE(wire::get(fields, 43) == "Y" && wire::get(fields, 35) != "4") << wire::shown(message);
-    }
+    expectEachOnce(counterparty, count);
 }
 
 INSTANTIATE_TEST_SUITE_P(BySeed, Breaks, testing::Range(1U, 5U));

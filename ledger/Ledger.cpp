@@ -10,6 +10,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace ledger {
 
 namespace {
@@ -38,6 +40,19 @@ Outcome<void> eachRow(int most, const std::function<bool(const Row&)>& take, Pag
         }
         last = page.value.last();
     }
+}
+
+/// As the table has them, and as the claims of their accounts tell: those end with the process.
+QList<Gateway> gatewaysNow(Statements& statements, const Store& store)
+{
+    QList<Gateway> gateways = selectGateways(statements);
+    for (Gateway& gateway : gateways) {
+        gateway.isGone =
+            std::any_of(gateway.accounts.cbegin(), gateway.accounts.cend(), [&store](const QString& account) {
+                return !store.isClaimed(account).value_or(true);
+            });
+    }
+    return gateways;
 }
 
 } // namespace
@@ -222,12 +237,19 @@ Outcome<BatchTable> Ledger::tableOf(qint64 batchNumber) const
     });
 }
 
+Outcome<QList<Gateway>> Ledger::gateways() const
+{
+    return mCore->read<QList<Gateway>>([&](Statements& statements) {
+        return Outcome<QList<Gateway>>{gatewaysNow(statements, *mCore->store), QString()};
+    });
+}
+
 Outcome<Status> Ledger::status() const
 {
     return mCore->read<Status>([&](Statements& statements) {
         Status status;
         status.halts = selectHalts(statements);
-        status.gateways = selectGateways(statements);
+        status.gateways = gatewaysNow(statements, *mCore->store);
         status.waiting =
             statements
                 .single(QStringLiteral("SELECT COUNT(*) FROM batch WHERE state = 'waiting' AND day = ?"),

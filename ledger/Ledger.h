@@ -106,6 +106,8 @@ public:
     /// The table that a batch was imported from; an error where the batch is older than such tables.
     Outcome<BatchTable> tableOf(qint64 batch) const;
     Outcome<Status> status() const;
+    /// Those that registered, with what has become of them.
+    Outcome<QList<Gateway>> gateways() const;
     /// What gateways said and heard: the newest, at most so many lots of them, behind an audit entry; oldest
     /// first.
     Outcome<QList<WireMessage>> wireMessages(qint64 behind, int mostLots) const;

@@ -42,7 +42,7 @@ QJsonObject toJson(const ledger::Status& status)
                                     {key("accounts"), QJsonArray::fromStringList(gateway.accounts)},
                                     {key("host"), gateway.host},
                                     {key("pid"), gateway.pid},
-                                    {key("state"), gateway.state},
+                                    {key("state"), gateway.isGone ? key("gone") : gateway.state},
                                     {key("since"), utc(gateway.since)}});
     }
     QJsonArray days;

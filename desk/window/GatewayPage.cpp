@@ -3,6 +3,7 @@
 #include "desk/models/WireModel.h"
 #include "desk/window/FilteredTable.h"
 #include "embedded_host/EmbeddedHost.h"
+#include "words/Words.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -152,9 +153,12 @@ void GatewayPage::showSessions()
 
 QString GatewayPage::lineOf(const ledger::Gateway& gateway) const
 {
-    const QString why = gateway.state == LoggedOn ? QString() : whyLoggedOut(gateway.session);
+    const QString why = gateway.isGone              ? Words::tr("此前%1").arg(shownState(gateway.state))
+                        : gateway.state == LoggedOn ? QString()
+                                                    : whyLoggedOut(gateway.session);
+    const QString state = gateway.isGone ? Words::tr("网关已不在") : shownState(gateway.state);
     return QStringLiteral("%1　%2　%3%4，自 %5　%6")
-        .arg(gateway.session, shownAccounts(gateway.accounts), shownState(gateway.state),
+        .arg(gateway.session, shownAccounts(gateway.accounts), state,
              why.isEmpty() ? why : QStringLiteral("（%1）").arg(why),
              gateway.since.toLocalTime().toString(QStringLiteral("MM-dd HH:mm:ss")),
              lastMessageOf(gateway.session));

@@ -2,6 +2,7 @@
 
 #include "ledger/Ledger.h"
 
+#include <QStringList>
 #include <QThread>
 #include <QTimer>
 
@@ -17,6 +18,17 @@ constexpr int FirstPauseSeconds = 1;
 constexpr int LongestPauseSeconds = 30;
 constexpr int ConnectSeconds = 2;
 
+/// What moves when there is something to show. A gateway that was killed changes nothing in the ledger.
+struct Sight {
+    qint64 changes = 0;
+    QStringList gone; ///< accounts of each gateway that is
+
+    friend bool operator!=(const Sight& left, const Sight& right)
+    {
+        return left.changes != right.changes || left.gone != right.gone;
+    }
+};
+
 /// Lives in the thread.
 class Look {
 public:
@@ -30,11 +42,11 @@ public:
 private:
     void look()
     {
-        const Outcome<qint64> count = ask();
-        if (!count.ok()) {
+        const Outcome<Sight> sight = ask();
+        if (!sight.ok()) {
             mLedger.reset();
             mIsLost = true;
-            emit mWatch.lost(count.error, mPause);
+            emit mWatch.lost(sight.error, mPause);
             mTimer.start(mPause * 1000);
             mPause = std::min(mPause * 2, LongestPauseSeconds);
             return;
@@ -42,16 +54,16 @@ private:
         if (mIsLost) {
             emit mWatch.restored();
         }
-        if (mIsLost || mCount != count.value) {
+        if (mIsLost || mSight != sight.value) {
             emit mWatch.changed();
         }
-        mCount = count.value;
+        mSight = sight.value;
         mIsLost = false;
         mPause = FirstPauseSeconds;
         mTimer.start(PollMs);
     }
 
-    Outcome<qint64> ask()
+    Outcome<Sight> ask()
     {
         if (!mLedger) {
             ledger::Ledger::Options options;
@@ -59,19 +71,26 @@ private:
             options.waitSeconds = ConnectSeconds;
             const auto opened = ledger::Ledger::open(mAddress, options);
             if (!opened.ok()) {
-                return {0, opened.error};
+                return {{}, opened.error};
             }
             mLedger = opened.value;
             mLedger->listen([this] { mTimer.start(HintMs); });
         }
-        return mLedger->changeCount();
+        const Outcome<qint64> count = mLedger->changeCount();
+        const Outcome<QList<ledger::Gateway>> gateways =
+            count.ok() ? mLedger->gateways() : Outcome<QList<ledger::Gateway>>{{}, count.error};
+        Sight sight{count.value, {}};
+        for (const ledger::Gateway& gateway : gateways.value) {
+            sight.gone.append(gateway.isGone ? gateway.accounts.join(QLatin1Char(' ')) : QString());
+        }
+        return {sight, gateways.error};
     }
 
     LedgerWatch& mWatch;
     const ledger::Address mAddress;
     QTimer mTimer;
     std::shared_ptr<ledger::Ledger> mLedger;
-    std::optional<qint64> mCount;
+    std::optional<Sight> mSight;
     bool mIsLost = false;
     int mPause = FirstPauseSeconds;
 };

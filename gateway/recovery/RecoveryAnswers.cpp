@@ -80,7 +80,8 @@ void Recovery::count(Track& track, const Report& report, const Moment& now, Step
 
 void Recovery::take(Track& track, const Report& report, const Effect& effect, Step& step)
 {
-    const bool saysSomething = effect.told || !report.execId.isEmpty();
+    const bool saysSomething =
+        effect.told || !report.execId.isEmpty() || !(effect.after == track.instance.standing);
     if (!saysSomething || effect.answer == Answer::Denies) {
         return;
     }

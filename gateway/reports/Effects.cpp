@@ -12,7 +12,7 @@ namespace {
 /// What OrdStatus (39) makes of an instance; none for a status that says nothing of its state.
 std::optional<State> stateOf(const QString& ordStatus, bool cancelAsked)
 {
-    static const QString Working = QStringLiteral("0A1579DE");
+    static const QString Working = QStringLiteral("0A159DE");
     if (ordStatus.size() != 1) {
         return std::nullopt;
     }
@@ -149,6 +149,29 @@ Effect refused(const Standing& before, const QString& complaint)
     return unchanged(before, Answer::None, complaint);
 }
 
+QString unknownStatus(const Report& report)
+{
+    return QStringLiteral("未知的订单状态“%1”").arg(report.ordStatus);
+}
+
+/// Stopped (7, a price is guaranteed) and calculated (B) are statuses of the standard that no state of an
+/// instance stands for.
+bool isStateless(const Report& report)
+{
+    return report.ordStatus == QLatin1String("7") || report.ordStatus == QLatin1String("B");
+}
+
+/// What was traded is the truth, whatever the status. The state stays, and whoever waits for one waits on;
+/// people see why.
+Effect stateless(Effect effect, const Report& report)
+{
+    effect.answer = Answer::None;
+    if (!isOver(effect.after.state)) {
+        effect.after.reason = unknownStatus(report);
+    }
+    return effect;
+}
+
 } // namespace
 
 Effect applyExecution(const Standing& before, const OrderSize& size, const Report& report)
@@ -166,7 +189,7 @@ Effect applyExecution(const Standing& before, const OrderSize& size, const Repor
     }
     const std::optional<State> told = toldState(effect.after, size, report);
     if (!told) {
-        return refused(before, QStringLiteral("未知的订单状态“%1”").arg(report.ordStatus));
+        return isStateless(report) ? stateless(effect, report) : refused(before, unknownStatus(report));
     }
     const bool isOfLeg = !size.legs.isEmpty() && report.isOfOneLeg();
     effect.leg = isOfLeg ? legOf(size, report) + 1 : 0;
@@ -197,7 +220,7 @@ Effect applyCancelReject(const Standing& before, const Report& report)
     const std::optional<State> told =
         stateOf(report.ordStatus, before.cancelAsked && report.ordStatus == QLatin1String("3"));
     if (!told) {
-        return refused(before, QStringLiteral("未知的订单状态“%1”").arg(report.ordStatus));
+        return refused(before, unknownStatus(report));
     }
     Effect effect = unchanged(before, Answer::Knows);
     effect.told = told;

@@ -104,6 +104,7 @@ bool Recording::takeFill(Instance& instance, const Execution& execution)
 void Recording::takeState(Instance& instance, const Execution& execution)
 {
     if (!execution.state) {
+        instance.reason = execution.reason.isEmpty() ? instance.reason : execution.reason;
         return;
     }
     const InstanceState before = instance.state;

@@ -101,8 +101,10 @@ struct Gateway {
     QStringList accounts; ///< "*": all
     QString host;
     qint64 pid = 0;
-    QString state; ///< of the session: connected, loggedOn, loggedOut, disconnected
+    QString state; ///< of the session, by its last word: connected, loggedOn, loggedOut, disconnected
     QDateTime since;
+    /// It serves its accounts no longer, whatever it said last: it was ended, or killed.
+    bool isGone = false;
 };
 
 /// What a second person is asked to approve.

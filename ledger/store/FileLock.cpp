@@ -65,4 +65,16 @@ QString FileLock::holder() const
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.read(LongestName)) : QString();
 }
 
+std::optional<bool> FileLock::isHeldExclusively() const
+{
+    const int asked = open(QFile::encodeName(mPath).constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (asked < 0) {
+        return errno == ENOENT ? std::optional<bool>(false) : std::nullopt;
+    }
+    const bool isShared = flock(asked, LOCK_SH | LOCK_NB) == 0;
+    const bool isKnown = isShared || errno == EWOULDBLOCK;
+    close(asked); // and with it the lock
+    return isKnown ? std::optional<bool>(!isShared) : std::nullopt;
+}
+
 } // namespace ledger

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace ledger {
 
 /// A lock beside the ledger's file. The kernel holds it and lets go of it however the process ends. The lock
@@ -23,6 +25,9 @@ public:
     void sign(const QString& holder) const;
     /// What the holder wrote; empty where it has not yet.
     QString holder() const;
+    /// Whether somebody has it exclusively; nothing where whoever asks may not know. To ask, it is shared for
+    /// a moment: whoever takes it waits that long.
+    std::optional<bool> isHeldExclusively() const;
 
 private:
     const QString mPath;

@@ -11,6 +11,13 @@ namespace {
 const QString AllAccounts = QStringLiteral("*");
 const QString Key = QStringLiteral("hashtextextended(?, 4242)");
 
+/// Of a row of pg_locks: that it is the lock of an account in this database, and somebody has it.
+const QString IsLock =
+    QStringLiteral("l.locktype = 'advisory' AND l.granted AND l.objsubid = 1 "
+                   "AND l.database = (SELECT oid FROM pg_database WHERE datname = current_database()) "
+                   "AND (l.classid::bigint << 32) | l.objid::bigint = ") +
+    Key;
+
 /// One lock for all accounts, which those that serve some share, and one for each account.
 struct Lock {
     QString account;
@@ -49,13 +56,23 @@ QString PostgresStore::holderOf(const QString& account) const
     return Statements(database())
         .single(
             QStringLiteral("SELECT a.application_name FROM pg_locks l JOIN pg_stat_activity a USING (pid) "
-                           "WHERE l.locktype = 'advisory' AND l.granted AND l.objsubid = 1 "
-                           "AND l.database = (SELECT oid FROM pg_database WHERE datname = "
-                           "current_database()) "
-                           "AND (l.classid::bigint << 32) | l.objid::bigint = ") +
-                Key + QStringLiteral(" AND a.pid <> pg_backend_pid() ORDER BY l.pid LIMIT 1"),
+                           "WHERE ") +
+                IsLock + QStringLiteral(" AND a.pid <> pg_backend_pid() ORDER BY l.pid LIMIT 1"),
             {account})
         .toString();
+}
+
+/// The list of locks is open to every role.
+std::optional<bool> PostgresStore::isClaimed(const QString& account) const
+{
+    Statements statements(database());
+    const qint64 count = statements
+                             .single(QStringLiteral("SELECT COUNT(*) FROM pg_locks l WHERE "
+                                                    "l.mode = 'ExclusiveLock' AND ") +
+                                         IsLock,
+                                     {account})
+                             .toLongLong();
+    return statements.failed() ? std::nullopt : std::optional<bool>(count > 0);
 }
 
 /// Takes the locks of `accounts`; empty, or who has one of them. The locks of a session that ended are taken

@@ -45,6 +45,7 @@ public:
     QSqlError beginLoading(const QStringList& tables) override;
     QSqlError endLoading(const QStringList& tables) override;
     std::unique_ptr<AccountClaim> claim(const QStringList& accounts, QString& holder) override;
+    std::optional<bool> isClaimed(const QString& account) const override;
     QString verify() override;
     QString backup(const QString& file) override;
     QString vacuum() override;

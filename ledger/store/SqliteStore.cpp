@@ -89,6 +89,10 @@ bool isWrittenTo(const QString& path)
     return QFile::exists(path + QLatin1String("-wal")) || QFile::exists(path + QLatin1String("-journal"));
 }
 
+const QString AllAccounts = QStringLiteral("*");
+/// For whoever only asks whether a lock is held to let go of it again.
+constexpr int ClaimWaitMs = 1000;
+
 /// The ledger's lock files of the accounts that a gateway serves: one for all accounts, shared by those that
 /// serve some.
 class SqliteClaim : public AccountClaim {
@@ -96,7 +100,7 @@ public:
     bool take(const QString& path, FileLock::Kind kind, const QString& signature, QString& holder)
     {
         auto lock = std::make_unique<FileLock>(path);
-        if (lock->take(kind, 0) != FileLock::Answer::Taken) {
+        if (lock->take(kind, ClaimWaitMs) != FileLock::Answer::Taken) {
             holder = lock->holder();
             return false;
         }
@@ -475,22 +479,35 @@ QString SqliteStore::sentenceFor(const QSqlError& error) const
     }
 }
 
-std::unique_ptr<AccountClaim> SqliteStore::claim(const QStringList& accounts, QString& holder)
+/// The lock file of an account, or of all.
+QString SqliteStore::claimFile(const QString& account) const
 {
     const QString all = mPath + QLatin1String(".gateway");
+    return account == AllAccounts
+               ? all
+               : all + QLatin1Char('-') + QString::fromLatin1(QUrl::toPercentEncoding(account));
+}
+
+std::optional<bool> SqliteStore::isClaimed(const QString& account) const
+{
+    return FileLock(claimFile(account)).isHeldExclusively();
+}
+
+std::unique_ptr<AccountClaim> SqliteStore::claim(const QStringList& accounts, QString& holder)
+{
     const QString signature = QStringLiteral("%1 %2")
                                   .arg(QCoreApplication::applicationName())
                                   .arg(QCoreApplication::applicationPid());
     auto claim = std::make_unique<SqliteClaim>();
-    const bool takesAll = accounts.isEmpty() || accounts.contains(QStringLiteral("*"));
-    if (!claim->take(all, takesAll ? FileLock::Kind::Exclusive : FileLock::Kind::Shared, signature, holder)) {
+    const bool takesAll = accounts.isEmpty() || accounts.contains(AllAccounts);
+    if (!claim->take(claimFile(AllAccounts), takesAll ? FileLock::Kind::Exclusive : FileLock::Kind::Shared,
+                     signature, holder)) {
         return nullptr;
     }
     QStringList sorted = takesAll ? QStringList() : accounts;
     sorted.sort();
     for (const QString& account : qAsConst(sorted)) {
-        const QString path = all + QLatin1Char('-') + QString::fromLatin1(QUrl::toPercentEncoding(account));
-        if (!claim->take(path, FileLock::Kind::Exclusive, signature, holder)) {
+        if (!claim->take(claimFile(account), FileLock::Kind::Exclusive, signature, holder)) {
             return nullptr;
         }
     }

@@ -35,6 +35,7 @@ public:
     QString forUpdate() const override { return QString(); }
     void notify() override {} // whoever looks asks Ledger::changeCount()
     std::unique_ptr<AccountClaim> claim(const QStringList& accounts, QString& holder) override;
+    std::optional<bool> isClaimed(const QString& account) const override;
     QString verify() override;
     QString backup(const QString& file) override;
     QString vacuum() override;
@@ -43,6 +44,7 @@ public:
     QString closeLog();
 
 private:
+    QString claimFile(const QString& account) const;
     QString openForWriting();
     QString openForReading();
     QString openAsStranger();

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 /// What is a dialect, and nothing else: each store is one file beside this one. The statements themselves are
 /// standard SQL (Statements.h) and run on either.
@@ -86,6 +87,9 @@ public:
 
     /// Null, with `holder` as who has them, where another gateway has one of the accounts.
     virtual std::unique_ptr<AccountClaim> claim(const QStringList& accounts, QString& holder) = 0;
+    /// Whether a gateway has an account now, "*": all of them in one claim. Nothing where whoever asks may
+    /// not know. In a transaction or outside.
+    virtual std::optional<bool> isClaimed(const QString& account) const = 0;
 
     /// Reads everything; empty, or what is wrong.
     virtual QString verify() = 0;

@@ -148,6 +148,22 @@ TEST_F(GatewayPageTest, SaysWhyTheCounterpartyDidNotLogOn)
         << window->gatewayPage()->sessions().toStdString();
 }
 
+/// Nothing in the ledger changes when a gateway is killed: the window asks whether its accounts are claimed.
+TEST_F(GatewayPageTest, SaysThatTheGatewayIsGoneWithoutBeingAsked)
+{
+    open();
+    claim();
+    window->showPage(DeskWindow::GatewayPageIndex);
+    const auto says = [this](const QString& text) {
+        return QTest::qWaitFor([&] { return window->gatewayPage()->sessions().contains(text); }, 60000);
+    };
+    EXPECT_TRUE(says("　已登录，自 "_s));
+    outbox.reset();
+    EXPECT_TRUE(says("　网关已不在（此前已登录），自 "_s));
+    claim();
+    EXPECT_TRUE(says("　已登录，自 "_s));
+}
+
 TEST_F(GatewayPageTest, AboutNamesTheSessionEngine)
 {
     open();

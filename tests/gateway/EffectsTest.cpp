@@ -53,6 +53,26 @@ TEST(Effects, OrdStatusTellsTheState)
     EXPECT_EQ(stateAfter(standing(State::Unknown), report("I", "1", "10", "11")), State::Running);
 }
 
+/// Stopped and calculated: what was traded counts, and nothing is made of the rest.
+TEST(Effects, AnOrdStatusThatStandsForNoStateLeavesTheState)
+{
+    for (const char* unlisted : {"7", "B"}) {
+        for (const State state : {State::Sending, State::Running, State::Stopping, State::Unknown}) {
+            const Effect effect =
+                applyExecution(standing(state, "100"), Thousand, report("7", unlisted, "300", "11.5"));
+            EXPECT_EQ(effect.after.state, state) << unlisted;
+            EXPECT_EQ(effect.after.fill.quantity, QStringLiteral("300")) << unlisted;
+            EXPECT_EQ(effect.after.reason, QStringLiteral("未知的订单状态“%1”").arg(QLatin1String(unlisted)));
+            EXPECT_FALSE(effect.told);
+            EXPECT_EQ(effect.answer, Answer::None) << "whoever waits for a state waits on";
+            EXPECT_TRUE(effect.complaint.isEmpty());
+        }
+    }
+    Standing over = standing(State::Rejected, "0");
+    over.reason = QStringLiteral("no such symbol");
+    EXPECT_EQ(applyExecution(over, Thousand, report("7", "7")).after, over);
+}
+
 TEST(Effects, ARejectionSaysWhy)
 {
     Report one = report("8", "8");

@@ -162,6 +162,26 @@ TEST(Process, AnAccountIsServedByOneAtATime)
     EXPECT_EQ(first.end(), 0);
 }
 
+/// The ledger knows by the claim, which ends with the process: what was killed says nothing any more.
+TEST(Process, AKilledGatewayIsGoneUntilTheNextOne)
+{
+    Counterparty counterparty{{}};
+    DeskLedger desk;
+    const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
+    const auto stands = [&desk](const QString& state, bool isGone) {
+        const QList<ledger::Gateway> gateways = desk.ledger().gateways().value;
+        return gateways.size() == 1 && gateways.first().state == state && gateways.first().isGone == isGone;
+    };
+    Victim first(desk, settings, profileFile(desk.folder()));
+    ASSERT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), false); }));
+    first.kill();
+    EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), true); }));
+    Victim second(desk, settings, profileFile(desk.folder()));
+    EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), false); }));
+    EXPECT_EQ(second.end(), 0);
+    EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("disconnected"), true); }));
+}
+
 TEST(Process, RefusesAProfileThatIsWrong)
 {
     Counterparty counterparty{{}};

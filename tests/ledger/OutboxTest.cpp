@@ -140,6 +140,55 @@ TEST(Outbox, IsOneGatewaysAtATime)
     EXPECT_TRUE(Outbox::claim(second, {"B"_s, {"1001"_s}, {}, 0, {}, {}}).ok());
 }
 
+TEST(Outbox, TellsWhichGatewayIsGone)
+{
+    Served ledger({"1001"_s});
+    const auto goneNow = [&ledger] {
+        QStringList gone;
+        for (const Gateway& gateway : ledger.ledger->status().value.gateways) {
+            gone.append(gateway.isGone ? gateway.session : QString());
+        }
+        return gone;
+    };
+    auto second =
+        Outbox::claim(openIn(ledger.ledger.home()).value, {"OTHER"_s, {"2001"_s, "3001"_s}, {}, 0, {}, {}});
+    ASSERT_EQ(QString(), second.error);
+    EXPECT_EQ(QStringList({{}, {}}), goneNow());
+    second.value.reset();
+    EXPECT_EQ(QStringList({{}, "OTHER"_s}), goneNow()) << "it registered, and serves no more";
+    EXPECT_EQ(2, ledger.ledger->gateways().value.size());
+    ledger.outbox.reset();
+    EXPECT_EQ(QStringList({"DESK->BROKER"_s, "OTHER"_s}), goneNow());
+}
+
+TEST(Outbox, TellsThatTheGatewayOfAllAccountsIsGone)
+{
+    Served ledger;
+    EXPECT_FALSE(ledger.ledger->gateways().value.value(0).isGone);
+    for (int i = 0; i < 20; ++i) { // whoever asks keeps nobody from claiming
+        ledger.outbox.reset();
+        EXPECT_TRUE(ledger.ledger->gateways().value.value(0).isGone);
+        auto claimed = Outbox::claim(ledger.ledger.shared(), {"DESK->BROKER"_s, {}, {}, 0, {}, {}});
+        ASSERT_EQ(QString(), claimed.error);
+        ledger.outbox = std::move(claimed.value);
+        EXPECT_FALSE(ledger.ledger->gateways().value.value(0).isGone);
+    }
+}
+
+TEST(Outbox, CountsAReportWithoutAState)
+{
+    Served ledger;
+    ledger.create(1);
+    const QString id = ledger.acknowledge();
+    Execution stateless = Served::report(id, "S"_s, State::Running, 300);
+    stateless.state.reset();
+    stateless.reason = "未知的订单状态“7”"_s;
+    ASSERT_TRUE(ledger.outbox->record({stateless}).ok());
+    EXPECT_EQ(State::Running, ledger.instance(1, 1).state);
+    EXPECT_EQ("300"_s, ledger.instance(1, 1).filledQuantity.text());
+    EXPECT_EQ(stateless.reason, ledger.instance(1, 1).reason);
+}
+
 TEST(Outbox, CountsAReportOnceAndNeverDownwards)
 {
     Served served;

@@ -1,9 +1,12 @@
 #include "desk/runner/LedgerJson.h"
 
+#include "gateway/program/Printer.h"
 #include "tests/ledger/SampleDrafts.h"
 #include "tests/support/SchemaCheck.h"
 
 #include <gtest/gtest.h>
+
+#include <QBuffer>
 
 using namespace ledger;
 using namespace runner;
@@ -116,4 +119,24 @@ TEST(LedgerJson, OfACreationMatchesItsSchemaWhetherThereIsABatchOrNot)
     expectValid(refused, "create.schema.json"_s);
     EXPECT_TRUE(refused["batch"_s].isNull());
     EXPECT_EQ(refused["error"_s].toString(), "超过上限"_s);
+}
+
+TEST(GatewayLines, MatchTheirSchema)
+{
+    QBuffer out;
+    out.open(QIODevice::ReadWrite);
+    gateway::Printer printer(out);
+    printer.session("FIX.4.4:DESK->BROKER"_s, "loggedOn"_s, QString());
+    gateway::Standing pair;
+    pair.legs = {{"300"_s, "11.5"_s}, {QString(), QString()}};
+    printer.instance({12, 3}, "NW66-3"_s, pair);
+    printer.kept({QString(), "E1"_s, "不是本台账的订单"_s});
+    const QList<QByteArray> lines = out.data().trimmed().split('\n');
+    ASSERT_EQ(3, lines.size());
+    for (const QByteArray& line : lines) {
+        expectValid(QJsonDocument::fromJson(line).object(), "gateway-event.schema.json"_s);
+    }
+    QJsonObject wrong = QJsonDocument::fromJson(lines.first()).object();
+    wrong["state"_s] = "gone"_s;
+    EXPECT_FALSE(faultsBySchema(wrong, "gateway-event.schema.json"_s).isEmpty());
 }

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "desk/working_copy/WorkingCopy.h"
+
+/// What people read of edits.
+namespace working_copy {
+
+/// "文件第 5 行“证券代码”：“60000” → “600000”"; of many cells or lines the first ones.
+QString sentence(const Edit& edit);
+/// One a line, in the order in which they were made.
+QStringList sentences(const QList<Edit>& edits);
+
+} // namespace working_copy

@@ -360,7 +360,7 @@ void Counterparty::setHandler(const std::function<void(const wire::Fields&)>& ha
 
 bool Counterparty::waitFor(const std::function<bool()>& condition) const
 {
-    for (int i = 0; i < 2000 && !condition(); ++i) {
+    for (int i = 0; i < 12000 && !condition(); ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
     return condition();

@@ -60,7 +60,7 @@ public:
     void setOpen(bool isOpen) { mOpen = isOpen; }
     /// Instead of what it does with orders by itself.
     void setHandler(const std::function<void(const wire::Fields&)>& handler);
-    /// Waits, at most ten seconds, until it holds.
+    /// Waits, at most a minute, until it holds.
     bool waitFor(const std::function<bool()>& condition) const;
 
 private:

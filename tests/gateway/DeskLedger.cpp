@@ -147,6 +147,23 @@ QStringList DeskLedger::sessions() const
     return texts;
 }
 
+/// Of those that wait for a person, a line each.
+QString DeskLedger::reasons() const
+{
+    QString text;
+    const QList<Batch> batches = mLedger->batchesBefore({}).value;
+    for (const Batch& batch : batches) {
+        const QList<Instance> instances = mLedger->instancesOf(batch.number).value;
+        for (const Instance& instance : instances) {
+            if (instance.state == InstanceState::Unknown) {
+                text +=
+                    QStringLiteral("\n%1-%2 %3").arg(batch.number).arg(instance.id.row).arg(instance.reason);
+            }
+        }
+    }
+    return text;
+}
+
 std::string DeskLedger::story() const
 {
     QString text;
@@ -154,5 +171,6 @@ std::string DeskLedger::story() const
     for (auto it = counts.begin(); it != counts.end(); ++it) {
         text += QStringLiteral("%1 %2 ").arg(it.value()).arg(nameOf(it.key()));
     }
+    text += reasons();
     return text.toStdString();
 }

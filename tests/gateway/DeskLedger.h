@@ -37,6 +37,7 @@ public:
     std::string story() const;
 
 private:
+    QString reasons() const;
     qint64 create(const ledger::BatchDraft& draft);
 
     QTemporaryDir mFolder;

@@ -47,6 +47,7 @@ private:
     void answerQuestion(const Row& row);
     void tell(const QString& line);
     void tellClumsily(const QString& name, const QByteArray& content);
+    void finish(const QString& name, const QByteArray& content) const;
 
     const QString mPath;
     const Options mOptions;

@@ -70,13 +70,15 @@ GatewayRun::~GatewayRun()
     }
 }
 
-QString profileFile(const QTemporaryDir& folder)
+QString profileFile(const QTemporaryDir& folder, int statusTimeoutSeconds)
 {
     const QString path = folder.filePath(QStringLiteral("profile.json"));
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray(sample::profileJson())
-                   .replace("\"exchanges\"", "\"statusTimeoutSeconds\": 2, \"exchanges\""));
+                   .replace("\"exchanges\"",
+                            "\"statusTimeoutSeconds\": " + QByteArray::number(statusTimeoutSeconds) +
+                                ", \"exchanges\""));
     return path;
 }
 

@@ -43,8 +43,14 @@ private:
 /// The settings of an initiator DESK -> BROKER that reconnects every second.
 QString settingsFile(const QTemporaryDir& folder, int port, const QString& beginString);
 
-/// The broker's profile of the samples, of one who asks again after two seconds.
-QString profileFile(const QTemporaryDir& folder);
+/// How long a gateway waits for an answer that comes, on a busy machine too: whoever gives up too soon leaves
+/// an order to a person.
+constexpr int PatientSeconds = 15;
+/// The same for an answer that never comes.
+constexpr int SilentSeconds = 2;
+
+/// The broker's profile of the samples, with so long a wait for an answer.
+QString profileFile(const QTemporaryDir& folder, int statusTimeoutSeconds);
 
 /// The counterparty executed each of so many orders once, and nothing but gap fills was sent again by the
 /// session.

@@ -27,7 +27,8 @@ QString handOffFolder(const DeskLedger& desk)
 /// A gateway in a process of its own, which kills itself behind a number of steps; 0: it does not.
 class Victim {
 public:
-    Victim(const DeskLedger& desk, const QString& folder, int steps)
+    Victim(const DeskLedger& desk, const QString& folder, int steps,
+           int statusTimeoutSeconds = PatientSeconds)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("KILL_AT_STEP"), QString::number(steps));
@@ -35,7 +36,8 @@ public:
         mProcess.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         mProcess.setStandardOutputFile(QProcess::nullDevice());
         mProcess.start(QStringLiteral(GATEWAY_VICTIM),
-                       {folder, profileFile(desk.folder()), desk.address().shown(), QStringLiteral("0")});
+                       {folder, profileFile(desk.folder(), statusTimeoutSeconds), desk.address().shown(),
+                        QStringLiteral("0")});
         EXPECT_TRUE(mProcess.waitForStarted());
     }
 
@@ -54,7 +56,7 @@ public:
     int end()
     {
         mProcess.terminate();
-        EXPECT_TRUE(mProcess.waitForFinished(20000));
+        EXPECT_TRUE(mProcess.waitForFinished(60000));
         return mProcess.exitCode();
     }
 
@@ -85,7 +87,7 @@ TEST_P(HandOffKills, EveryOrderIsTakenOnce)
         deaths += victim.dies(1500) ? 1 : 0;
     }
     Victim survivor(desk, folder, 0);
-    EXPECT_TRUE(waitUntil([&] { return desk.countOf(InstanceState::Finished) == count; }, 60000))
+    EXPECT_TRUE(waitUntil([&] { return desk.countOf(InstanceState::Finished) == count; }, 180000))
         << desk.story();
     EXPECT_EQ(survivor.end(), 0);
     EXPECT_GT(deaths, 5) << "few were killed";
@@ -110,13 +112,13 @@ TEST(HandOffWithoutAnswers, NoOrderIsTakenTwice)
     FolderBroker broker(folder, silent);
     desk.create(40);
     for (const int steps : {2, 3, 4, 7, 11}) {
-        Victim victim(desk, folder, steps);
-        EXPECT_TRUE(victim.dies(20000));
+        Victim victim(desk, folder, steps, SilentSeconds);
+        EXPECT_TRUE(victim.dies(60000));
     }
-    Victim survivor(desk, folder, 0);
+    Victim survivor(desk, folder, 0, SilentSeconds);
     EXPECT_TRUE(waitUntil(
         [&] { return desk.countOf(InstanceState::Finished) + desk.countOf(InstanceState::Unknown) == 40; },
-        60000))
+        180000))
         << desk.story();
     EXPECT_EQ(survivor.end(), 0);
     for (const auto& order : broker.taken()) {

@@ -44,13 +44,13 @@ public:
     int end()
     {
         mProcess.terminate();
-        EXPECT_TRUE(mProcess.waitForFinished(20000));
+        EXPECT_TRUE(mProcess.waitForFinished(60000));
         return mProcess.exitCode();
     }
 
     int status()
     {
-        EXPECT_TRUE(mProcess.waitForFinished(20000));
+        EXPECT_TRUE(mProcess.waitForFinished(60000));
         return mProcess.exitCode();
     }
 
@@ -89,7 +89,7 @@ TEST_P(Kills, EveryOrderIsExecutedOnce)
     desk.create(count / 2);
     desk.create(count - count / 2);
     const QString configuration = settings(desk, counterparty);
-    const QString profile = profileFile(desk.folder());
+    const QString profile = profileFile(desk.folder(), PatientSeconds);
     std::mt19937 random(std::get<0>(GetParam()));
     for (int i = 0; i < kills; ++i) {
         Victim victim(desk, configuration, profile, 60);
@@ -121,7 +121,7 @@ TEST_P(Kills, WhatIsTakenBackIsCancelled)
     DeskLedger desk;
     desk.create(count);
     const QString configuration = settings(desk, counterparty);
-    const QString profile = profileFile(desk.folder());
+    const QString profile = profileFile(desk.folder(), PatientSeconds);
     std::mt19937 random(std::get<0>(GetParam()));
     for (int i = 0; i < kills; ++i) {
         Victim victim(desk, configuration, profile, 60);
@@ -155,9 +155,9 @@ TEST(Process, AnAccountIsServedByOneAtATime)
     Counterparty counterparty{{}};
     DeskLedger desk;
     const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
-    Victim first(desk, settings, profileFile(desk.folder()));
+    Victim first(desk, settings, profileFile(desk.folder(), PatientSeconds));
     ASSERT_TRUE(counterparty.waitFor([&] { return counterparty.isLoggedOn(); }));
-    Victim second(desk, settings, profileFile(desk.folder()));
+    Victim second(desk, settings, profileFile(desk.folder(), PatientSeconds));
     EXPECT_EQ(second.status(), 3);
     EXPECT_EQ(first.end(), 0);
 }
@@ -199,7 +199,7 @@ TEST(Process, StopUndoAndHaltBecomeCancels)
     DeskLedger desk;
     desk.create(3);
     const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
-    Victim victim(desk, settings, profileFile(desk.folder()));
+    Victim victim(desk, settings, profileFile(desk.folder(), PatientSeconds));
     ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Running) == 3; }));
     ledger::Selection one;
     one.ids.append({1, 1});
@@ -219,7 +219,7 @@ TEST(Process, KeepsThePace)
     const QString settings = settingsFile(desk.folder(), counterparty.port(), QStringLiteral("FIX.4.4"));
     QElapsedTimer time;
     time.start();
-    Victim victim(desk, settings, profileFile(desk.folder()), 10);
+    Victim victim(desk, settings, profileFile(desk.folder(), PatientSeconds), 10);
     ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(InstanceState::Finished) == 30; }));
     EXPECT_GE(time.elapsed(), 2000);
     EXPECT_EQ(victim.end(), 0);

@@ -11,9 +11,9 @@ namespace {
 
 using gateway::wire_number::isNumber;
 
-class Builder {
+class BoundsBuilder {
 public:
-    Builder(const XmlElement& element, const Parameter& parameter, LossBook& losses)
+    BoundsBuilder(const XmlElement& element, const Parameter& parameter, LossBook& losses)
         : mElement(element), mParameter(parameter), mLosses(losses)
     {
     }
@@ -140,7 +140,7 @@ private:
 
 QJsonObject boundsOf(const XmlElement& element, const Parameter& parameter, LossBook& losses)
 {
-    return Builder(element, parameter, losses).bounds();
+    return BoundsBuilder(element, parameter, losses).bounds();
 }
 
 } // namespace atdl

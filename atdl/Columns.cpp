@@ -21,10 +21,10 @@ namespace Ui = Algo_Values::AlgoParamUiType;
 
 const QString Null = QStringLiteral("{NULL}");
 
-class Builder {
+class ColumnBuilder {
 public:
-    Builder(const XmlElement& element, const XmlElement* control, const Parameter& parameter,
-            LossBook& losses)
+    ColumnBuilder(const XmlElement& element, const XmlElement* control, const Parameter& parameter,
+                  LossBook& losses)
         : mElement(element), mControl(control), mParameter(parameter), mLosses(losses)
     {
     }
@@ -190,7 +190,7 @@ private:
 QJsonObject columnOf(const XmlElement& element, const XmlElement* control, const Parameter& parameter,
                      LossBook& losses)
 {
-    return Builder(element, control, parameter, losses).column();
+    return ColumnBuilder(element, control, parameter, losses).column();
 }
 
 } // namespace atdl

@@ -3,10 +3,10 @@
 #include "atdl/Bounds.h"
 #include "atdl/Columns.h"
 #include "atdl/Names.h"
+#include "atdl/Tags.h"
 #include "atdl/Titles.h"
 #include "atdl/Values.h"
 #include "gateway/messages/WireNumber.h"
-#include "gateway/profile/ProfileTags.h"
 
 namespace atdl {
 
@@ -16,11 +16,10 @@ using gateway::wire_number::isNumber;
 
 const QString Element = QStringLiteral("Parameter");
 const QString Null = QStringLiteral("{NULL}");
-constexpr int SideTag = 54;
 
-class Builder {
+class ParameterBuilder {
 public:
-    Builder(const XmlElement& element, const XmlElement* control, LossBook& losses)
+    ParameterBuilder(const XmlElement& element, const XmlElement* control, LossBook& losses)
         : mElement(element), mControl(control), mLosses(losses)
     {
         mMade.name = element.attribute(QStringLiteral("name"));
@@ -63,11 +62,7 @@ private:
         mLosses.add(Element, QStringLiteral("%1/@%2").arg(mMade.name, attribute), why);
     }
 
-    int usableTag()
-    {
-        const int tag = mElement.attribute(QStringLiteral("fixTag")).toInt();
-        return tag < 1 || tag == SideTag || gateway::isReservedTag(tag) ? 0 : tag;
-    }
+    int usableTag() { return usableTagOf(mElement, QStringLiteral("fixTag")); }
 
     std::optional<Parameter> constant()
     {
@@ -210,7 +205,7 @@ std::optional<QString> Parameter::inTable(const QString& wireValue) const
 std::optional<Parameter> parameterOf(const XmlElement& element, const XmlElement* control,
                                      QSet<QString>& titles, LossBook& losses)
 {
-    return Builder(element, control, losses).build(titles);
+    return ParameterBuilder(element, control, losses).build(titles);
 }
 
 } // namespace atdl

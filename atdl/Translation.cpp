@@ -5,9 +5,9 @@
 #include "atdl/Names.h"
 #include "atdl/OrderColumns.h"
 #include "atdl/Parameters.h"
+#include "atdl/Tags.h"
 #include "atdl/Unread.h"
 #include "atdl/Values.h"
-#include "gateway/profile/ProfileTags.h"
 #include "host/AlgoConstants.h"
 #include "strategy/Traits.h"
 
@@ -20,7 +20,6 @@ namespace atdl {
 namespace {
 
 const QString StrategyElement = QStringLiteral("Strategy");
-constexpr int SideTag = 54;
 
 /// Every control of the layout that shows a parameter, by the parameter's name; the first of several.
 void collectControls(const XmlElement& element, QHash<QString, const XmlElement*>& controls)
@@ -33,13 +32,6 @@ void collectControls(const XmlElement& element, QHash<QString, const XmlElement*
         }
         collectControls(child, controls);
     }
-}
-
-/// The field of an attribute of the document; 0 where it names none that may be used.
-int identifierTag(const XmlElement& document, const QString& attribute)
-{
-    const int tag = document.attribute(attribute).toInt();
-    return tag == SideTag || gateway::isReservedTag(tag) ? 0 : tag;
 }
 
 class StrategyTranslation {
@@ -87,7 +79,7 @@ private:
         if (mStrategy.attribute(QStringLiteral("wireValue")).isEmpty()) {
             return QStringLiteral("缺少 wireValue");
         }
-        return identifierTag(mDocument, QStringLiteral("strategyIdentifierTag")) == 0
+        return usableTagOf(mDocument, QStringLiteral("strategyIdentifierTag")) == 0
                    ? QStringLiteral("strategyIdentifierTag 缺少或由程序填写")
                    : QString();
     }
@@ -192,10 +184,10 @@ private:
     QJsonObject identifiers()
     {
         QJsonObject fields;
-        const int strategyTag = identifierTag(mDocument, QStringLiteral("strategyIdentifierTag"));
+        const int strategyTag = usableTagOf(mDocument, QStringLiteral("strategyIdentifierTag"));
         fields.insert(QString::number(strategyTag), mStrategy.attribute(QStringLiteral("wireValue")));
         const QString version = mStrategy.attribute(QStringLiteral("version"));
-        const int versionTag = identifierTag(mDocument, QStringLiteral("versionIdentifierTag"));
+        const int versionTag = usableTagOf(mDocument, QStringLiteral("versionIdentifierTag"));
         if (versionTag != 0 && versionTag != strategyTag && !version.isEmpty()) {
             fields.insert(QString::number(versionTag), version);
         } else if (mDocument.has(QStringLiteral("versionIdentifierTag"))) {

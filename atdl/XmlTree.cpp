@@ -20,9 +20,9 @@ const char Separator = '\n'; // stands in no URI
 const QString TypeAttribute = QStringLiteral("http://www.w3.org/2001/XMLSchema-instance\ntype");
 
 /// Builds the tree from the parser's calls; ends it at the first thing beyond the limits.
-class Builder {
+class TreeBuilder {
 public:
-    Builder() : mParser(XML_ParserCreateNS(nullptr, Separator), XML_ParserFree)
+    TreeBuilder() : mParser(XML_ParserCreateNS(nullptr, Separator), XML_ParserFree)
     {
         XML_SetUserData(mParser.get(), this);
         XML_SetElementHandler(mParser.get(), begin, end);
@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    static Builder& of(void* data) { return *static_cast<Builder*>(data); }
+    static TreeBuilder& of(void* data) { return *static_cast<TreeBuilder*>(data); }
     static void begin(void* data, const XML_Char* name, const XML_Char** attributes)
     {
         of(data).enter(QString::fromUtf8(name), attributes);
@@ -162,7 +162,7 @@ Outcome<XmlElement> readXml(const QByteArray& bytes)
     if (bytes.size() > MostBytes) {
         return {{}, QStringLiteral("文件超过 %1 MiB").arg(MostBytes / (1024 * 1024))};
     }
-    return Builder().read(bytes);
+    return TreeBuilder().read(bytes);
 }
 
 } // namespace atdl

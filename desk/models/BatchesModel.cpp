@@ -4,7 +4,7 @@
 
 namespace {
 
-const QList<ListModel::Column>& columns()
+const QList<ListModel::Column>& batchColumns()
 {
     static const QList<ListModel::Column> all = {
         {QStringLiteral("批次"), true},     {QStringLiteral("状态")},   {QStringLiteral("创建时间")},
@@ -47,7 +47,7 @@ QString progressText(const ledger::Batch& batch, const StateCounts& counts)
 
 } // namespace
 
-BatchesModel::BatchesModel(QObject* parent) : PagedModel(columns(), parent) {}
+BatchesModel::BatchesModel(QObject* parent) : PagedModel(batchColumns(), parent) {}
 
 void BatchesModel::setCounts(const Counts& counts)
 {

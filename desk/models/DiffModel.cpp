@@ -36,7 +36,7 @@ QString cellsText(const QStringList& cells)
     return filled.join(QStringLiteral("  "));
 }
 
-const QList<ListModel::Column>& columns()
+const QList<ListModel::Column>& diffColumns()
 {
     static const QList<ListModel::Column> all = {
         {QStringLiteral("变更")}, {QStringLiteral("原行"), true}, {QStringLiteral("现行"), true},
@@ -68,7 +68,7 @@ QList<DiffLine> diffLines(const ledger::BatchDiff& diff)
     return lines;
 }
 
-DiffModel::DiffModel(QObject* parent) : RecordModel(columns(), parent) {}
+DiffModel::DiffModel(QObject* parent) : RecordModel(diffColumns(), parent) {}
 
 ListModel::Cell DiffModel::cellOf(const DiffLine& line, int column) const
 {

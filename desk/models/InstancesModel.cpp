@@ -134,7 +134,7 @@ QString tintOf(const QList<ledger::Leg>& legs)
     return buys ? QStringLiteral("buy") : QStringLiteral("sell");
 }
 
-const QList<ListModel::Column>& columns()
+const QList<ListModel::Column>& instanceColumns()
 {
     static const QList<ListModel::Column> all = {
         {QStringLiteral("实例")},       {QStringLiteral("状态")},       {QStringLiteral("账户")},
@@ -148,7 +148,7 @@ const QList<ListModel::Column>& columns()
 } // namespace
 
 InstancesModel::InstancesModel(const NameOf& nameOf, QObject* parent)
-    : PagedModel(columns(), parent), mNameOf(nameOf)
+    : PagedModel(instanceColumns(), parent), mNameOf(nameOf)
 {
 }
 

@@ -10,7 +10,7 @@ namespace gateway {
 
 namespace {
 
-const std::chrono::milliseconds Patience(20);
+const std::chrono::milliseconds LongestPause(20);
 const unsigned int LostPerMille = 20;
 const unsigned int BrokenPerMille = 5;
 
@@ -37,7 +37,7 @@ public:
     void run()
     {
         while (!mOptions.isAskedToEnd()) {
-            for (const Inbox::Item& item : mInbox.take(Patience)) {
+            for (const Inbox::Item& item : mInbox.take(LongestPause)) {
                 hear(item);
             }
             say(mMarket.tick(QDateTime::currentDateTimeUtc()));

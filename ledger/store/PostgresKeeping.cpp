@@ -1,12 +1,12 @@
 // Making a ledger on a server and bringing it up to date, its errors as sentences, and looking after it.
 
+#include "ledger/store/LedgerLog.h"
 #include "ledger/store/postgres/ServerTexts.h"
 #include "ledger/store/PostgresStore.h"
 #include "ledger/store/Schema.h"
 #include "ledger/store/Statements.h"
 
 #include <QFile>
-#include <QLoggingCategory>
 
 /// Outside of any namespace, as Qt's macro wants it.
 static void initLedgerResources()
@@ -17,8 +17,6 @@ static void initLedgerResources()
 namespace ledger {
 
 namespace {
-
-Q_LOGGING_CATEGORY(lcLedger, "algo.ledger")
 
 QString scriptNamed(const char* name)
 {

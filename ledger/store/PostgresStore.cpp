@@ -3,13 +3,13 @@
 #include "ledger/store/PostgresStore.h"
 
 #include "ledger/LedgerTexts.h"
+#include "ledger/store/LedgerLog.h"
 #include "ledger/store/postgres/ServerTexts.h"
 #include "ledger/store/Schema.h"
 #include "ledger/store/Statements.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QLoggingCategory>
 #include <QSqlDriver>
 #include <QSysInfo>
 #include <QThread>
@@ -18,8 +18,6 @@
 namespace ledger {
 
 namespace {
-
-Q_LOGGING_CATEGORY(lcLedger, "algo.ledger")
 
 /// The advisory lock that every change holds. Its key is a number that nobody else uses.
 constexpr qint64 ChangeLock = 0x4142494C00000001;

@@ -4,6 +4,7 @@
 
 #include "ledger/LedgerTexts.h"
 #include "ledger/store/FileLock.h"
+#include "ledger/store/LedgerLog.h"
 #include "ledger/store/Schema.h"
 #include "ledger/store/SqliteMigrations.h"
 #include "ledger/store/Statements.h"
@@ -17,7 +18,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QStorageInfo>
 #include <QThread>
 #include <QUrl>
@@ -26,8 +26,6 @@
 namespace ledger {
 
 namespace {
-
-Q_LOGGING_CATEGORY(lcLedger, "algo.ledger")
 
 /// Marks the file as ours in its header ("ABIL").
 constexpr int ApplicationId = 0x4142494C;

@@ -1,5 +1,7 @@
 // The arrows between the rooms, as docs/architecture.md draws them, against the includes as they are.
 
+#include "tests/architecture/Tree.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -8,9 +10,10 @@
 #include <QMap>
 #include <QRegularExpression>
 
-namespace {
+using tree::Root;
+using tree::textOf;
 
-const QString Root = QStringLiteral(SOURCE_ROOT);
+namespace {
 
 /// Room -> rooms that it may include, beside itself.
 QMap<QString, QStringList> arrows()
@@ -60,13 +63,6 @@ struct Include {
     /// The first folder; the file's own name where the include does not say in which room it is.
     QString room() const { return target.section(QLatin1Char('/'), 0, 0); }
 };
-
-QString textOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return QString::fromUtf8(file.readAll());
-}
 
 /// Every include in quotation marks.
 QList<Include> includesOfFile(const QString& path)

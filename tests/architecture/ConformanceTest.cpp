@@ -1,5 +1,7 @@
 // docs/conformance.md against the tests as they are: it promises none that does not exist.
 
+#include "tests/architecture/Tree.h"
+
 #include <gtest/gtest.h>
 
 #include <QDirIterator>
@@ -7,16 +9,10 @@
 #include <QRegularExpression>
 #include <QSet>
 
+using tree::Root;
+using tree::textOf;
+
 namespace {
-
-const QString Root = QStringLiteral(SOURCE_ROOT);
-
-QString textOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return QString::fromUtf8(file.readAll());
-}
 
 /// Suite.Test of every test, gtest's and those that CMake scripts are.
 QSet<QString> existingTests()

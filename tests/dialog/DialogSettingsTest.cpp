@@ -10,7 +10,7 @@
 
 namespace {
 
-const QString Key = QStringLiteral("IS_CREATED_CLOSE");
+const QString ClosesKey = QStringLiteral("IS_CREATED_CLOSE");
 const QString DefaultAlgo = QStringLiteral("My_DefaultBatch_Algo");
 
 class Settings : public DialogFixture {
@@ -26,7 +26,7 @@ protected:
     void openWithStored(const QVariant& stored)
     {
         openHost();
-        host->settings().setValue(Key, stored);
+        host->settings().setValue(ClosesKey, stored);
         dialog = std::make_unique<AlgoBatchImportParamSetting>(nullptr, SelectableStrategy);
         host->journal().clear();
         load("AITWAP"_s);
@@ -37,8 +37,8 @@ protected:
     {
         EXPECT_EQ(closeBox().isChecked(), createdClose);
         EXPECT_EQ(inspect().isCreatedClose(), createdClose);
-        EXPECT_EQ(host->settings().value(Key), QVariant(createdClose));
-        EXPECT_EQ(host->settings().value(Key).type(), QVariant::Bool);
+        EXPECT_EQ(host->settings().value(ClosesKey), QVariant(createdClose));
+        EXPECT_EQ(host->settings().value(ClosesKey).type(), QVariant::Bool);
     }
 
     QVariant remembered() { return QSettings(iniPath(), QSettings::IniFormat).value(DefaultAlgo); }
@@ -94,9 +94,11 @@ TEST_F(Settings, ReadsAndWritesTheHostsDefaultStoreForTheUser)
     open();
     const auto reads = callsOf("ZelCore::settings");
     ASSERT_EQ(reads.size(), 1);
-    EXPECT_EQ(reads.first().arguments, (QVariantList{Key, QString(), QString(), int(QSettings::UserScope)}));
+    EXPECT_EQ(reads.first().arguments,
+              (QVariantList{ClosesKey, QString(), QString(), int(QSettings::UserScope)}));
     for (const HostJournal::Call& save : saves()) {
-        EXPECT_EQ(save.arguments, (QVariantList{Key, true, QString(), QString(), int(QSettings::UserScope)}));
+        EXPECT_EQ(save.arguments,
+                  (QVariantList{ClosesKey, true, QString(), QString(), int(QSettings::UserScope)}));
     }
     EXPECT_EQ(saves().size(), 2) << "the default itself, and the box that it ticked";
 }
@@ -108,7 +110,7 @@ TEST_F(Settings, ATogglesStateIsStoredAtOnce)
     closeBox().click();
     ASSERT_EQ(saves().size(), 1);
     EXPECT_EQ(saves().first().arguments,
-              (QVariantList{Key, false, QString(), QString(), int(QSettings::UserScope)}));
+              (QVariantList{ClosesKey, false, QString(), QString(), int(QSettings::UserScope)}));
     expectChoice(false);
     closeBox().click();
     expectChoice(true);

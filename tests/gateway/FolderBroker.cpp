@@ -9,7 +9,8 @@
 
 namespace {
 
-const char Header[] = "ClOrdID,ExecID,ExecType,OrdStatus,CumQty,AvgPx,OrigClOrdID,OrdStatusReqID,OrderID\n";
+const char AnswerHeader[] =
+    "ClOrdID,ExecID,ExecType,OrdStatus,CumQty,AvgPx,OrigClOrdID,OrdStatusReqID,OrderID\n";
 
 QString line(const QStringList& cells)
 {
@@ -193,7 +194,7 @@ void FolderBroker::answerQuestion(const Row& row)
 void FolderBroker::tell(const QString& line)
 {
     const QString name = QStringLiteral("answer-%1.csv").arg(++mAnswers, 6, 10, QLatin1Char('0'));
-    const QByteArray content = Header + line.toUtf8() + '\n';
+    const QByteArray content = AnswerHeader + line.toUtf8() + '\n';
     if (mOptions.isClumsy) {
         tellClumsily(name, content);
     } else {

@@ -25,10 +25,10 @@ QString handOffFolder(const DeskLedger& desk)
 }
 
 /// A gateway in a process of its own, which kills itself behind a number of steps; 0: it does not.
-class Victim {
+class FolderVictim {
 public:
-    Victim(const DeskLedger& desk, const QString& folder, int steps,
-           int statusTimeoutSeconds = PatientSeconds)
+    FolderVictim(const DeskLedger& desk, const QString& folder, int steps,
+                 int statusTimeoutSeconds = PatientSeconds)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("KILL_AT_STEP"), QString::number(steps));
@@ -41,7 +41,7 @@ public:
         EXPECT_TRUE(mProcess.waitForStarted());
     }
 
-    ~Victim()
+    ~FolderVictim()
     {
         mProcess.kill();
         mProcess.waitForFinished();
@@ -83,10 +83,10 @@ TEST_P(HandOffKills, EveryOrderIsTakenOnce)
     std::mt19937 random(GetParam());
     int deaths = 0;
     for (int i = 0; i < 15; ++i) {
-        Victim victim(desk, folder, 1 + static_cast<int>(random() % 40));
+        FolderVictim victim(desk, folder, 1 + static_cast<int>(random() % 40));
         deaths += victim.dies(1500) ? 1 : 0;
     }
-    Victim survivor(desk, folder, 0);
+    FolderVictim survivor(desk, folder, 0);
     EXPECT_TRUE(waitUntil([&] { return desk.countOf(InstanceState::Finished) == count; }, 180000))
         << desk.story();
     EXPECT_EQ(survivor.end(), 0);
@@ -112,10 +112,10 @@ TEST(HandOffWithoutAnswers, NoOrderIsTakenTwice)
     FolderBroker broker(folder, silent);
     desk.create(40);
     for (const int steps : {2, 3, 4, 7, 11}) {
-        Victim victim(desk, folder, steps, SilentSeconds);
+        FolderVictim victim(desk, folder, steps, SilentSeconds);
         EXPECT_TRUE(victim.dies(60000));
     }
-    Victim survivor(desk, folder, 0, SilentSeconds);
+    FolderVictim survivor(desk, folder, 0, SilentSeconds);
     EXPECT_TRUE(waitUntil(
         [&] { return desk.countOf(InstanceState::Finished) + desk.countOf(InstanceState::Unknown) == 40; },
         180000))

@@ -106,7 +106,7 @@ private:
     }
 };
 
-Report report(const char* execType, const char* ordStatus, const char* execId = "", const char* cumQty = "")
+Report said(const char* execType, const char* ordStatus, const char* execId = "", const char* cumQty = "")
 {
     Report one;
     one.clOrdId = Id;
@@ -119,7 +119,7 @@ Report report(const char* execType, const char* ordStatus, const char* execId = 
 
 Report denial(const Desk& desk)
 {
-    Report one = report("I", "8");
+    Report one = said("I", "8");
     one.orderId = QStringLiteral("NONE");
     one.requestId = desk.requestId;
     return one;
@@ -130,7 +130,7 @@ TEST(Recovery, AnAcknowledgedOrderIsNotAskedFor)
     Desk desk;
     desk.logOn();
     desk.send();
-    desk.hear(report("0", "0", "E1"));
+    desk.hear(said("0", "0", "E1"));
     desk.pass(3600);
     EXPECT_EQ(desk.out(), QStringLiteral("D"));
     EXPECT_EQ(desk.state, QStringLiteral("running"));
@@ -157,7 +157,7 @@ TEST(Recovery, SendsAgainWhatTheCounterpartyDoesNotKnow)
     desk.logOn();
     desk.hear(denial(desk));
     EXPECT_EQ(desk.out(), QStringLiteral("H D+"));
-    desk.hear(report("0", "0", "E1"));
+    desk.hear(said("0", "0", "E1"));
     EXPECT_EQ(desk.state, QStringLiteral("running"));
 }
 
@@ -205,7 +205,7 @@ TEST(Recovery, AMissingAnswerIsAskedForThenLeftToAPerson)
     desk.pass(30);
     EXPECT_EQ(desk.out(), QString());
     EXPECT_EQ(desk.state, QStringLiteral("unknown"));
-    desk.hear(report("F", "2", "E1", "1000"));
+    desk.hear(said("F", "2", "E1", "1000"));
     EXPECT_EQ(desk.state, QStringLiteral("finished"));
     EXPECT_EQ(desk.recovery.openCount(), 0);
 }
@@ -239,7 +239,7 @@ TEST(Recovery, ADuplicateIsAskedForAndNotSentAThirdTime)
     desk.adopt(State::Sending);
     desk.logOn();
     desk.hear(denial(desk));
-    Report duplicate = report("8", "8", "E9");
+    Report duplicate = said("8", "8", "E9");
     duplicate.rejectCode = QStringLiteral("6");
     desk.hear(duplicate);
     EXPECT_EQ(desk.out(), QStringLiteral("H D+ H"));
@@ -253,7 +253,7 @@ TEST(Recovery, WhatTradedIsNeverSentAgain)
     Desk desk;
     desk.logOn();
     desk.send();
-    desk.hear(report("F", "1", "E1", "300"));
+    desk.hear(said("F", "1", "E1", "300"));
     desk.recovery.loggedOff();
     desk.logOn();
     desk.hear(denial(desk));
@@ -266,9 +266,9 @@ TEST(Recovery, AReportCountsOnce)
     Desk desk;
     desk.logOn();
     desk.send();
-    desk.hear(report("F", "1", "E1", "300"));
+    desk.hear(said("F", "1", "E1", "300"));
     desk.state.clear();
-    desk.hear(report("F", "1", "E1", "300"));
+    desk.hear(said("F", "1", "E1", "300"));
     EXPECT_EQ(desk.state, QString());
 }
 
@@ -277,11 +277,11 @@ TEST(Recovery, ABustedFillThatComesLateIsOverAlready)
     Desk desk;
     desk.logOn();
     desk.send();
-    Report bust = report("H", "0", "E2", "0");
+    Report bust = said("H", "0", "E2", "0");
     bust.execRefId = QStringLiteral("E1");
     desk.hear(bust);
     desk.state.clear();
-    desk.hear(report("F", "2", "E1", "1000"));
+    desk.hear(said("F", "2", "E1", "1000"));
     EXPECT_EQ(desk.state, QString());
 }
 
@@ -290,12 +290,12 @@ TEST(Recovery, ACancelGoesOutAndItsFillsCount)
     Desk desk;
     desk.logOn();
     desk.send();
-    desk.hear(report("0", "0", "E1"));
+    desk.hear(said("0", "0", "E1"));
     desk.cancel();
     EXPECT_EQ(desk.out(), QStringLiteral("D F-C1"));
-    desk.hear(report("F", "1", "E2", "300"));
+    desk.hear(said("F", "1", "E2", "300"));
     EXPECT_EQ(desk.state, QStringLiteral("stopping"));
-    desk.hear(report("4", "4", "E3", "300"));
+    desk.hear(said("4", "4", "E3", "300"));
     EXPECT_EQ(desk.state, QStringLiteral("stopped"));
     EXPECT_EQ(desk.out(), QString());
 }
@@ -315,11 +315,11 @@ TEST(Recovery, ACancelWithoutAnAnswerIsAskedFor)
     Desk desk;
     desk.logOn();
     desk.send();
-    desk.hear(report("0", "0", "E1"));
+    desk.hear(said("0", "0", "E1"));
     desk.cancel();
     desk.pass(30);
     EXPECT_EQ(desk.out(), QStringLiteral("D F-C1 H"));
-    Report answer = report("I", "0");
+    Report answer = said("I", "0");
     answer.requestId = desk.requestId;
     desk.hear(answer);
     desk.cancel();
@@ -339,7 +339,7 @@ TEST(Recovery, ACancelWaitsForTheAnswerToAQuestion)
     desk.logOn();
     desk.cancel();
     EXPECT_EQ(desk.out(), QStringLiteral("H"));
-    Report answer = report("I", "0");
+    Report answer = said("I", "0");
     answer.requestId = desk.requestId;
     desk.hear(answer);
     desk.pass(0);
@@ -351,9 +351,9 @@ TEST(Recovery, ARefusedCancelIsNotRepeatedAtOnce)
     Desk desk;
     desk.logOn();
     desk.send();
-    desk.hear(report("0", "0", "E1"));
+    desk.hear(said("0", "0", "E1"));
     desk.cancel();
-    Report refusal = report("", "1");
+    Report refusal = said("", "1");
     refusal.kind = Report::Kind::CancelReject;
     desk.hear(refusal);
     EXPECT_EQ(desk.state, QStringLiteral("running"));
@@ -396,7 +396,7 @@ TEST(Recovery, AsksForWhatTheCounterpartyMissed)
     desk.lose();
     EXPECT_EQ(desk.out(), QStringLiteral("D H"));
     desk.hear(denial(desk));
-    desk.hear(report("0", "0", "E1"));
+    desk.hear(said("0", "0", "E1"));
     desk.lose();
     EXPECT_EQ(desk.out(), QStringLiteral("D+")) << "what is known was not lost";
 }

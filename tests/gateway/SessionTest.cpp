@@ -245,7 +245,7 @@ TEST_F(Session, ThePasswordGoesToTheCounterpartyAndIntoNoLog)
 TEST_F(Session, WhatTheProfileRefusesNeverLeaves)
 {
     Counterparty counterparty{{}};
-    Order order = sample::single();
+    gateway::Order order = sample::single();
     order.strategy = QStringLiteral("POV");
     desk.create(order);
     const auto run = start(counterparty, options());

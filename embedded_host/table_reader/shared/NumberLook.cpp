@@ -12,12 +12,12 @@ namespace {
 constexpr int MostDecimals = 30; // that a spreadsheet lets one ask for
 constexpr int MostScaling = 8;   // of per cent signs and commas; more is no format of a person's
 
-struct BuiltIn {
+struct BuiltInLook {
     int number;
     const char* code;
 };
 
-constexpr BuiltIn BuiltIns[] = {
+constexpr BuiltInLook BuiltInLooks[] = {
     {1, "0"},
     {2, "0.00"},
     {3, "#,##0"},
@@ -203,9 +203,10 @@ QString NumberLook::Section::fromPoint(int point, const QString& fraction) const
 
 QString builtInCode(int number)
 {
-    const auto* const found = std::find_if(std::begin(BuiltIns), std::end(BuiltIns),
-                                           [number](const BuiltIn& entry) { return entry.number == number; });
-    return found == std::end(BuiltIns) ? QString() : QString::fromLatin1(found->code);
+    const auto* const found =
+        std::find_if(std::begin(BuiltInLooks), std::end(BuiltInLooks),
+                     [number](const BuiltInLook& entry) { return entry.number == number; });
+    return found == std::end(BuiltInLooks) ? QString() : QString::fromLatin1(found->code);
 }
 
 bool saysOtherwise(const QString& shown, double value)

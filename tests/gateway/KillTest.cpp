@@ -172,11 +172,11 @@ TEST(Process, AKilledGatewayIsGoneUntilTheNextOne)
         const QList<ledger::Gateway> gateways = desk.ledger().gateways().value;
         return gateways.size() == 1 && gateways.first().state == state && gateways.first().isGone == isGone;
     };
-    Victim first(desk, settings, profileFile(desk.folder()));
+    Victim first(desk, settings, profileFile(desk.folder(), PatientSeconds));
     ASSERT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), false); }));
     first.kill();
     EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), true); }));
-    Victim second(desk, settings, profileFile(desk.folder()));
+    Victim second(desk, settings, profileFile(desk.folder(), PatientSeconds));
     EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), false); }));
     EXPECT_EQ(second.end(), 0);
     EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("disconnected"), true); }));

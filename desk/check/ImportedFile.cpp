@@ -2,11 +2,14 @@
 
 #include "embedded_host/table_reader/TableFile.h"
 
-ImportedFile ImportedFile::read(const QString& path, const QString& encoding)
+ImportedFile ImportedFile::read(const QString& path)
+{
+    return read(path, table_reader::ReadOptions());
+}
+
+ImportedFile ImportedFile::read(const QString& path, table_reader::ReadOptions options)
 {
     auto file = std::make_shared<table_reader::TableFile>(path);
-    table_reader::ReadOptions options;
-    options.encoding = encoding;
     options.inspect = true;
     return {path, file->read(options), file};
 }

@@ -8,7 +8,8 @@
 
 namespace table_reader {
 class TableFile;
-}
+struct ReadOptions;
+} // namespace table_reader
 
 /// A file that was chosen for an import, opened once: what the import takes, what is said of it, what is
 /// refused and the digest all come of the same bytes, whatever becomes of the file meanwhile.
@@ -17,6 +18,7 @@ struct ImportedFile {
     table::Table table;                            ///< inspected
     std::shared_ptr<table_reader::TableFile> file; ///< for the digest, and for another reading
 
-    /// `encoding`: of csv; empty: told from the bytes.
-    static ImportedFile read(const QString& path, const QString& encoding = {});
+    static ImportedFile read(const QString& path);
+    /// In an encoding or from a sheet of the caller's; inspected anyhow.
+    static ImportedFile read(const QString& path, table_reader::ReadOptions options);
 };

@@ -1,8 +1,10 @@
 #include "desk/check/FileReport.h"
 #include "desk/check/ImportedFile.h"
+#include "desk/mapping/MappedFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/FaultJson.h"
+#include "desk/runner/ImportSource.h"
 #include "desk/runner/JudgementJson.h"
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
@@ -103,14 +105,13 @@ QStringList titlesOf(const QString& code, const EmbeddedHost& host)
         .value.titles();
 }
 
-/// The dialog is offered what it would read by itself, and it knows no encoding.
-ImportedFile asTheDialogReads(const ImportedFile& file, const CommandLine& line)
+/// The dialog is offered what it would read by itself, and it knows no encoding. What a mapping tells comes
+/// from the desk anyhow.
+ImportedFile asTheDialogReads(const ImportedFile& file, const CommandLine& line, const ReferenceData& data)
 {
-    ImportedFile plain = file;
-    if (!line.encoding.isEmpty()) {
-        plain.table = file.file->read();
-    }
-    return plain;
+    return line.encoding.isEmpty() || !line.mapping.isEmpty()
+               ? file
+               : mapping::readFor(file.path, line.strategy, data);
 }
 
 /// What the guard would say, but for what only a ledger knows.
@@ -127,9 +128,12 @@ std::optional<verdict::Judgement> judged(DialogDriver& driver, const ImportedFil
                             QDateTime::currentDateTimeUtc());
 }
 
-Result printed(const FileReport& report, const Imported& imported, const QString& path)
+Result printed(const FileReport& report, const Imported& imported, const QString& path, QJsonObject json = {})
 {
-    QJsonObject json = toJson(report);
+    const QJsonObject facts = toJson(report);
+    for (auto fact = facts.begin(); fact != facts.end(); ++fact) {
+        json[fact.key()] = *fact;
+    }
     json[QStringLiteral("file")] = path;
     json[QStringLiteral("messageBoxes")] = imported.boxes;
     json[QStringLiteral("faults")] = runner::toJson(imported.faults);
@@ -149,6 +153,10 @@ Result checkFile(const CommandLine& line)
         return refuse(
             QStringLiteral("check takes --strategy CODE and --account ACCOUNT together, or neither"));
     }
+    const Outcome<ImportSource> source = ImportSource::of(line);
+    if (!source.ok()) {
+        return refuse(source.error);
+    }
     QString error;
     const std::unique_ptr<EmbeddedHost> host = openHost(line, error);
     if (!host) {
@@ -159,7 +167,7 @@ Result checkFile(const CommandLine& line)
         return refuse(desk.error);
     }
     const QString& path = line.files.first();
-    ImportedFile file = ImportedFile::read(path, line.encoding);
+    const ImportedFile file = source.value.read(path, line, host->referenceData());
     const auto reportOn = [&](const QStringList& titles) {
         FileReport report = fileReport(file.table, line.strategy, titles, host->referenceData());
         report.sha256 = file.file->sha256().value;
@@ -172,13 +180,18 @@ Result checkFile(const CommandLine& line)
     if (!driver.unknownName().isEmpty()) {
         return refuse(driver.unknownName());
     }
-    const ImportedFile read = asTheDialogReads(file, line);
+    const ImportedFile read = asTheDialogReads(file, line, host->referenceData());
     driver.importFile(read);
     const FileReport report = reportOn(titlesOf(line.strategy, *host));
     const Imported imported{driver.boxes(), driver.faults() + driver.confirmationFaults(),
                             driver.importedRows(),
                             judged(driver, read, report, desk.value, host->referenceData())};
-    return printed(report, imported, path);
+    QJsonObject json;
+    source.value.addTo(json);
+    if (!source.value.mapping) {
+        addSuggestion(json, file.table, line, host->referenceData());
+    }
+    return printed(report, imported, path, json);
 }
 
 } // namespace runner

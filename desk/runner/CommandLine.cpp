@@ -37,6 +37,8 @@ constexpr Option Options[] = {
     {"confirm", "", nullptr, &CommandLine::confirm, "press 确定 at the end"},
     {"encoding", "NAME", &CommandLine::encoding, nullptr,
      "encoding of a csv file, such as Big5, instead of the one that its bytes tell"},
+    {"mapping", "FILE.json", &CommandLine::mapping, nullptr,
+     "tell FILE in the strategy's words by this mapping, such as check suggests"},
     {"rejects", "OUT", &CommandLine::rejects, nullptr,
      "write the refused rows with their reasons to OUT (xlsx or csv)"},
     {"faults", "", nullptr, &CommandLine::faults,
@@ -165,7 +167,8 @@ std::optional<CommandLine> parseCommandLine(const QStringList& arguments, const 
     if (line.ledger.isEmpty() && command.options.contains(QLatin1String("ledger"))) {
         line.ledger = qEnvironmentVariable("ALGODESK_LEDGER");
     }
-    for (QString* path : {&line.dataFolder, &line.home, &line.ledger, &line.rejects, &line.out}) {
+    for (QString* path :
+         {&line.dataFolder, &line.home, &line.ledger, &line.rejects, &line.mapping, &line.out}) {
         *path = asFile(*path);
     }
     std::transform(line.files.begin(), line.files.end(), line.files.begin(), asFile);
@@ -183,9 +186,10 @@ QString usage()
             "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--accept "
             "RULE[,RULE]]\n"
             "                            [--amount AMOUNT]]]\n"
-            "                            [--faults] [--rejects OUT]\n"
+            "                            [--faults] [--rejects OUT] [--mapping FILE.json]\n"
             "       algodesk rows FILE [--encoding NAME]\n"
             "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"
+            "                           [--mapping FILE.json]\n"
             "       algodesk strategies | accounts | securities [--data DIR]\n"
             "       algodesk template --strategy CODE OUT | --all OUT [--data DIR]\n"
             "       algodesk atdl FILE.xml OUT\n"

@@ -19,6 +19,7 @@ struct CommandLine {
     QString wait = QStringLiteral("5"); ///< seconds for another program's change of the ledger
     QString encoding;
     QString rejects;
+    QString mapping;
     QString batch;
     QString reason;                         ///< of a halt or its end, a refusal, a settlement
     QString settleAs;                       ///< name of a state

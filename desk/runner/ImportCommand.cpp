@@ -4,6 +4,7 @@
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/FaultJson.h"
+#include "desk/runner/ImportSource.h"
 #include "desk/runner/JudgementJson.h"
 #include "desk/runner/LedgerAccess.h"
 #include "desk/runner/LedgerJson.h"
@@ -172,6 +173,10 @@ Result importFile(const CommandLine& line)
     if (!error.isEmpty()) {
         return refuse(error);
     }
+    const Outcome<ImportSource> source = ImportSource::of(line);
+    if (!source.ok()) {
+        return refuse(source.error);
+    }
     const std::unique_ptr<EmbeddedHost> host = openHost(line, error);
     if (!host) {
         return refuse(error);
@@ -185,11 +190,12 @@ Result importFile(const CommandLine& line)
         return refuse(driver.unknownName());
     }
     const Outcome<LedgerPointer> opened = awaitLedger(line);
-    const ImportedFile file = ImportedFile::read(driver.path());
+    const ImportedFile file = source.value.read(driver.path(), line, host->referenceData());
     driver.importFile(file);
     driver.switchAccountAndConfirm();
 
     QJsonObject json = driver.toJson();
+    source.value.addTo(json);
     const FileReport report = fileReport(file.table, line.strategy, driver.columns(), host->referenceData());
     const table::Faults ofFile = byLine(driver.fileFaults() + report.lostOrders());
     json[QStringLiteral("counts")] = countsOf(report, driver.importedRows());

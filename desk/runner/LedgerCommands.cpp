@@ -1,4 +1,5 @@
 #include "desk/check/ImportedFile.h"
+#include "desk/mapping/MappedFile.h"
 #include "desk/runner/Commands.h"
 #include "desk/runner/DialogDriver.h"
 #include "desk/runner/LedgerAccess.h"
@@ -98,7 +99,7 @@ Result diffBatch(const CommandLine& line)
     if (!driver.unknownName().isEmpty()) {
         return refuse(driver.unknownName());
     }
-    driver.importFile(ImportedFile::read(driver.path()));
+    driver.importFile(mapping::readFor(driver.path(), import.strategy, host->referenceData()));
     const batch::DialogContent content = driver.content();
     const ledger::BatchDiff diff = ledger::compareTables(
         before.value, batch::shownTable(content.columns, content.records), batch::orderColumns());

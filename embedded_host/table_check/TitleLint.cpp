@@ -48,19 +48,25 @@ const QMap<QString, QStringList>& otherNames()
         {QStringLiteral("委托限价"),
          names("限价 价格 单价 委托价格 委托价 指令价格 指令价 报价 买卖价格 买入价 "
                "卖出价 交易价格 下单价格 最高价 最低价 price "
-               "limit limitprice")},
+               "limit limitprice limitpx px")},
         {QStringLiteral("委托数量"), names("数量 股数 手数 委托股数 委托手数 指令数量 交易数量 买卖数量 "
-                                           "目标数量 下单数量 张数 份额 qty quantity volume")},
+                                           "目标数量 下单数量 张数 份额 qty quantity volume "
+                                           "shares orderqty orderquantity")},
         {QStringLiteral("委托金额"), names("金额 交易金额 指令金额 下单金额 目标金额 amount")},
         {QStringLiteral("最大市场占比"),
-         names("市场占比 占比 最大占比 参与率 市场参与率 最大参与率 参与比例 最大参与比例 跟量比例 pov")},
-        {QStringLiteral("交易方向"), names("方向 买卖方向 买卖 委托方向 买卖标志 指令方向 side direction")},
-        {QStringLiteral("开始时间"), names("起始时间 开始 算法开始时间 starttime start")},
+         names("市场占比 占比 最大占比 参与率 市场参与率 最大参与率 参与比例 最大参与比例 跟量比例 pov "
+               "participation participationrate maxparticipation maxpov")},
+        {QStringLiteral("交易方向"), names("方向 买卖方向 买卖 委托方向 买卖标志 指令方向 side direction bs "
+                                           "buysell")},
+        {QStringLiteral("开始时间"), names("起始时间 开始 算法开始时间 starttime start begintime "
+                                           "begin")},
         {QStringLiteral("结束时间"),
-         names("截止时间 终止时间 结束 到期时间 过期时间 算法过期时间 算法结束时间 endtime end")},
-        {QStringLiteral("证券代码"),
-         names("代码 股票代码 标的代码 合约代码 合约 标的 证券 code symbol ticker")},
-        {QStringLiteral("市场"), names("交易市场 交易所 证券市场 市场代码 exchange market")}};
+         names("截止时间 终止时间 结束 到期时间 过期时间 算法过期时间 算法结束时间 endtime end "
+               "expiretime")},
+        {QStringLiteral("证券代码"), names("代码 股票代码 标的代码 合约代码 合约 标的 证券 code symbol "
+                                           "ticker security securitycode stockcode "
+                                           "instrument")},
+        {QStringLiteral("市场"), names("交易市场 交易所 证券市场 市场代码 exchange market exch mic venue")}};
     return list;
 }
 

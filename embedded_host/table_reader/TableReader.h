@@ -12,6 +12,7 @@ namespace table_reader {
 struct ReadOptions {
     int maxRows = table::RowsToRead;
     QString encoding;     ///< of csv; empty: told from the bytes
+    QString sheet;        ///< name of the sheet of a workbook; empty: the first that can be seen
     bool inspect = false; ///< fill Table::inspection and sheets too; costs time, so plain reads leave it away
 };
 

@@ -84,7 +84,7 @@ bool isWorkbook(const QString& path)
     return path.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
 }
 
-/// No sheets: no files. In a workbook of several each says that only the first is read back.
+/// No sheets: no files. In a workbook of several each says which one is read.
 Written writeSheets(const QString& path, const QStringList& csvFiles, QList<TemplateSheet> sheets)
 {
     if (sheets.isEmpty() || !isWorkbook(path)) {

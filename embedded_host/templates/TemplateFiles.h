@@ -18,8 +18,8 @@ struct Written {
 
 /// Writes the templates of `strategies` to `path`; its ending decides the type.
 ///
-/// As xlsx: one workbook, one sheet a strategy, named by its code. An import reads a workbook's first visible
-/// sheet alone, which every sheet of several says.
+/// As xlsx: one workbook, one sheet a strategy, named by its code. The desk reads each for its
+/// strategy, other programs the first visible one alone, which every sheet of several says.
 ///
 /// As csv, UTF-8 with a byte order mark: one strategy is written to `path`; of several, each to a file of its
 /// own, "templates.csv" giving "templates-AITWAP.csv" and so on.

@@ -11,7 +11,8 @@ inline const QString SkippedRows =
     QStringLiteral("前两格都为空的行是备注行，导入时跳过；一行一个算法实例，最多%1行（备注行计算在内）");
 inline const QString SkippedRowsTitle = QStringLiteral("说明");
 inline const QString FirstSheetOnly =
-    QStringLiteral("导入时只读取第一张可见的工作表：请把本表移到最前面，或另存为单独的文件");
+    QStringLiteral("在算法交易台中导入时，以算法代码命名的工作表按该算法读取，几张表都填写时依次成为几个批次"
+                   "；其他程序只读取第一张可见的工作表");
 inline const QString ExampleTitle =
     QStringLiteral("示例（下一行；补上证券代码和市场后即成为一个实例，未填的列取默认值）：");
 

@@ -277,7 +277,8 @@ TEST_F(TemplateFiles, HaveAnExampleOfWhatIsRequiredAlone)
 TEST_F(TemplateFiles, SayOnEverySheetOfSeveralThatTheFirstOneIsRead)
 {
     const QList<AesStrategy> two = {strategy("AITWAP"_s), strategy("AIVWAP"_s)};
-    const QString note = "导入时只读取第一张可见的工作表：请把本表移到最前面，或另存为单独的文件"_s;
+    const QString note =
+        "在算法交易台中导入时，以算法代码命名的工作表按该算法读取，几张表都填写时依次成为几个批次；其他程序只读取第一张可见的工作表"_s;
     ASSERT_EQ(template_files::write(folder.filePath("two.xlsx"_s), two, tables.markets).error, QString());
     EXPECT_EQ(read("two.xlsx"_s).value(2).value(2), note);
     ASSERT_EQ(write("AITWAP"_s, "one.xlsx"_s).error, QString());

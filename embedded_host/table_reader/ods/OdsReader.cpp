@@ -131,6 +131,9 @@ bool OdsContent::isWanted(const QXmlStreamAttributes& attributes) const
     if (mFound) {
         return false;
     }
+    if (!mOptions.sheet.isEmpty()) {
+        return value(attributes, ods::TableSpace, "name") == mOptions.sheet;
+    }
     return mWanted < 0 ? !mStyles.isHiddenTable(value(attributes, ods::TableSpace, "style-name").toString())
                        : mWanted == mSheets;
 }
@@ -161,6 +164,9 @@ QString readOds(ZipArchive& archive, const ReadOptions& options, table::Table& t
     error = visible.read(archive, table);
     if (error.isEmpty() && visible.sheets() == 0) {
         return message::noSheet();
+    }
+    if (error.isEmpty() && !visible.found() && !options.sheet.isEmpty()) {
+        return message::noSuchSheet(options.sheet);
     }
     if (error.isEmpty() && !visible.found()) {
         error = OdsContent(options, 0).read(archive, table);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "embedded_host/table_reader/shared/Limits.h"
+#include "words/Words.h"
 
 #include <QString>
 
@@ -145,6 +146,10 @@ inline QString truncatedWorkbook()
 inline QString badSharedText(const QString& cell)
 {
     return damaged(QStringLiteral("单元格%1引用的文本不存在").arg(cell));
+}
+inline QString noSuchSheet(const QString& sheet)
+{
+    return Words::tr("文件中没有工作表“%1”").arg(sheet);
 }
 inline QString noSheet()
 {

@@ -37,6 +37,9 @@ QString readWorkbook(BiffStream& stream, const ReadOptions& options, table::Tabl
 {
     XlsWorkbook workbook;
     QString error = readXlsWorkbook(stream, options.inspect, workbook);
+    if (error.isEmpty() && !options.sheet.isEmpty()) {
+        error = workbook.choose(options.sheet);
+    }
     if (!error.isEmpty()) {
         return error;
     }

@@ -177,6 +177,17 @@ QString GlobalsReader::chooseSheet()
 
 } // namespace
 
+QString XlsWorkbook::choose(const QString& name)
+{
+    for (int number = 0; number < sheets.size(); ++number) {
+        if (sheets.at(number).name == name && sheets.at(number).isWorksheet) {
+            readSheet = number;
+            return QString();
+        }
+    }
+    return message::noSuchSheet(name);
+}
+
 QString readXlsWorkbook(BiffStream& stream, bool forReport, XlsWorkbook& workbook)
 {
     return GlobalsReader(stream, workbook).read(forReport);

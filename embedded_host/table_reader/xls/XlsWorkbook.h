@@ -30,6 +30,10 @@ struct XlsWorkbook {
     int readSheet = -1;        ///< number of the one to read
     int activeSheet = 0;       ///< number of the one that is shown first
     qint64 textsPosition = -1; ///< of the list of shared texts; -1: it has none
+
+    /// Makes another sheet than the first one that can be seen the one to read. Empty, or the sentence that
+    /// says what is wrong.
+    QString choose(const QString& name);
 };
 
 /// Reads from the stream's beginning; `forReport`: with what only a report needs. A stream may be one sheet

@@ -12,6 +12,9 @@ QString readXlsx(ZipArchive& archive, const QString& workbookPart, const ReadOpt
 {
     XlsxWorkbook workbook;
     QString error = readXlsxWorkbook(archive, workbookPart, workbook);
+    if (error.isEmpty() && !options.sheet.isEmpty()) {
+        error = workbook.choose(options.sheet);
+    }
     CellStyles styles;
     if (error.isEmpty() && !workbook.stylesPart.isEmpty()) {
         styles = readXlsxStyles(archive, workbook.stylesPart, options.inspect, error);

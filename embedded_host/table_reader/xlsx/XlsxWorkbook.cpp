@@ -177,6 +177,19 @@ void readCellStyles(XmlPart& part, StyleParts& parts)
 
 } // namespace
 
+QString XlsxWorkbook::choose(const QString& name)
+{
+    for (int number = 0; number < sheets.size(); ++number) {
+        if (sheets.at(number).name == name && !sheets.at(number).part.isEmpty()) {
+            readSheet = number;
+            sheetName = name;
+            sheetPart = sheets.at(number).part;
+            return QString();
+        }
+    }
+    return message::noSuchSheet(name);
+}
+
 QString readXlsxWorkbook(ZipArchive& archive, const QString& part, XlsxWorkbook& workbook)
 {
     QString error;

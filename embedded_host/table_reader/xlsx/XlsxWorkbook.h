@@ -24,6 +24,10 @@ struct XlsxWorkbook {
     QString sheetPart;
     QString stylesPart; ///< empty: it has none
     QString textsPart;  ///< empty: it has none
+
+    /// Makes another sheet than the first one that can be seen the one to read. Empty, or the sentence that
+    /// says what is wrong.
+    QString choose(const QString& name);
 };
 
 /// Empty, or the sentence that says what is wrong.

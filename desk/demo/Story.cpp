@@ -11,7 +11,7 @@ namespace demo {
 
 namespace {
 
-constexpr int PollMs = 200;
+constexpr int StepMs = 200;
 constexpr int TellEveryMs = 2000; // how far it has come, where no state changed
 constexpr int MostSeconds = 300;
 
@@ -116,7 +116,7 @@ bool Story::follow(qint64 batch, const std::function<bool()>& isAskedToEnd)
         }
         isDone = std::all_of(instances.begin(), instances.end(), isOver);
         if (!isDone) {
-            QThread::msleep(PollMs);
+            QThread::msleep(StepMs);
         }
     }
     tellInstances(instances);

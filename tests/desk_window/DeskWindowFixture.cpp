@@ -1,6 +1,7 @@
 #include "tests/desk_window/DeskWindowFixture.h"
 
 #include "desk/window/VerdictDialog.h"
+#include "tests/support/Eventually.h"
 
 #include <QCheckBox>
 #include <QDragEnterEvent>
@@ -11,7 +12,6 @@
 namespace {
 
 constexpr int PollMs = 20;
-constexpr int PatienceMs = 5000;
 
 } // namespace
 
@@ -39,7 +39,7 @@ void DeskWindowFixture::open()
     host = std::make_unique<EmbeddedHost>(ReferenceData(tables), options);
     window = std::make_unique<DeskWindow>(*host, books);
     window->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), PatienceMs));
 }
 
 void DeskWindowFixture::closeWindow()
@@ -80,7 +80,7 @@ void DeskWindowFixture::drop(const QString& path)
     QDropEvent event(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window.get(), &event);
     window->activateWindow(); // off screen, a closed message box does not hand the activity back
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), PatienceMs));
 }
 
 void DeskWindowFixture::whenModal(const std::function<void(QWidget&)>& act)
@@ -144,7 +144,7 @@ void DeskWindowFixture::agreeingTo(const std::function<void()>& act)
     }
     act();
     window->activateWindow(); // off screen, a closed dialog does not hand the activity back
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), PatienceMs));
 }
 
 QStringList DeskWindowFixture::shown(const FilteredTable& table, int column)

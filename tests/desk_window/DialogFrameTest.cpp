@@ -8,6 +8,7 @@
 #include "table/FaultCatalogue.h"
 #include "table/Rules.h"
 #include "tests/desk_window/DeskWindowFixture.h"
+#include "tests/support/Eventually.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -25,7 +26,7 @@ protected:
     void pressKeysToConfirm()
     {
         window->activateWindow(); // off screen, a closed message box does not hand the activity back
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), PatienceMs));
         agreeingTo([this] { QTest::keyClick(window.get(), Qt::Key_Return, Qt::ControlModifier); });
     }
 

@@ -4,6 +4,7 @@
 #include "desk/window/DiffPanel.h"
 #include "desk/window/ProblemsPanel.h"
 #include "tests/desk_window/DeskWindowFixture.h"
+#include "tests/support/Eventually.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -78,7 +79,7 @@ TEST_F(FileCheckPanelTest, TellsHowTheFileWasReadAndItsFingerprint)
     drop(path);
     const QString expected = "格式 csv  ·  编码 UTF-8  ·  分隔符 逗号  ·  行数 3（含表头）  ·  SHA-256 "_s +
                              batch::sha256OfFile(path);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return facts() == expected; })) << facts().toStdString();
+    EXPECT_TRUE(eventually([&] { return facts() == expected; })) << facts().toStdString();
     EXPECT_EQ(child<QLabel>("label_fileFacts")->accessibleDescription(), expected);
 }
 

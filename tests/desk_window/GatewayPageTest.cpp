@@ -4,6 +4,7 @@
 #include "desk/window/InstancesPage.h"
 #include "ledger/Outbox.h"
 #include "tests/desk_window/DeskWindowFixture.h"
+#include "tests/support/Eventually.h"
 
 #include <QMessageBox>
 #include <QTableView>
@@ -96,12 +97,12 @@ TEST_F(GatewayPageTest, FollowsWhatComesWhileItIsInFront)
     window->showPage(DeskWindow::GatewayPageIndex);
     EXPECT_EQ(window->gatewayPage()->table()->shownRows().size(), 1);
     ASSERT_EQ(outbox->keepMessages({message("35=0|"_s, true)}).error, QString());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window->gatewayPage()->table()->shownRows().size() == 2; }));
+    EXPECT_TRUE(eventually([this] { return window->gatewayPage()->table()->shownRows().size() == 2; }));
     ledger::Execution stray;
     stray.execId = "X-1"_s;
     stray.text = "NOT-OURS 不是本台账的订单"_s;
     ASSERT_TRUE(outbox->record({stray}).ok());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window->gatewayPage()->strays()->shownRows().size() == 2; }));
+    EXPECT_TRUE(eventually([this] { return window->gatewayPage()->strays()->shownRows().size() == 2; }));
     EXPECT_EQ(shown(*window->gatewayPage()->strays(), 2), QStringList{stray.text});
 }
 
@@ -110,14 +111,14 @@ TEST_F(GatewayPageTest, AnInstanceFillsBeforeTheTradersEyesAndANoticeTellsTheEnd
     open();
     claim();
     createBatch({row("600000"_s, "300"_s), row("688001"_s, "400"_s)});
-    ASSERT_TRUE(QTest::qWaitFor([this] { return child<QLabel>("label_queued")->text() == "2 待发送"_s; }));
+    ASSERT_TRUE(eventually([this] { return child<QLabel>("label_queued")->text() == "2 待发送"_s; }));
     window->showPage(DeskWindow::InstancesPageIndex);
     const auto orders = outbox->take(10);
     ASSERT_EQ(orders.value.size(), 2);
     const QString first = orders.value.at(0).clOrdId;
     const QString second = orders.value.at(1).clOrdId;
     ASSERT_TRUE(outbox->record({execution(first, "E1"_s, ledger::InstanceState::Running, 100)}).ok());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return shown(instances(), 8).value(0) == "100"_s; }));
+    EXPECT_TRUE(eventually([this] { return shown(instances(), 8).value(0) == "100"_s; }));
     EXPECT_EQ(child<QLabel>("label_queued")->text(), QString());
     EXPECT_EQ(instances().view()->model()->index(0, 8).data().toString(), "100 / 300"_s);
     EXPECT_EQ(shown(instances(), 9).value(0), "11.5"_s);
@@ -126,7 +127,7 @@ TEST_F(GatewayPageTest, AnInstanceFillsBeforeTheTradersEyesAndANoticeTellsTheEnd
                               execution(second, "E3"_s, ledger::InstanceState::Rejected, 0)})
                     .ok());
     auto* notice = child<QLabel>("label_notice");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return notice->isVisible(); }));
+    EXPECT_TRUE(eventually([&] { return notice->isVisible(); }));
     EXPECT_EQ(notice->text(), "批次 1 全部结束：已完成 1，已拒绝 1"_s);
     EXPECT_EQ(shown(*window->batchesPage()->table(), 7), QStringList{"2 / 2 · 已拒绝 1"_s});
     QTest::mouseClick(child<QAbstractButton>("button_noticeClose"), Qt::LeftButton);
@@ -155,7 +156,7 @@ TEST_F(GatewayPageTest, SaysThatTheGatewayIsGoneWithoutBeingAsked)
     claim();
     window->showPage(DeskWindow::GatewayPageIndex);
     const auto says = [this](const QString& text) {
-        return QTest::qWaitFor([&] { return window->gatewayPage()->sessions().contains(text); }, 60000);
+        return eventually([&] { return window->gatewayPage()->sessions().contains(text); });
     };
     EXPECT_TRUE(says("　已登录，自 "_s));
     outbox.reset();

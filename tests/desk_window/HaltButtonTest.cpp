@@ -2,6 +2,7 @@
 
 #include "desk/window/VerdictDialog.h"
 #include "tests/desk_window/DeskWindowFixture.h"
+#include "tests/support/Eventually.h"
 
 #include <QTextEdit>
 
@@ -84,11 +85,11 @@ TEST_F(HaltButtonTest, ShowsWhatAnotherProgramDecided)
     const auto other =
         ledger::Ledger::open(ledger::Address::ofFile(ledger::Ledger::pathIn(home.path()))).value;
     ASSERT_TRUE(other->halt(QString(), "行情异常"_s).ok());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return button().isHalted(); }));
+    EXPECT_TRUE(eventually([this] { return button().isHalted(); }));
     EXPECT_TRUE(button().toolTip().contains("行情异常"_s));
     EXPECT_TRUE(refusalOfABatch().contains("行情异常"_s));
     ASSERT_TRUE(other->resume(QString(), "恢复"_s).ok());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !button().isHalted(); }));
+    EXPECT_TRUE(eventually([this] { return !button().isHalted(); }));
 }
 
 TEST_F(HaltButtonTest, AHaltOfOneAccountIsShownAndLeavesTheButtonToHaltAll)

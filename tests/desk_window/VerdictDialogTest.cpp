@@ -1,5 +1,6 @@
 #include "desk/window/VerdictDialog.h"
 
+#include "tests/support/Eventually.h"
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
@@ -119,7 +120,7 @@ TEST(VerdictDialogTest, EnterPressedInHasteCreatesNothing)
     review.lines = {line(verdict::Action::Ask, "sameFile"_s, "重复"_s)};
     VerdictDialog dialog(review);
     dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog, PatienceMs));
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     EXPECT_EQ(dialog.result(), int(QDialog::Rejected));
     EXPECT_FALSE(dialog.isVisible());
@@ -131,7 +132,7 @@ TEST(VerdictDialogTest, EnterCreatesOnceTheAmountIsTypedAgain)
     review.review.verdict.confirmationAmount = 1234567;
     VerdictDialog dialog(review);
     dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog, PatienceMs));
     QTest::keyClicks(dialog.focusWidget(), "1234567"_s);
     EXPECT_TRUE(button(dialog, "button_create")->isDefault());
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Backspace);

@@ -2,6 +2,7 @@
 
 #include "embedded_host/quotes/PriceWalk.h"
 #include "tests/embedded_host/SampleTables.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
@@ -83,13 +84,13 @@ TEST_F(QuoteBoardTest, LaterSubscriptionIsServedInItsTurn)
 
 TEST_F(QuoteBoardTest, MovingQuotesAreAnnouncedToTheReceiversThread)
 {
-    QuoteBoard board(data, moving());
     QThread* receiverThread = nullptr;
-    QObject receiver;
+    QObject receiver; // outlives the thread that announces
+    QuoteBoard board(data, moving());
     QObject::connect(&board, &QuoteBoard::quotesChanged, &receiver,
                      [&](const QStringList&) { receiverThread = QThread::currentThread(); });
     board.subscribe({"600000.SH"_s});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return receiverThread != nullptr; }));
+    EXPECT_TRUE(eventually([&] { return receiverThread != nullptr; }));
     EXPECT_EQ(receiverThread, QThread::currentThread());
 }
 
@@ -97,9 +98,8 @@ TEST_F(QuoteBoardTest, MovingQuotesMoveTheLastPriceAlone)
 {
     QuoteBoard board(data, moving());
     board.subscribe({"600000.SH"_s});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return board.snapshot("600000.SH"_s).contains("LastPx"_s); }));
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return board.snapshot("600000.SH"_s).value("LastPx"_s) != "10.00"_s; }));
+    ASSERT_TRUE(eventually([&] { return board.snapshot("600000.SH"_s).contains("LastPx"_s); }));
+    ASSERT_TRUE(eventually([&] { return board.snapshot("600000.SH"_s).value("LastPx"_s) != "10.00"_s; }));
     Snapshot moved = board.snapshot("600000.SH"_s);
     moved.remove("LastPx"_s);
     Snapshot start = data.quote("600000.SH"_s)->fields;
@@ -111,7 +111,7 @@ TEST_F(QuoteBoardTest, StoppedSubscriptionStaysSilent)
 {
     QuoteBoard board(data, moving());
     board.subscribe({"600000.SH"_s});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !board.snapshot("600000.SH"_s).isEmpty(); }));
+    ASSERT_TRUE(eventually([&] { return !board.snapshot("600000.SH"_s).isEmpty(); }));
     board.unsubscribe({"600000.SH"_s});
     QTest::qWait(50);
     EXPECT_TRUE(board.snapshot("600000.SH"_s).isEmpty());
@@ -126,7 +126,7 @@ TEST_F(QuoteBoardTest, BoardGoesWhileQuotesMove)
                          [] { thread_local const CountedThread counted; });
         board.subscribe({"600000.SH"_s, "IF2512.CFE"_s});
         if (i % 2 == 1) { // the others go before, or while, their first quotes come
-            ASSERT_TRUE(QTest::qWaitFor([&] { return !board.snapshot("IF2512.CFE"_s).isEmpty(); }));
+            ASSERT_TRUE(eventually([&] { return !board.snapshot("IF2512.CFE"_s).isEmpty(); }));
         }
     }
     EXPECT_GE(CountedThread::begun, 25);

@@ -64,4 +64,4 @@ private:
 };
 
 /// Until it holds, at most so long; whether it does.
-bool waitUntil(const std::function<bool()>& holds, int milliseconds = 20000);
+bool waitUntil(const std::function<bool()>& holds, int milliseconds = 60000);

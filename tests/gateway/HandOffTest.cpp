@@ -125,7 +125,7 @@ protected:
 
     bool reaches(InstanceState state, int batch = 1)
     {
-        return waitUntil([&] { return order(batch).state == state; }, 10000);
+        return waitUntil([&] { return order(batch).state == state; });
     }
     bool isTold(const QString& complaint)
     {

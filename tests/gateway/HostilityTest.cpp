@@ -122,7 +122,7 @@ TEST_P(Hostility, NeitherEndsTheGatewayNorHarmsTheLedger)
     desk.create(2);
     GatewayRun::Options options;
     options.profile = sample::profile();
-    options.profile.statusTimeoutSeconds = 1;
+    options.profile.statusTimeoutSeconds = 5;
     {
         const GatewayRun run(desk, counterparty.port(), options);
         ASSERT_TRUE(counterparty.waitFor([&] { return desk.countOf(State::Running) == 2; }));

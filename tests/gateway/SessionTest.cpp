@@ -294,7 +294,7 @@ TEST_P(Breaks, EveryOrderIsExecutedOnce)
     const int count = 40;
     desk.create(count);
     GatewayRun::Options impatient = options();
-    impatient.profile.statusTimeoutSeconds = 1;
+    impatient.profile.statusTimeoutSeconds = 5;
     {
         const auto run = start(counterparty, impatient);
         for (int i = 0; i < 6 && desk.countOf(State::Finished) < count; ++i) {

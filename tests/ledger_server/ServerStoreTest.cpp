@@ -5,6 +5,7 @@
 #include "ledger/store/Schema.h"
 #include "tests/ledger/SampleDrafts.h"
 #include "tests/ledger_server/TestServer.h"
+#include "tests/support/Eventually.h"
 
 #include <gtest/gtest.h>
 
@@ -192,7 +193,7 @@ TEST(AServersLedger, TellsOtherDesksOfAChange)
     ASSERT_TRUE(watching.listen([&] { ++hints; }));
     const auto desk = opened(database).value;
     desk->createBatch(sampleDraft(1));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return hints == 1; }, 2000));
+    EXPECT_TRUE(eventually([&] { return hints == 1; }));
     desk->batch(1);
     EXPECT_FALSE(QTest::qWaitFor([&] { return hints > 1; }, 200)) << "nothing was changed";
 }

@@ -1,5 +1,6 @@
 #include "host/ZelMessageBox.h"
 
+#include "tests/support/Eventually.h"
 #include "tests/widgets/TestHost.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +56,7 @@ protected:
     template <typename Act> int execAnd(ZelMessageBox& box, Act act)
     {
         QTimer::singleShot(0, &box, [&box, act] {
-            ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&box, PatienceMs));
             act();
         });
         QTimer::singleShot(5000, &box, [&box] {
@@ -101,7 +102,7 @@ TEST_F(ZelMessageBoxTest, KeepsTheSizeAskedForWhenItIsShown)
     box.resize(box.width() + 35, 350);
     textArea(box)->setFixedWidth(textArea(box)->width() + 20);
     box.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box, PatienceMs));
     EXPECT_EQ(box.size(), ZelMessageBox::sizeAsConstructed() + QSize(35, 190));
     EXPECT_EQ(box.textWidth(), ZelMessageBox::textWidthAsConstructed() + 20);
 }
@@ -111,7 +112,7 @@ TEST_F(ZelMessageBoxTest, FillsTheBoxWithItsTextAndScrollsWhatDoesNotFit)
     ZelMessageBox box(Title, manyLines(1000), 1);
     box.resize(box.width() + 10, 350);
     box.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box, PatienceMs));
     EXPECT_GT(textArea(box)->height(), 280);
     EXPECT_EQ(textArea(box)->width(), box.width() - 20);
     EXPECT_GT(textArea(box)->verticalScrollBar()->maximum(), 0);

@@ -1,5 +1,7 @@
 #include "host/ZelTableView.h"
 
+#include "tests/support/Eventually.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -309,7 +311,7 @@ TEST_F(ZelTableViewTest, LetsTheTabKeyLeave)
     auto* next = new QWidget(&window);
     next->setFocusPolicy(Qt::StrongFocus);
     window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, PatienceMs));
     inner->setHeadList(heads({QStringLiteral("甲"), QStringLiteral("乙")}));
     inner->addRecordDataList(threeRows());
     inner->setFocus();

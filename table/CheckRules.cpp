@@ -43,6 +43,8 @@ const QList<RuleEntry>& checkRules()
          QStringLiteral("\"%1\" is hidden under a merged cell and is imported all the same")},
         {HiddenRow, Warning, QStringLiteral("该行是隐藏行，但仍会被导入"),
          QStringLiteral("The row is hidden and is imported all the same")},
+        {HiddenColumn, Warning, QStringLiteral("“%1”是隐藏列，但其内容仍会被导入"),
+         QStringLiteral("The column \"%1\" is hidden and is imported all the same")},
         {ReplacedText, Warning, QStringLiteral("文件中有%1处字符无法按%2解码"),
          QStringLiteral("%1 places of the file could not be decoded as %2")},
         {LostRows, Error, QStringLiteral("另有 %1 行既未导入，也未列出原因，请核对文件"),

@@ -33,7 +33,8 @@ inline const QString OtherSheet = QStringLiteral("sheet.other");   ///< likewise
 // ---- of the header
 inline const QString SecondTitle = QStringLiteral("title.second"); ///< title, the one that is read
 inline const QString IgnoredTitle = QStringLiteral("title.ignored");
-inline const QString NamelessColumn = QStringLiteral("title.empty");   ///< letters of the column
+inline const QString NamelessColumn = QStringLiteral("title.empty"); ///< letters of the column
+inline const QString HiddenColumn = QStringLiteral("title.hidden");
 inline const QString OtherStrategy = QStringLiteral("title.strategy"); ///< columns, strategies
 // ---- of a row
 inline const QString OrderWithoutCode = QStringLiteral("row.code");

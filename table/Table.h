@@ -34,6 +34,7 @@ struct Sheet {
 /// than any real one is told of in part. Empty unless it was asked for.
 struct Inspection {
     QSet<int> hiddenRows;         ///< by hand or by a filter
+    QSet<int> hiddenColumns;      ///< of those that a table may have
     QSet<int> struckRows;         ///< of whose cells several are struck out
     QList<QRect> mergedAreas;     ///< that begin in the rows read; none of an xlsx sheet of more rows, which
                                   ///< tells them last

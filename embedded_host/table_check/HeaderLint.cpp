@@ -71,6 +71,10 @@ private:
         if (mExpectation.titles.isEmpty()) {
             return;
         }
+        if (!mGiven.at(column).isEmpty() && mTable.inspection.hiddenColumns.contains(column) &&
+            isFilled(column)) {
+            mFindings.ofCell(rule::HiddenColumn, 0, column, title);
+        }
         if (mKnown.contains(title)) {
             lookForAnAlias(column);
             return;

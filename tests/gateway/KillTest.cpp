@@ -177,7 +177,8 @@ TEST(Process, AKilledGatewayIsGoneUntilTheNextOne)
     first.kill();
     EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), true); }));
     Victim second(desk, settings, profileFile(desk.folder(), PatientSeconds));
-    EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("loggedOn"), false); }));
+    ASSERT_TRUE(counterparty.waitFor([&] { return desk.sessions().count(QStringLiteral("loggedOn")) == 2; }));
+    EXPECT_TRUE(stands(QStringLiteral("loggedOn"), false));
     EXPECT_EQ(second.end(), 0);
     EXPECT_TRUE(counterparty.waitFor([&] { return stands(QStringLiteral("disconnected"), true); }));
 }

@@ -496,6 +496,16 @@ TEST(HarmfulFiles, HiddenAndStruckRowsAreTold)
     EXPECT_EQ("row.struck 2\nrow.hidden 3\n", found("AITWAP"_s, table));
 }
 
+/// One whose content counts; of any other nobody need know.
+TEST(HarmfulFiles, AHiddenColumnIsTold)
+{
+    table::Table table = inspect(Head + aitwap("100,1,9.86,0,15"));
+    table.inspection.hiddenColumns = {5, 50};
+    EXPECT_EQ("title.hidden F1\n", found("AITWAP"_s, table));
+    table.rows[1][5].clear();
+    EXPECT_EQ("", found("AITWAP"_s, table)) << "nothing stands in it";
+}
+
 /// The titles of such a file are not known again, which is no reason to be silent.
 TEST(HarmfulFiles, ACodePageThatNobodyKnowsIsAnErrorThatNamesIt)
 {

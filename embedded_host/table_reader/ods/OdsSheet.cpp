@@ -20,6 +20,13 @@ using ods::value;
 
 constexpr double DaySeconds = 24 * 60 * 60;
 
+/// Of a row or a column: neither folded away by hand nor by a filter.
+bool isVisible(const QXmlStreamAttributes& attributes)
+{
+    const QStringRef visibility = value(attributes, ods::TableSpace, "visibility");
+    return visibility.isEmpty() || visibility == QLatin1String("visible");
+}
+
 bool isGroup(const QStringRef& name)
 {
     static const QSet<QString> groups = {
@@ -84,9 +91,12 @@ void OdsSheet::readColumn()
     const int repeated =
         std::max(1, intValue(value(attributes, ods::TableSpace, "number-columns-repeated"), 1));
     const int before = mColumns.isEmpty() ? 0 : mColumns.last().end;
+    const int end = static_cast<int>(std::min<qint64>(qint64(before) + repeated, limits::Columns));
+    if (!isVisible(attributes)) {
+        mRows.noteHiddenColumns(before, end - 1);
+    }
     if (mColumns.size() < limits::Columns) {
-        mColumns.append({static_cast<int>(std::min<qint64>(qint64(before) + repeated, limits::Columns)),
-                         value(attributes, ods::TableSpace, "default-cell-style-name").toString()});
+        mColumns.append({end, value(attributes, ods::TableSpace, "default-cell-style-name").toString()});
     }
     mPart.skip();
 }
@@ -107,8 +117,8 @@ void OdsSheet::readRow()
 {
     const QXmlStreamAttributes attributes = mPart.attributes();
     const int repeated = std::max(1, intValue(value(attributes, ods::TableSpace, "number-rows-repeated"), 1));
-    const QStringRef visibility = value(attributes, ods::TableSpace, "visibility");
     const int end = static_cast<int>(std::min<qint64>(qint64(mRow) + repeated, mRows.maxRows()));
+    const bool isHidden = !isVisible(attributes);
     mRowStyle = value(attributes, ods::TableSpace, "default-cell-style-name").toString();
     QVector<Cell> cells;
     int column = 0;
@@ -123,7 +133,7 @@ void OdsSheet::readRow()
     }
     for (; mRow < end && !mPart.hasError(); ++mRow) {
         store(cells, mRow);
-        if (!visibility.isEmpty() && visibility != QLatin1String("visible")) {
+        if (isHidden) {
             mRows.noteHiddenRow(mRow);
         }
     }

@@ -115,6 +115,13 @@ void SheetRows::noteHiddenRow(int row)
     }
 }
 
+void SheetRows::noteHiddenColumns(int first, qint64 last)
+{
+    for (int column = first; mInspects && column <= last && column < limits::Columns; ++column) {
+        mTable.inspection.hiddenColumns.insert(column);
+    }
+}
+
 void SheetRows::noteMergedArea(const QRect& area)
 {
     QList<QRect>& areas = mTable.inspection.mergedAreas;

@@ -30,6 +30,7 @@ public:
     void noteUncalculated(int row, int column);
     void noteFilled(int row, bool isStruck); ///< a cell that holds something
     void noteHiddenRow(int row);
+    void noteHiddenColumns(int first, qint64 last);
     void noteMergedArea(const QRect& area);
     void noteUnknownCodePage(int codePage);
     const QString& error() const { return mError; }

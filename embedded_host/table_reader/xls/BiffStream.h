@@ -18,6 +18,7 @@ enum Record : quint16 {
     Continue = 0x003C,
     Window1 = 0x003D,
     CodePage = 0x0042,
+    ColInfo = 0x007D,
     BoundSheet = 0x0085,
     MulRk = 0x00BD,
     RString = 0x00D6,

@@ -130,6 +130,9 @@ bool XlsSheet::take(const BiffRecord& record)
     case biff::Row:
         noteRow(record);
         return true;
+    case biff::ColInfo:
+        noteColumns(record);
+        return true;
     case biff::MergedCells:
         noteMergedAreas(record);
         return true;
@@ -255,6 +258,15 @@ void XlsSheet::noteRow(const BiffRecord& record)
     constexpr quint16 HiddenFlag = 0x20;
     if ((record.word(OptionsOffset) & HiddenFlag) != 0) {
         mRows.noteHiddenRow(record.word(0));
+    }
+}
+
+void XlsSheet::noteColumns(const BiffRecord& record)
+{
+    constexpr int OptionsOffset = 8;
+    constexpr quint16 HiddenFlag = 0x01;
+    if ((record.word(OptionsOffset) & HiddenFlag) != 0) {
+        mRows.noteHiddenColumns(record.word(0), record.word(2));
     }
 }
 

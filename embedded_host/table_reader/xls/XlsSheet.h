@@ -25,6 +25,7 @@ private:
     bool putSharedText(const BiffRecord& record);
     void noteStyle(int row, int style);
     void noteRow(const BiffRecord& record);
+    void noteColumns(const BiffRecord& record);
     void noteMergedAreas(const BiffRecord& record);
 
     BiffStream& mStream;

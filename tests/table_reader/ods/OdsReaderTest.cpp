@@ -1,3 +1,4 @@
+#include "table/CellAddress.h"
 #include "tests/table_reader/Reading.h"
 #include "tests/table_reader/Samples.h"
 
@@ -164,6 +165,21 @@ TEST(OdsInspection, TellsHiddenRowsMergedAreasAndStoredNumbers)
     EXPECT_EQ(QSet<int>{0}, read.inspection.hiddenRows);
     EXPECT_EQ(QList<QRect>{QRect(1, 0, 2, 3)}, read.inspection.mergedAreas);
     EXPECT_EQ("1e2", (read.inspection.numbers.value({0, 0}).toStdString()));
+}
+
+TEST(OdsInspection, TellsHiddenColumns)
+{
+    const Table read = inspect(
+        ods(sheet("<table:table-column table:number-columns-repeated=\"2\"/>"
+                  "<table:table-column table:visibility=\"collapse\" table:number-columns-repeated=\"2\"/>"
+                  "<table:table-column table:visibility=\"visible\"/>"
+                  "<table:table-column table:visibility=\"filter\" "
+                  "table:number-columns-repeated=\"2147483647\"/>"
+                  "<table:table-row>" +
+                  value("float", "office:value=\"1\"") + "</table:table-row>")));
+    const QSet<int>& hidden = read.inspection.hiddenColumns;
+    EXPECT_EQ((QSet<int>{2, 3}), hidden & (QSet<int>{0, 1, 2, 3, 4}));
+    EXPECT_EQ(table::SheetColumns - 3, hidden.size()) << "up to the last one that a sheet has";
 }
 
 TEST(OdsInspection, TellsMergedAreasNoLongerThanASheet)

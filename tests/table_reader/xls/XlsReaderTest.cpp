@@ -285,6 +285,20 @@ TEST(XlsInspection, TellsHiddenRowsMergedAreasAndStoredNumbers)
     EXPECT_EQ("7", (table.inspection.numbers.value({0, 0}).toStdString()));
 }
 
+TEST(XlsInspection, TellsHiddenColumns)
+{
+    const auto columns = [](int first, int last, int options) {
+        return word(first) + word(last) + word(0) + word(0) + word(options) + word(0);
+    };
+    const Table table = inspect(xls(Biff()
+                                        .record(biff::ColInfo, columns(0, 1, 0))
+                                        .record(biff::ColInfo, columns(2, 3, 1))
+                                        .record(biff::ColInfo, word(7))
+                                        .number(0, 0, 7)
+                                        .bytes()));
+    EXPECT_EQ((QSet<int>{2, 3}), table.inspection.hiddenColumns);
+}
+
 TEST(XlsSheets, AreReadWithoutAWorkbookAroundThem)
 {
     const QByteArray stream = Biff().begin(biff::Version5, 0x10).bytes() +

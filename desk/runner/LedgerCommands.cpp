@@ -104,6 +104,7 @@ Result diffBatch(const CommandLine& line)
     const ledger::BatchDiff diff = ledger::compareTables(
         before.value, batch::shownTable(content.columns, content.records), batch::orderColumns());
     QJsonObject json = toJson(diff, *number, import.files.first());
+    json[QStringLiteral("fileEdits")] = known.value.fileEdits;
     json[QStringLiteral("messageBoxes")] = driver.boxes();
     return print(driver.boxes().isEmpty() ? Done : Complained, QJsonDocument(json));
 }

@@ -92,7 +92,8 @@ QJsonObject toJson(const Batch& batch)
             {key("expectedSell"), batch.expectedSell.toDouble()},
             {key("createdAt"), utc(batch.createdAt)},
             {key("createdBy"), batch.createdBy},
-            {key("state"), nameOf(batch.state)}};
+            {key("state"), nameOf(batch.state)},
+            {key("fileEdits"), batch.fileEdits}};
 }
 
 QJsonObject toJson(const Instance& instance)

@@ -3,6 +3,7 @@
 #include "ledger/values/Decimal.h"
 
 #include <QDateTime>
+#include <QJsonArray>
 #include <QList>
 #include <QMap>
 #include <QString>
@@ -53,6 +54,9 @@ struct BatchDraft {
     QUuid id;
     QString fileName;
     QString fileSha256; ///< 64 hexadecimal digits; empty when the file was gone
+    /// What was changed on the desk after the file was read, in the order in which it was done: objects with
+    /// a key "edit". The ledger keeps them and reads nothing in them.
+    QJsonArray fileEdits;
     QString account;
     QString strategy;
     QString createdBy;

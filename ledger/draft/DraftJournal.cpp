@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
 
 namespace ledger {
 
@@ -22,6 +23,9 @@ QString nameOf(const BatchDraft& draft, const QDate& day)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     QStringList parts{draft.fileSha256, draft.account, draft.strategy, day.toString(Qt::ISODate)};
+    if (!draft.fileEdits.isEmpty()) {
+        parts.append(QString::fromUtf8(QJsonDocument(draft.fileEdits).toJson(QJsonDocument::Compact)));
+    }
     for (const InstanceDraft& instance :
          draft.fileSha256.isEmpty() ? draft.instances : QList<InstanceDraft>()) {
         parts.append(rowKey(draft.strategy, instance));

@@ -17,6 +17,7 @@ Batch batchOf(const BatchDraft& draft, const QDateTime& now)
     batch.draftId = draft.id;
     batch.fileName = draft.fileName;
     batch.fileSha256 = draft.fileSha256;
+    batch.fileEdits = draft.fileEdits;
     batch.account = draft.account;
     batch.strategy = draft.strategy;
     batch.rowCount = draft.instances.size();
@@ -94,6 +95,17 @@ void askForApproval(Change& change, const Batch& batch, const CreationTerms& ter
     insertApproval(change.statements, batch, approval);
 }
 
+/// The file that the digest names is not the whole truth of an edited batch.
+void noteEdits(Change& change, const Batch& batch)
+{
+    if (!batch.fileEdits.isEmpty()) {
+        change.note(QStringLiteral("edit"), QString::number(batch.number),
+                    {{QStringLiteral("file"), batch.fileName},
+                     {QStringLiteral("sha256"), batch.fileSha256},
+                     {QStringLiteral("edits"), batch.fileEdits}});
+    }
+}
+
 void insert(Change& change, Batch& batch, const BatchDraft& draft, const CreationTerms& terms)
 {
     const bool waits = needsApproval(draft, terms.limits);
@@ -107,6 +119,7 @@ void insert(Change& change, Batch& batch, const BatchDraft& draft, const Creatio
     if (waits) {
         askForApproval(change, batch, terms);
     }
+    noteEdits(change, batch);
     const Gross gross = grossOf(draft.instances);
     change.note(QStringLiteral("create"), QString::number(batch.number),
                 {{QStringLiteral("draft"), batch.draftId.toString(QUuid::WithoutBraces)},

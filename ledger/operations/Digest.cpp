@@ -25,6 +25,9 @@ QString digestOf(Statements& statements, const Batch& batch, const Limits& limit
                                 batch.fileSha256, textOf(limits), verdict}) {
         add(hash, part);
     }
+    if (!batch.fileEdits.isEmpty()) {
+        add(hash, jsonText(batch.fileEdits));
+    }
     const QList<Instance> instances = selectInstances(statements, choiceOf(batch));
     for (const Instance& instance : instances) {
         add(hash, instance.id.text());

@@ -18,6 +18,7 @@ struct Batch {
     QUuid draftId;
     QString fileName;
     QString fileSha256;
+    QJsonArray fileEdits; ///< BatchDraft::fileEdits
     QString account;
     QString strategy;
     int rowCount = 0;

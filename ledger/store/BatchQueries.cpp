@@ -30,6 +30,7 @@ Batch batchOf(const QSqlQuery& row)
     batch.createdAt = column::timeOf(row.value(9));
     batch.createdBy = row.value(10).toString();
     batch.state = batchStateNamed(row.value(11).toString());
+    batch.fileEdits = arrayIn(row.value(12).toString());
     return batch;
 }
 
@@ -149,7 +150,7 @@ QList<Batch> selectBatches(Statements& statements, const QString& condition, con
 {
     QSqlQuery query = statements.select(
         QStringLiteral("SELECT number, draft_id, file_name, file_sha256, account, strategy, row_count, "
-                       "expected_buy, expected_sell, created_at, created_by, state FROM batch ") +
+                       "expected_buy, expected_sell, created_at, created_by, state, file_edits FROM batch ") +
             condition,
         values);
     QList<Batch> batches;
@@ -205,13 +206,13 @@ void insertBatch(Statements& statements, const Batch& batch)
     statements.run(
         QStringLiteral(
             "INSERT INTO batch (number, account, draft_id, file_name, file_sha256, strategy, row_count, "
-            "expected_buy, expected_sell, created_at, day, created_by, state) "
-            "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+            "expected_buy, expected_sell, created_at, day, created_by, state, file_edits) "
+            "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
         {batch.number, column::text(batch.account), batch.draftId.toString(QUuid::WithoutBraces),
          column::text(batch.fileName), column::text(batch.fileSha256), column::text(batch.strategy),
          batch.rowCount, column::decimal(batch.expectedBuy), column::decimal(batch.expectedSell),
          column::time(batch.createdAt), exchangeDay(batch.createdAt).toString(Qt::ISODate),
-         column::text(batch.createdBy), nameOf(batch.state)});
+         column::text(batch.createdBy), nameOf(batch.state), column::text(jsonText(batch.fileEdits))});
 }
 
 void insertTable(Statements& statements, const Batch& batch, const BatchTable& table)

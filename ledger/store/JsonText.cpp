@@ -212,6 +212,12 @@ QString jsonText(const QList<QStringList>& rows)
     return textIn(buffer);
 }
 
+QString jsonText(const QJsonArray& array)
+{
+    return array.isEmpty() ? QString()
+                           : QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact));
+}
+
 QMap<QString, QVariant> objectIn(const QString& json)
 {
     constexpr unsigned Exactly = rapidjson::kParseFullPrecisionFlag;
@@ -225,6 +231,11 @@ QMap<QString, QVariant> objectIn(const QString& json)
 QStringList textsIn(const QString& json)
 {
     return textsOf(QJsonDocument::fromJson(json.toUtf8()).array());
+}
+
+QJsonArray arrayIn(const QString& json)
+{
+    return QJsonDocument::fromJson(json.toUtf8()).array();
 }
 
 QList<QStringList> rowsIn(const QString& json)

@@ -144,7 +144,7 @@ QString PostgresStore::migrate(const Migrations& further)
     const qint64 tables =
         statements.single(QStringLiteral("SELECT COUNT(*) FROM pg_tables WHERE schemaname = 'public'"))
             .toLongLong();
-    const Migrations steps = Migrations{unwatched(stepsToVersionFour())} + further;
+    const Migrations steps = Migrations{unwatched(stepsToVersionFour()), stepsToVersionFive()} + further;
     const qint64 newest = FirstVersion + steps.size();
     const qint64 version =
         isMade ? statements

@@ -20,7 +20,7 @@ const char* const Tables[] = {
     "file_name TEXT NOT NULL, file_sha256 VARCHAR(64) NOT NULL, strategy TEXT NOT NULL, "
     "row_count INTEGER NOT NULL, expected_buy %1 NOT NULL, expected_sell %1 NOT NULL, "
     "created_at BIGINT NOT NULL, day VARCHAR(10) NOT NULL, created_by TEXT NOT NULL, state VARCHAR(20) NOT "
-    "NULL, "
+    "NULL, file_edits TEXT NOT NULL DEFAULT '', "
     "PRIMARY KEY (number, account), UNIQUE (draft_id, account))",
     "CREATE INDEX batch_by_file ON batch (file_sha256, created_at)",
     "CREATE INDEX batch_by_session ON batch (account, created_at, day, number)",
@@ -93,7 +93,7 @@ const char* const Tables[] = {
 
 int schemaVersion()
 {
-    return 4;
+    return 5;
 }
 
 QStringList tablesOfToday(const QString& decimalType)
@@ -145,6 +145,11 @@ QStringList stepsToVersionFour()
         QString::fromLatin1(InstanceByKey),
         QStringLiteral("CREATE INDEX account_day_by_day ON account_day (day, account)"),
     };
+}
+
+QStringList stepsToVersionFive()
+{
+    return {QStringLiteral("ALTER TABLE batch ADD COLUMN file_edits TEXT NOT NULL DEFAULT ''")};
 }
 
 QString versionStatement(int version)

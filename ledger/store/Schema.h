@@ -18,6 +18,8 @@ QSet<QString> decimalColumns();
 
 /// Version 3 becomes 4: what was looked for among all batches and days is found by an index.
 QStringList stepsToVersionFour();
+/// Version 4 becomes 5: a batch has the list of what was changed in its file on the desk.
+QStringList stepsToVersionFive();
 /// Writes the version down; the last statement of a migration.
 QString versionStatement(int version);
 

@@ -36,7 +36,7 @@ QStringList fromVersionTwo()
         QStringLiteral(
             "INSERT INTO batch SELECT b.number, b.account, b.draft_id, b.file_name, b.file_sha256, "
             "b.strategy, b.row_count, b.expected_buy, b.expected_sell, b.created_at, ") +
-            day + QStringLiteral(", b.created_by, b.state FROM old_batch b"),
+            day + QStringLiteral(", b.created_by, b.state, '' FROM old_batch b"),
         QStringLiteral(
             "INSERT INTO instance SELECT i.batch_number, i.row_no, i.account, i.strategy, i.state, "
             "i.changed_at, i.parameters, i.row_key, 0, 0, '', 0, 0, '0', '0', '', b.day FROM old_instance i "
@@ -75,8 +75,10 @@ QStringList sqliteMigrationFrom(int version)
         return fromVersionOne() + fromVersionTwo();
     case 2:
         return fromVersionTwo();
+    case 3:
+        return stepsToVersionFour() + stepsToVersionFive();
     default:
-        return stepsToVersionFour();
+        return stepsToVersionFive();
     }
 }
 

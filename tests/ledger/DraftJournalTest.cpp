@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonObject>
 
 using namespace ledger;
 
@@ -34,10 +35,11 @@ TEST(DraftJournal, TellsAnotherFileAccountStrategyAndDayApart)
     const DraftJournal journal(home.path());
     const BatchDraft first = sampleDraft(1);
     journal.begin(first, Day);
-    QList<BatchDraft> others{sampleDraft(1), sampleDraft(1), sampleDraft(1)};
+    QList<BatchDraft> others{sampleDraft(1), sampleDraft(1), sampleDraft(1), sampleDraft(1)};
     others[0].fileSha256 = QString(64, QLatin1Char('b'));
     others[1].account = "2001"_s;
     others[2].strategy = "AIVWAP"_s;
+    others[3].fileEdits = {QJsonObject{{"edit"_s, "leaveOut"_s}}};
     for (const BatchDraft& other : others) {
         EXPECT_FALSE(journal.begin(other, Day).value.isRepeated);
     }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QJsonObject>
+
 using namespace ledger;
 
 TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
@@ -35,6 +37,28 @@ TEST(Ledger, KeepsABatchWithItsInstancesLegsAndTable)
     EXPECT_EQ(instances.at(1).legs.first().quantity, 1000);
     EXPECT_EQ(ledger->tableOf(1).value.columns, draft.table.columns);
     EXPECT_EQ(ledger->tableOf(1).value.rows, draft.table.rows);
+}
+
+TEST(Ledger, KeepsWhatWasChangedInTheFileAndEntersIt)
+{
+    SampleLedger ledger;
+    BatchDraft draft = sampleDraft(1);
+    draft.fileEdits = {QJsonObject{{"edit"_s, "leaveOut"_s}, {"lines"_s, QJsonArray{3}}}};
+    ASSERT_EQ(ledger->createBatch(draft).error, QString());
+    ASSERT_EQ(ledger->createBatch(sampleDraft(1)).error, QString());
+    ASSERT_EQ(ledger.reopen(), QString());
+    EXPECT_EQ(ledger->batch(1).value.fileEdits, draft.fileEdits);
+    EXPECT_TRUE(ledger->batch(2).value.fileEdits.isEmpty());
+    const QList<AuditEntry> entries = ledger->audit(0).value;
+    QStringList edits;
+    for (const AuditEntry& entry : entries) {
+        if (entry.what == "edit"_s) {
+            edits.append(entry.subject);
+            EXPECT_TRUE(entry.detail.contains("leaveOut"_s)) << entry.detail.toStdString();
+            EXPECT_TRUE(entry.detail.contains(draft.fileSha256)) << entry.detail.toStdString();
+        }
+    }
+    EXPECT_EQ(edits, QStringList{"1"_s});
 }
 
 TEST(Ledger, KeepsBothLegsOfAPairInTheirOrder)

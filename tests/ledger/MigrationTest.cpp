@@ -162,6 +162,7 @@ TEST(Migration, GivesAnOlderLedgerTodaysIndexesAndDays)
             EXPECT_TRUE(third.run("DROP INDEX "_s + index)) << index.toStdString();
         }
         EXPECT_TRUE(third.run("ALTER TABLE instance DROP COLUMN day"_s));
+        EXPECT_TRUE(third.run("ALTER TABLE batch DROP COLUMN file_edits"_s));
         EXPECT_TRUE(third.run("CREATE INDEX batch_by_state ON batch (state, account, number)"_s));
         EXPECT_TRUE(third.run("CREATE INDEX instance_by_key ON instance (account, row_key, batch_number)"_s));
         EXPECT_TRUE(third.run("UPDATE ledger_number SET value = 3 WHERE name = 'schema_version'"_s));

@@ -109,6 +109,7 @@ TEST(AServersLedger, IsMigratedWhileOthersWorkOnIt)
 const char* const OfVersionThree =
     "DROP INDEX batch_by_session, batch_by_day, batch_by_state, instance_by_key, account_day_by_day; "
     "ALTER TABLE instance DROP COLUMN day; "
+    "ALTER TABLE batch DROP COLUMN file_edits; "
     "CREATE INDEX batch_by_state ON batch (state, account, number); "
     "CREATE INDEX instance_by_key ON instance (account, row_key, batch_number); "
     "UPDATE ledger_number SET value = 3 WHERE name = 'schema_version'";

@@ -15,8 +15,6 @@ namespace {
 
 namespace rule = table::rule;
 
-const QString SpreadsheetDateTimeFormat = QStringLiteral("yyyy-M-dTH:m:s.z");
-
 DataRows dataRows(const table::Table& table)
 {
     return {table.rows.mid(1, table::MostOrders), table.lines.mid(1, table::MostOrders)};
@@ -124,7 +122,7 @@ bool looksLikeCsv(const QString& path)
 
 QString dateTimeFormatOf(const QString& path)
 {
-    return looksLikeCsv(path) ? schema::TypedDateTimeFormat : SpreadsheetDateTimeFormat;
+    return looksLikeCsv(path) ? schema::TypedDateTimeFormat : schema::SheetDateTimeFormat;
 }
 
 } // namespace import

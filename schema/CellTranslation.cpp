@@ -7,12 +7,11 @@
 #include "host/NorvikConstants.h"
 #include "host/SolveyBusinessDataInterface.h"
 #include "schema/DateTimeFormat.h"
+#include "schema/DateTimeText.h"
 #include "schema/Logging.h"
 #include "strategy/ColumnNames.h"
 #include "table/FaultCatalogue.h"
 #include "table/Rules.h"
-
-#include <QDateTime>
 
 namespace schema {
 
@@ -33,11 +32,6 @@ int pricePrecision(const QString& symbol)
     return type == Norvik_Values::MdcSecurityType::FuturesType
                ? FuturesLogicInterface::GetFuturesPricePrecision(symbol)
                : SolveyBusinessDataInterface::GetPricePrecisionBySymbol(symbol, QString());
-}
-
-QString reformatted(const QString& dateTime, const QString& layout)
-{
-    return sentDateTime(QDateTime::fromString(dateTime, layout));
 }
 
 Translation same(const QString& text)
@@ -145,9 +139,9 @@ Translation Translator::line(const strategy::Column& column, const QString& symb
 
 QString sentDateTimeOf(const QString& typed, const QString& dateTimeFormat)
 {
-    QString sent = reformatted(typed, dateTimeFormat);
+    QString sent = sentDateTimeIn(typed, dateTimeFormat);
     if (sent.isEmpty()) {
-        sent = reformatted(typed, TypedDateTimeFormat);
+        sent = sentDateTimeIn(typed, TypedDateTimeFormat);
     }
     qCDebug(lcSchema) << "getDateTime" << typed << dateTimeFormat << sent;
     return sent;

@@ -18,5 +18,7 @@ inline QString sentDateTime(const QDateTime& dateTime)
 
 /// How one is typed: as above, with or without leading zeros.
 inline const QString TypedDateTimeFormat = QStringLiteral("yyyy-M-d H:m:s");
+/// How the table reader gives one of a spreadsheet.
+inline const QString SheetDateTimeFormat = QStringLiteral("yyyy-M-dTH:m:s.z");
 
 } // namespace schema

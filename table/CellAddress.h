@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <string_view>
+
 namespace table {
 
 /// Of a sheet: the last is XFD.
@@ -18,5 +20,6 @@ struct CellPosition {
 
 /// Reads A1, $A$1 or a1. Rows beyond 100,000,000 and columns beyond XFD are no address.
 CellPosition parseCellAddress(const QStringRef& text);
+CellPosition parseCellAddress(std::string_view text);
 
 } // namespace table

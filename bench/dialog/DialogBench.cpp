@@ -5,6 +5,7 @@
 #include "dialog/AlgoBatchImportParamSetting.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "host/ZelTableView.h"
+#include "schema/DateTimeFormat.h"
 #include "tests/support/DialogInspector.h"
 #include "tests/support/SmallMarket.h"
 
@@ -97,6 +98,34 @@ void rowsToRecords(benchmark::State& state)
 BENCHMARK(rowsToRecords)
     ->ArgsProduct({{10, 100, 200, 400, 600, 800, 1000}, {1000}})
     ->ArgsProduct({{1000}, {100, 10000, 20000}})
+    ->Iterations(10)
+    ->Unit(benchmark::kMillisecond);
+
+/// Every row has times of its own, in the layout of a text file or of a spreadsheet: none is remembered from
+/// another row.
+void rowsWithTimesOfTheirOwn(benchmark::State& state)
+{
+    const bool isSheet = state.range(1) != 0;
+    const QString layout = isSheet ? schema::SheetDateTimeFormat : schema::TypedDateTimeFormat;
+    Desk desk(1000);
+    QList<QStringList> rows = desk.rows(int(state.range(0)));
+    const int start = rows.first().indexOf(QStringLiteral("开始时间"));
+    const int end = rows.first().indexOf(QStringLiteral("结束时间"));
+    const QDateTime open(QDate(2024, 3, 5), QTime(9, 30));
+    for (int row = 1; row < rows.size(); ++row) {
+        rows[row][start] = QLocale::c().toString(open.addSecs(row), layout);
+        rows[row][end] = QLocale::c().toString(open.addSecs(3600 + row), layout);
+    }
+    for (auto _ : state) {
+        DialogInspector(*desk.dialog).dateTimeFormat() = layout;
+        const RecordDataList records = imported(desk, rows);
+        if (records.size() != state.range(0)) {
+            state.SkipWithError("rows were lost");
+        }
+    }
+}
+BENCHMARK(rowsWithTimesOfTheirOwn)
+    ->ArgsProduct({{1000}, {0, 1}})
     ->Iterations(10)
     ->Unit(benchmark::kMillisecond);
 

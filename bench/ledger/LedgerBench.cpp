@@ -55,6 +55,21 @@ void undoBatch(benchmark::State& state)
 }
 BENCHMARK(undoBatch)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(10);
 
+void startBatch(benchmark::State& state)
+{
+    const QTemporaryDir home;
+    const auto opened = Ledger::open(Address::ofFile(Ledger::pathIn(home.path())));
+    BatchDraft draft = benchDraft(1000);
+    for (auto _ : state) {
+        state.PauseTiming();
+        draft.id = QUuid::createUuid();
+        const qint64 number = opened.value->createBatch(draft).value.number;
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(opened.value->start({{}, number}));
+    }
+}
+BENCHMARK(startBatch)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(10);
+
 void guardBatch(benchmark::State& state)
 {
     const BatchDraft draft = benchDraft(1000);
@@ -71,16 +86,27 @@ void guardBatch(benchmark::State& state)
 }
 BENCHMARK(guardBatch)->Unit(benchmark::kMillisecond);
 
-void compareBatch(benchmark::State& state)
+void compare(benchmark::State& state, const QStringList& keyColumns)
 {
     const BatchTable before = benchDraft(1000).table;
     BatchTable after = before;
     after.rows.removeAt(3);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(compareTables(before, after, {QStringLiteral("列0")}));
+        benchmark::DoNotOptimize(compareTables(before, after, keyColumns));
     }
 }
+
+void compareBatch(benchmark::State& state)
+{
+    compare(state, {});
+}
 BENCHMARK(compareBatch)->Unit(benchmark::kMillisecond);
+
+void compareBatchByKeys(benchmark::State& state)
+{
+    compare(state, {QStringLiteral("列0")});
+}
+BENCHMARK(compareBatchByKeys)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -88,7 +88,7 @@ void chooseAccount(AlgoBatchImportParamSetting& dialog, SolveyAccountComboBox& a
 RecordDataList importRows(DialogInspector inspector, QList<QStringList> rows, const QString& format)
 {
     inspector.dateTimeFormat() =
-        format == QLatin1String("csv") ? schema::TypedDateTimeFormat : QStringLiteral("yyyy-M-dTH:m:s.z");
+        format == QLatin1String("csv") ? schema::TypedDateTimeFormat : schema::SheetDateTimeFormat;
     RecordDataList records;
     QMap<int, QString> errors;
     const int dataRows = rows.size() - 1;

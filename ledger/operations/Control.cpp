@@ -25,22 +25,25 @@ void cancelWorking(Change& change, const QString& scope)
         choice.condition += QStringLiteral(" AND account = ?");
         choice.values = {scope};
     }
+    choice.isBrief = true;
     QList<Instance> working = selectInstances(change.statements, choice);
     for (Instance& instance : working) {
         instance.state = InstanceState::Stopping;
         instance.isCancelDue = true;
     }
-    updateInstances(change.statements, working, change.at);
+    moveInstances(change.statements, working, change.at);
 }
 
 /// Ends a batch that waited: nothing of it is ever sent.
 void withdrawWaiting(Change& change, const Batch& batch, BatchState state)
 {
-    QList<Instance> instances = selectInstances(change.statements, choiceOf(batch));
+    InstanceChoice choice = choiceOf(batch);
+    choice.isBrief = true;
+    QList<Instance> instances = selectInstances(change.statements, choice);
     for (Instance& instance : instances) {
         instance.state = InstanceState::Withdrawn;
     }
-    updateInstances(change.statements, instances, change.at);
+    moveInstances(change.statements, instances, change.at);
     updateBatchState(change.statements, batch, state);
     operations::releaseDay(change, batch, instances, true);
 }
@@ -87,13 +90,14 @@ QString lapseOf(Change& change, const Waiting& waiting, const Limits& limits)
 
 void startApproved(Change& change, const Batch& batch)
 {
-    QList<Instance> started = selectInstances(
-        change.statements, choiceOf(batch, QStringLiteral("starts_now = 1 AND state = 'created'")));
+    InstanceChoice choice = choiceOf(batch, QStringLiteral("starts_now = 1 AND state = 'created'"));
+    choice.isBrief = true;
+    QList<Instance> started = selectInstances(change.statements, choice);
     const InstanceState state = operations::startedState(change.statements, batch.account);
     for (Instance& instance : started) {
         instance.state = state;
     }
-    updateInstances(change.statements, started, change.at);
+    moveInstances(change.statements, started, change.at);
 }
 
 } // namespace

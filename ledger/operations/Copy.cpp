@@ -3,6 +3,7 @@
 #include "ledger/LedgerCopy.h"
 #include "ledger/LedgerTexts.h"
 #include "ledger/store/AuditTrail.h"
+#include "ledger/store/NewRows.h"
 #include "ledger/store/postgres/ServerTexts.h"
 #include "ledger/store/PostgresStore.h"
 #include "ledger/store/Schema.h"
@@ -22,6 +23,9 @@ const QString Numbers = QStringLiteral("ledger_number");
 /// What a ledger that was ever used holds.
 const QStringList TracesOfUse{QStringLiteral("batch"), QStringLiteral("audit_entry"), QStringLiteral("halt"),
                               QStringLiteral("gateway"), QStringLiteral("stray_report")};
+
+/// Rows go over in pieces of this size.
+constexpr int BytesOfGo = 1 << 20;
 
 /// Rows of a table, whatever their order: the sum of the hashes of all.
 struct TableSum {
@@ -46,18 +50,6 @@ struct TableSum {
     bool operator==(const TableSum& other) const { return rows == other.rows && sum == other.sum; }
 };
 
-/// Texts that are alike where the values are: 10 and 10.00 are the same decimal.
-QStringList comparable(const QStringList& columns, const QVariantList& values)
-{
-    static const QSet<QString> decimals = decimalColumns();
-    QStringList texts;
-    for (int i = 0; i < values.size(); ++i) {
-        texts.append(decimals.contains(columns.at(i)) ? column::decimalOf(values.at(i)).text()
-                                                      : values.at(i).toString());
-    }
-    return texts;
-}
-
 QStringList columnsOf(Statements& statements, const QString& table)
 {
     const QSqlQuery query = statements.select(QStringLiteral("SELECT * FROM %1 LIMIT 0").arg(table));
@@ -68,49 +60,57 @@ QStringList columnsOf(Statements& statements, const QString& table)
     return columns;
 }
 
-/// Reads a table; `take` sees each row.
+/// Decimals have one form, however a store writes them: 10 and 10.00 are the same.
+QString textOf(const QVariant& value, bool isDecimal)
+{
+    return isDecimal ? column::decimalOf(value).text() : value.toString();
+}
+
+/// Reads a table; `take` sees the texts of each row.
 template <typename Take>
 void eachRow(Statements& statements, const QString& table, const QStringList& columns, Take take)
 {
+    static const QSet<QString> decimals = decimalColumns();
     QSqlQuery query =
         statements.select(QStringLiteral("SELECT %1 FROM %2").arg(columns.join(QLatin1Char(',')), table));
     while (statements.next(query)) {
-        QVariantList values;
+        QStringList texts;
         for (int i = 0; i < columns.size(); ++i) {
-            const QVariant value = query.value(i);
-            values.append(value.type() == QVariant::String ? column::text(value.toString()) : value);
+            texts.append(textOf(query.value(i), decimals.contains(columns.at(i))));
         }
-        take(values);
+        take(texts);
     }
 }
 
 /// Copies a table; false where what is read again is not what was written.
-bool copyTable(Statements& from, Statements& to, const QString& table)
+bool copyTable(Statements& from, Statements& to, Store& target, const QString& table)
 {
     const QStringList columns = columnsOf(from, table);
-    const QStringList marks(QVector<QString>(columns.size(), QStringLiteral("?")).toList());
+    NewRows rows(table, columns);
     TableSum written;
-    {
-        QSqlQuery insert =
-            to.prepare(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                           .arg(table, columns.join(QLatin1Char(',')), marks.join(QLatin1Char(','))));
-        eachRow(from, table, columns, [&](const QVariantList& values) {
-            written.add(comparable(columns, values));
-            to.runAgain(insert, values);
-        });
-    }
+    eachRow(from, table, columns, [&](const QStringList& texts) {
+        written.add(texts);
+        for (const QString& text : texts) {
+            rows << text;
+        }
+        if (rows.bytes() >= BytesOfGo) {
+            insertRows(to, target, rows);
+            rows.clear();
+        }
+    });
+    insertRows(to, target, rows);
     TableSum read;
-    eachRow(to, table, columns, [&](const QVariantList& values) { read.add(comparable(columns, values)); });
+    eachRow(to, table, columns, [&](const QStringList& texts) { read.add(texts); });
     return written == read;
 }
 
 /// Counters go over, the schema's version and what a server adds stay.
 void copyNumbers(Statements& from, Statements& to)
 {
-    eachRow(from, Numbers, {QStringLiteral("name"), QStringLiteral("value")}, [&](const QVariantList& row) {
-        if (row.first().toString().startsWith(QLatin1String("last_"))) {
+    eachRow(from, Numbers, {QStringLiteral("name"), QStringLiteral("value")}, [&](const QStringList& row) {
+        if (row.first().startsWith(QLatin1String("last_"))) {
             to.run(QStringLiteral("UPDATE ledger_number SET value = ? WHERE name = ?"),
-                   {row.last(), row.first()});
+                   {row.last().toLongLong(), row.first()});
         }
     });
 }
@@ -125,11 +125,11 @@ bool isUnused(Statements& to)
 }
 
 /// Everything but the tables' rules, which are off meanwhile. Empty, or what is wrong.
-QString carryRows(Statements& from, Statements& to, const QString& target, Copied& copied)
+QString carryRows(Statements& from, Statements& to, Store& target, Copied& copied)
 {
     for (const QString& table : tableNames()) {
-        if (table != Numbers && !copyTable(from, to, table)) {
-            return texts::copyDiffers(target, table);
+        if (table != Numbers && !copyTable(from, to, target, table)) {
+            return texts::copyDiffers(target.name(), table);
         }
     }
     copyNumbers(from, to);
@@ -140,7 +140,7 @@ QString carryRows(Statements& from, Statements& to, const QString& target, Copie
     copied.entries = after.entries;
     copied.head = after.head;
     const bool isSame = before.head == after.head && before.broken == after.broken;
-    return isSame ? QString() : texts::copyDiffers(target, QStringLiteral("audit_entry"));
+    return isSame ? QString() : texts::copyDiffers(target.name(), QStringLiteral("audit_entry"));
 }
 
 /// In open transactions of both.
@@ -151,7 +151,7 @@ QString carry(Store& source, Store& target, Copied& copied)
     QString fault = isUnused(to) ? QString() : texts::targetInUse(target.name());
     QSqlError loading = fault.isEmpty() ? target.beginLoading(tableNames()) : QSqlError();
     if (fault.isEmpty() && !loading.isValid()) {
-        fault = carryRows(from, to, target.name(), copied);
+        fault = carryRows(from, to, target, copied);
         loading = to.failed() ? to.error() : target.endLoading(tableNames());
     }
     if (from.failed()) {

@@ -115,7 +115,7 @@ void insert(Change& change, Batch& batch, const BatchDraft& draft, const Creatio
     insertInstances(change.statements, change.store, batch, draft.instances,
                     waits ? InstanceState::Created
                           : operations::startedState(change.statements, batch.account));
-    insertTable(change.statements, batch, draft.table);
+    insertTable(change.statements, change.store, batch, draft.table);
     if (waits) {
         askForApproval(change, batch, terms);
     }

@@ -10,10 +10,15 @@ namespace ledger {
 
 namespace {
 
+void add(QCryptographicHash& hash, const QByteArray& bytes)
+{
+    hash.addData(QByteArray::number(bytes.size()) + ':');
+    hash.addData(bytes);
+}
+
 void add(QCryptographicHash& hash, const QString& part)
 {
-    const QByteArray bytes = part.toUtf8();
-    hash.addData(QByteArray::number(bytes.size()) + ':' + bytes);
+    add(hash, part.toUtf8());
 }
 
 } // namespace

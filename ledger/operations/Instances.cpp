@@ -5,7 +5,10 @@
 #include "ledger/store/ControlQueries.h"
 #include "ledger/store/InstanceQueries.h"
 
+#include <QHash>
 #include <QJsonObject>
+
+#include <algorithm>
 
 namespace ledger {
 
@@ -22,26 +25,61 @@ enum class Applies {
 /// What an operation makes of an instance, with the sentence for where it makes nothing of it.
 using Rule = std::function<Applies(Instance& instance, QString& objection)>;
 
+/// Those of one batch, without their parameters.
+InstanceChoice briefChoice(const Batch& batch, const QString& condition = {}, const QVariantList& values = {})
+{
+    InstanceChoice choice = choiceOf(batch, condition, values);
+    choice.isBrief = true;
+    return choice;
+}
+
+QHash<int, Instance> rowsBetween(Change& change, const Batch& batch, int first, int last)
+{
+    const QList<Instance> found = selectInstances(
+        change.statements, briefChoice(batch, QStringLiteral("row_no BETWEEN ? AND ?"), {first, last}));
+    QHash<int, Instance> rows;
+    for (const Instance& instance : found) {
+        rows.insert(instance.id.row, instance);
+    }
+    return rows;
+}
+
+/// In the order of their names; an error where one does not exist.
+Outcome<QList<Instance>> named(Change& change, const QList<InstanceId>& ids)
+{
+    QMap<qint64, QVector<int>> rowsOf;
+    for (const InstanceId& id : ids) {
+        rowsOf[id.batch].append(id.row);
+    }
+    QHash<qint64, QHash<int, Instance>> found;
+    for (auto batch = rowsOf.cbegin(); batch != rowsOf.cend(); ++batch) {
+        const auto [first, last] = std::minmax_element(batch->begin(), batch->end());
+        const std::optional<Batch> ofThese = selectBatch(change.statements, batch.key());
+        found[batch.key()] = ofThese ? rowsBetween(change, *ofThese, *first, *last) : QHash<int, Instance>();
+    }
+    QList<Instance> instances;
+    for (const InstanceId& id : ids) {
+        if (!found[id.batch].contains(id.row)) {
+            return {{}, texts::noSuchInstance(id.text())};
+        }
+        instances.append(found[id.batch][id.row]);
+    }
+    return {instances, QString()};
+}
+
 /// The instances of a selection; an error where one of those named does not exist.
 Outcome<QList<Instance>> selected(Change& change, const Selection& selection)
 {
-    QList<Instance> instances;
-    if (selection.batch) {
-        const Outcome<Batch> batch = operations::batchNumbered(change, *selection.batch);
-        if (!batch.ok()) {
-            return {{}, batch.error};
-        }
-        instances = selectInstances(change.statements, choiceOf(batch.value));
+    const Outcome<QList<Instance>> ofNames = named(change, selection.ids);
+    if (!selection.batch || !ofNames.ok()) {
+        return ofNames;
     }
-    operations::AccountsOfBatches accounts(change.statements);
-    for (const InstanceId& id : selection.ids) {
-        const std::optional<Instance> found = selectInstance(change.statements, id, accounts.of(id.batch));
-        if (!found) {
-            return {{}, texts::noSuchInstance(id.text())};
-        }
-        instances.append(*found);
-    }
-    return {instances, QString()};
+    const Outcome<Batch> batch = operations::batchNumbered(change, *selection.batch);
+    return batch.ok()
+               ? Outcome<QList<Instance>>{selectInstances(change.statements, briefChoice(batch.value)) +
+                                              ofNames.value,
+                                          QString()}
+               : Outcome<QList<Instance>>{{}, batch.error};
 }
 
 QString forbidden(const Instance& instance, InstanceState after)
@@ -76,7 +114,7 @@ Outcome<ChangedList> apply(Change& change, const Selection& selection, const QSt
     if (!found.ok() || changed.isEmpty()) {
         return {answers, found.error};
     }
-    updateInstances(change.statements, changed, change.at);
+    moveInstances(change.statements, changed, change.at);
     for (auto batch = withdrawn.cbegin(); batch != withdrawn.cend(); ++batch) {
         const std::optional<Batch> ofThese =
             selectBatch(change.statements, batch.key(), batch->first().account);
@@ -119,16 +157,48 @@ bool takeBack(Instance& instance)
     }
 }
 
-/// Why nothing of a batch may be started; empty where it may.
-QString startObjection(Change& change, const Instance& instance)
+/// What starting instances needs to know of their batches, asked for once each.
+class Starting {
+public:
+    explicit Starting(Change& change) : mChange(change) {}
+
+    /// Why nothing of its batch may be started; empty where it may.
+    QString objectionTo(const Instance& instance) { return ofBatch(instance).objection; }
+    InstanceState stateOf(const Instance& instance) { return ofBatch(instance).state; }
+
+private:
+    struct Known {
+        QString objection;
+        InstanceState state;
+    };
+
+    const Known& ofBatch(const Instance& instance);
+    QString objectionToBatch(const Instance& instance) const;
+
+    Change& mChange;
+    QHash<qint64, Known> mBatches;
+};
+
+const Starting::Known& Starting::ofBatch(const Instance& instance)
 {
-    const std::optional<Batch> batch = selectBatch(change.statements, instance.id.batch, instance.account);
+    auto known = mBatches.find(instance.id.batch);
+    if (known == mBatches.end()) {
+        known = mBatches.insert(
+            instance.id.batch,
+            {objectionToBatch(instance), operations::startedState(mChange.statements, instance.account)});
+    }
+    return *known;
+}
+
+QString Starting::objectionToBatch(const Instance& instance) const
+{
+    const std::optional<Batch> batch = selectBatch(mChange.statements, instance.id.batch, instance.account);
     const bool stands =
         batch && (batch->state == BatchState::Created || batch->state == BatchState::PartlyReversed);
     if (!stands) {
         return texts::notYetApproved(instance.id.batch, shownName(batch ? batch->state : BatchState::Lapsed));
     }
-    const QList<Halt> halts = selectHalts(change.statements, instance.account);
+    const QList<Halt> halts = selectHalts(mChange.statements, instance.account);
     return halts.isEmpty() ? QString()
                            : texts::haltOf(instance.account, halts.first().reason, halts.first().by);
 }
@@ -181,13 +251,14 @@ bool isSettlement(InstanceState state)
 Outcome<QList<ChangedInstance>> Ledger::start(const Selection& selection)
 {
     return mCore->change<ChangedList>([&](Change& change) {
+        Starting starting(change);
         return apply(change, selection, QStringLiteral("start"), [&](Instance& instance, QString& objection) {
             if (instance.state != InstanceState::Created) {
                 objection = forbidden(instance, InstanceState::Running);
                 return Applies::Not;
             }
-            objection = startObjection(change, instance);
-            instance.state = operations::startedState(change.statements, instance.account);
+            objection = starting.objectionTo(instance);
+            instance.state = starting.stateOf(instance);
             return objection.isEmpty() ? Applies::Yes : Applies::Forbidden;
         });
     });
@@ -250,7 +321,7 @@ Outcome<UndoReport> Ledger::undo(qint64 batchNumber)
         if (!batch.ok()) {
             return Outcome<UndoReport>{{}, batch.error};
         }
-        UndoSort sort = sortForUndo(selectInstances(change.statements, choiceOf(batch.value)));
+        UndoSort sort = sortForUndo(selectInstances(change.statements, briefChoice(batch.value)));
         sort.report.batch = batchNumber;
         const bool wasTakenBack = batch.value.state == BatchState::Withdrawn ||
                                   batch.value.state == BatchState::Refused ||
@@ -261,7 +332,7 @@ Outcome<UndoReport> Ledger::undo(qint64 batchNumber)
         if (sort.changed.isEmpty() && sort.report.state == batch.value.state) {
             return Outcome<UndoReport>{sort.report, QString()};
         }
-        updateInstances(change.statements, sort.changed, change.at);
+        moveInstances(change.statements, sort.changed, change.at);
         updateBatchState(change.statements, batch.value, sort.report.state);
         operations::releaseDay(change, batch.value, sort.withdrawn,
                                sort.report.state == BatchState::Withdrawn && !wasTakenBack);

@@ -1,6 +1,7 @@
 #include "ledger/store/BatchQueries.h"
 
 #include "ledger/store/JsonText.h"
+#include "ledger/store/NewRows.h"
 
 #include <QMap>
 
@@ -212,15 +213,16 @@ void insertBatch(Statements& statements, const Batch& batch)
          column::text(batch.fileName), column::text(batch.fileSha256), column::text(batch.strategy),
          batch.rowCount, column::decimal(batch.expectedBuy), column::decimal(batch.expectedSell),
          column::time(batch.createdAt), exchangeDay(batch.createdAt).toString(Qt::ISODate),
-         column::text(batch.createdBy), nameOf(batch.state), column::text(jsonText(batch.fileEdits))});
+         column::text(batch.createdBy), nameOf(batch.state), column::text(QString::fromUtf8(jsonText(batch.fileEdits)))});
 }
 
-void insertTable(Statements& statements, const Batch& batch, const BatchTable& table)
+void insertTable(Statements& statements, Store& store, const Batch& batch, const BatchTable& table)
 {
-    statements.run(
-        QStringLiteral("INSERT INTO batch_table (batch_number, account, column_names, row_texts) "
-                       "VALUES (?, ?, ?, ?)"),
-        {batch.number, column::text(batch.account), jsonText(table.columns), jsonText(table.rows)});
+    NewRows rows(QStringLiteral("batch_table"),
+                 {QStringLiteral("batch_number"), QStringLiteral("account"), QStringLiteral("column_names"),
+                  QStringLiteral("row_texts")});
+    rows << batch.number << batch.account << jsonText(table.columns) << jsonText(table.rows);
+    insertRows(statements, store, rows);
 }
 
 void updateBatchState(Statements& statements, const Batch& batch, BatchState state)

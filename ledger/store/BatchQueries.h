@@ -23,7 +23,7 @@ std::optional<BatchTable> selectTable(Statements& statements, const Batch& batch
 /// The next value of a counter of the ledger; from here to the end of the transaction nobody else gets one.
 qint64 takeNumber(Statements& statements, const QString& name);
 void insertBatch(Statements& statements, const Batch& batch);
-void insertTable(Statements& statements, const Batch& batch, const BatchTable& table);
+void insertTable(Statements& statements, Store& store, const Batch& batch, const BatchTable& table);
 void updateBatchState(Statements& statements, const Batch& batch, BatchState state);
 
 /// Of that account and day; without a row nothing was done.

@@ -1,8 +1,12 @@
 #include "ledger/store/InstanceQueries.h"
 
 #include "ledger/store/JsonText.h"
+#include "ledger/store/NewRows.h"
+#include "ledger/values/ExchangeTime.h"
 
 #include <QHash>
+
+#include <tuple>
 
 namespace ledger {
 
@@ -16,7 +20,8 @@ Instance instanceOf(const QSqlQuery& row)
     instance.strategy = row.value(3).toString();
     instance.state = instanceStateNamed(row.value(4).toString());
     instance.changedAt = column::timeOf(row.value(5));
-    instance.parameters = objectIn(row.value(6).toString());
+    const QString parameters = row.value(6).toString();
+    instance.parameters = parameters.isEmpty() ? QMap<QString, QVariant>() : objectIn(parameters);
     instance.startsNow = row.value(7).toInt() != 0;
     instance.isTakenBack = row.value(8).toInt() != 0;
     instance.clOrdId = row.value(9).toString();
@@ -87,36 +92,9 @@ void updateLegs(Statements& statements, const Instance& instance)
     }
 }
 
-// What all rows of a batch have in common comes from its own row, and not a thousand times from here.
-
-constexpr int CellsOfInstance = 5;
-
-QString insertionOfInstances()
+QStringList columnsOf(const char* names)
 {
-    return QStringLiteral(
-        "WITH added (row_no, state, parameters, row_key, starts_now) AS (VALUES %1) "
-        "INSERT INTO instance (batch_number, row_no, account, strategy, state, changed_at, parameters, "
-        "row_key, starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason, day) "
-        "SELECT b.number, CAST(a.row_no AS INTEGER), b.account, b.strategy, a.state, b.created_at, "
-        "CAST(a.parameters AS TEXT), a.row_key, CAST(a.starts_now AS INTEGER), 0, '', 0, 0, 0, 0, '', b.day "
-        "FROM added a CROSS JOIN batch b WHERE b.number = ? AND b.account = ?");
-}
-
-constexpr int CellsOfLeg = 8;
-
-QString insertionOfLegs(const QString& decimalType)
-{
-    return QStringLiteral(
-               "WITH added (row_no, leg_no, symbol, exchange, direction, quantity, limit_price, amount) "
-               "AS (VALUES %1) "
-               "INSERT INTO instance_leg (batch_number, row_no, leg_no, account, symbol, exchange, "
-               "direction, "
-               "quantity, limit_price, amount, filled, average) "
-               "SELECT b.number, CAST(a.row_no AS INTEGER), CAST(a.leg_no AS INTEGER), b.account, a.symbol, "
-               "a.exchange, a.direction, CAST(a.quantity AS @), CAST(a.limit_price AS @), "
-               "CAST(a.amount AS @), 0, 0 "
-               "FROM added a CROSS JOIN batch b WHERE b.number = ? AND b.account = ?")
-        .replace(QLatin1Char('@'), decimalType);
+    return QString::fromLatin1(names).split(QLatin1Char(' '));
 }
 
 } // namespace
@@ -124,9 +102,9 @@ QString insertionOfLegs(const QString& decimalType)
 QList<Instance> selectInstances(Statements& statements, const InstanceChoice& choice)
 {
     QString text =
-        QStringLiteral("SELECT batch_number, row_no, account, strategy, state, changed_at, parameters, "
-                       "starts_now, taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason "
-                       "FROM instance ");
+        QStringLiteral("SELECT batch_number, row_no, account, strategy, state, changed_at, %1, starts_now, "
+                       "taken_back, cl_ord_id, cancels, cancel_due, filled, average, reason FROM instance ")
+            .arg(choice.isBrief ? QStringLiteral("''") : QStringLiteral("parameters"));
     text += choice.condition.isEmpty() ? QString() : QLatin1String("WHERE ") + choice.condition;
     text += choice.isNewestFirst ? QStringLiteral(" ORDER BY batch_number DESC, row_no")
                                  : QStringLiteral(" ORDER BY batch_number, row_no");
@@ -189,29 +167,32 @@ QMap<qint64, QMap<InstanceState, qint64>> countStatesOf(Statements& statements, 
     return counts;
 }
 
-void insertInstances(Statements& statements, const Store& store, const Batch& batch,
+void insertInstances(Statements& statements, Store& store, const Batch& batch,
                      const QList<InstanceDraft>& instances, InstanceState ofStarted)
 {
-    QVector<QVariant> rows;
-    QVector<QVariant> legs;
-    rows.reserve(instances.size() * CellsOfInstance);
-    legs.reserve(instances.size() * CellsOfLeg);
+    NewRows rows(
+        QStringLiteral("instance"),
+        columnsOf("batch_number row_no account strategy state changed_at parameters row_key starts_now "
+                  "taken_back cl_ord_id cancels cancel_due filled average reason day"));
+    NewRows legs(QStringLiteral("instance_leg"),
+                 columnsOf("batch_number row_no leg_no account symbol exchange direction quantity "
+                           "limit_price amount filled average"));
+    const QString day = exchangeDay(batch.createdAt).toString(Qt::ISODate);
     int row = 0;
     for (const InstanceDraft& instance : instances) {
-        ++row;
-        rows << row << (instance.startsNow ? nameOf(ofStarted) : nameOf(InstanceState::Created))
-             << store.longText(jsonText(instance.parameters)) << rowKey(batch.strategy, instance)
-             << (instance.startsNow ? 1 : 0);
+        const InstanceState state = instance.startsNow ? ofStarted : InstanceState::Created;
+        rows << batch.number << ++row << batch.account << batch.strategy << nameOf(state)
+             << batch.createdAt.toMSecsSinceEpoch() << jsonText(instance.parameters)
+             << rowKey(batch.strategy, instance) << instance.startsNow << 0 << QString() << 0 << 0 << 0 << 0
+             << QString() << day;
         int number = 0;
         for (const Leg& leg : instance.legs) {
-            legs << row << ++number << column::text(leg.symbol) << column::text(leg.exchange)
-                 << column::text(leg.direction) << column::decimal(leg.quantity)
-                 << column::decimal(leg.limitPrice) << column::decimal(leg.amount);
+            legs << batch.number << row << ++number << batch.account << leg.symbol << leg.exchange
+                 << leg.direction << leg.quantity << leg.limitPrice << leg.amount << 0 << 0;
         }
     }
-    const QVariantList key{batch.number, column::text(batch.account)};
-    statements.runForRows(insertionOfInstances(), rows, CellsOfInstance, key);
-    statements.runForRows(insertionOfLegs(store.decimalType()), legs, CellsOfLeg, key);
+    insertRows(statements, store, rows);
+    insertRows(statements, store, legs);
 }
 
 void updateInstances(Statements& statements, const QList<Instance>& changed, const QDateTime& now)
@@ -229,6 +210,28 @@ void updateInstances(Statements& statements, const QList<Instance>& changed, con
         if (instance.legs.size() > 1) {
             updateLegs(statements, instance);
         }
+    }
+}
+
+void moveInstances(Statements& statements, const QList<Instance>& moved, const QDateTime& now)
+{
+    const auto isLike = [](const Instance& one, const Instance& other) {
+        return std::tie(one.id.batch, one.account, one.state, one.isTakenBack, one.isCancelDue) ==
+               std::tie(other.id.batch, other.account, other.state, other.isTakenBack, other.isCancelDue);
+    };
+    int first = 0;
+    for (int end = 1; end <= moved.size(); ++end) {
+        const Instance& last = moved.at(end - 1);
+        if (end < moved.size() && isLike(last, moved.at(end)) && moved.at(end).id.row == last.id.row + 1) {
+            continue;
+        }
+        statements.run(QStringLiteral("UPDATE instance SET state = ?, changed_at = ?, taken_back = ?, "
+                                      "cancel_due = ? "
+                                      "WHERE batch_number = ? AND row_no BETWEEN ? AND ? AND account = ?"),
+                       {nameOf(last.state), column::time(now), last.isTakenBack ? 1 : 0,
+                        last.isCancelDue ? 1 : 0, last.id.batch, moved.at(first).id.row, last.id.row,
+                        column::text(last.account)});
+        first = end;
     }
 }
 

@@ -13,7 +13,8 @@ struct InstanceChoice {
     QString condition;
     QVariantList values;
     bool isNewestFirst = false;
-    int most = 0; ///< 0: all
+    int most = 0;         ///< 0: all
+    bool isBrief = false; ///< without their parameters, which cost more than all else of them
 };
 
 /// Those of a batch to which a further condition applies.
@@ -27,9 +28,12 @@ QMap<InstanceState, qint64> countStates(Statements& statements, const std::optio
 QMap<qint64, QMap<InstanceState, qint64>> countStatesOf(Statements& statements, const QList<qint64>& batches);
 
 /// All rows of a batch that was inserted.
-void insertInstances(Statements& statements, const Store& store, const Batch& batch,
+void insertInstances(Statements& statements, Store& store, const Batch& batch,
                      const QList<InstanceDraft>& instances, InstanceState ofStarted);
 /// Writes down whatever may have changed: state, order identifier, fills, reason, wishes; of `changed` all.
 void updateInstances(Statements& statements, const QList<Instance>& changed, const QDateTime& now);
+/// Writes down what a person or the desk makes of instances, state and wishes: rows in a row that became
+/// alike by one statement.
+void moveInstances(Statements& statements, const QList<Instance>& moved, const QDateTime& now);
 
 } // namespace ledger

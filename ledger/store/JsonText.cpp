@@ -1,5 +1,7 @@
 #include "ledger/store/JsonText.h"
 
+#include "ledger/store/Utf8.h"
+
 #include <rapidjson/encodings.h>
 #include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
@@ -15,81 +17,129 @@ namespace ledger {
 
 namespace {
 
-// From UTF-16 to UTF-16: a text is copied character by character, and nothing on the way is translated.
-using Encoding = rapidjson::UTF16<char16_t>;
-using Buffer = rapidjson::GenericStringBuffer<Encoding>;
-using Writer = rapidjson::Writer<Buffer, Encoding, Encoding>;
+/// rapidjson's writer, but for texts, which it would take apart and put together again character by
+/// character: most of what a batch costs is the texts of its parameters.
+class Writer : public rapidjson::Writer<rapidjson::StringBuffer> {
+public:
+    using rapidjson::Writer<rapidjson::StringBuffer>::Writer;
 
-const char16_t* charactersOf(const QString& text)
-{
-    return reinterpret_cast<const char16_t*>(text.utf16());
-}
-
-QString textIn(const Buffer& buffer)
-{
-    return QString(reinterpret_cast<const QChar*>(buffer.GetString()),
-                   static_cast<int>(buffer.GetSize() / sizeof(char16_t)));
-}
-
-void write(Writer& writer, const QString& text)
-{
-    writer.String(charactersOf(text), static_cast<rapidjson::SizeType>(text.size()));
-}
-
-void write(Writer& writer, const QStringList& texts)
-{
-    writer.StartArray();
-    for (const QString& text : texts) {
-        write(writer, text);
+    void text(const QString& text)
+    {
+        Prefix(rapidjson::kStringType);
+        const size_t most = 2 + static_cast<size_t>(text.size()) * LongestEscape;
+        char* const begin = os_->Push(most);
+        os_->Pop(most - static_cast<size_t>(encode(text, begin) - begin));
+        EndValue(true);
     }
-    writer.EndArray();
+
+private:
+    static constexpr size_t LongestEscape = 6; // \u0001
+
+    static char* encode(const QString& text, char* to);
+    static char* escape(ushort unit, char* to);
+};
+
+char* Writer::encode(const QString& text, char* to)
+{
+    *to++ = '"';
+    const QChar* const end = text.cend();
+    for (const QChar* at = text.cbegin(); at != end;) {
+        const ushort unit = at->unicode();
+        if (unit >= 0x80) {
+            to = encodeWide(at, end, to);
+            continue;
+        }
+        ++at;
+        if (unit < u' ' || unit == u'"' || unit == u'\\') {
+            to = escape(unit, to);
+        } else {
+            *to++ = static_cast<char>(unit);
+        }
+    }
+    *to++ = '"';
+    return to;
 }
 
-void write(Writer& writer, const QMap<QString, QVariant>& object);
+char* Writer::escape(ushort unit, char* to)
+{
+    static const char letters[] = "uuuuuuuubtnufruuuuuuuuuuuuuuuuuu"; // by control character
+    static const char digits[] = "0123456789ABCDEF";
+    const char letter = unit < u' ' ? letters[unit] : static_cast<char>(unit);
+    *to++ = '\\';
+    *to++ = letter;
+    if (letter == 'u') {
+        for (int shift = 12; shift >= 0; shift -= 4) {
+            *to++ = digits[unit >> shift & 0xF];
+        }
+    }
+    return to;
+}
+
+/// Writes one text of JSON.
+class Composer {
+public:
+    template <typename Value> QByteArray textOf(const Value& value)
+    {
+        write(value);
+        return QByteArray(mBuffer.GetString(), static_cast<int>(mBuffer.GetSize()));
+    }
+
+private:
+    void write(const QString& text) { mWriter.text(text); }
+    template <typename Element> void write(const QList<Element>& list);
+    void write(const QMap<QString, QVariant>& object);
+    void write(const QVariant& value);
+    void writeOther(const QVariant& value);
+
+    rapidjson::StringBuffer mBuffer;
+    Writer mWriter{mBuffer};
+};
+
+template <typename Element> void Composer::write(const QList<Element>& list)
+{
+    mWriter.StartArray();
+    for (const Element& element : list) {
+        write(element);
+    }
+    mWriter.EndArray();
+}
 
 /// Numbers and what is rare, as Qt writes it.
-void writeOther(Writer& writer, const QVariant& value)
+void Composer::writeOther(const QVariant& value)
 {
     const QByteArray array =
         QJsonDocument(QJsonArray{QJsonValue::fromVariant(value)}).toJson(QJsonDocument::Compact);
-    const QString text = QString::fromUtf8(array.mid(1, array.size() - 2));
-    writer.RawValue(charactersOf(text), static_cast<size_t>(text.size()), rapidjson::kNumberType);
+    mWriter.RawValue(array.constData() + 1, static_cast<size_t>(array.size() - 2), rapidjson::kNumberType);
 }
 
-void write(Writer& writer, const QVariant& value)
+void Composer::write(const QVariant& value)
 {
     switch (value.userType()) {
     case QMetaType::QString:
-        write(writer, value.toString());
+        write(value.toString());
         break;
     case QMetaType::QStringList:
-        write(writer, value.toStringList());
+        write<QString>(value.toStringList());
         break;
     case QMetaType::QVariantMap:
-        write(writer, value.toMap());
+        write(value.toMap());
         break;
-    case QMetaType::QVariantList: {
-        writer.StartArray();
-        const QVariantList elements = value.toList();
-        for (const QVariant& element : elements) {
-            write(writer, element);
-        }
-        writer.EndArray();
+    case QMetaType::QVariantList:
+        write(value.toList());
         break;
-    }
     default:
-        writeOther(writer, value);
+        writeOther(value);
     }
 }
 
-void write(Writer& writer, const QMap<QString, QVariant>& object)
+void Composer::write(const QMap<QString, QVariant>& object)
 {
-    writer.StartObject();
+    mWriter.StartObject();
     for (auto member = object.cbegin(); member != object.cend(); ++member) {
-        write(writer, member.key());
-        write(writer, member.value());
+        write(member.key());
+        write(member.value());
     }
-    writer.EndObject();
+    mWriter.EndObject();
 }
 
 QStringList textsOf(const QJsonArray& array)
@@ -100,6 +150,9 @@ QStringList textsOf(const QJsonArray& array)
     }
     return texts;
 }
+
+// Read from UTF-16, as a column gives it.
+using Encoding = rapidjson::UTF16<char16_t>;
 
 /// Makes of an object what QJsonObject::toVariantMap() would: a whole number is a qlonglong where it fits.
 class MapBuilder : public rapidjson::BaseReaderHandler<Encoding, MapBuilder> {
@@ -180,49 +233,33 @@ private:
     QVector<Level> mOpen;
 };
 
-template <typename Value> QString textOf(const Value& value)
-{
-    Buffer buffer;
-    Writer writer(buffer);
-    write(writer, value);
-    return textIn(buffer);
-}
-
 } // namespace
 
-QString jsonText(const QMap<QString, QVariant>& object)
+QByteArray jsonText(const QMap<QString, QVariant>& object)
 {
-    return textOf(object);
+    return Composer().textOf(object);
 }
 
-QString jsonText(const QStringList& texts)
+QByteArray jsonText(const QStringList& texts)
 {
-    return textOf(texts);
+    return Composer().textOf<QList<QString>>(texts);
 }
 
-QString jsonText(const QList<QStringList>& rows)
+QByteArray jsonText(const QList<QStringList>& rows)
 {
-    Buffer buffer;
-    Writer writer(buffer);
-    writer.StartArray();
-    for (const QStringList& row : rows) {
-        write(writer, row);
-    }
-    writer.EndArray();
-    return textIn(buffer);
+    return Composer().textOf(rows);
 }
 
-QString jsonText(const QJsonArray& array)
+QByteArray jsonText(const QJsonArray& array)
 {
-    return array.isEmpty() ? QString()
-                           : QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact));
+    return array.isEmpty() ? QByteArray() : QJsonDocument(array).toJson(QJsonDocument::Compact);
 }
 
 QMap<QString, QVariant> objectIn(const QString& json)
 {
     constexpr unsigned Exactly = rapidjson::kParseFullPrecisionFlag;
     constexpr unsigned HoweverDeep = rapidjson::kParseIterativeFlag;
-    rapidjson::GenericStringStream<Encoding> characters(charactersOf(json));
+    rapidjson::GenericStringStream<Encoding> characters(reinterpret_cast<const char16_t*>(json.utf16()));
     rapidjson::GenericReader<Encoding, Encoding> reader;
     MapBuilder builder;
     return reader.Parse<Exactly | HoweverDeep>(characters, builder) ? builder.map : QVariantMap();

@@ -6,14 +6,14 @@
 #include <QStringList>
 #include <QVariant>
 
-/// JSON as columns hold it, without blanks.
+/// JSON as columns hold it, without blanks, in UTF-8.
 namespace ledger {
 
-QString jsonText(const QMap<QString, QVariant>& object);
-QString jsonText(const QStringList& texts);
-QString jsonText(const QList<QStringList>& rows);
+QByteArray jsonText(const QMap<QString, QVariant>& object);
+QByteArray jsonText(const QStringList& texts);
+QByteArray jsonText(const QList<QStringList>& rows);
 /// Empty for an empty one.
-QString jsonText(const QJsonArray& array);
+QByteArray jsonText(const QJsonArray& array);
 
 QMap<QString, QVariant> objectIn(const QString& json);
 QStringList textsIn(const QString& json);

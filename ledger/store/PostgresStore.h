@@ -33,8 +33,8 @@ public:
     QString settle() override;
     Failure failureOf(const QSqlError& error) const override;
     QString sentenceFor(const QSqlError& error) const override;
+    QSqlError insertRows(const NewRows& rows) override;
     QString decimalType() const override { return QStringLiteral("NUMERIC"); }
-    QVariant longText(const QString& text) const override { return column::text(text); }
     QString listOf(const QString& column) const override
     {
         return QStringLiteral("string_agg(%1::text, ',')").arg(column);

@@ -376,8 +376,9 @@ QString SqliteStore::configure() const
         QStringLiteral("PRAGMA synchronous = FULL"),
         // some ten large batches, so that not every other one waits for the log to be moved
         QStringLiteral("PRAGMA wal_autocheckpoint = 4000"),
-        // KiB: a large batch is written once, and not also when half of it has filled the cache
-        QStringLiteral("PRAGMA cache_size = -8192")};
+        // KiB: a large batch is written once, and not also when half of it has filled the cache; and of the
+        // index of rows the pages of today are there
+        QStringLiteral("PRAGMA cache_size = -32768")};
     if (Statements(database()).single(QStringLiteral("PRAGMA application_id")).toInt() != ApplicationId) {
         statements.append(QStringLiteral("PRAGMA application_id = %1").arg(ApplicationId));
     }

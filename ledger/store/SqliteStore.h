@@ -25,9 +25,8 @@ public:
     QString settle() override;
     Failure failureOf(const QSqlError& error) const override;
     QString sentenceFor(const QSqlError& error) const override;
+    QSqlError insertRows(const NewRows& rows) override;
     QString decimalType() const override { return QStringLiteral("TEXT"); }
-    /// Bytes that are cast are taken as they are; a text would be translated character by character.
-    QVariant longText(const QString& text) const override { return text.toUtf8(); }
     QString listOf(const QString& column) const override
     {
         return QStringLiteral("group_concat(%1)").arg(column);

@@ -115,6 +115,13 @@ void Statements::note(const QSqlError& error)
     }
 }
 
+void Statements::fail(const QSqlError& error)
+{
+    if (!failed() && error.isValid()) {
+        note(error);
+    }
+}
+
 void Statements::fail(const QString& reason)
 {
     if (!failed()) {

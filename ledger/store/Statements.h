@@ -50,6 +50,8 @@ public:
     QVariant single(const QString& statement, const QVariantList& values = {});
     /// Rows that the last run() or runAgain() changed.
     int changed() const { return mChanged; }
+    /// Notes an error of a statement that ran elsewhere; of several the first stays.
+    void fail(const QSqlError& error);
     /// Notes an error that is none of the database: what it holds cannot be.
     void fail(const QString& reason);
     /// Prepares a statement that runs many times with runAgain().

@@ -15,6 +15,8 @@
 /// standard SQL (Statements.h) and run on either.
 namespace ledger {
 
+class NewRows;
+
 /// Accounts that one gateway serves, while it lives. The store's lock ends with the process.
 class AccountClaim {
 public:
@@ -66,10 +68,11 @@ public:
     virtual Failure failureOf(const QSqlError& error) const = 0;
     virtual QString sentenceFor(const QSqlError& error) const = 0;
 
+    /// Inserts rows into a table, as fast as the store can.
+    virtual QSqlError insertRows(const NewRows& rows) = 0;
+
     /// The type of a column of exact decimals.
     virtual QString decimalType() const = 0;
-    /// A long text as it goes to the store fastest; the statement casts it to TEXT.
-    virtual QVariant longText(const QString& text) const = 0;
     /// An aggregate: the whole numbers of a column as one text, with commas between them.
     virtual QString listOf(const QString& column) const = 0;
     /// Behind a SELECT of rows that the transaction is about to change.

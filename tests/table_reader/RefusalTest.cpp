@@ -230,7 +230,7 @@ TEST(DamagedParts, AreInAnEncodingWithoutAscii)
 
 TEST(DamagedParts, NameThePartLineAndColumn)
 {
-    EXPECT_EQ("! 文件已损坏，无法读取：部件xl/s.xml第2行第4列不是有效的XML",
+    EXPECT_EQ("! 文件已损坏，无法读取：部件xl/s.xml第2行第3列不是有效的XML",
               shown(withSheet("<worksheet " + SheetNamespace + ">\n</a>")));
     EXPECT_EQ("! 文件已损坏，无法读取：部件xl/s.xml的内容与其用途不符", shown(withSheet("<worksheet/>")));
 }

@@ -18,7 +18,7 @@ constexpr XmlNamespace Manifest = {latin1("urn:oasis:names:tc:opendocument:xmlns
 constexpr QLatin1String CalcExtension =
     latin1("urn:org:documentfoundation:names:experimental:calc:xmlns:calcext:1.0");
 
-inline QStringRef value(const QXmlStreamAttributes& attributes, const XmlNamespace& space, const char* name)
+inline QStringRef value(const XmlAttributes& attributes, const XmlNamespace& space, const char* name)
 {
     return attributes.value(space.usual, QLatin1String(name));
 }

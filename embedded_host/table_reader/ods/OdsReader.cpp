@@ -32,7 +32,7 @@ ManifestFacts readManifest(ZipArchive& archive, QString& error)
     }
     part.begin(ods::Manifest, QLatin1String("manifest"));
     while (!part.hasError() && part.nextChild()) {
-        const QXmlStreamAttributes attributes = part.attributes();
+        const XmlAttributes attributes = part.attributes();
         if (value(attributes, ods::Manifest, "full-path") == QLatin1String("/")) {
             facts.type = value(attributes, ods::Manifest, "media-type").toString();
         }
@@ -59,7 +59,7 @@ public:
 private:
     void readBody(XmlPart& part, table::Table& table);
     void readSheets(XmlPart& part, table::Table& table);
-    bool isWanted(const QXmlStreamAttributes& attributes) const;
+    bool isWanted(const XmlAttributes& attributes) const;
 
     const ReadOptions& mOptions;
     int mWanted;
@@ -109,7 +109,7 @@ void OdsContent::readSheets(XmlPart& part, table::Table& table)
             part.skip();
             continue;
         }
-        const QXmlStreamAttributes attributes = part.attributes();
+        const XmlAttributes attributes = part.attributes();
         if (!isWanted(attributes)) {
             part.skip();
         } else {
@@ -126,7 +126,7 @@ void OdsContent::readSheets(XmlPart& part, table::Table& table)
     }
 }
 
-bool OdsContent::isWanted(const QXmlStreamAttributes& attributes) const
+bool OdsContent::isWanted(const XmlAttributes& attributes) const
 {
     if (mFound) {
         return false;

@@ -8,10 +8,10 @@
 #include "embedded_host/table_reader/shared/NumberText.h"
 
 #include <QRegularExpression>
-#include <QSet>
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace table_reader {
 namespace {
@@ -21,19 +21,18 @@ using ods::value;
 constexpr double DaySeconds = 24 * 60 * 60;
 
 /// Of a row or a column: neither folded away by hand nor by a filter.
-bool isVisible(const QXmlStreamAttributes& attributes)
+bool isVisible(const XmlAttributes& attributes)
 {
     const QStringRef visibility = value(attributes, ods::TableSpace, "visibility");
     return visibility.isEmpty() || visibility == QLatin1String("visible");
 }
 
-bool isGroup(const QStringRef& name)
+bool isGroup(std::string_view name)
 {
-    static const QSet<QString> groups = {
-        QStringLiteral("table-row-group"),   QStringLiteral("table-rows"),
-        QStringLiteral("table-header-rows"), QStringLiteral("table-column-group"),
-        QStringLiteral("table-columns"),     QStringLiteral("table-header-columns")};
-    return groups.contains(name.toString());
+    static const std::set<std::string_view> groups = {"table-row-group",   "table-rows",
+                                                      "table-header-rows", "table-column-group",
+                                                      "table-columns",     "table-header-columns"};
+    return groups.count(name) > 0;
 }
 
 /// Seconds of PT10H10M10.5S, with days before the T where a writer uses them.
@@ -87,7 +86,7 @@ void OdsSheet::leave()
 
 void OdsSheet::readColumn()
 {
-    const QXmlStreamAttributes attributes = mPart.attributes();
+    const XmlAttributes attributes = mPart.attributes();
     const int repeated =
         std::max(1, intValue(value(attributes, ods::TableSpace, "number-columns-repeated"), 1));
     const int before = mColumns.isEmpty() ? 0 : mColumns.last().end;
@@ -102,7 +101,7 @@ void OdsSheet::readColumn()
 }
 
 /// A cell's own style, or its row's, or its column's.
-QString OdsSheet::styleOf(const QXmlStreamAttributes& attributes, int column) const
+QString OdsSheet::styleOf(const XmlAttributes& attributes, int column) const
 {
     const QStringRef own = value(attributes, ods::TableSpace, "style-name");
     if (!own.isEmpty() || !mRowStyle.isEmpty()) {
@@ -115,7 +114,7 @@ QString OdsSheet::styleOf(const QXmlStreamAttributes& attributes, int column) co
 
 void OdsSheet::readRow()
 {
-    const QXmlStreamAttributes attributes = mPart.attributes();
+    const XmlAttributes attributes = mPart.attributes();
     const int repeated = std::max(1, intValue(value(attributes, ods::TableSpace, "number-rows-repeated"), 1));
     const int end = static_cast<int>(std::min<qint64>(qint64(mRow) + repeated, mRows.maxRows()));
     const bool isHidden = !isVisible(attributes);
@@ -141,7 +140,7 @@ void OdsSheet::readRow()
 
 void OdsSheet::readCell(QVector<Cell>& cells, int& column)
 {
-    const QXmlStreamAttributes attributes = mPart.attributes();
+    const XmlAttributes attributes = mPart.attributes();
     const int repeated =
         std::max(1, intValue(value(attributes, ods::TableSpace, "number-columns-repeated"), 1));
     noteMergedArea(attributes, column);
@@ -160,7 +159,7 @@ void OdsSheet::readCell(QVector<Cell>& cells, int& column)
     cells.append(cell);
 }
 
-void OdsSheet::readCellText(const QXmlStreamAttributes& attributes, Cell& cell)
+void OdsSheet::readCellText(const XmlAttributes& attributes, Cell& cell)
 {
     const QString type = value(attributes, ods::Office, "value-type").toString();
     const bool isError =
@@ -187,7 +186,7 @@ void OdsSheet::readCellText(const QXmlStreamAttributes& attributes, Cell& cell)
     }
 }
 
-void OdsSheet::takeNumber(const QXmlStreamAttributes& attributes, const QString& paragraphs, Cell& cell)
+void OdsSheet::takeNumber(const XmlAttributes& attributes, const QString& paragraphs, Cell& cell)
 {
     const QString stored = value(attributes, ods::Office, "value").toString();
     const std::optional<double> read = parseNumber(QStringRef(&stored));
@@ -267,7 +266,7 @@ void OdsSheet::inspect(const Cell& cell, int row, int column)
     }
 }
 
-void OdsSheet::noteMergedArea(const QXmlStreamAttributes& attributes, int column)
+void OdsSheet::noteMergedArea(const XmlAttributes& attributes, int column)
 {
     constexpr int Longest = 1 << 20; // as many rows as a sheet can have
     const int columns = intValue(value(attributes, ods::TableSpace, "number-columns-spanned"), 1);

@@ -2,12 +2,9 @@
 
 #include "embedded_host/table_reader/ods/OdsStyles.h"
 #include "embedded_host/table_reader/shared/SheetRows.h"
-
-#include <QXmlStreamAttributes>
+#include "embedded_host/table_reader/shared/XmlPart.h"
 
 namespace table_reader {
-
-class XmlPart;
 
 /// Reads the rows of one table:table element, which is current. Repeated rows and cells are written out as
 /// far as the rows wanted and the limits reach.
@@ -42,14 +39,14 @@ private:
     void readColumn();
     void readRow();
     void readCell(QVector<Cell>& cells, int& column);
-    void readCellText(const QXmlStreamAttributes& attributes, Cell& cell);
-    void takeNumber(const QXmlStreamAttributes& attributes, const QString& paragraphs, Cell& cell);
+    void readCellText(const XmlAttributes& attributes, Cell& cell);
+    void takeNumber(const XmlAttributes& attributes, const QString& paragraphs, Cell& cell);
     QString timeText(const QString& stored, const QString& style) const;
-    QString styleOf(const QXmlStreamAttributes& attributes, int column) const;
+    QString styleOf(const XmlAttributes& attributes, int column) const;
     QString readParagraphs();
     void store(const QVector<Cell>& cells, int row);
     void inspect(const Cell& cell, int row, int column);
-    void noteMergedArea(const QXmlStreamAttributes& attributes, int column);
+    void noteMergedArea(const XmlAttributes& attributes, int column);
 
     XmlPart& mPart;
     const OdsStyles& mStyles;

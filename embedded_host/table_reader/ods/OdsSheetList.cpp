@@ -15,7 +15,7 @@ QString activeTable(XmlPart& part)
 {
     QString found;
     while (part.nextChild()) {
-        const QXmlStreamAttributes attributes = part.attributes();
+        const XmlAttributes attributes = part.attributes();
         if (part.is(ods::Config, QLatin1String("config-item")) &&
             value(attributes, ods::Config, "name") == QLatin1String("ActiveTable")) {
             found = part.readText();
@@ -87,7 +87,7 @@ void SheetList::readWithin(XmlPart& part)
 
 void SheetList::readSheet(XmlPart& part)
 {
-    const QXmlStreamAttributes attributes = part.attributes();
+    const XmlAttributes attributes = part.attributes();
     const bool isRead = mSheets.size() == mReadSheet;
     const bool isVisible =
         !mStyles.isHiddenTable(value(attributes, ods::TableSpace, "style-name").toString());

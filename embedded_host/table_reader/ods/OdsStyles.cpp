@@ -28,14 +28,14 @@ void OdsStyles::read(XmlPart& part)
 /// Hidden sheets are told by their style: style:table-properties table:display="false".
 void OdsStyles::readStyle(XmlPart& part)
 {
-    const QXmlStreamAttributes attributes = part.attributes();
+    const XmlAttributes attributes = part.attributes();
     const QString name = value(attributes, ods::Style, "name").toString();
     const QString family = value(attributes, ods::Style, "family").toString();
     CellStyle cell;
     cell.parent = value(attributes, ods::Style, "parent-style-name").toString();
     cell.format = value(attributes, ods::Style, "data-style-name").toString();
     while (part.nextChild()) {
-        const QXmlStreamAttributes own = part.attributes();
+        const XmlAttributes own = part.attributes();
         if (part.is(ods::Style, QLatin1String("table-properties")) && family == QLatin1String("table") &&
             value(own, ods::TableSpace, "display") == QLatin1String("false")) {
             mHiddenTables.insert(name);
@@ -54,7 +54,7 @@ void OdsStyles::readStyle(XmlPart& part)
 
 void OdsStyles::readTimeFormat(XmlPart& part)
 {
-    const QXmlStreamAttributes attributes = part.attributes();
+    const XmlAttributes attributes = part.attributes();
     const bool runsOn = value(attributes, ods::DataStyle, "truncate-on-overflow") == QLatin1String("false");
     if (!runsOn && mTimesOfDay.size() < limits::CellStyles) {
         mTimesOfDay.insert(value(attributes, ods::Style, "name").toString());

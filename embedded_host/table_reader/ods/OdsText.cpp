@@ -22,7 +22,7 @@ public:
 private:
     void readContent();
     void readElement();
-    void appendCollapsed(const QStringRef& text);
+    void appendCollapsed(const QString& text);
     void append(const QString& text);
 
     XmlPart& mPart;
@@ -44,19 +44,18 @@ void Paragraph::readContent()
 void Paragraph::readElement()
 {
     using namespace ods;
-    const bool isText =
-        mPart.space().startsWith(QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:"));
-    const bool isAside = mPart.name() == QLatin1String("note") || mPart.name() == QLatin1String("ruby-text");
+    const bool isText = mPart.space().rfind("urn:oasis:names:tc:opendocument:xmlns:text:", 0) == 0;
+    const bool isAside = mPart.name() == "note" || mPart.name() == "ruby-text";
     if (!isText || isAside) { // no text: a remark, a drawing
         mPart.skip();
-    } else if (mPart.name() == QLatin1String("s")) {
+    } else if (mPart.name() == "s") {
         const int count = intValue(value(mPart.attributes(), Text, "c"), 1);
         append(QString(static_cast<int>(std::min<qint64>(count, limits::CellCharacters)), QLatin1Char(' ')));
         mPart.skip();
-    } else if (mPart.name() == QLatin1String("tab")) {
+    } else if (mPart.name() == "tab") {
         append(QStringLiteral("\t"));
         mPart.skip();
-    } else if (mPart.name() == QLatin1String("line-break")) {
+    } else if (mPart.name() == "line-break") {
         append(QStringLiteral("\n"));
         mPart.skip();
     } else {
@@ -64,7 +63,7 @@ void Paragraph::readElement()
     }
 }
 
-void Paragraph::appendCollapsed(const QStringRef& text)
+void Paragraph::appendCollapsed(const QString& text)
 {
     for (const QChar c : text) {
         const bool isBlank = c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\t') ||

@@ -5,10 +5,12 @@
 
 #include <zip.h>
 
+#include <QRegularExpression>
 #include <QTextCodec>
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <limits>
 
 namespace table_reader {
@@ -102,23 +104,35 @@ private:
     zip_error_t mError;
 };
 
-/// Of a part that begins in UTF-16, with a byte order mark or without; else null.
-std::unique_ptr<QTextDecoder> wideDecoder(const QByteArray& head)
+/// The name of the encoding in a part's declaration; empty where it names none.
+QString declaredEncoding(const QByteArray& head)
+{
+    static const QRegularExpression declaration(
+        QStringLiteral("^(?:\\xEF\\xBB\\xBF)?<\\?xml\\s[^>]*?encoding\\s*=\\s*[\"']([^\"']*)[\"']"));
+    return declaration.match(QString::fromLatin1(head)).captured(1);
+}
+
+/// Whether markup is the same bytes in this encoding as in ASCII.
+bool keepsAscii(const QString& encoding)
+{
+    static const QRegularExpression known(
+        QStringLiteral("^(UTF-?8|(US-)?ASCII|ISO-8859-\\d+|windows-\\d+|GB2312|GBK|GB18030)?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return known.match(encoding).hasMatch();
+}
+
+/// UTF-16 as the first bytes show it, with a byte order mark or without; empty: it is none.
+QByteArray wideEncoding(const QByteArray& head)
 {
     const bool isLittle = head.startsWith("\xFF\xFE") || head.startsWith(QByteArray("<\0", 2));
     const bool isBig = head.startsWith("\xFE\xFF") || head.startsWith(QByteArray("\0<", 2));
-    if (!isLittle && !isBig) {
-        return nullptr;
-    }
-    const QTextCodec* const codec = QTextCodec::codecForName(isLittle ? "UTF-16LE" : "UTF-16BE");
-    return std::unique_ptr<QTextDecoder>(codec->makeDecoder());
+    return isLittle ? "UTF-16LE" : isBig ? "UTF-16BE" : "";
 }
 
-/// The declaration, at the beginning, would say UTF-16 of what is none any more.
-QByteArray withoutDeclaration(const QByteArray& text)
+bool isUtf8(const QString& encoding)
 {
-    const int end = text.startsWith("<?xml") ? text.indexOf("?>") : -1;
-    return end < 0 ? text : text.mid(end + 2);
+    return encoding.isEmpty() || encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0 ||
+           encoding.compare(QLatin1String("UTF8"), Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
@@ -209,13 +223,17 @@ qint64 PartStream::readData(char* data, qint64 maximum)
     }
     mTokenBytes += got;
     const bool isTooLarge = mRead > limits::PartBytes || mTokenBytes > limits::TokenBytes || isSuspicious();
-    mFailure = isTooLarge ? message::partTooLarge(mName) : lookAt(data, got);
+    if (isTooLarge) {
+        mFailure = message::partTooLarge(mName);
+    } else if (std::memchr(data, '\0', static_cast<size_t>(got)) != nullptr) {
+        mFailure = message::foreignEncoding(mName);
+    }
     return mFailure.isEmpty() ? got : -1;
 }
 
 qint64 PartStream::readBytes(char* data, qint64 maximum)
 {
-    if (mWide) {
+    if (mDecoder) {
         return takeRecoded(data, maximum);
     }
     const qint64 got = inflate(data, maximum);
@@ -224,24 +242,33 @@ qint64 PartStream::readBytes(char* data, qint64 maximum)
     }
     mHasBegun = true;
     const QByteArray head(data, static_cast<int>(got));
-    mWide = wideDecoder(head);
-    if (!mWide) {
+    const QString declared = declaredEncoding(head);
+    QByteArray encoding = wideEncoding(head);
+    if (encoding.isEmpty() && isUtf8(declared)) {
         return got;
     }
+    if (encoding.isEmpty() && keepsAscii(declared)) {
+        encoding = declared.toLatin1();
+    }
+    const QTextCodec* const codec = encoding.isEmpty() ? nullptr : QTextCodec::codecForName(encoding);
+    if (codec == nullptr) {
+        mFailure = message::foreignEncoding(mName);
+        return -1;
+    }
+    mDecoder.reset(codec->makeDecoder());
     recode(head);
-    mRecoded = withoutDeclaration(mRecoded);
     return takeRecoded(data, maximum);
 }
 
 qint64 PartStream::takeRecoded(char* data, qint64 maximum)
 {
     while (mRecoded.isEmpty()) {
-        std::array<char, 8192> wide;
-        const qint64 got = inflate(wide.data(), wide.size());
+        std::array<char, 8192> encoded;
+        const qint64 got = inflate(encoded.data(), encoded.size());
         if (got <= 0) {
             return got;
         }
-        recode(QByteArray(wide.data(), static_cast<int>(got)));
+        recode(QByteArray(encoded.data(), static_cast<int>(got)));
     }
     const qint64 length = std::min<qint64>(maximum, mRecoded.size());
     std::copy_n(mRecoded.constData(), length, data);
@@ -249,9 +276,13 @@ qint64 PartStream::takeRecoded(char* data, qint64 maximum)
     return length;
 }
 
+/// What is not of the encoding becomes a byte that is not of UTF-8: whoever reads it says where it stands.
 void PartStream::recode(const QByteArray& bytes)
 {
-    mRecoded += mWide->toUnicode(bytes).toUtf8();
+    mRecoded += mDecoder->toUnicode(bytes).toUtf8();
+    if (mDecoder->hasFailure()) {
+        mRecoded += '\xFF';
+    }
 }
 
 qint64 PartStream::inflate(char* data, qint64 maximum)
@@ -259,33 +290,6 @@ qint64 PartStream::inflate(char* data, qint64 maximum)
     const qint64 got = zip_fread(mPart.get(), data, static_cast<zip_uint64_t>(maximum));
     mRead += std::max<qint64>(got, 0);
     return got;
-}
-
-/// Qt's XML reader compares each attribute of a tag with each before it shows any, so they are counted before
-/// it sees them, by their opening quotes. Every "<" begins anew, since none can stand within a tag; thus
-/// comments and the like, which are taken for tags, do no harm. A zero byte tells an encoding in which all
-/// this looks otherwise.
-QString PartStream::lookAt(const char* bytes, qint64 length)
-{
-    for (const char* at = bytes; at != bytes + length; ++at) {
-        if (*at == '<') {
-            mIsInTag = true;
-            mQuote = '\0';
-            mAttributes = 0;
-        } else if (*at == '\0') {
-            return message::foreignEncoding(mName);
-        } else if (mIsInTag && mQuote != '\0') {
-            mQuote = *at == mQuote ? '\0' : mQuote;
-        } else if (mIsInTag && (*at == '"' || *at == '\'')) {
-            mQuote = *at;
-            if (++mAttributes > limits::TagAttributes) {
-                return message::tooManyAttributes(mName);
-            }
-        } else if (*at == '>') {
-            mIsInTag = false;
-        }
-    }
-    return QString();
 }
 
 bool PartStream::isSuspicious() const
@@ -297,6 +301,9 @@ QString PartStream::finish()
 {
     if (!mFailure.isEmpty()) {
         return mFailure;
+    }
+    if (mSize - mRead > limits::RestBytes) {
+        return QString();
     }
     std::array<char, 32768> rest;
     const qint64 end = mRead + limits::RestBytes;

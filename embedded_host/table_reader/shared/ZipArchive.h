@@ -45,7 +45,7 @@ private:
 
 /// One part, inflated as it is read, never whole in memory. Reading fails beyond the limits; finish() checks
 /// the length and the checksum. The bytes must be XML in an encoding that leaves ASCII as it is, or in
-/// UTF-16, which comes out as UTF-8, or plain ASCII. Only one stream of an archive may be open at a time.
+/// UTF-16, and come out as UTF-8; or plain ASCII. Only one stream of an archive may be open at a time.
 class PartStream : public QIODevice {
     Q_OBJECT
 
@@ -76,7 +76,6 @@ private:
     qint64 takeRecoded(char* data, qint64 maximum);
     void recode(const QByteArray& bytes);
     bool isSuspicious() const;
-    QString lookAt(const char* bytes, qint64 length);
 
     ZipArchive& mArchive;
     QString mName;
@@ -86,12 +85,9 @@ private:
     qint64 mCompressed = 0;
     qint64 mRead = 0;
     qint64 mTokenBytes = 0;
-    std::unique_ptr<QTextDecoder> mWide; ///< of a part in UTF-16
-    QByteArray mRecoded;                 ///< read of it and not yet given out
+    std::unique_ptr<QTextDecoder> mDecoder; ///< of a part that is not in UTF-8
+    QByteArray mRecoded;                    ///< read of it and not yet given out
     bool mHasBegun = false;
-    bool mIsInTag = false;
-    char mQuote = '\0';  ///< that is open within the tag
-    int mAttributes = 0; ///< of the tag
 };
 
 } // namespace table_reader

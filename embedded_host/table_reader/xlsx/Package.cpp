@@ -37,8 +37,7 @@ QString resolve(const QString& folder, QString target)
     return names.join(QLatin1Char('/'));
 }
 
-PartReference referenceOf(const QXmlStreamAttributes& attributes, const QString& folder,
-                          const ZipArchive& archive)
+PartReference referenceOf(const XmlAttributes& attributes, const QString& folder, const ZipArchive& archive)
 {
     const QString type = attributes.value(QLatin1String("Type")).toString();
     QString target = resolve(folder, attributes.value(QLatin1String("Target")).toString());
@@ -60,7 +59,7 @@ QString workbookByContentType(ZipArchive& archive, QString& error)
         return QString();
     }
     while (part.nextChild()) {
-        const QXmlStreamAttributes attributes = part.attributes();
+        const XmlAttributes attributes = part.attributes();
         const QStringRef type = attributes.value(QLatin1String("ContentType"));
         const bool isWorkbook =
             type.contains(QLatin1String("spreadsheetml")) || type.contains(QLatin1String("ms-excel"));
@@ -86,7 +85,7 @@ QVector<PartReference> readReferences(ZipArchive& archive, const QString& part, 
     if (list.begin(PackageRelationship, QLatin1String("Relationships"))) {
         const QString folder = folderOf(part);
         while (list.nextChild()) {
-            const QXmlStreamAttributes attributes = list.attributes();
+            const XmlAttributes attributes = list.attributes();
             if (attributes.value(QLatin1String("TargetMode")) != QLatin1String("External")) {
                 references.append(referenceOf(attributes, folder, archive));
             }

@@ -13,7 +13,7 @@ namespace {
 constexpr int MaxSheetRow = 1 << 24;
 constexpr int EnoughLateRows = 64; // behind so many, each below the one before, no row is wanted
 
-QStringRef value(const QXmlStreamAttributes& attributes, const char* name)
+QStringRef value(const XmlAttributes& attributes, const char* name)
 {
     return attributes.value(QLatin1String(name));
 }
@@ -57,7 +57,7 @@ void XlsxSheet::readRows(XmlPart& part)
 /// not end the reading: some writers do not keep rows in order, and one that is wanted may come yet.
 bool XlsxSheet::enterRow(XmlPart& part)
 {
-    const QXmlStreamAttributes attributes = part.attributes();
+    const XmlAttributes attributes = part.attributes();
     const QStringRef stored = value(attributes, "r");
     const int number = stored.isNull() ? mRow + 2 : intValue(stored, 0);
     if (number == 0) {
@@ -91,7 +91,6 @@ void XlsxSheet::readCells(XmlPart& part)
 
 void XlsxSheet::readCell(XmlPart& part)
 {
-    // The attributes are let go before the content is read: the parser would have to copy them otherwise.
     const Head head = headOf(part);
     mColumn = head.at.column;
     const Content content = readContent(part);
@@ -102,19 +101,15 @@ void XlsxSheet::readCell(XmlPart& part)
     }
 }
 
-XlsxSheet::CellType XlsxSheet::typeOf(const QStringRef& text)
+XlsxSheet::CellType XlsxSheet::typeOf(std::string_view text)
 {
-    static const struct {
-        QLatin1String name;
+    static constexpr struct {
+        std::string_view name;
         CellType type;
-    } types[] = {{latin1("s"), CellType::SharedText},
-                 {latin1("str"), CellType::Text},
-                 {latin1("inlineStr"), CellType::InlineText},
-                 {latin1("b"), CellType::Bool},
-                 {latin1("e"), CellType::Error},
-                 {latin1("d"), CellType::Date}};
+    } types[] = {{"s", CellType::SharedText}, {"str", CellType::Text}, {"inlineStr", CellType::InlineText},
+                 {"b", CellType::Bool},       {"e", CellType::Error},  {"d", CellType::Date}};
     for (const auto& entry : types) {
-        if (same(text, entry.name)) {
+        if (text == entry.name) {
             return entry.type;
         }
     }
@@ -126,18 +121,19 @@ XlsxSheet::Head XlsxSheet::headOf(XmlPart& part) const
 {
     Head head;
     head.at = {std::max(mRow, 0), mColumn + 1};
-    const QXmlStreamAttributes attributes = part.attributes();
-    for (const QXmlStreamAttribute& attribute : attributes) { // once, not for each name
-        const QStringRef name = attribute.qualifiedName();
-        if (same(name, QLatin1String("r"))) {
-            head.at = table::parseCellAddress(attribute.value());
+    for (int number = 0; number < part.attributeCount(); ++number) { // once, not for each name
+        const std::string_view name = part.attributeName(number);
+        const std::string_view stored = part.attributeValue(number);
+        if (name == "r") {
+            head.at = table::parseCellAddress(stored);
             if (!head.at.isValid()) {
-                part.fail(message::badAddress(part.partName(), attribute.value().toString()));
+                const QString address = QString::fromUtf8(stored.data(), static_cast<int>(stored.size()));
+                part.fail(message::badAddress(part.partName(), address));
             }
-        } else if (same(name, QLatin1String("t"))) {
-            head.type = typeOf(attribute.value());
-        } else if (same(name, QLatin1String("s"))) {
-            head.style = intValue(attribute.value(), 0);
+        } else if (name == "t") {
+            head.type = typeOf(stored);
+        } else if (name == "s") {
+            head.style = intValue(stored, 0);
         }
     }
     return head;

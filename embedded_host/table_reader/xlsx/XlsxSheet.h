@@ -7,6 +7,8 @@
 
 #include <QVector>
 
+#include <string_view>
+
 namespace table_reader {
 
 class XmlPart;
@@ -47,7 +49,7 @@ private:
     void readCells(XmlPart& part);
     void readCell(XmlPart& part);
     Content readContent(XmlPart& part);
-    static CellType typeOf(const QStringRef& text);
+    static CellType typeOf(std::string_view text);
     Head headOf(XmlPart& part) const;
     bool store(const Head& head, const Content& content);
     void inspect(const Head& head, const Content& content);

@@ -10,13 +10,13 @@ namespace table_reader {
 namespace {
 
 /// The attribute of a relationship, in either spelling of its namespace.
-QString relationshipId(const QXmlStreamAttributes& attributes)
+QString relationshipId(const XmlAttributes& attributes)
 {
     const QString usual = attributes.value(Relationship.usual, QLatin1String("id")).toString();
     return usual.isEmpty() ? attributes.value(Relationship.strict, QLatin1String("id")).toString() : usual;
 }
 
-XlsxSheetEntry entryOf(const QXmlStreamAttributes& attributes)
+XlsxSheetEntry entryOf(const XmlAttributes& attributes)
 {
     const QStringRef state = attributes.value(QLatin1String("state"));
     return {attributes.value(QLatin1String("name")).toString(), relationshipId(attributes), QString(),
@@ -130,7 +130,7 @@ void readFormats(XmlPart& part, StyleParts& parts)
 {
     while (part.nextChild()) {
         if (part.is(Sheet, QLatin1String("numFmt"))) {
-            const QXmlStreamAttributes attributes = part.attributes();
+            const XmlAttributes attributes = part.attributes();
             parts.codes.insert(intValue(attributes.value(QLatin1String("numFmtId")), -1),
                                attributes.value(QLatin1String("formatCode")).toString());
         }
@@ -144,7 +144,8 @@ bool readStruckFont(XmlPart& part)
     bool isStruck = false;
     while (part.nextChild()) {
         if (part.is(Sheet, QLatin1String("strike"))) {
-            const QStringRef value = part.attributes().value(QLatin1String("val"));
+            const XmlAttributes attributes = part.attributes();
+            const QStringRef value = attributes.value(QLatin1String("val"));
             isStruck = value.isNull() || boolValue(value);
         }
         part.skip();
@@ -167,7 +168,7 @@ void readCellStyles(XmlPart& part, StyleParts& parts)
 {
     while (part.nextChild()) {
         if (part.is(Sheet, QLatin1String("xf")) && parts.formatNumbers.size() < limits::CellStyles) {
-            const QXmlStreamAttributes attributes = part.attributes();
+            const XmlAttributes attributes = part.attributes();
             parts.formatNumbers.append(intValue(attributes.value(QLatin1String("numFmtId")), 0));
             parts.fontNumbers.append(intValue(attributes.value(QLatin1String("fontId")), 0));
         }

@@ -446,16 +446,23 @@ BEGIN
     IF NOT ledger_may_move(OLD, NEW) THEN
         PERFORM ledger_refuse('AL002', 'an instance does not go from ' || OLD.state || ' to ' || NEW.state);
     END IF;
-    IF NEW.state = 'withdrawn' AND OLD.state <> 'withdrawn' THEN
-        UPDATE account_day d SET instances = d.instances - 1,
-            buy = d.buy - coalesce((SELECT sum(l.amount) FROM instance_leg l WHERE ledger_buys(l.direction)
-                AND l.batch_number = NEW.batch_number AND l.row_no = NEW.row_no AND l.account = NEW.account), 0),
-            sell = d.sell - coalesce((SELECT sum(l.amount) FROM instance_leg l WHERE ledger_sells(l.direction)
-                AND l.batch_number = NEW.batch_number AND l.row_no = NEW.row_no AND l.account = NEW.account), 0)
-        WHERE d.account = NEW.account AND d.day =
-            (SELECT b.day FROM batch b WHERE b.number = NEW.batch_number AND b.account = NEW.account);
-    END IF;
     RETURN NEW;
+END $$;
+
+-- What was withdrawn is taken out of its day, once for all rows of a statement.
+CREATE OR REPLACE FUNCTION ledger_instances_moved() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
+    SET search_path = public, pg_temp AS $$
+BEGIN
+    UPDATE account_day d
+        SET instances = d.instances - g.instances, buy = d.buy - g.buy, sell = d.sell - g.sell
+        FROM (SELECT n.account, n.day, count(DISTINCT (n.batch_number, n.row_no)) AS instances,
+                     coalesce(sum(l.amount) FILTER (WHERE ledger_buys(l.direction)), 0) AS buy,
+                     coalesce(sum(l.amount) FILTER (WHERE ledger_sells(l.direction)), 0) AS sell
+              FROM moved n JOIN was o USING (batch_number, row_no, account)
+                   LEFT JOIN instance_leg l USING (batch_number, row_no, account)
+              WHERE n.state = 'withdrawn' AND o.state <> 'withdrawn' GROUP BY n.account, n.day) g
+        WHERE d.account = g.account AND d.day = g.day;
+    RETURN NULL;
 END $$;
 
 CREATE OR REPLACE FUNCTION ledger_leg_moves() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER
@@ -492,6 +499,9 @@ CREATE CONSTRAINT TRIGGER c_ended AFTER UPDATE ON batch DEFERRABLE INITIALLY DEF
     FOR EACH ROW EXECUTE FUNCTION ledger_batch_ended();
 DROP TRIGGER IF EXISTS b_moves ON instance;
 CREATE TRIGGER b_moves BEFORE UPDATE ON instance FOR EACH ROW EXECUTE FUNCTION ledger_instance_moves();
+DROP TRIGGER IF EXISTS c_moved ON instance;
+CREATE TRIGGER c_moved AFTER UPDATE ON instance REFERENCING OLD TABLE AS was NEW TABLE AS moved
+    FOR EACH STATEMENT EXECUTE FUNCTION ledger_instances_moved();
 DROP TRIGGER IF EXISTS b_moves ON instance_leg;
 CREATE TRIGGER b_moves BEFORE UPDATE ON instance_leg FOR EACH ROW EXECUTE FUNCTION ledger_leg_moves();
 DROP TRIGGER IF EXISTS b_decided ON approval;

@@ -40,19 +40,24 @@ Outcome<Attempt> beginAttempt(const Ledger& ledger, const DraftJournal& journal,
 }
 
 Outcome<Review> reviewBatch(const Ledger& ledger, const BatchDraft& draft, const QList<LimitScope>& limits,
-                            const Prices& prices)
+                            const Prices& prices, const Settled& settled)
 {
-    const Outcome<Standing> standing = ledger.standingOf(draft);
+    Outcome<Standing> standing = ledger.standingOf(draft, settled.replaces);
     if (!standing.ok()) {
         return {{}, standing.error};
     }
-    return {reviewAgainst(standing.value, draft, limits, prices), QString()};
+    for (Duplicate& duplicate : standing.value.duplicates) {
+        duplicate.isSameFile = duplicate.isSameFile && !settled.leftOut.contains(duplicate.batch);
+    }
+    Review review = reviewAgainst(standing.value, draft, limits, prices);
+    review.settled = settled;
+    return {review, QString()};
 }
 
 Review reviewAgainst(const Standing& standing, const BatchDraft& draft, const QList<LimitScope>& limits,
                      const Prices& prices)
 {
-    Review review{draft, limitsFor(limits, draft.account, draft.strategy), standing, {}};
+    Review review{draft, {}, limitsFor(limits, draft.account, draft.strategy), standing, {}};
     valueLegs(review.draft, prices);
     review.verdict = checkBatch(review.draft, review.limits, prices, review.standing);
     return review;
@@ -64,7 +69,7 @@ Outcome<Batch> createReviewed(Ledger& ledger, Review& review, const Consent& con
     if (!error.isEmpty()) {
         return {{}, error};
     }
-    CreationTerms terms{review.limits, review.verdict, QSet<qint64>()};
+    CreationTerms terms{review.limits, review.verdict, QSet<qint64>(), review.settled.replaces};
     for (const Duplicate& duplicate : qAsConst(review.standing.duplicates)) {
         terms.knownDuplicates->insert(duplicate.batch);
     }

@@ -12,9 +12,16 @@ struct Consent {
     QString typedAmount; ///< of Verdict::confirmationAmount
 };
 
+/// What was decided about batches that hold the same, before the guard is asked.
+struct Settled {
+    std::optional<qint64> replaces = {}; ///< withdrawn in the transaction that creates: as if it were gone
+    QSet<qint64> leftOut = {}; ///< whose orders were left out: that the file is the same is answered
+};
+
 struct Review {
     BatchDraft draft; ///< with its amounts
-    Limits limits;    ///< those in force for it
+    Settled settled;
+    Limits limits; ///< those in force for it
     Standing standing;
     Verdict verdict;
 };
@@ -39,7 +46,7 @@ Outcome<Attempt> beginAttempt(const Ledger& ledger, const DraftJournal& journal,
 ///     // show review.value.verdict, ask for consent
 ///     Outcome<Batch> batch = createReviewed(*ledger, review.value, consent);
 Outcome<Review> reviewBatch(const Ledger& ledger, const BatchDraft& draft, const QList<LimitScope>& limits,
-                            const Prices& prices);
+                            const Prices& prices, const Settled& settled = {});
 
 /// The same against what a ledger was found to hold.
 Review reviewAgainst(const Standing& standing, const BatchDraft& draft, const QList<LimitScope>& limits,

@@ -23,12 +23,17 @@ struct CreationTerms {
     /// Batches of which whoever confirms has been told that they hold the same; another one refuses. Absent:
     /// nobody was asked, and nothing is compared.
     std::optional<QSet<qint64>> knownDuplicates;
+    /// Withdrawn in the same transaction: both or neither. Refuses where anything of it may have been sent.
+    std::optional<qint64> replaces;
 };
 
 /// Instances by their names, or those of a batch.
 struct Selection {
     QList<InstanceId> ids;
     std::optional<qint64> batch; ///< of which those are taken that it applies to
+    /// Of those that are named what can be changed is; the others are answered with why not
+    /// (ChangedInstance::refusal). Else all are changed or none.
+    bool isEachByItself = false;
 };
 
 /// All batches ever created, and their instances: an SQLite file, or a database on a server.
@@ -74,8 +79,9 @@ public:
 
     // Creating.
 
-    /// What the ledger holds against a draft now.
-    Outcome<Standing> standingOf(const BatchDraft& draft) const;
+    /// What the ledger holds against a draft now, or would once the batch that it replaces was withdrawn; an
+    /// error where that one cannot be (CreationTerms::replaces).
+    Outcome<Standing> standingOf(const BatchDraft& draft, std::optional<qint64> replaces = {}) const;
     /// All instances of the draft or none. A draft whose id is known already gives the batch that it made.
     /// What the ledger refuses (a halt, a ceiling of the day, a duplicate nobody was told of) is in the
     /// error, and in `refusals` where that is given. From Limits::approvalAmount on the batch waits.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "words/Words.h"
+
 #include <QString>
 
 /// What ledger and undo say to the user, each sentence once; what the guard says stands in the catalogue of
@@ -186,6 +188,28 @@ inline QString numberTooLong()
 inline QString noSuchBatch(const QString& file, qint64 number)
 {
     return QStringLiteral("台账文件“%1”中没有批次 %2。").arg(file, QString::number(number));
+}
+
+// A batch in the place of another.
+
+inline QString replacesOtherAccount(qint64 number, const QString& its, const QString& account)
+{
+    return Words::tr("批次 %1 属于账号 %2，不能由账号 %3 的批次替换。")
+        .arg(QString::number(number), its, account);
+}
+
+inline QString nothingToReplace(qint64 number, const QString& state)
+{
+    return Words::tr("批次 %1 %2，没有可替换的内容。").arg(QString::number(number), state);
+}
+
+/// Its orders may trade: a new batch beside them would be the same orders twice.
+inline QString sentAlready(qint64 number, const QStringList& instances)
+{
+    return Words::
+        tr("批次 %1 有 %2 个实例已经启动或发出（%3），不能整批替换；请先撤销该批次、核对成交，再重新创建。")
+            .arg(QString::number(number), QString::number(instances.size()),
+                 instances.mid(0, 5).join(QStringLiteral("、")));
 }
 
 inline QString noTableKept(qint64 number)

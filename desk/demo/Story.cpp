@@ -20,6 +20,8 @@ bool isOver(const ledger::Instance& instance)
     return ledger::isOver(instance.state);
 }
 
+constexpr int Decimals = 2; // of the shares of the sample
+
 bool isFinished(const ledger::Instance& instance)
 {
     return instance.state == ledger::InstanceState::Finished;
@@ -87,7 +89,7 @@ void Story::tellProgress(const QList<ledger::Instance>& instances)
 
 void Story::tellInstances(const QList<ledger::Instance>& instances)
 {
-    InstancesModel model([](const QString&) { return QString(); });
+    InstancesModel model([](const QString&) { return QString(); }, [](const QString&) { return Decimals; });
     model.setRecords(instances);
     for (int row = 0; row < model.rowCount(); ++row) {
         const QString reason = cellOf(model, row, InstancesModel::Reason);

@@ -89,6 +89,11 @@ ListModel::Cell BatchesModel::cellOf(const ledger::Batch& batch, int column) con
     return {};
 }
 
+bool BatchesModel::isSame(const ledger::Batch& one, const ledger::Batch& other) const
+{
+    return one.number == other.number;
+}
+
 QVariant BatchesModel::roleOf(const ledger::Batch& batch, int role) const
 {
     switch (role) {

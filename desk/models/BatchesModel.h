@@ -20,6 +20,7 @@ public:
 protected:
     Cell cellOf(const ledger::Batch& batch, int column) const override;
     QVariant roleOf(const ledger::Batch& batch, int role) const override;
+    bool isSame(const ledger::Batch& one, const ledger::Batch& other) const override;
 
 private:
     Counts mCounts;

@@ -147,9 +147,26 @@ const QList<ListModel::Column>& instanceColumns()
 
 } // namespace
 
-InstancesModel::InstancesModel(const NameOf& nameOf, QObject* parent)
-    : PagedModel(instanceColumns(), parent), mNameOf(nameOf)
+InstancesModel::InstancesModel(const NameOf& nameOf, const DecimalsOf& decimalsOf, QObject* parent)
+    : PagedModel(instanceColumns(), parent), mNameOf(nameOf), mDecimalsOf(decimalsOf)
 {
+}
+
+/// Zero stands for none.
+QString InstancesModel::priceText(const ledger::Decimal& price, const ledger::Leg& leg) const
+{
+    return price == 0 ? QString() : money::price(price, mDecimalsOf(leg.symbol));
+}
+
+/// Of the order, or of each of its two legs.
+QString InstancesModel::averageText(const ledger::Instance& instance) const
+{
+    const QList<ledger::Decimal> averages = averageOf(instance);
+    QStringList texts;
+    for (int i = 0; i < averages.size(); ++i) {
+        texts.append(priceText(averages.at(i), instance.legs.value(i)));
+    }
+    return texts.join(QString()).isEmpty() ? QString() : texts.join(QStringLiteral(" / "));
 }
 
 ListModel::Cell InstancesModel::cellOf(const ledger::Instance& instance, int column) const
@@ -177,9 +194,9 @@ ListModel::Cell InstancesModel::cellOf(const ledger::Instance& instance, int col
     case Filled:
         return {filledText(instance), numberTexts(filledOf(instance))};
     case Average:
-        return {numberTexts(averageOf(instance))};
+        return {averageText(instance)};
     case Limit:
-        return {ofLegs(legs, [](const ledger::Leg& leg) { return numberText(leg.limitPrice); })};
+        return {ofLegs(legs, [this](const ledger::Leg& leg) { return priceText(leg.limitPrice, leg); })};
     case Amount:
         return {ofLegs(legs, [](const ledger::Leg& leg) { return moneyText(leg.amount); }),
                 ofLegs(legs, [](const ledger::Leg& leg) { return plainMoneyText(leg.amount); })};
@@ -189,6 +206,11 @@ ListModel::Cell InstancesModel::cellOf(const ledger::Instance& instance, int col
         return {instance.changedAt.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))};
     }
     return {};
+}
+
+bool InstancesModel::isSame(const ledger::Instance& one, const ledger::Instance& other) const
+{
+    return one.id == other.id;
 }
 
 QVariant InstancesModel::roleOf(const ledger::Instance& instance, int role) const

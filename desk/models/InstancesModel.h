@@ -23,15 +23,21 @@ public:
         Changed
     };
 
-    /// A security's name by its symbol.
+    /// A security's name, and the decimals of its prices, by its symbol.
     using NameOf = std::function<QString(const QString& symbol)>;
+    using DecimalsOf = std::function<int(const QString& symbol)>;
 
-    explicit InstancesModel(const NameOf& nameOf, QObject* parent = nullptr);
+    InstancesModel(const NameOf& nameOf, const DecimalsOf& decimalsOf, QObject* parent = nullptr);
 
 protected:
     Cell cellOf(const ledger::Instance& instance, int column) const override;
     QVariant roleOf(const ledger::Instance& instance, int role) const override;
+    bool isSame(const ledger::Instance& one, const ledger::Instance& other) const override;
 
 private:
+    QString priceText(const ledger::Decimal& price, const ledger::Leg& leg) const;
+    QString averageText(const ledger::Instance& instance) const;
+
     NameOf mNameOf;
+    DecimalsOf mDecimalsOf;
 };

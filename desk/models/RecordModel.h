@@ -2,6 +2,8 @@
 
 #include "desk/models/ListModel.h"
 
+#include <algorithm>
+
 /// A list over records that it holds, one a row. A list of its own says what its columns make of a record.
 template <typename Record> class RecordModel : public ListModel {
 public:
@@ -21,10 +23,15 @@ public:
         endResetModel();
     }
 
-    /// The same records as they are now. Where their number stays, selection and scroll position do too.
+    /// The same records as they are now: selection and scroll position stay. Where others are among them,
+    /// nothing is selected, or the selection would be of what nobody chose.
     void updateRecords(const QList<Record>& records)
     {
-        if (records.size() != mRecords.size()) {
+        const bool areSame =
+            records.size() == mRecords.size() &&
+            std::equal(records.begin(), records.end(), mRecords.begin(),
+                       [this](const Record& one, const Record& other) { return isSame(one, other); });
+        if (!areSame) {
             setRecords(records);
             return;
         }
@@ -46,6 +53,8 @@ public:
 protected:
     virtual Cell cellOf(const Record& record, int column) const = 0;
     virtual QVariant roleOf(const Record&, int) const { return {}; }
+    /// Whether two records are about the same, however that stands.
+    virtual bool isSame(const Record&, const Record&) const { return true; }
 
 private:
     Cell cell(int row, int column) const final { return cellOf(mRecords.at(row), column); }

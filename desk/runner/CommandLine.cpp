@@ -50,6 +50,10 @@ constexpr Option Options[] = {
      "create in spite of what these rules found (never of a refusal); each is named, there is no yes to all"},
     {"amount", "AMOUNT", &CommandLine::amount, nullptr,
      "the gross amount, where the guard wants it typed once more"},
+    {"duplicates", "leave-out|changed-only|replace", &CommandLine::duplicates, nullptr,
+     "of orders that the ledger holds already: leave them out, create only what differs from batch N of "
+     "--against, or withdraw that batch in the same transaction"},
+    {"against", "N", &CommandLine::against, nullptr, "the batch of changed-only and replace"},
     {"batch", "N", &CommandLine::batch, nullptr, "only this batch"},
     {"reason", "TEXT", &CommandLine::reason, nullptr, "why it is halted, resumed, refused or settled"},
     {"as", "STATE", &CommandLine::settleAs, nullptr,
@@ -185,7 +189,8 @@ QString usage()
             "       algodesk import FILE --strategy CODE --account ACCOUNT [--data DIR] [--answer yes|no]\n"
             "                            [--switch-account ACCOUNT] [--confirm [--create [--yes] [--accept "
             "RULE[,RULE]]\n"
-            "                            [--amount AMOUNT]]]\n"
+            "                            [--amount AMOUNT] [--duplicates leave-out|changed-only|replace "
+            "[--against N]]]]\n"
             "                            [--faults] [--rejects OUT] [--mapping FILE.json]\n"
             "       algodesk rows FILE [--encoding NAME]\n"
             "       algodesk check FILE [--strategy CODE --account ACCOUNT] [--data DIR] [--encoding NAME]\n"

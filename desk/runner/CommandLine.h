@@ -28,6 +28,8 @@ struct CommandLine {
     QString out;                            ///< the file that a report goes to
     QString pace = QStringLiteral("600");   ///< seconds of an order in one of the clock
     QString accept;                         ///< rules that are acknowledged, separated by commas
+    QString duplicates;                     ///< leave-out, changed-only or replace; empty: acknowledged
+    QString against;                        ///< number of the batch that is compared or replaced
     QString amount;                         ///< the gross amount, typed once more
     QString answer = QStringLiteral("yes"); ///< to the row-limit question: yes or no
     bool confirm = false;

@@ -56,12 +56,20 @@ struct Ground {
     const ReferenceData& data;
 };
 
+/// What --duplicates and --against ask for.
+verdict::DuplicateChoice choiceOf(const CommandLine& line)
+{
+    return {verdict::wayNamed(line.duplicates).value_or(verdict::DuplicateChoice::Way::CreateAll),
+            batchNumber(line.against).value_or(0)};
+}
+
 /// The judgement on the batch, and the batch where it and what was accepted let it pass.
 Creation judgeAndCreate(Ledger& ledger, const ledger::BatchDraft& draft, const batch::DialogContent& content,
                         const CommandLine& line, const Ground& ground)
 {
-    Outcome<verdict::Judgement> judgement = verdict::judge(
-        ledger, draft, {content, ground.table}, ground.desk, ground.data, QDateTime::currentDateTimeUtc());
+    Outcome<verdict::Judgement> judgement =
+        verdict::judge(ledger, draft, {content, ground.table}, ground.desk, ground.data,
+                       QDateTime::currentDateTimeUtc(), choiceOf(line));
     if (!judgement.ok()) {
         return failed(judgement.error);
     }
@@ -123,6 +131,23 @@ QString rejectsFault(const CommandLine& line)
     return isSame ? QStringLiteral("--rejects OUT must not be FILE itself") : QString();
 }
 
+/// What is wrong with them; empty when nothing is.
+QString choiceFault(const CommandLine& line)
+{
+    using Way = verdict::DuplicateChoice::Way;
+    if (!line.duplicates.isEmpty() && !verdict::wayNamed(line.duplicates)) {
+        return QStringLiteral("--duplicates takes leave-out, changed-only or replace, not '%1'")
+            .arg(line.duplicates);
+    }
+    const Way way = choiceOf(line).way;
+    const bool needsBatch = way == Way::ChangedOnly || way == Way::Replace;
+    if (needsBatch == line.against.isEmpty()) {
+        return needsBatch ? QStringLiteral("--duplicates %1 needs --against N").arg(line.duplicates)
+                          : QStringLiteral("--against goes with --duplicates changed-only or replace");
+    }
+    return needsBatch && !batchNumber(line.against) ? refuseNumber(line.against).error : QString();
+}
+
 /// What is wrong with the arguments by themselves; empty when nothing is.
 QString usageFault(const CommandLine& line)
 {
@@ -132,10 +157,13 @@ QString usageFault(const CommandLine& line)
     if (line.create && !line.confirm) {
         return QStringLiteral("--create needs --confirm");
     }
-    if (!line.create && (line.yes || !line.amount.isEmpty() || !line.accept.isEmpty())) {
-        return QStringLiteral("--yes, --accept and --amount need --create");
+    const bool isForCreating = line.yes || !line.amount.isEmpty() || !line.accept.isEmpty() ||
+                               !line.duplicates.isEmpty() || !line.against.isEmpty();
+    if (!line.create && isForCreating) {
+        return QStringLiteral("--yes, --accept, --amount, --duplicates and --against need --create");
     }
-    return line.rejects.isEmpty() ? QString() : rejectsFault(line);
+    const QString choice = choiceFault(line);
+    return choice.isEmpty() && !line.rejects.isEmpty() ? rejectsFault(line) : choice;
 }
 
 QJsonObject rejectsToJson(const QString& out, int rows, const QString& error)

@@ -82,6 +82,15 @@ QJsonObject toJson(const Summary& summary)
             {key("optedOut"), QJsonArray::fromStringList(summary.optedOut)}};
 }
 
+QJsonObject toJson(const verdict::DuplicateChoice& choice, const QList<int>& leftOut)
+{
+    QJsonArray rows;
+    std::copy(leftOut.begin(), leftOut.end(), std::back_inserter(rows));
+    return {{key("way"), verdict::nameOf(choice.way)},
+            {key("against"), choice.against > 0 ? QJsonValue(choice.against) : QJsonValue(QJsonValue::Null)},
+            {key("leftOut"), rows}};
+}
+
 } // namespace
 
 QJsonObject toJson(const verdict::Judgement& judgement)
@@ -98,6 +107,9 @@ QJsonObject creationToJson(const verdict::Judgement& judgement, const Outcome<le
 {
     QJsonObject json = creationToJson(judgement.review.verdict, created);
     json[key("guard")] = toJson(judgement);
+    if (judgement.choice.way != verdict::DuplicateChoice::Way::CreateAll) {
+        json[key("duplicates")] = toJson(judgement.choice, judgement.leftOut);
+    }
     return json;
 }
 

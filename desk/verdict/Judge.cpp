@@ -34,6 +34,19 @@ public:
         mReport = fileReport(mTable, mContent.strategy, mContent.columns, data);
     }
 
+    /// What is left of the table's rows in the draft that is judged.
+    void leaveOut(const QSet<int>& rows)
+    {
+        mLeftOut = rows.size();
+        for (int row = 1; row <= mOrders; ++row) {
+            if (!rows.contains(row)) {
+                mRows.append(row);
+            }
+        }
+    }
+
+    QString typed(int row, const QString& column) const { return mPlaces.typed(row, column, mOrders); }
+
     Judgement judgement(const ledger::Review& review, const QDateTime& now) const
     {
         Judgement made;
@@ -41,7 +54,7 @@ public:
         made.summary = summary(review);
         table::Faults faults = missingRows() + orderFaults(review, now);
         for (table::Fault& fault : faults) {
-            mPlaces.place(fault, mOrders);
+            place(fault);
         }
         for (const table_lint::Finding& finding : mReport.findings) {
             faults.append(finding.fault);
@@ -51,6 +64,15 @@ public:
     }
 
 private:
+    /// The row of the table that a row of the draft is.
+    int rowOfTable(int row) const { return mRows.isEmpty() ? row : mRows.value(row - 1, row); }
+
+    void place(table::Fault& fault) const
+    {
+        fault.row = rowOfTable(fault.row);
+        mPlaces.place(fault, mOrders);
+    }
+
     int refusedRows() const { return qMax(0, mReport.orderCount - mOrders); }
 
     /// What the ledger's guard found, each row with its line and cell.
@@ -59,7 +81,7 @@ private:
         QList<Line> lines = linesOf(verdict, mDesk.actions);
         for (Line& line : lines) {
             for (table::Fault& fault : line.faults) {
-                mPlaces.place(fault, mOrders);
+                place(fault);
             }
         }
         return lines;
@@ -105,7 +127,7 @@ private:
                 CommonQuotaHandler::instance()->GetQuotaSnapshot(symbol, 0)));
         };
         orders.isAccount = [this](const QString& text) { return isAccount(text); };
-        orders.typed = [this](int row, const QString& column) { return mPlaces.typed(row, column, mOrders); };
+        orders.typed = [this](int row, const QString& column) { return typed(rowOfTable(row), column); };
         return faultsOfOrders(orders) + brokerFaults(review.draft);
     }
 
@@ -137,6 +159,11 @@ private:
         made.strategyName = mPlaces.strategy().alias;
         made.refused = refusedRows();
         made.skipped = mReport.lostOrders().size();
+        made.leftOut = mLeftOut;
+        made.replaces = review.settled.replaces.value_or(0);
+        for (Summary::Row& row : made.largest) {
+            row.row = rowOfTable(row.row);
+        }
         made.optedOut = ledger::optedOut(mDesk.limits, review.draft.account, review.draft.strategy);
         addStanding(made, review.standing);
         return made;
@@ -147,6 +174,8 @@ private:
     const Desk& mDesk;
     const ReferenceData& mData;
     const int mOrders; ///< in the batch
+    int mLeftOut = 0;
+    QList<int> mRows; ///< of the table that are left in the draft, in order; empty: all
     OrderPlaces mPlaces;
     QString mAccountName;
     FileReport mReport;
@@ -164,14 +193,27 @@ Judgement preview(const ledger::BatchDraft& draft, const Confirmed& confirmed, c
 
 Outcome<Judgement> judge(const ledger::Ledger& ledger, const ledger::BatchDraft& draft,
                          const Confirmed& confirmed, const Desk& desk, const ReferenceData& data,
-                         const QDateTime& now)
+                         const QDateTime& now, const DuplicateChoice& choice)
 {
+    Case one(confirmed, desk, data);
+    ledger::BatchDraft valued = draft;
+    const ledger::Prices prices = batch::hostPrices(draft);
+    ledger::valueLegs(valued, prices);
+    const auto typed = [&one](int row, const QString& column) { return one.typed(row, column); };
+    const Outcome<Settlement> settled = settle(ledger, valued, choice, typed);
     const Outcome<ledger::Review> review =
-        ledger::reviewBatch(ledger, draft, desk.limits, batch::hostPrices(draft));
+        settled.ok() ? ledger::reviewBatch(ledger, without(valued, settled.value.leftOut), desk.limits,
+                                           prices, settled.value.terms)
+                     : Outcome<ledger::Review>{{}, settled.error};
     if (!review.ok()) {
         return {{}, review.error};
     }
-    return {Case(confirmed, desk, data).judgement(review.value, now), {}};
+    one.leaveOut(settled.value.leftOut);
+    Judgement judgement = one.judgement(review.value, now);
+    judgement.choice = choice;
+    judgement.leftOut = settled.value.leftOut.values();
+    std::sort(judgement.leftOut.begin(), judgement.leftOut.end());
+    return {judgement, {}};
 }
 
 } // namespace verdict

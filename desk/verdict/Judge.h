@@ -24,9 +24,11 @@ struct Confirmed {
 ///     host.referenceData(), now);
 ///     // show judgement.value.summary and .lines, ask rule by rule
 ///     createJudged(*ledger, judgement.value, acceptance);
+/// `choice` decides what of the draft is created, and in whose place. Rows are those of the table, whatever
+/// of it is left out. An error where the choice cannot be.
 Outcome<Judgement> judge(const ledger::Ledger& ledger, const ledger::BatchDraft& draft,
                          const Confirmed& confirmed, const Desk& desk, const ReferenceData& data,
-                         const QDateTime& now);
+                         const QDateTime& now, const DuplicateChoice& choice = {});
 
 /// The same without a ledger: nothing of the day, of halts and of what was created before.
 Judgement preview(const ledger::BatchDraft& draft, const Confirmed& confirmed, const Desk& desk,

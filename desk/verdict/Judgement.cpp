@@ -5,6 +5,7 @@
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
 #include "table/GuardRules.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -146,6 +147,9 @@ QList<Line> inOrder(QList<Line> lines)
 
 QString objection(const Judgement& judgement, const Acceptance& acceptance)
 {
+    if (judgement.isEmpty()) {
+        return Words::tr("没有要创建的行：%1 行都已在台账中。").arg(judgement.leftOut.size());
+    }
     if (judgement.refuses()) {
         return ledger::texts::refused(joined(judgement.linesWith(Action::Refuse)));
     }

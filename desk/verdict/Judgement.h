@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/verdict/Duplicates.h"
 #include "desk/verdict/RuleActions.h"
 #include "desk/verdict/Summary.h"
 #include "ledger/BatchCreation.h"
@@ -25,8 +26,12 @@ struct Line {
 struct Judgement {
     ledger::Review review; ///< the draft with its amounts, and the ledger's own verdict
     Summary summary;
-    QList<Line> lines; ///< missing rows first, then refusals, questions, what is told; worst first
+    DuplicateChoice choice;
+    QList<int> leftOut; ///< by the choice: rows of the table, from 1
+    QList<Line> lines;  ///< missing rows first, then refusals, questions, what is told; worst first
 
+    /// By the choice nothing is left to create.
+    bool isEmpty() const { return !leftOut.isEmpty() && review.draft.instances.isEmpty(); }
     bool refuses() const { return !linesWith(Action::Refuse).isEmpty(); }
     QList<Line> linesWith(Action action) const;
     /// Rules that are asked for and not among those accepted.

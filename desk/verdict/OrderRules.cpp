@@ -244,8 +244,8 @@ private:
         QMap<QString, Pair> pairs;
         for (int i = 0; i < mOrders.draft.instances.size(); ++i) {
             const InstanceDraft& instance = mOrders.draft.instances.at(i);
-            const QString number = instance.parameters.value(PairNumber).toString(); // as it is sent
-            if (!number.trimmed().isEmpty()) {
+            const QString number = pairNumberOf(instance);
+            if (!number.isEmpty()) {
                 pairs[number].rows.append(i + 1);
                 pairs[number].legs += instance.legs;
                 pairs[number].times.insert({instance.start, instance.end});
@@ -269,6 +269,12 @@ private:
 };
 
 } // namespace
+
+QString pairNumberOf(const ledger::InstanceDraft& instance)
+{
+    const QString number = instance.parameters.value(PairNumber).toString(); // as it is sent
+    return number.trimmed().isEmpty() ? QString() : number;
+}
 
 table::Faults faultsOfOrders(const Orders& orders)
 {

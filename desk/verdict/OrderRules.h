@@ -33,6 +33,9 @@ struct Orders {
 /// columns and cells are the caller's to add.
 table::Faults faultsOfOrders(const Orders& orders);
 
+/// What binds rows of a batch so that they go out together or not at all; empty: nothing.
+QString pairNumberOf(const ledger::InstanceDraft& instance);
+
 /// Days ahead that nobody orders for.
 constexpr int FarDays = 20;
 /// Seconds between start and end that no algorithm can do anything with.

@@ -1,5 +1,7 @@
 #include "desk/verdict/Summary.h"
 
+#include "words/Words.h"
+
 #include <algorithm>
 
 namespace verdict {
@@ -88,6 +90,12 @@ QStringList linesOf(const Summary& summary)
                              .arg(summary.taken)
                              .arg(summary.refused)
                              .arg(summary.skipped)};
+    if (summary.leftOut > 0) {
+        lines.append(Words::tr("不再创建 %1 行：台账中已有").arg(summary.leftOut));
+    }
+    if (summary.replaces > 0) {
+        lines.append(Words::tr("批次 %1 将被撤回，由本批替换（同时完成，或都不做）").arg(summary.replaces));
+    }
     for (auto market = summary.markets.cbegin(); market != summary.markets.cend(); ++market) {
         lines.append(QStringLiteral("%1：%2").arg(market.key(), sides(*market)));
     }

@@ -31,6 +31,8 @@ struct Summary {
     int taken = 0;
     int refused = 0;             ///< orders of the file that were not imported
     int skipped = 0;             ///< rows without a code that look like orders
+    int leftOut = 0;             ///< rows that the ledger holds already, by the user's choice
+    qint64 replaces = 0;         ///< the batch that is withdrawn for this one; 0: none
     QMap<QString, Side> markets; ///< by exchange
     QList<Row> largest;          ///< at most five, the largest first
     Side day;                    ///< of the account, with this batch

@@ -6,7 +6,26 @@
 #include "ledger/BatchCreation.h"
 #include "ledger/LedgerTexts.h"
 
-std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
+namespace {
+
+/// Batches of the same account that hold some of it, or that the table was compared with.
+QList<qint64> othersOf(const verdict::Judgement& judgement, std::optional<qint64> comparedWith)
+{
+    QList<qint64> others;
+    for (const ledger::Duplicate& duplicate : judgement.review.standing.duplicates) {
+        if (duplicate.account == judgement.review.draft.account) {
+            others.append(duplicate.batch);
+        }
+    }
+    if (comparedWith && !others.contains(*comparedWith)) {
+        others.append(*comparedWith);
+    }
+    return others;
+}
+
+} // namespace
+
+std::optional<BatchCreator::Created> BatchCreator::create(const HandOver& batch) const
 {
     if (!mBooks.ledger) {
         tell(mBooks.ledgerError);
@@ -19,7 +38,7 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
         tell(attempt.error);
         return std::nullopt;
     }
-    const std::optional<ledger::Batch> created =
+    const std::optional<Created> created =
         attempt.value.made ? repeated(*attempt.value.made) : judgeAndCreate(batch, draft);
     if (created) {
         journal.end(attempt.value.entry);
@@ -28,26 +47,24 @@ std::optional<ledger::Batch> BatchCreator::create(const HandOver& batch) const
 }
 
 /// An attempt of a program that ended before it could tell.
-std::optional<ledger::Batch> BatchCreator::repeated(const ledger::Batch& made) const
+std::optional<BatchCreator::Created> BatchCreator::repeated(const ledger::Batch& made) const
 {
     ZelMessageBox box(QStringLiteral("已创建"), ledger::texts::createdBefore(made.number, made.rowCount),
                       ZelMessageBox::Error, mParent);
     box.showModally();
-    return made;
+    return Created{made, {}, std::nullopt};
 }
 
-std::optional<ledger::Batch> BatchCreator::judgeAndCreate(const HandOver& batch,
-                                                          const ledger::BatchDraft& draft) const
+std::optional<BatchCreator::Created> BatchCreator::judgeAndCreate(const HandOver& batch,
+                                                                  const ledger::BatchDraft& draft) const
 {
-    Outcome<verdict::Judgement> judgement =
-        verdict::judge(*mBooks.ledger, draft, {batch.content, batch.table}, mBooks.desk, mData,
-                       mBooks.clock ? mBooks.clock() : QDateTime::currentDateTimeUtc());
+    Outcome<verdict::Judgement> judgement = judged(batch, draft, {});
     if (!judgement.ok()) {
         tell(judgement.error);
         return std::nullopt;
     }
     verdict::Acceptance acceptance;
-    if (!askUser(judgement.value, acceptance)) {
+    if (!askUser(batch, draft, judgement.value, acceptance)) {
         return std::nullopt;
     }
     const Outcome<ledger::Batch> created = verdict::createJudged(*mBooks.ledger, judgement.value, acceptance);
@@ -55,17 +72,36 @@ std::optional<ledger::Batch> BatchCreator::judgeAndCreate(const HandOver& batch,
         tell(created.error);
         return std::nullopt;
     }
-    return created.value;
+    return Created{created.value, judgement.value.leftOut, judgement.value.review.settled.replaces};
 }
 
-bool BatchCreator::askUser(const verdict::Judgement& judgement, verdict::Acceptance& acceptance) const
+Outcome<verdict::Judgement> BatchCreator::judged(const HandOver& batch, const ledger::BatchDraft& draft,
+                                                 const verdict::DuplicateChoice& choice) const
 {
-    VerdictDialog dialog(judgement, mParent);
+    return verdict::judge(*mBooks.ledger, draft, {batch.content, batch.table}, mBooks.desk, mData,
+                          mBooks.clock ? mBooks.clock() : QDateTime::currentDateTimeUtc(), choice);
+}
+
+/// The judgement is that of the choice about duplicates which the user made last.
+bool BatchCreator::askUser(const HandOver& batch, const ledger::BatchDraft& draft,
+                           verdict::Judgement& judgement, verdict::Acceptance& acceptance) const
+{
+    VerdictDialog dialog(judgement, othersOf(judgement, batch.comparedWith), mParent);
     QObject::connect(&dialog, &VerdictDialog::rowWanted, mParent, [this](int row) {
         if (mShowRow) {
             mShowRow(row);
         }
     });
+    QObject::connect(&dialog, &VerdictDialog::choiceWanted, mParent,
+                     [&](const verdict::DuplicateChoice& choice) {
+                         const Outcome<verdict::Judgement> again = judged(batch, draft, choice);
+                         if (again.ok()) {
+                             judgement = again.value;
+                             dialog.showJudgement(judgement);
+                         } else {
+                             dialog.refuseChoice(again.error);
+                         }
+                     });
     const bool agreed = dialog.exec() == QDialog::Accepted;
     acceptance = dialog.acceptance();
     return agreed;

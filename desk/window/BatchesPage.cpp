@@ -2,10 +2,13 @@
 
 #include "desk/window/FilteredTable.h"
 #include "host/ZelMessageBox.h"
+#include "words/Words.h"
 
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -25,16 +28,14 @@ QString undoneLines(const QList<ledger::ChangedInstance>& instances)
 
 BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent), mBooks(books), mModel(new BatchesModel(this)),
-      mTable(new FilteredTable(mModel, {QStringLiteral("批次"), QString()}, prompts, this))
+      mTable(new FilteredTable(mModel, {QStringLiteral("批次"), QString()}, prompts, this)),
+      mLook(mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"))),
+      mCompare(mTable->addButton(QStringLiteral("与当前导入比较"), QStringLiteral("button_compare"))),
+      mUndo(mTable->addButton(QStringLiteral("撤销批次"), QStringLiteral("button_undo")))
 {
     mTable->setSingleSelection();
     mTable->setColoursOf(host);
     mTable->setProgressColumn(host, BatchesModel::Progress);
-    QPushButton* look = mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"));
-    QPushButton* compare =
-        mTable->addButton(QStringLiteral("与当前导入比较"), QStringLiteral("button_compare"));
-    QPushButton* take = mTable->addButton(QStringLiteral("撤销批次"), QStringLiteral("button_undo"));
-    mBatchButtons = {look, compare, take};
     auto* column = new QVBoxLayout(this);
     column->addWidget(mTable);
 
@@ -43,14 +44,14 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
             emit instancesWanted(*batch);
         }
     };
-    connect(look, &QPushButton::clicked, this, lookInto);
+    connect(mLook, &QPushButton::clicked, this, lookInto);
     connect(mTable->view(), &QTableView::activated, this, lookInto);
-    connect(compare, &QPushButton::clicked, this, [this] {
+    connect(mCompare, &QPushButton::clicked, this, [this] {
         if (const auto batch = selectedBatch()) {
             emit comparisonWanted(*batch);
         }
     });
-    connect(take, &QPushButton::clicked, this, &BatchesPage::undo);
+    connect(mUndo, &QPushButton::clicked, this, &BatchesPage::undo);
     connect(mTable, &FilteredTable::selectionChanged, this, &BatchesPage::enableButtons);
     connect(mTable, &FilteredTable::said, this, &BatchesPage::said);
     connect(mModel, &ListModel::failed, this, &BatchesPage::said);
@@ -77,6 +78,7 @@ void BatchesPage::countInstances()
     if (counts.ok()) {
         mCounts = counts.value;
         mModel->setCounts(mCounts);
+        enableButtons();
     }
 }
 
@@ -109,12 +111,40 @@ std::optional<qint64> BatchesPage::selectedBatch() const
     return row < 0 ? std::nullopt : std::optional<qint64>(mModel->records().at(row).number);
 }
 
+void BatchesPage::setComparable(bool isComparable)
+{
+    mIsComparable = isComparable;
+    enableButtons();
+}
+
+/// Why nothing of a batch could be taken back; empty where something can. Of older batches nobody counted
+/// the states: undo itself tells.
+QString BatchesPage::undoObjection(const ledger::Batch& batch) const
+{
+    const bool isOpen = batch.state == ledger::BatchState::Created ||
+                        batch.state == ledger::BatchState::Waiting ||
+                        batch.state == ledger::BatchState::PartlyReversed;
+    const QMap<ledger::InstanceState, qint64> counts = mCounts.value(batch.number);
+    const bool hasAny = std::any_of(counts.keyBegin(), counts.keyEnd(), [](ledger::InstanceState state) {
+        return ledger::mayBeStopped(state) || ledger::mayBeWithdrawn(state);
+    });
+    return isOpen && (hasAny || counts.isEmpty())
+               ? QString()
+               : Words::tr("批次%1，没有可以撤销的实例").arg(ledger::shownName(batch.state));
+}
+
+/// A button that does nothing says why.
 void BatchesPage::enableButtons()
 {
-    const bool chosen = selectedBatch().has_value();
-    for (QPushButton* button : qAsConst(mBatchButtons)) {
-        button->setEnabled(chosen);
-    }
+    const std::optional<qint64> chosen = selectedBatch();
+    const QString choose = chosen ? QString() : Words::tr("先选择一个批次");
+    const auto allow = [&choose](QPushButton* button, const QString& objection) {
+        button->setEnabled(choose.isEmpty() && objection.isEmpty());
+        button->setToolTip(choose.isEmpty() ? objection : choose);
+    };
+    allow(mLook, QString());
+    allow(mCompare, mIsComparable ? QString() : Words::tr("先在“批量导入”中导入要比较的文件"));
+    allow(mUndo, chosen ? undoObjection(mModel->records().at(mTable->selectedRow())) : QString());
 }
 
 void BatchesPage::undo()

@@ -28,6 +28,8 @@ public:
     const BatchesModel::Counts& counts() const { return mCounts; }
 
 public slots:
+    /// Whether there is a table now imported that a batch can be compared with.
+    void setComparable(bool isComparable);
     void reload();
     /// Asks once more, takes the selected batch back and tells what could not be reversed.
     void undo();
@@ -46,12 +48,16 @@ private:
     void countInstances();
     std::optional<qint64> selectedBatch() const;
     void enableButtons();
+    QString undoObjection(const ledger::Batch& batch) const;
     bool isUndoWanted();
     void tellUndone(const ledger::UndoReport& report);
 
     const DeskBooks& mBooks;
     BatchesModel* mModel;
     FilteredTable* mTable;
-    QList<QPushButton*> mBatchButtons;
+    QPushButton* mLook;
+    QPushButton* mCompare;
+    QPushButton* mUndo;
+    bool mIsComparable = false;
     BatchesModel::Counts mCounts;
 };

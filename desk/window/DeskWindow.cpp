@@ -19,6 +19,7 @@
 #include "embedded_host/skin/SkinService.h"
 #include "embedded_host/widgets/PlainToolTip.h"
 #include "ledger/draft/BatchDiff.h"
+#include "words/Words.h"
 
 #include <QAction>
 #include <QApplication>
@@ -95,6 +96,10 @@ void DeskWindow::makePages()
     mBatches = new BatchesPage(mHost, mBooks, *mPrompts);
     connect(mBatches, &BatchesPage::said, this, &DeskWindow::say);
     connect(mBatches, &BatchesPage::changed, mInstances, &InstancesPage::reload);
+    connect(mInstances, &InstancesPage::changed, mBatches, &BatchesPage::reload);
+    connect(mImport, &ImportPage::imported, mBatches,
+            [this] { mBatches->setComparable(!mImport->currentTable().rows.isEmpty()); });
+    connect(mImport, &ImportPage::cleared, mBatches, [this] { mBatches->setComparable(false); });
     connect(mBatches, &BatchesPage::comparisonWanted, this, &DeskWindow::compareWith);
     connect(mBatches, &BatchesPage::instancesWanted, this, [this](qint64 batch) {
         mInstances->showBatch(batch);
@@ -316,11 +321,15 @@ void DeskWindow::sayToo(const QString& text)
 
 void DeskWindow::takeBatch(const HandOver& batch)
 {
-    const std::optional<ledger::Batch> created =
+    const std::optional<BatchCreator::Created> created =
         BatchCreator(
             mBooks, mHost.referenceData(), [this](int row) { mImport->showRow(row); }, this)
             .create(batch);
-    mImport->finish(batch, created.has_value());
+    HandOver told = batch;
+    for (int i = created ? created->leftOut.size() - 1 : -1; i >= 0; --i) {
+        told.content.parameterMaps.removeAt(created->leftOut.at(i) - 1);
+    }
+    mImport->finish(told, created.has_value());
     if (!created) {
         say(QStringLiteral("未创建，批次保持原样"));
         return;
@@ -328,7 +337,13 @@ void DeskWindow::takeBatch(const HandOver& batch)
     mInstances->showBatch(std::nullopt);
     mBatches->reload();
     const QString fault = mBatches->error().isEmpty() ? mInstances->error() : mBatches->error();
-    say(QStringLiteral("批次 %1：已创建 %2 个实例").arg(created->number).arg(created->rowCount));
+    say(QStringLiteral("批次 %1：已创建 %2 个实例").arg(created->batch.number).arg(created->batch.rowCount));
+    if (created->replaced) {
+        sayToo(Words::tr("批次 %1 已撤回").arg(*created->replaced));
+    }
+    if (!created->leftOut.isEmpty()) {
+        sayToo(Words::tr("%1 行台账中已有，没有再创建").arg(created->leftOut.size()));
+    }
     sayToo(fault);
 }
 

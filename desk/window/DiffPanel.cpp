@@ -16,6 +16,13 @@ DiffPanel::DiffPanel(EmbeddedHost& host, UserPrompts& prompts, QWidget* parent)
     mTable->view()->horizontalHeader()->setStretchLastSection(true);
     auto* column = new QVBoxLayout(this);
     column->addWidget(mTable);
+    connect(mTable->view(), &QTableView::activated, this, [this] {
+        const int line = mTable->currentRow();
+        const int row = line < 0 ? 0 : mModel->records().at(line).newRow;
+        if (row > 0) {
+            emit rowWanted(row);
+        }
+    });
     clear();
 }
 

@@ -21,6 +21,10 @@ public:
     /// Nothing was compared.
     void clear();
 
+signals:
+    /// The user wants to see a row of the table now imported, from 1.
+    void rowWanted(int row);
+
 private:
     DiffModel* mModel;
     FilteredTable* mTable;

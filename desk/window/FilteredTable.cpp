@@ -17,6 +17,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int NarrowestColumn = 64;
@@ -141,6 +143,30 @@ int FilteredTable::selectedRow() const
 {
     const QModelIndexList rows = mView->selectionModel()->selectedRows();
     return rows.size() == 1 ? mProxy->mapToSource(rows.first()).row() : -1;
+}
+
+QList<int> FilteredTable::selectedRows() const
+{
+    QModelIndexList shown = mView->selectionModel()->selectedRows();
+    std::sort(shown.begin(), shown.end());
+    QList<int> rows;
+    for (const QModelIndex& index : qAsConst(shown)) {
+        rows.append(mProxy->mapToSource(index).row());
+    }
+    return rows;
+}
+
+void FilteredTable::selectRows(const QList<int>& sourceRows)
+{
+    QItemSelection selection;
+    for (const int row : sourceRows) {
+        const QModelIndex index = mProxy->mapFromSource(mSource->index(row, 0));
+        if (index.isValid()) {
+            selection.select(index, index);
+        }
+    }
+    mView->selectionModel()->select(selection,
+                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 int FilteredTable::currentRow() const

@@ -49,6 +49,10 @@ public:
     int currentRow() const;
     /// The one row of the source that is selected; -1 for none or several.
     int selectedRow() const;
+    /// The rows of the source that are selected, as they are shown.
+    QList<int> selectedRows() const;
+    /// Selects these rows of the source and no other, as far as they are shown.
+    void selectRows(const QList<int>& sourceRows);
     /// Selects and shows a row of the source; a filter that hides it is cleared.
     void setCurrentRow(int sourceRow);
     /// Title row and the rows as shown: filtered, sorted, without hidden columns; numbers without commas.

@@ -92,6 +92,7 @@ void ImportPage::listenToPanels()
     connect(mProblems, &ProblemsPanel::currentChanged, this, &ImportPage::showRecord);
     connect(mProblems, &ProblemsPanel::said, this, &ImportPage::said);
     connect(mFileCheck, &FileCheckPanel::countChanged, this, &ImportPage::showFindingCount);
+    connect(mDiff, &DiffPanel::rowWanted, this, &ImportPage::showRow);
     connect(&mDigest, &FileDigest::taken, mFileCheck, &FileCheckPanel::showDigest);
     for (const FilteredTable* table : {mFileCheck->table(), mDiff->table(), mHandedOver}) {
         connect(table, &FilteredTable::said, this, &ImportPage::said);
@@ -187,7 +188,7 @@ QString ImportPage::importSummary() const
 void ImportPage::takeConfirmation(bool closeAfterwards)
 {
     mProblems->forgetBatch();
-    HandOver batch{content(), mFile.table, closeAfterwards};
+    HandOver batch{content(), mFile.table, mComparedWith, closeAfterwards};
     bool cancelled = false;
     const Outcome<QString> digest = mDigest.wait(this, cancelled);
     batch.content.fileSha256 = digest.value;
@@ -241,6 +242,7 @@ QString ImportPage::fileName() const
 
 void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
 {
+    mComparedWith = batch;
     mDiff->show(diff);
     mLower->setTabText(DiffTab, QStringLiteral("与批次 %1 的变更").arg(batch));
     if (mProblems->problems().isEmpty() && !mFileCheck->report().hasErrors()) {
@@ -269,6 +271,7 @@ void ImportPage::showFindingCount(int count)
 
 void ImportPage::forgetDiff()
 {
+    mComparedWith.reset();
     mDiff->clear();
     mLower->setTabText(DiffTab, QStringLiteral("变更"));
 }

@@ -40,9 +40,9 @@ public:
     /// The batch of the last confirmed() was created, or not: closes the dialog where the user wanted that,
     /// or lets him confirm again.
     void finish(const HandOver& batch, bool created);
-    /// The table as it stands; without rows before an import.
     /// Selects a row of the batch, from 1.
     void showRow(int row);
+    /// The table as it stands; without rows before an import.
     ledger::BatchTable currentTable() const;
     QString fileName() const;
     /// What the open dialog holds.
@@ -91,4 +91,5 @@ private:
     QSplitter* mSplitter;
     ImportedFile mFile;
     FileDigest mDigest;
+    std::optional<qint64> mComparedWith; ///< the batch of the diff
 };

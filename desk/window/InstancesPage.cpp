@@ -2,22 +2,51 @@
 
 #include "desk/models/InstancesModel.h"
 #include "desk/window/FilteredTable.h"
+#include "desk/window/InstanceActions.h"
 #include "embedded_host/EmbeddedHost.h"
+#include "host/ZelMessageBox.h"
+#include "words/Words.h"
 
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QVBoxLayout>
+
+namespace {
+
+constexpr int ResultLines = 6;
+
+} // namespace
 
 InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts,
                              QWidget* parent)
     : QWidget(parent), mHost(host), mBooks(books),
-      mModel(new InstancesModel([this](const QString& symbol) { return nameOf(symbol); }, this)),
+      mModel(new InstancesModel(
+          [this](const QString& symbol) { return nameOf(symbol); },
+          [&host](const QString& symbol) { return host.referenceData().priceDecimals(symbol); }, this)),
       mTable(new FilteredTable(mModel, {QStringLiteral("算法实例"), QString()}, prompts, this)),
-      mAllBatches(mTable->addButton(QStringLiteral("显示全部批次"), QStringLiteral("button_allBatches")))
+      mAllBatches(mTable->addButton(QStringLiteral("显示全部批次"), QStringLiteral("button_allBatches"))),
+      mActions(new InstanceActions(books, *mModel, *mTable)), mResults(new QPlainTextEdit(this))
 {
     mTable->setColoursOf(host);
     mTable->setProgressColumn(host, InstancesModel::Filled);
     auto* column = new QVBoxLayout(this);
-    column->addWidget(mTable);
+    column->addWidget(mTable, 1);
+    mResults->setObjectName(QStringLiteral("text_results"));
+    mResults->setAccessibleName(Words::tr("逐个实例的结果"));
+    mResults->setReadOnly(true);
+    mResults->setTabChangesFocus(true);
+    mResults->setFixedHeight(ResultLines * mResults->fontMetrics().lineSpacing());
+    mResults->hide();
+    column->addWidget(mResults);
+    connect(mActions, &InstanceActions::done, this, &InstancesPage::tellResults);
+    connect(mActions, &InstanceActions::failed, this, &InstancesPage::tellFailure);
+    connect(mTable, &FilteredTable::selectionChanged, this, [this] {
+        const QString summary = mActions->summary();
+        if (!summary.isEmpty() && isVisible()) {
+            emit said(summary);
+        }
+    });
     connect(mAllBatches, &QPushButton::clicked, this, [this] { showBatch(std::nullopt); });
     connect(mTable, &FilteredTable::said, this, &InstancesPage::said);
     connect(mModel, &ListModel::failed, this, &InstancesPage::said);
@@ -31,10 +60,40 @@ void InstancesPage::showBatch(std::optional<qint64> batch)
     tellState();
 }
 
+/// Other instances may have come before those that are selected.
 void InstancesPage::reload()
 {
+    QSet<QString> selected;
+    const QList<int> before = mTable->selectedRows();
+    for (const int row : before) {
+        selected.insert(mModel->records().at(row).id.text());
+    }
     mModel->reload();
+    if (mTable->selectedRows().size() != before.size()) {
+        QList<int> rows;
+        for (int row = 0; row < mModel->rowCount(); ++row) {
+            if (selected.contains(mModel->records().at(row).id.text())) {
+                rows.append(row);
+            }
+        }
+        mTable->selectRows(rows);
+    }
     tellState();
+}
+
+void InstancesPage::tellResults(const QString& summary, const QStringList& results)
+{
+    reload();
+    mResults->setPlainText(results.join(QLatin1Char('\n')));
+    mResults->show();
+    emit changed();
+    emit said(summary);
+}
+
+void InstancesPage::tellFailure(const QString& error)
+{
+    reload();
+    ZelMessageBox(Words::tr("未变更"), error, ZelMessageBox::Error, this).showModally();
 }
 
 /// Much may have come while another page was in front.

@@ -9,11 +9,14 @@
 
 class EmbeddedHost;
 class FilteredTable;
+class InstanceActions;
 class InstancesModel;
+class QPlainTextEdit;
 class QPushButton;
 class UserPrompts;
 
-/// The instances of the ledger, of all batches or of one; those of the newest batch first.
+/// The instances of the ledger, of all batches or of one; those of the newest batch first. Those selected are
+/// started, stopped and withdrawn here, and what came of each stands below.
 class InstancesPage : public QWidget {
     Q_OBJECT
 
@@ -35,8 +38,12 @@ protected:
 
 signals:
     void said(const QString& text);
+    /// Instances of the ledger were changed here.
+    void changed();
 
 private:
+    void tellResults(const QString& summary, const QStringList& results);
+    void tellFailure(const QString& error);
     /// Nothing: of all batches.
     Pages<ledger::Instance> pagesOfBatch(std::optional<qint64> batch) const;
     QString nameOf(const QString& symbol) const;
@@ -47,4 +54,6 @@ private:
     InstancesModel* mModel;
     FilteredTable* mTable;
     QPushButton* mAllBatches;
+    InstanceActions* mActions;
+    QPlainTextEdit* mResults; ///< hidden before anything was done
 };

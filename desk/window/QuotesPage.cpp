@@ -1,5 +1,6 @@
 #include "desk/window/QuotesPage.h"
 
+#include "desk/models/Money.h"
 #include "desk/models/QuotesModel.h"
 #include "desk/window/FilteredTable.h"
 #include "embedded_host/EmbeddedHost.h"
@@ -15,7 +16,7 @@ constexpr int DrawEveryMs = 250;
 QString priceText(const QMap<QString, QVariant>& quote, const QString& field, int decimals)
 {
     const QString text = quote.value(field).toString();
-    return text.isEmpty() ? text : QString::number(text.toDouble(), 'f', decimals);
+    return text.isEmpty() ? text : money::price(ledger::Decimal::fromText(text).rounded(decimals), decimals);
 }
 
 } // namespace
@@ -62,7 +63,7 @@ QuoteLine QuotesPage::quoteOf(const QString& symbol) const
 {
     const QMap<QString, QVariant> quote = mHost.quotes().snapshot(symbol);
     const Security* security = mHost.referenceData().security(symbol);
-    const int decimals = decimalsOf(symbol);
+    const int decimals = mHost.referenceData().priceDecimals(symbol);
     return {symbol,
             security ? security->name : QString(),
             decimals,
@@ -70,14 +71,4 @@ QuoteLine QuotesPage::quoteOf(const QString& symbol) const
             priceText(quote, QuotaFields::PreClosePx, decimals),
             priceText(quote, QuotaFields::MaxPx, decimals),
             priceText(quote, QuotaFields::MinPx, decimals)};
-}
-
-int QuotesPage::decimalsOf(const QString& symbol) const
-{
-    const ReferenceData& known = mHost.referenceData();
-    if (const FuturesContract* contract = known.futuresContract(symbol)) {
-        return contract->pricePrecision;
-    }
-    const Security* security = known.security(symbol);
-    return security ? security->pricePrecision : 2;
 }

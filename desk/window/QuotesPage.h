@@ -25,7 +25,6 @@ protected:
 private:
     void showQuotes();
     QuoteLine quoteOf(const QString& symbol) const;
-    int decimalsOf(const QString& symbol) const;
 
     EmbeddedHost& mHost;
     QuotesModel* mModel;

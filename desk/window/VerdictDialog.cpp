@@ -1,6 +1,9 @@
 #include "desk/window/VerdictDialog.h"
 
+#include "words/Words.h"
+
 #include <QCheckBox>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -38,21 +41,97 @@ constexpr int MostLinks = 12; // to rows of one rule
 
 } // namespace
 
-VerdictDialog::VerdictDialog(const verdict::Judgement& judgement, QWidget* parent)
+VerdictDialog::VerdictDialog(const verdict::Judgement& judgement, const QList<qint64>& others,
+                             QWidget* parent)
     : QDialog(parent), mJudgement(judgement)
 {
-    using verdict::Action;
     setWindowTitle(QStringLiteral("创建前检查"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setMinimumWidth(Width);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 14, 16, 12);
     column->setSpacing(8);
+    if (!others.isEmpty()) {
+        addChoices(column, others);
+    }
+    build();
+}
+
+void VerdictDialog::addChoices(QVBoxLayout* column, const QList<qint64>& others)
+{
+    using Way = verdict::DuplicateChoice::Way;
+    mChoice = new QComboBox(this);
+    mChoice->setObjectName(QStringLiteral("combo_duplicates"));
+    mChoice->setAccessibleName(Words::tr("与已有批次重复时"));
+    const auto add = [this](const QString& text, const verdict::DuplicateChoice& choice) {
+        mChoice->addItem(text);
+        mChoices.append(choice);
+    };
+    add(Words::tr("全部创建，重复的逐条确认"), {});
+    add(Words::tr("台账中已有的行不再创建"), {Way::LeaveOut, 0});
+    for (const qint64 other : others) {
+        add(Words::tr("只创建与批次 %1 相比有变更的行").arg(other), {Way::ChangedOnly, other});
+    }
+    for (const qint64 other : others) {
+        add(Words::tr("撤回批次 %1，以本批替换").arg(other), {Way::Replace, other});
+    }
+    connect(mChoice, qOverload<int>(&QComboBox::activated), this,
+            [this](int index) { emit choiceWanted(mChoices.at(index)); });
+    auto* caption = makeLabel(Words::tr("与已有批次重复时(&D)："), QStringLiteral("heading"), this);
+    caption->setBuddy(mChoice);
+    mChoiceFault = makeLabel(QString(), QStringLiteral("error"), this);
+    mChoiceFault->setObjectName(QStringLiteral("label_choiceFault"));
+    mChoiceFault->hide();
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addWidget(mChoice, 1);
+    column->addLayout(row);
+    column->addWidget(mChoiceFault);
+}
+
+void VerdictDialog::showJudgement(const verdict::Judgement& judgement)
+{
+    mJudgement = judgement;
+    if (mChoiceFault != nullptr) {
+        mChoiceFault->hide();
+    }
+    build();
+    if (mChoice != nullptr) {
+        mChoice->setFocus();
+    }
+}
+
+void VerdictDialog::refuseChoice(const QString& reason)
+{
+    const auto isHeld = [this](const verdict::DuplicateChoice& choice) {
+        return choice.way == mJudgement.choice.way && choice.against == mJudgement.choice.against;
+    };
+    const auto held = std::find_if(mChoices.begin(), mChoices.end(), isHeld);
+    mChoice->setCurrentIndex(static_cast<int>(held - mChoices.begin()));
+    mChoiceFault->setText(reason);
+    mChoiceFault->show();
+}
+
+void VerdictDialog::build()
+{
+    using verdict::Action;
+    delete mBody;
+    mQuestions.clear();
+    mAmount = nullptr;
+    mCreate = nullptr;
+    mBody = new QWidget(this);
+    layout()->addWidget(mBody);
+    auto* column = new QVBoxLayout(mBody);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(8);
     addSummary(column);
-    addText(column, QStringLiteral("不能创建"), textsOf(judgement.linesWith(Action::Refuse)),
-            QStringLiteral("error"));
+    QStringList refusals = textsOf(mJudgement.linesWith(Action::Refuse));
+    if (mJudgement.isEmpty()) {
+        refusals.append(verdict::objection(mJudgement, {}));
+    }
+    addText(column, QStringLiteral("不能创建"), refusals, QStringLiteral("error"));
     addQuestions(column);
-    addText(column, QStringLiteral("提示"), textsOf(judgement.linesWith(Action::Tell)),
+    addText(column, QStringLiteral("提示"), textsOf(mJudgement.linesWith(Action::Tell)),
             QStringLiteral("notice"));
     addAmount(column);
     addButtons(column);
@@ -78,13 +157,13 @@ void VerdictDialog::addSummary(QVBoxLayout* column)
     column->addWidget(
         makeLabel(QStringLiteral("%1 · %2 · %3 个实例")
                       .arg(draft.account, draft.strategy, QString::number(draft.instances.size())),
-                  QStringLiteral("heading"), this));
+                  QStringLiteral("heading"), mBody));
     auto* amounts = new QHBoxLayout;
     amounts->setSpacing(24);
     amounts->addWidget(makeLabel(QStringLiteral("买入合计 %1 元").arg(verdict.grossBuy.shown(2)),
-                                 QStringLiteral("buy"), this));
+                                 QStringLiteral("buy"), mBody));
     amounts->addWidget(makeLabel(QStringLiteral("卖出合计 %1 元").arg(verdict.grossSell.shown(2)),
-                                 QStringLiteral("sell"), this));
+                                 QStringLiteral("sell"), mBody));
     amounts->addStretch();
     column->addLayout(amounts);
     addText(column, QStringLiteral("摘要"), verdict::linesOf(mJudgement.summary), QStringLiteral("summary"));
@@ -97,8 +176,8 @@ void VerdictDialog::addText(QVBoxLayout* column, const QString& title, const QSt
         return;
     }
     column->addSpacing(4);
-    column->addWidget(makeLabel(title, role, this));
-    auto* text = new QTextEdit(this);
+    column->addWidget(makeLabel(title, role, mBody));
+    auto* text = new QTextEdit(mBody);
     text->setObjectName(QStringLiteral("findings_") + role);
     text->setAccessibleName(title);
     text->setReadOnly(true);
@@ -116,7 +195,7 @@ void VerdictDialog::addQuestions(QVBoxLayout* column)
         return;
     }
     column->addSpacing(4);
-    column->addWidget(makeLabel(QStringLiteral("请逐条确认"), QStringLiteral("warning"), this));
+    column->addWidget(makeLabel(QStringLiteral("请逐条确认"), QStringLiteral("warning"), mBody));
     auto* list = new QWidget;
     auto* rows = new QVBoxLayout(list);
     for (const verdict::Line& line : lines) {
@@ -124,7 +203,7 @@ void VerdictDialog::addQuestions(QVBoxLayout* column)
         question->setObjectName(QStringLiteral("check_") + line.rule);
         question->setProperty("rule", line.rule);
         question->setAccessibleName(line.text);
-        question->setEnabled(!mJudgement.refuses());
+        question->setEnabled(!isForbidden());
         connect(question, &QCheckBox::toggled, this, &VerdictDialog::showWhetherAllowed);
         mQuestions.append(question);
         auto* row = new QHBoxLayout;
@@ -136,7 +215,7 @@ void VerdictDialog::addQuestions(QVBoxLayout* column)
         }
     }
     rows->addStretch();
-    auto* area = new QScrollArea(this);
+    auto* area = new QScrollArea(mBody);
     area->setWidgetResizable(true);
     area->setWidget(list);
     area->setMinimumHeight((qMin(lines.size(), MostLines) * 2 + 1) * fontMetrics().lineSpacing());
@@ -160,7 +239,7 @@ QLabel* VerdictDialog::makeRows(const verdict::Line& line)
     if (links.isEmpty() || line.rule == QLatin1String("rows.missing")) {
         return nullptr;
     }
-    auto* places = new QLabel(QStringLiteral("转到表格行 ") + links.join(QLatin1Char(' ')), this);
+    auto* places = new QLabel(QStringLiteral("转到表格行 ") + links.join(QLatin1Char(' ')), mBody);
     places->setTextFormat(Qt::RichText); // numbers alone
     places->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(places, &QLabel::linkActivated, this,
@@ -171,14 +250,14 @@ QLabel* VerdictDialog::makeRows(const verdict::Line& line)
 void VerdictDialog::addAmount(QVBoxLayout* column)
 {
     const ledger::Verdict& verdict = mJudgement.review.verdict;
-    if (mJudgement.refuses() || verdict.confirmationAmount <= 0) {
+    if (isForbidden() || verdict.confirmationAmount <= 0) {
         return;
     }
     column->addSpacing(4);
     column->addWidget(makeLabel(QStringLiteral("金额较大，请再输入一次合计金额（整数元）：%1")
                                     .arg(ledger::Decimal(verdict.confirmationAmount).shown(0)),
-                                QStringLiteral("heading"), this));
-    mAmount = new QLineEdit(this);
+                                QStringLiteral("heading"), mBody));
+    mAmount = new QLineEdit(mBody);
     mAmount->setObjectName(QStringLiteral("edit_amount"));
     mAmount->setAccessibleName(QStringLiteral("合计金额"));
     connect(mAmount, &QLineEdit::textChanged, this, &VerdictDialog::showWhetherAllowed);
@@ -187,15 +266,15 @@ void VerdictDialog::addAmount(QVBoxLayout* column)
 
 void VerdictDialog::addButtons(QVBoxLayout* column)
 {
-    mCancel = new QPushButton(mJudgement.refuses() ? QStringLiteral("关闭") : QStringLiteral("取消"), this);
+    mCancel = new QPushButton(isForbidden() ? QStringLiteral("关闭") : QStringLiteral("取消"), mBody);
     mCancel->setObjectName(QStringLiteral("button_cancel"));
     mCancel->setAutoDefault(false);
     connect(mCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addStretch();
-    if (!mJudgement.refuses()) {
-        mCreate =
-            new QPushButton(mQuestions.isEmpty() ? QStringLiteral("创建") : QStringLiteral("仍然创建"), this);
+    if (!isForbidden()) {
+        mCreate = new QPushButton(mQuestions.isEmpty() ? QStringLiteral("创建") : QStringLiteral("仍然创建"),
+                                  mBody);
         mCreate->setObjectName(QStringLiteral("button_create"));
         mCreate->setAutoDefault(false);
         connect(mCreate, &QPushButton::clicked, this, &QDialog::accept);

@@ -99,6 +99,15 @@ const Security* ReferenceData::security(const QString& symbol) const
     return rowAt(mTables.securities, mSecurityBySymbol, symbol);
 }
 
+int ReferenceData::priceDecimals(const QString& symbol) const
+{
+    if (const FuturesContract* contract = futuresContract(symbol)) {
+        return contract->pricePrecision;
+    }
+    const Security* known = security(symbol);
+    return known != nullptr ? known->pricePrecision : Security().pricePrecision;
+}
+
 const FuturesContract* ReferenceData::futuresContract(const QString& symbol) const
 {
     return rowAt(mTables.futures, mFuturesBySymbol, symbol);

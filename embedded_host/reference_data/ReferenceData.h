@@ -91,6 +91,8 @@ public:
     /// Null when unknown.
     const Security* security(const QString& symbol) const;
     const FuturesContract* futuresContract(const QString& symbol) const;
+    /// Decimals of the security's prices; 2 when unknown.
+    int priceDecimals(const QString& symbol) const;
     const tagUserAccountInfo* account(const QString& tradingAccount) const;
     const Market* market(const QString& exchange) const;
     const AesStrategy* strategy(const QString& name) const;

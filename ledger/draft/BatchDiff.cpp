@@ -50,6 +50,19 @@ QMap<QStringList, RowNumbers> groupRows(const BatchTable& table, const QStringLi
     return groups;
 }
 
+/// A number as people write it; a code with zeros in front is none.
+bool isNumber(const QString& cell)
+{
+    const bool isCode = cell.size() > 1 && cell.at(0) == QLatin1Char('0') && cell.at(1) != QLatin1Char('.');
+    return !cell.isEmpty() && !isCode && Decimal::fromText(cell).isNumber();
+}
+
+/// 36.2, as a spreadsheet has it, and 36.20, as a text does.
+bool isSameNumber(const QString& before, const QString& after)
+{
+    return isNumber(before) && isNumber(after) && Decimal::fromText(before) == Decimal::fromText(after);
+}
+
 /// Compares two tables over the columns that both have.
 class Comparison {
 public:
@@ -120,7 +133,7 @@ private:
         for (int i = 0; i < mCommon.size(); ++i) {
             const QString before = mBefore.rows.at(oldRow).value(mOldPlaces.at(i));
             const QString after = mAfter.rows.at(newRow).value(mNewPlaces.at(i));
-            if (before != after) {
+            if (before != after && !isSameNumber(before, after)) {
                 mDiff.cellsChanged.append({oldRow + 1, newRow + 1, mCommon.at(i), before, after});
             }
         }

@@ -15,7 +15,8 @@ struct Duplicate {
     QDateTime createdAt;
     QString createdBy;
     bool isSameFile = false;
-    QSet<int> rows; ///< of the draft, 1-based: those that are the same orders
+    QSet<int> rows;           ///< of the draft, 1-based: those that are the same orders
+    QMap<int, int> held = {}; ///< of each of those rows, how many such orders the batch holds
 };
 
 /// What the ledger holds against a draft, at one moment: Ledger::standingOf(), and once more inside the

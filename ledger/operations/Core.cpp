@@ -232,13 +232,8 @@ QString textOf(const Verdict& verdict)
 
 namespace operations {
 
-void releaseDay(Change& change, const Batch& batch, const QList<Instance>& withdrawn, bool isWholeBatch)
+void release(AccountDay& day, const QList<Instance>& withdrawn, bool isWholeBatch)
 {
-    if (change.store.keepsDays()) {
-        return;
-    }
-    AccountDay day =
-        selectDay(change.statements, batch.account, exchangeDay(batch.createdAt), change.store.forUpdate());
     for (const Instance& instance : withdrawn) {
         for (const Leg& leg : instance.legs) {
             day.buy -= leg.buys() ? leg.amount : Decimal();
@@ -247,6 +242,16 @@ void releaseDay(Change& change, const Batch& batch, const QList<Instance>& withd
     }
     day.instances -= withdrawn.size();
     day.batches -= isWholeBatch ? 1 : 0;
+}
+
+void releaseDay(Change& change, const Batch& batch, const QList<Instance>& withdrawn, bool isWholeBatch)
+{
+    if (change.store.keepsDays()) {
+        return;
+    }
+    AccountDay day =
+        selectDay(change.statements, batch.account, exchangeDay(batch.createdAt), change.store.forUpdate());
+    release(day, withdrawn, isWholeBatch);
     saveDay(change.statements, day);
 }
 

@@ -63,10 +63,23 @@ QString textOf(const Verdict& verdict);
 
 namespace operations {
 
+/// Takes what is withdrawn out of the sums of a day.
+void release(AccountDay& day, const QList<Instance>& withdrawn, bool isWholeBatch);
 /// Takes what was withdrawn out of what its account did on the day of the batch.
 void releaseDay(Change& change, const Batch& batch, const QList<Instance>& withdrawn, bool isWholeBatch);
 /// Fails with a sentence where there is no such batch.
 Outcome<Batch> batchNumbered(Change& change, qint64 number);
+/// A batch whose place another one can take, and its instances once they are withdrawn.
+struct Replaceable {
+    Batch batch;
+    QList<Instance> withdrawn;
+};
+/// Fails with a sentence where it is not of that account, was taken back already, or where anything of it may
+/// have been sent.
+Outcome<Replaceable> replaceable(Statements& statements, const Store& store, qint64 number,
+                                 const QString& account);
+/// Withdraws it.
+Outcome<Replaceable> withdrawForAnother(Change& change, qint64 number, const QString& account);
 /// The accounts of batches that are known by their numbers alone, each asked for once.
 class AccountsOfBatches {
 public:

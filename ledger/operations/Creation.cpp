@@ -7,6 +7,8 @@
 #include "ledger/store/InstanceQueries.h"
 #include "table/GuardRules.h"
 
+#include <algorithm>
+
 namespace ledger {
 
 namespace {
@@ -121,17 +123,34 @@ void insert(Change& change, Batch& batch, const BatchDraft& draft, const Creatio
     }
     noteEdits(change, batch);
     const Gross gross = grossOf(draft.instances);
-    change.note(QStringLiteral("create"), QString::number(batch.number),
-                {{QStringLiteral("draft"), batch.draftId.toString(QUuid::WithoutBraces)},
-                 {QStringLiteral("file"), batch.fileName},
-                 {QStringLiteral("sha256"), batch.fileSha256},
-                 {QStringLiteral("account"), batch.account},
-                 {QStringLiteral("strategy"), batch.strategy},
-                 {QStringLiteral("rows"), batch.rowCount},
-                 {QStringLiteral("buy"), gross.buy.text()},
-                 {QStringLiteral("sell"), gross.sell.text()},
-                 {QStringLiteral("state"), nameOf(batch.state)},
-                 {QStringLiteral("limits"), textOf(terms.limits)}});
+    QJsonObject detail{{QStringLiteral("draft"), batch.draftId.toString(QUuid::WithoutBraces)},
+                       {QStringLiteral("file"), batch.fileName},
+                       {QStringLiteral("sha256"), batch.fileSha256},
+                       {QStringLiteral("account"), batch.account},
+                       {QStringLiteral("strategy"), batch.strategy},
+                       {QStringLiteral("rows"), batch.rowCount},
+                       {QStringLiteral("buy"), gross.buy.text()},
+                       {QStringLiteral("sell"), gross.sell.text()},
+                       {QStringLiteral("state"), nameOf(batch.state)},
+                       {QStringLiteral("limits"), textOf(terms.limits)}};
+    if (terms.replaces) {
+        detail[QStringLiteral("replaces")] = *terms.replaces;
+    }
+    change.note(QStringLiteral("create"), QString::number(batch.number), detail);
+}
+
+/// As if a batch were withdrawn, of which nothing was sent.
+void forget(const operations::Replaceable& replaced, Standing& standing)
+{
+    const auto isReplaced = [&](const Duplicate& duplicate) {
+        return duplicate.batch == replaced.batch.number;
+    };
+    for (QList<Duplicate>* list : {&standing.duplicates, &standing.lately}) {
+        list->erase(std::remove_if(list->begin(), list->end(), isReplaced), list->end());
+    }
+    if (exchangeDay(replaced.batch.createdAt) == standing.day.day) {
+        operations::release(standing.day, replaced.withdrawn, true);
+    }
 }
 
 /// What no ledger takes, whatever else it decides.
@@ -146,13 +165,21 @@ QString faultOf(const BatchDraft& draft)
 
 } // namespace
 
-Outcome<Standing> Ledger::standingOf(const BatchDraft& draft) const
+Outcome<Standing> Ledger::standingOf(const BatchDraft& draft, std::optional<qint64> replaces) const
 {
     return mCore->read<Standing>([&](Statements& statements) {
         const QDateTime now = mCore->now();
         Standing standing = ledger::standingOf(statements, draft, now, QString());
         standing.duplicates = selectDuplicates(statements, *mCore->store, draft, now);
         standing.lately = selectLately(statements, draft, now);
+        if (replaces) {
+            const Outcome<operations::Replaceable> replaced =
+                operations::replaceable(statements, *mCore->store, *replaces, draft.account);
+            if (!replaced.ok()) {
+                return Outcome<Standing>{{}, replaced.error};
+            }
+            forget(replaced.value, standing);
+        }
         return Outcome<Standing>{standing, QString()};
     });
 }
@@ -168,6 +195,12 @@ Outcome<Batch> Ledger::createBatch(const BatchDraft& draft, const CreationTerms&
         const std::optional<Batch> known = selectBatchOf(change.statements, draft.id, {draft.account});
         if (known) {
             return Outcome<Batch>{*known, QString()};
+        }
+        const QString standsOn =
+            terms.replaces ? operations::withdrawForAnother(change, *terms.replaces, draft.account).error
+                           : QString();
+        if (!standsOn.isEmpty()) {
+            return Outcome<Batch>{{}, standsOn};
         }
         AccountDay day;
         const QList<Finding> found = refusalsOf(change, draft, terms, day);

@@ -88,6 +88,7 @@ QString forbidden(const Instance& instance, InstanceState after)
 }
 
 /// Applies a rule to each, writes down what changed, and takes what was withdrawn out of the day's sums.
+/// Answers those that were changed, and where each is by itself also those that were not.
 Outcome<ChangedList> apply(Change& change, const Selection& selection, const QString& what, const Rule& rule)
 {
     const Outcome<QList<Instance>> found = selected(change, selection);
@@ -98,11 +99,17 @@ Outcome<ChangedList> apply(Change& change, const Selection& selection, const QSt
         const InstanceState before = instance.state;
         QString objection;
         const Applies applies = rule(instance, objection);
-        if (applies == Applies::Forbidden ||
-            (applies == Applies::Not && selection.ids.contains(instance.id))) {
+        const bool isTold =
+            applies == Applies::Forbidden || (applies == Applies::Not && selection.ids.contains(instance.id));
+        if (isTold && !selection.isEachByItself) {
             return {{}, objection};
         }
-        if (applies == Applies::Not) {
+        if (isTold) {
+            instance.state = before;
+            answers.append(operations::changedInstance(instance, before));
+            answers.last().refusal = objection;
+        }
+        if (applies != Applies::Yes) {
             continue;
         }
         changed.append(instance);
@@ -207,6 +214,7 @@ struct UndoSort {
     UndoReport report;
     QList<Instance> changed;
     QList<Instance> withdrawn;
+    QStringList sent; ///< that may have traded, as they are named
 };
 
 /// What undo makes of each instance. One that ran may have traded: stopping it, now or before, reverses
@@ -234,9 +242,29 @@ UndoSort sortForUndo(const QList<Instance>& instances)
         }
         if (instance.state != InstanceState::Withdrawn && instance.state != InstanceState::Rejected) {
             sort.report.state = BatchState::PartlyReversed;
+            sort.sent.append(instance.id.text());
         }
     }
     return sort;
+}
+
+/// Something of it was, or may yet be sent.
+bool stands(const Batch& batch)
+{
+    return batch.state == BatchState::Created || batch.state == BatchState::Waiting ||
+           batch.state == BatchState::PartlyReversed;
+}
+
+void writeUndo(Change& change, const Batch& batch, const UndoSort& sort)
+{
+    moveInstances(change.statements, sort.changed, change.at);
+    updateBatchState(change.statements, batch, sort.report.state);
+    operations::releaseDay(change, batch, sort.withdrawn,
+                           sort.report.state == BatchState::Withdrawn && stands(batch));
+    change.note(QStringLiteral("undo"), QString::number(batch.number),
+                {{QStringLiteral("withdrawn"), sort.withdrawn.size()},
+                 {QStringLiteral("stopped"), sort.report.stopped.size()},
+                 {QStringLiteral("notReversed"), sort.report.notReversed.size()}});
 }
 
 bool isSettlement(InstanceState state)
@@ -248,12 +276,47 @@ bool isSettlement(InstanceState state)
 
 } // namespace
 
+namespace operations {
+
+Outcome<Replaceable> replaceable(Statements& statements, const Store& store, qint64 number,
+                                 const QString& account)
+{
+    const std::optional<Batch> batch = selectBatch(statements, number);
+    if (!batch) {
+        return {{}, texts::noSuchBatch(store.name(), number)};
+    }
+    if (batch->account != account) {
+        return {{}, texts::replacesOtherAccount(number, batch->account, account)};
+    }
+    if (!stands(*batch)) {
+        return {{}, texts::nothingToReplace(number, shownName(batch->state))};
+    }
+    const UndoSort sort = sortForUndo(selectInstances(statements, briefChoice(*batch)));
+    return sort.sent.isEmpty() ? Outcome<Replaceable>{{*batch, sort.withdrawn}, QString()}
+                               : Outcome<Replaceable>{{}, texts::sentAlready(number, sort.sent)};
+}
+
+Outcome<Replaceable> withdrawForAnother(Change& change, qint64 number, const QString& account)
+{
+    const Outcome<Replaceable> found = replaceable(change.statements, change.store, number, account);
+    if (found.ok()) {
+        UndoSort sort;
+        sort.report.state = BatchState::Withdrawn;
+        sort.changed = found.value.withdrawn;
+        sort.withdrawn = found.value.withdrawn;
+        writeUndo(change, found.value.batch, sort);
+    }
+    return found;
+}
+
+} // namespace operations
+
 Outcome<QList<ChangedInstance>> Ledger::start(const Selection& selection)
 {
     return mCore->change<ChangedList>([&](Change& change) {
         Starting starting(change);
         return apply(change, selection, QStringLiteral("start"), [&](Instance& instance, QString& objection) {
-            if (instance.state != InstanceState::Created) {
+            if (!mayBeStarted(instance.state)) {
                 objection = forbidden(instance, InstanceState::Running);
                 return Applies::Not;
             }
@@ -269,8 +332,7 @@ Outcome<QList<ChangedInstance>> Ledger::stop(const Selection& selection)
     return mCore->change<ChangedList>([&](Change& change) {
         return apply(change, selection, QStringLiteral("stop"), [](Instance& instance, QString& objection) {
             objection = forbidden(instance, InstanceState::Stopped);
-            return instance.state != InstanceState::Created && takeBack(instance) ? Applies::Yes
-                                                                                  : Applies::Not;
+            return mayBeStopped(instance.state) && takeBack(instance) ? Applies::Yes : Applies::Not;
         });
     });
 }
@@ -278,12 +340,11 @@ Outcome<QList<ChangedInstance>> Ledger::stop(const Selection& selection)
 Outcome<QList<ChangedInstance>> Ledger::withdraw(const Selection& selection)
 {
     return mCore->change<ChangedList>([&](Change& change) {
-        return apply(change, selection, QStringLiteral("withdraw"),
-                     [](Instance& instance, QString& objection) {
-                         objection = forbidden(instance, InstanceState::Withdrawn);
-                         return instance.state != InstanceState::Running && takeBack(instance) ? Applies::Yes
-                                                                                               : Applies::Not;
-                     });
+        return apply(
+            change, selection, QStringLiteral("withdraw"), [](Instance& instance, QString& objection) {
+                objection = forbidden(instance, InstanceState::Withdrawn);
+                return mayBeWithdrawn(instance.state) && takeBack(instance) ? Applies::Yes : Applies::Not;
+            });
     });
 }
 
@@ -323,23 +384,12 @@ Outcome<UndoReport> Ledger::undo(qint64 batchNumber)
         }
         UndoSort sort = sortForUndo(selectInstances(change.statements, briefChoice(batch.value)));
         sort.report.batch = batchNumber;
-        const bool wasTakenBack = batch.value.state == BatchState::Withdrawn ||
-                                  batch.value.state == BatchState::Refused ||
-                                  batch.value.state == BatchState::Lapsed;
-        if (wasTakenBack) {
+        if (!stands(batch.value)) {
             sort.report.state = batch.value.state;
         }
-        if (sort.changed.isEmpty() && sort.report.state == batch.value.state) {
-            return Outcome<UndoReport>{sort.report, QString()};
+        if (!sort.changed.isEmpty() || sort.report.state != batch.value.state) {
+            writeUndo(change, batch.value, sort);
         }
-        moveInstances(change.statements, sort.changed, change.at);
-        updateBatchState(change.statements, batch.value, sort.report.state);
-        operations::releaseDay(change, batch.value, sort.withdrawn,
-                               sort.report.state == BatchState::Withdrawn && !wasTakenBack);
-        change.note(QStringLiteral("undo"), QString::number(batchNumber),
-                    {{QStringLiteral("withdrawn"), sort.report.withdrawn.size()},
-                     {QStringLiteral("stopped"), sort.report.stopped.size()},
-                     {QStringLiteral("notReversed"), sort.report.notReversed.size()}});
         return Outcome<UndoReport>{sort.report, QString()};
     });
 }

@@ -67,6 +67,7 @@ struct ChangedInstance {
     QStringList symbols;
     InstanceState before = InstanceState::Created;
     InstanceState after = InstanceState::Created;
+    QString refusal = {}; ///< why it was not changed; empty: it was
 };
 
 struct UndoReport {

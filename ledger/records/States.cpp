@@ -119,6 +119,24 @@ bool mayBecomeByCorrection(InstanceState before, InstanceState after)
     return mayBecome(before, after) || lifeOf(before).corrected.contains(after);
 }
 
+bool mayBeStarted(InstanceState state)
+{
+    return state == State::Created;
+}
+
+bool mayBeStopped(InstanceState state)
+{
+    return state == State::Queued || state == State::Sending || state == State::Running ||
+           state == State::Unknown;
+}
+
+/// What the counterparty may have is withdrawn where it turns out that it never had it.
+bool mayBeWithdrawn(InstanceState state)
+{
+    return state == State::Created || state == State::Queued || state == State::Sending ||
+           state == State::Unknown;
+}
+
 bool isOver(InstanceState state)
 {
     return state == State::Stopped || state == State::Finished || state == State::Rejected ||

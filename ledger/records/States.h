@@ -44,6 +44,10 @@ const QList<InstanceState>& allInstanceStates();
 bool mayBecome(InstanceState before, InstanceState after);
 /// Likewise where the counterparty takes a trade back (a bust or a correction), which opens what was over.
 bool mayBecomeByCorrection(InstanceState before, InstanceState after);
+/// What a person may ask of an instance: to start it, to have it stopped, to take it back before it works.
+bool mayBeStarted(InstanceState state);
+bool mayBeStopped(InstanceState state);
+bool mayBeWithdrawn(InstanceState state);
 /// Nothing more comes of it.
 bool isOver(InstanceState state);
 /// The counterparty has it or may have it: it is asked for after every break.

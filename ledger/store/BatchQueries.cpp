@@ -110,12 +110,15 @@ QString sameRowsStatement(const Store& store)
                .arg(MostDuplicates);
 }
 
+/// Of each batch, how often it holds the orders of a draft's rows.
+using HeldRows = QMap<qint64, QMap<int, int>>;
+
 /// Rows of the same orders on the draft's account, by batch. Of batches before the session nothing is looked
 /// at, however many there are.
-QMap<qint64, QSet<int>> selectSameRows(Statements& statements, const Store& store, const BatchDraft& draft,
-                                       const QDateTime& since)
+HeldRows selectSameRows(Statements& statements, const Store& store, const BatchDraft& draft,
+                        const QDateTime& since)
 {
-    QMap<qint64, QSet<int>> rows;
+    HeldRows rows;
     const QList<SessionDay> days = daysSince(statements, draft.account, since);
     if (days.isEmpty()) {
         return rows;
@@ -129,7 +132,7 @@ QMap<qint64, QSet<int>> selectSameRows(Statements& statements, const Store& stor
         while (statements.next(query)) {
             const QStringList batches = query.value(1).toString().split(QLatin1Char(','), Qt::SkipEmptyParts);
             for (const QString& batch : batches) {
-                rows[batch.toLongLong()].insert(query.value(0).toInt());
+                ++rows[batch.toLongLong()][query.value(0).toInt()];
             }
         }
     };
@@ -277,14 +280,16 @@ QList<Duplicate> selectDuplicates(Statements& statements, const Store& store, co
         found[batch.number] = duplicateOf(batch);
         found[batch.number].isSameFile = true;
     }
-    const QMap<qint64, QSet<int>> rows = selectSameRows(statements, store, draft, since);
+    const HeldRows rows = selectSameRows(statements, store, draft, since);
     for (auto row = rows.cbegin(); row != rows.cend(); ++row) {
         const std::optional<Batch> batch = selectBatch(statements, row.key(), draft.account);
         if (batch && batch->createdAt >= since) {
             if (!found.contains(batch->number)) {
                 found[batch->number] = duplicateOf(*batch);
             }
-            found[batch->number].rows = *row;
+            const QList<int> same = row->keys();
+            found[batch->number].rows = QSet<int>(same.begin(), same.end());
+            found[batch->number].held = *row;
         }
     }
     QList<Duplicate> newestFirst = found.values();

@@ -78,17 +78,19 @@ protected:
         return model.index(row, column).data(ListModel::TintRole).toString();
     }
 
-    InstancesModel model{[](const QString& symbol) { return "名"_s + symbol.left(2); }};
+    InstancesModel model{[](const QString& symbol) { return "名"_s + symbol.left(2); },
+                         [](const QString& symbol) { return symbol.endsWith(".CFE"_s) ? 1 : 2; }};
 };
 
 TEST_F(InstancesModelTest, ShowsAnInstanceARowWithItsLegsInOneCell)
 {
-    EXPECT_EQ(modelText(model),
-              "实例|状态|账户|算法|证券代码|名称|方向|数量|成交|均价|限价|金额|原因|变更时间\n"
-              "12-1|运行中|80010001|AITWAP|600000.SH|名60|买入|300||||1,234,567.00||2026-11-22 12:00:00\n"
-              "12-2|已撤回|80010001|AITWAP|000001.SZ|名00|卖出||||10.5|||2026-11-22 12:00:00\n"
-              "11-1|未启动|80010001|AITWAP|IF2412.CFE / 600000.SH|名IF / 名60|买入开仓 / 卖出|1 / 2|||3500 / "
-              "|10.00 / 20.00||2026-11-22 12:00:00"_s);
+    EXPECT_EQ(
+        modelText(model),
+        "实例|状态|账户|算法|证券代码|名称|方向|数量|成交|均价|限价|金额|原因|变更时间\n"
+        "12-1|运行中|80010001|AITWAP|600000.SH|名60|买入|300||||1,234,567.00||2026-11-22 12:00:00\n"
+        "12-2|已撤回|80010001|AITWAP|000001.SZ|名00|卖出||||10.50|||2026-11-22 12:00:00\n"
+        "11-1|未启动|80010001|AITWAP|IF2412.CFE / 600000.SH|名IF / 名60|买入开仓 / 卖出|1 / 2|||3500.0 / "
+        "|10.00 / 20.00||2026-11-22 12:00:00"_s);
 }
 
 TEST_F(InstancesModelTest, TellsBatchAndStateAsData)

@@ -121,7 +121,7 @@ TEST_F(GatewayPageTest, AnInstanceFillsBeforeTheTradersEyesAndANoticeTellsTheEnd
     EXPECT_TRUE(eventually([this] { return shown(instances(), 8).value(0) == "100"_s; }));
     EXPECT_EQ(child<QLabel>("label_queued")->text(), QString());
     EXPECT_EQ(instances().view()->model()->index(0, 8).data().toString(), "100 / 300"_s);
-    EXPECT_EQ(shown(instances(), 9).value(0), "11.5"_s);
+    EXPECT_EQ(shown(instances(), 9).value(0), "11.50"_s);
     ASSERT_TRUE(outbox
                     ->record({execution(first, "E2"_s, ledger::InstanceState::Finished, 300),
                               execution(second, "E3"_s, ledger::InstanceState::Rejected, 0)})

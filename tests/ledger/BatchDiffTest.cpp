@@ -43,6 +43,20 @@ TEST(BatchDiff, NamesTheColumnAndBothTextsOfAChangedCell)
     EXPECT_TRUE(diff.rowsAdded.isEmpty() && diff.rowsRemoved.isEmpty());
 }
 
+TEST(BatchDiff, TakesTheSameNumberForTheSameHoweverItIsWritten)
+{
+    const auto isChanged = [](const char* before, const char* after) {
+        return !diffOf(table({{"A"_s, "买入"_s, QString::fromLatin1(before)}}),
+                       table({{"A"_s, "买入"_s, QString::fromLatin1(after)}}))
+                    .isEmpty();
+    };
+    EXPECT_FALSE(isChanged("36.20", "36.2"));
+    EXPECT_FALSE(isChanged("1000", "1000.0"));
+    EXPECT_TRUE(isChanged("36.20", "36.21"));
+    EXPECT_TRUE(isChanged("0015", "15")) << "a code, perhaps";
+    EXPECT_TRUE(isChanged("", "0"));
+}
+
 TEST(BatchDiff, ListsRowsAddedAndRemoved)
 {
     const BatchDiff diff = diffOf(table({{"A"_s, "买入"_s, "1"_s}, {"B"_s, "买入"_s, "2"_s}}),

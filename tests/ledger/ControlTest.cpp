@@ -175,3 +175,24 @@ TEST(Approval, LapsesWhenTheLimitsAreOthers)
     EXPECT_TRUE(as(ledger, "approver"_s)->approve(1, limits).error.contains("改动"_s));
     EXPECT_EQ(ledger->batch(1).value.state, BatchState::Lapsed);
 }
+
+TEST(Selection, OfWhichEachIsByItselfChangesWhatItCanAndSaysWhyOfTheRest)
+{
+    SampleLedger ledger;
+    ASSERT_TRUE(ledger->createBatch(valued(3, 100)).ok());
+    ASSERT_TRUE(ledger->start({{{1, 2}}, std::nullopt}).ok());
+    Selection selection{{{1, 1}, {1, 2}, {1, 3}}, std::nullopt};
+    EXPECT_FALSE(ledger->start(selection).ok()) << "one runs: all or none";
+    selection.isEachByItself = true;
+    const Outcome<QList<ChangedInstance>> started = ledger->start(selection);
+    ASSERT_EQ(started.error, QString());
+    ASSERT_EQ(started.value.size(), 3);
+    EXPECT_EQ(started.value.at(0).after, InstanceState::Running);
+    EXPECT_TRUE(started.value.at(0).refusal.isEmpty());
+    EXPECT_EQ(started.value.at(1).before, started.value.at(1).after);
+    EXPECT_TRUE(started.value.at(1).refusal.contains("1-2"_s)) << started.value.at(1).refusal.toStdString();
+    EXPECT_EQ(ledger->counts(1).value.value(InstanceState::Running), 3);
+    ASSERT_TRUE(ledger->halt("1001"_s, "行情异常"_s).ok());
+    EXPECT_TRUE(ledger->stop(selection).ok());
+    EXPECT_EQ(ledger->counts(1).value.value(InstanceState::Stopped), 3);
+}

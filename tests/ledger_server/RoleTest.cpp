@@ -242,6 +242,22 @@ TEST(Roles, LetEachDoItsPart)
     EXPECT_FALSE(floor.as("otto"_s)->verifyAudit().value.broken.has_value());
 }
 
+TEST(Roles, LetATraderAloneReplaceABatch)
+{
+    const Floor floor;
+    CreationTerms terms = floor.terms();
+    terms.replaces = 1;
+    for (const QString& other : {"bert"_s, "rosa"_s, "otto"_s, "gate"_s}) {
+        EXPECT_FALSE(floor.as(other)->createBatch(Floor::worth(50), terms).ok()) << other.toStdString();
+        EXPECT_EQ(floor.as("otto"_s)->batch(1).value.state, BatchState::Created) << other.toStdString();
+    }
+    const Outcome<Batch> created = floor.as("anna"_s)->createBatch(Floor::worth(50), terms);
+    EXPECT_EQ(created.error, QString());
+    EXPECT_EQ(floor.as("otto"_s)->batch(1).value.state, BatchState::Withdrawn);
+    EXPECT_EQ(floor.as("otto"_s)->verify(), QString());
+    EXPECT_FALSE(floor.as("otto"_s)->verifyAudit().value.broken.has_value());
+}
+
 TEST(ATradersOwnProgram, CreatesWhatItMayAndNothingElse)
 {
     const Floor floor;

@@ -117,6 +117,7 @@ BatchDraft makeDraft(const DialogContent& content)
     draft.id = QUuid::createUuid();
     draft.fileName = QFileInfo(content.filePath).fileName();
     draft.fileSha256 = content.fileSha256.isEmpty() ? sha256OfFile(content.filePath) : content.fileSha256;
+    draft.fileEdits = content.fileEdits;
     draft.account = content.account;
     draft.strategy = content.strategy;
     draft.createdBy = content.createdBy;

@@ -9,8 +9,9 @@ namespace batch {
 struct DialogContent {
     QString strategy;
     QString account;
-    QString filePath;   ///< of the imported file
-    QString fileSha256; ///< taken at the import (sha256OfFile()); empty: taken now
+    QString filePath;     ///< of the imported file
+    QString fileSha256;   ///< taken at the import (sha256OfFile()); empty: taken now
+    QJsonArray fileEdits; ///< what was changed on the desk after the file was read
     QString createdBy;
     double expectedBuy = 0.0;
     double expectedSell = 0.0;

@@ -49,6 +49,11 @@ table::Faults DialogFaults::placed(table::Faults faults, int orders, const table
     return faults;
 }
 
+QList<int> DialogFaults::linesOf(int orders, const table::Table& table, const QString& path) const
+{
+    return OrderPlaces(mStrategy, mAccount, table, path).linesOf(orders);
+}
+
 table::Faults DialogFaults::orWords(const table::Faults& faults, const QString& words)
 {
     return faults.isEmpty() ? table::Faults{table::fault(table::rule::ReaderError, {words})} : faults;

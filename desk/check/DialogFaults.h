@@ -28,6 +28,9 @@ public:
     table::Faults ofAccount(const validation::Instances& instances, const table::Table& table,
                             const QString& path) const;
 
+    /// On which lines of the file the rows of a batch with so many orders stand; empty where nobody knows.
+    QList<int> linesOf(int orders, const table::Table& table, const QString& path) const;
+
     /// These faults, and where there are none the dialog's own words as one, so that nothing it says is lost.
     static table::Faults orWords(const table::Faults& faults, const QString& words);
 

@@ -181,12 +181,13 @@ std::optional<QString> decimalOf(const QString& text)
 
 std::optional<QString> dateTimeOf(const QString& text, DateOrder order, const QDate& today)
 {
-    static const QRegularExpression pattern(QStringLiteral(
-        "^(?:(?:(?<compact>\\d{8})"
-        "|(?<year>\\d{4})(?:[-/.]|年 ?)(?<month>\\d{1,2})(?:[-/.]|月 ?)(?<day>\\d{1,2})日?"
-        "|(?<first>\\d{1,2})[-/.](?<second>\\d{1,2})[-/.](?<last>\\d{4}))(?: +|T|(?<=日)))?"
-        "(?:(?<clock>\\d{4}|\\d{6})"
-        "|(?<hour>\\d{1,2}):(?<minute>\\d{2})(?::(?<seconds>\\d{2})(?:\\.0+)?)?(?: ?(?<half>[AaPp][Mm]))?)$"));
+    static const QRegularExpression pattern(
+        QStringLiteral("^(?:(?:(?<compact>\\d{8})"
+                       "|(?<year>\\d{4})(?:[-/.]|年 ?)(?<month>\\d{1,2})(?:[-/.]|月 ?)(?<day>\\d{1,2})日?"
+                       "|(?<first>\\d{1,2})[-/.](?<second>\\d{1,2})[-/.](?<last>\\d{4}))(?: +|T|(?<=日)))?"
+                       "(?:(?<clock>\\d{4}|\\d{6})"
+                       "|(?<hour>\\d{1,2}):(?<minute>\\d{2})(?::(?<seconds>\\d{2})(?:\\.0+)?)?(?: "
+                       "?(?<half>[AaPp][Mm]))?)$"));
     const QRegularExpressionMatch match = pattern.match(narrow(text));
     if (!match.hasMatch()) {
         return std::nullopt;

@@ -8,9 +8,9 @@ class ReferenceData;
 /// Files whose sheet or words are not those that an import would take by itself.
 namespace mapping {
 
-/// The file as the mapping tells it: the rows that an import looks at, whatever stands above the header. Where
-/// sheet, line or titles are not there, the sentence is the table's error. `encoding`: of csv; empty: told
-/// from the bytes.
+/// The file as the mapping tells it: the rows that an import looks at, whatever stands above the header.
+/// Where sheet, line or titles are not there, the sentence is the table's error. `encoding`: of csv; empty:
+/// told from the bytes.
 ImportedFile readMapped(const QString& path, const QString& encoding, const Mapping& mapping,
                         const Surroundings& surroundings);
 

@@ -237,7 +237,8 @@ Outcome<table::Table> apply(const Mapping& mapping, const table::Table& table,
     }
     const int header = headerRow(mapping, table);
     if (header < 0 && mapping.headerLine > 0) {
-        const int row = table.lines.isEmpty() ? mapping.headerLine - 1 : table.lines.indexOf(mapping.headerLine);
+        const int row =
+            table.lines.isEmpty() ? mapping.headerLine - 1 : table.lines.indexOf(mapping.headerLine);
         return {{},
                 Words::tr("第 %1 行没有映射所要的列：%2")
                     .arg(QString::number(mapping.headerLine), missingTitles(mapping, table.rows.value(row)))};

@@ -22,12 +22,10 @@ template <typename Value> using Named = QList<QPair<QString, Value>>;
 
 const Named<Form>& forms()
 {
-    static const Named<Form> names = {{QStringLiteral("asIs"), Form::AsIs},
-                                      {QStringLiteral("code"), Form::Code},
-                                      {QStringLiteral("quantity"), Form::Quantity},
-                                      {QStringLiteral("amount"), Form::Amount},
-                                      {QStringLiteral("decimal"), Form::Decimal},
-                                      {QStringLiteral("dateTime"), Form::DateTime}};
+    static const Named<Form> names = {
+        {QStringLiteral("asIs"), Form::AsIs},         {QStringLiteral("code"), Form::Code},
+        {QStringLiteral("quantity"), Form::Quantity}, {QStringLiteral("amount"), Form::Amount},
+        {QStringLiteral("decimal"), Form::Decimal},   {QStringLiteral("dateTime"), Form::DateTime}};
     return names;
 }
 
@@ -60,7 +58,8 @@ template <typename Value> Value takeNamed(JsonSection& section, const QString& k
         known.append(name.first);
     }
     if (!text.isEmpty()) {
-        section.complain(key, Words::tr("未知的值“%1”，应为 %2 之一").arg(text, known.join(QStringLiteral("、"))));
+        section.complain(key,
+                         Words::tr("未知的值“%1”，应为 %2 之一").arg(text, known.join(QStringLiteral("、"))));
     }
     return names.first().second;
 }
@@ -216,7 +215,8 @@ Outcome<Mapping> fromJson(const QByteArray& json)
     QJsonParseError fault;
     const QJsonDocument document = QJsonDocument::fromJson(json, &fault);
     if (fault.error != QJsonParseError::NoError) {
-        return {{}, Words::tr("不是有效的 JSON（第 %1 字节）：%2").arg(fault.offset).arg(fault.errorString())};
+        return {{},
+                Words::tr("不是有效的 JSON（第 %1 字节）：%2").arg(fault.offset).arg(fault.errorString())};
     }
     if (!document.isObject()) {
         return {{}, Words::tr("映射应为一个 JSON 对象")};

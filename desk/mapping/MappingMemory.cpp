@@ -38,8 +38,7 @@ QString fingerprint(const QString& strategy, const QStringList& header)
         titles.removeLast();
     }
     const QString text = (QStringList{strategy} + titles).join(QChar(0x1F));
-    return QString::fromLatin1(
-        QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).toHex());
+    return QString::fromLatin1(QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).toHex());
 }
 
 std::optional<Mapping> MappingMemory::find(const QString& strategy, const table::Table& table) const

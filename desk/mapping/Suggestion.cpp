@@ -74,8 +74,7 @@ const QMap<QString, QStringList>& agreedWords()
 
 QString byAlias(const QString& title, const QStringList& columns)
 {
-    for (const QString& other :
-         {strategy::HeadAliases.value(title), strategy::HeadAliases.key(title)}) {
+    for (const QString& other : {strategy::HeadAliases.value(title), strategy::HeadAliases.key(title)}) {
         if (!other.isEmpty() && columns.contains(other)) {
             return other;
         }
@@ -184,9 +183,8 @@ private:
         QStringList fitting;
         for (const QString& title : mOpen) {
             const strategy::Column* wanted = mStrategy.column(title);
-            const bool fits = std::all_of(texts.begin(), texts.end(), [&](const QString& text) {
-                return isSurely(*wanted, text);
-            });
+            const bool fits = std::all_of(texts.begin(), texts.end(),
+                                          [&](const QString& text) { return isSurely(*wanted, text); });
             if (fits) {
                 fitting.append(title);
             }
@@ -204,8 +202,7 @@ private:
         }
         bool isNumber = false;
         text.toDouble(&isNumber);
-        return !isNumber && !choicesOf(wanted).isEmpty() &&
-               !meaningOf(text, wanted, mSurroundings).isEmpty();
+        return !isNumber && !choicesOf(wanted).isEmpty() && !meaningOf(text, wanted, mSurroundings).isEmpty();
     }
 
     /// Two columns of times, of which the first is never later, are start and end.
@@ -310,9 +307,8 @@ bool takesOne(const strategy::Column& column, const QString& text, const Surroun
         return takesMoment(text);
     }
     const QList<strategy::Option> choices = choicesOf(column);
-    return choices.isEmpty() || std::any_of(choices.begin(), choices.end(), [&](const auto& choice) {
-               return choice.value == text;
-           });
+    return choices.isEmpty() || std::any_of(choices.begin(), choices.end(),
+                                            [&](const auto& choice) { return choice.value == text; });
 }
 
 /// Whether the import takes a text in the column, as far as choices and times go.
@@ -479,8 +475,8 @@ QList<strategy::Option> choicesOf(const strategy::Column& column)
 QString meaningOf(const QString& text, const strategy::Column& column, const Surroundings& surroundings)
 {
     if (column.kind == Kind::Market) {
-        const QStringList exchanges = surroundings.markets.value(
-            text.toUpper(), surroundings.postfixes.value(text.toUpper()));
+        const QStringList exchanges =
+            surroundings.markets.value(text.toUpper(), surroundings.postfixes.value(text.toUpper()));
         return exchanges.size() == 1 ? exchanges.first() : QString();
     }
     for (const strategy::Option& choice : choicesOf(column)) {
@@ -503,9 +499,9 @@ void suggestValues(Column& column, const strategy::Column& wanted, const QString
     for (const QString& text : texts) {
         for (const QString& leg : text.split(QLatin1Char('/'))) {
             const QString word = leg.trimmed();
-            const bool isKnown = std::any_of(
-                column.values.keyBegin(), column.values.keyEnd(),
-                [&](const QString& known) { return folded(known) == folded(word); });
+            const bool isKnown =
+                std::any_of(column.values.keyBegin(), column.values.keyEnd(),
+                            [&](const QString& known) { return folded(known) == folded(word); });
             const QString meaning = isKnown || takesOne(wanted, word, surroundings)
                                         ? QString()
                                         : meaningOf(word, wanted, surroundings);

@@ -1,16 +1,25 @@
 #include "desk/models/BatchesModel.h"
 
 #include "desk/models/Money.h"
+#include "words/Words.h"
 
 namespace {
 
 const QList<ListModel::Column>& batchColumns()
 {
-    static const QList<ListModel::Column> all = {
-        {QStringLiteral("批次"), true},     {QStringLiteral("状态")},   {QStringLiteral("创建时间")},
-        {QStringLiteral("文件")},           {QStringLiteral("账户")},   {QStringLiteral("算法")},
-        {QStringLiteral("行数"), true},     {QStringLiteral("进度")},   {QStringLiteral("预计买入"), true},
-        {QStringLiteral("预计卖出"), true}, {QStringLiteral("创建人")}, {QStringLiteral("SHA-256")}};
+    static const QList<ListModel::Column> all = {{QStringLiteral("批次"), true},
+                                                 {QStringLiteral("状态")},
+                                                 {QStringLiteral("创建时间")},
+                                                 {QStringLiteral("文件")},
+                                                 {QStringLiteral("账户")},
+                                                 {QStringLiteral("算法")},
+                                                 {QStringLiteral("行数"), true},
+                                                 {QStringLiteral("进度")},
+                                                 {QStringLiteral("预计买入"), true},
+                                                 {QStringLiteral("预计卖出"), true},
+                                                 {QStringLiteral("创建人")},
+                                                 {QStringLiteral("SHA-256")},
+                                                 {Words::tr("文件修改")}};
     return all;
 }
 
@@ -85,6 +94,8 @@ ListModel::Cell BatchesModel::cellOf(const ledger::Batch& batch, int column) con
         return {batch.createdBy};
     case Digest:
         return {batch.fileSha256, {}, Muted};
+    case Edits:
+        return {batch.fileEdits.isEmpty() ? QString() : Words::tr("%1 处").arg(batch.fileEdits.size())};
     }
     return {};
 }

@@ -8,7 +8,21 @@
 /// its instances are over.
 class BatchesModel : public PagedModel<ledger::Batch> {
 public:
-    enum Column { Number, State, Created, File, Account, Strategy, Rows, Progress, Buy, Sell, By, Digest };
+    enum Column {
+        Number,
+        State,
+        Created,
+        File,
+        Account,
+        Strategy,
+        Rows,
+        Progress,
+        Buy,
+        Sell,
+        By,
+        Digest,
+        Edits
+    };
 
     /// Of batches by their numbers, how many instances are in each state.
     using Counts = QMap<qint64, QMap<ledger::InstanceState, qint64>>;

@@ -26,8 +26,8 @@ struct ImportSource {
     void addTo(QJsonObject& json) const;
 };
 
-/// Adds "mapping" and "mappingGaps" where the header does not fit the strategy: what `--mapping` may take, and
-/// what it leaves open.
+/// Adds "mapping" and "mappingGaps" where the header does not fit the strategy: what `--mapping` may take,
+/// and what it leaves open.
 void addSuggestion(QJsonObject& json, const table::Table& table, const CommandLine& line,
                    const ReferenceData& data);
 

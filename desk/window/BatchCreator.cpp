@@ -86,6 +86,7 @@ Outcome<verdict::Judgement> BatchCreator::judged(const HandOver& batch, const le
 bool BatchCreator::askUser(const HandOver& batch, const ledger::BatchDraft& draft,
                            verdict::Judgement& judgement, verdict::Acceptance& acceptance) const
 {
+    mJudged(judgement);
     VerdictDialog dialog(judgement, othersOf(judgement, batch.comparedWith), mParent);
     QObject::connect(&dialog, &VerdictDialog::rowWanted, mParent, [this](int row) {
         if (mShowRow) {

@@ -21,9 +21,12 @@ public:
     };
 
     /// `showRow`: brings a row of the batch before the user, while he is asked.
+    /// `showRow`: brings a row of the batch before the user, while he is asked. `judged`: is told what is
+    /// known against the batch before he is.
     BatchCreator(const DeskBooks& books, const ReferenceData& data, std::function<void(int row)> showRow,
-                 QWidget* parent)
-        : mBooks(books), mData(data), mShowRow(std::move(showRow)), mParent(parent)
+                 std::function<void(const verdict::Judgement&)> judged, QWidget* parent)
+        : mBooks(books), mData(data), mShowRow(std::move(showRow)), mJudged(std::move(judged)),
+          mParent(parent)
     {
     }
 
@@ -43,5 +46,6 @@ private:
     const DeskBooks& mBooks;
     const ReferenceData& mData;
     std::function<void(int row)> mShowRow;
+    std::function<void(const verdict::Judgement&)> mJudged;
     QWidget* mParent;
 };

@@ -1,6 +1,7 @@
 #include "desk/window/BatchesPage.h"
 
 #include "desk/window/FilteredTable.h"
+#include "desk/working_copy/EditWords.h"
 #include "host/ZelMessageBox.h"
 #include "words/Words.h"
 
@@ -31,7 +32,8 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
       mTable(new FilteredTable(mModel, {QStringLiteral("批次"), QString()}, prompts, this)),
       mLook(mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"))),
       mCompare(mTable->addButton(QStringLiteral("与当前导入比较"), QStringLiteral("button_compare"))),
-      mUndo(mTable->addButton(QStringLiteral("撤销批次"), QStringLiteral("button_undo")))
+      mUndo(mTable->addButton(QStringLiteral("撤销批次"), QStringLiteral("button_undo"))),
+      mShowEdits(mTable->addButton(Words::tr("查看文件修改"), QStringLiteral("button_edits")))
 {
     mTable->setSingleSelection();
     mTable->setColoursOf(host);
@@ -51,6 +53,7 @@ BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts
             emit comparisonWanted(*batch);
         }
     });
+    connect(mShowEdits, &QPushButton::clicked, this, &BatchesPage::showEdits);
     connect(mUndo, &QPushButton::clicked, this, &BatchesPage::undo);
     connect(mTable, &FilteredTable::selectionChanged, this, &BatchesPage::enableButtons);
     connect(mTable, &FilteredTable::said, this, &BatchesPage::said);
@@ -144,7 +147,19 @@ void BatchesPage::enableButtons()
     };
     allow(mLook, QString());
     allow(mCompare, mIsComparable ? QString() : Words::tr("先在“批量导入”中导入要比较的文件"));
-    allow(mUndo, chosen ? undoObjection(mModel->records().at(mTable->selectedRow())) : QString());
+    const ledger::Batch batch = chosen ? mModel->records().at(mTable->selectedRow()) : ledger::Batch();
+    allow(mShowEdits, batch.fileEdits.isEmpty() ? Words::tr("导入后没有修改过文件") : QString());
+    allow(mUndo, chosen ? undoObjection(batch) : QString());
+}
+
+void BatchesPage::showEdits()
+{
+    const ledger::Batch& batch = mModel->records().at(mTable->selectedRow());
+    const QString text =
+        Words::tr("文件 %1（SHA-256 %2）导入后的修改：").arg(batch.fileName, batch.fileSha256) +
+        QLatin1Char('\n') + working_copy::sentences(batch.fileEdits).join(QLatin1Char('\n'));
+    ZelMessageBox(Words::tr("批次 %1 的文件修改").arg(batch.number), text, ZelMessageBox::Error, this)
+        .showModally();
 }
 
 void BatchesPage::undo()

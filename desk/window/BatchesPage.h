@@ -33,6 +33,8 @@ public slots:
     void reload();
     /// Asks once more, takes the selected batch back and tells what could not be reversed.
     void undo();
+    /// What was changed on the desk in the file of the selected batch.
+    void showEdits();
 
 signals:
     void said(const QString& text);
@@ -58,6 +60,7 @@ private:
     QPushButton* mLook;
     QPushButton* mCompare;
     QPushButton* mUndo;
+    QPushButton* mShowEdits;
     bool mIsComparable = false;
     BatchesModel::Counts mCounts;
 };

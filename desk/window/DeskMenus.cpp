@@ -1,9 +1,12 @@
 #include "desk/window/DeskMenus.h"
 
 #include "desk/window/DeskWindow.h"
+#include "desk/window/FileGrid.h"
 #include "desk/window/ImportPage.h"
+#include "desk/window/ProblemFacets.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/skin/SkinService.h"
+#include "words/Words.h"
 
 #include <QActionGroup>
 #include <QMenuBar>
@@ -17,6 +20,7 @@ const QString DarkSkin = QStringLiteral("dark");
 DeskMenus::DeskMenus(DeskWindow& window) : QObject(&window), mWindow(window)
 {
     makeFileMenu();
+    makeEditMenu();
     makeViewMenu();
     makeProblemMenu();
     makeHelpMenu();
@@ -42,6 +46,15 @@ void DeskMenus::makeFileMenu()
         mWindow.showPage(DeskWindow::ImportPageIndex);
         dialog->import();
     });
+    makeRecentMenu(menu);
+    add(menu, Words::tr("从剪贴板导入(&V)"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_V), [this] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        mWindow.importPage()->importClipboard();
+    });
+    add(menu, Words::tr("重新载入文件(&L)"), QKeySequence(Qt::CTRL + Qt::Key_R), [this] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        mWindow.importPage()->reload();
+    });
     add(menu, QStringLiteral("确定提交(&C)"), QKeySequence(Qt::CTRL + Qt::Key_Return),
         [this] { mWindow.confirm(); });
     menu->addSeparator();
@@ -49,6 +62,48 @@ void DeskMenus::makeFileMenu()
         [this] { mWindow.exportList(); });
     menu->addSeparator();
     add(menu, QStringLiteral("退出(&Q)"), QKeySequence::Quit, [this] { mWindow.close(); });
+}
+
+void DeskMenus::makeRecentMenu(QMenu* menu)
+{
+    QMenu* recent = menu->addMenu(Words::tr("最近的文件(&T)"));
+    recent->setObjectName(QStringLiteral("menu_recent"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] {
+        recent->clear();
+        const QStringList paths = mWindow.importPage()->recentFiles();
+        for (const QString& path : paths) {
+            // A name may hold what a menu takes for a mnemonic.
+            QAction* action =
+                recent->addAction(QString(path).replace(QLatin1Char('&'), QStringLiteral("&&")));
+            connect(action, &QAction::triggered, this, [this, path] {
+                mWindow.showPage(DeskWindow::ImportPageIndex);
+                mWindow.importPage()->frame()->importFile(path);
+            });
+        }
+    });
+    recent->addAction(Words::tr("（无）"))->setEnabled(false); // an empty menu is not opened
+}
+
+void DeskMenus::makeEditMenu()
+{
+    ImportPage* page = mWindow.importPage();
+    FileGrid* grid = page->grid();
+    QMenu* menu = mWindow.menuBar()->addMenu(Words::tr("编辑(&E)"));
+    const auto onPage = [this](const std::function<void()>& act) {
+        return [this, act] {
+            mWindow.showPage(DeskWindow::ImportPageIndex);
+            act();
+        };
+    };
+    add(menu, Words::tr("撤销修改(&U)"), QKeySequence::Undo, onPage([grid] { grid->undo(); }));
+    add(menu, Words::tr("重做修改(&R)"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z),
+        onPage([grid] { grid->redo(); }));
+    menu->addSeparator();
+    add(menu, Words::tr("粘贴(&P)"), QKeySequence::Paste, onPage([page] { page->paste(); }));
+    add(menu, Words::tr("全列替换(&H)…"), QKeySequence(Qt::CTRL + Qt::Key_H),
+        onPage([grid] { grid->replaceInColumn(); }));
+    add(menu, Words::tr("排除/恢复所选行(&X)"), QKeySequence(Qt::CTRL + Qt::Key_Minus),
+        onPage([grid] { grid->toggleRows(); }));
 }
 
 void DeskMenus::makeViewMenu()
@@ -61,6 +116,10 @@ void DeskMenus::makeViewMenu()
     }
     menu->addSeparator();
     add(menu, QStringLiteral("刷新预计金额(&R)"), QKeySequence(Qt::Key_F5), [this] { mWindow.refresh(); });
+    add(menu, Words::tr("参数表/文件(&W)"), QKeySequence(Qt::Key_F6), [this] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        mWindow.importPage()->switchView();
+    });
     add(menu, QStringLiteral("筛选(&F)"), QKeySequence::Find, [this] { mWindow.focusFilter(); });
     menu->addSeparator();
     makeSkinEntries(menu);
@@ -92,6 +151,17 @@ void DeskMenus::makeProblemMenu()
         mWindow.showPage(DeskWindow::ImportPageIndex);
         problems->goToPrevious();
     });
+    add(menu, Words::tr("到文件中修改(&E)"), QKeySequence(Qt::Key_F4), [this, problems] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        problems->goToPlace();
+    });
+    add(menu, Words::tr("只看错误(&O)"), QKeySequence(Qt::Key_F7), [this, problems] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        problems->facets()->toggleErrors();
+    });
+    menu->addSeparator();
+    add(menu, Words::tr("排除问题行(&L)"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_L),
+        [problems] { problems->leaveOutFaulty(); });
     add(menu, QStringLiteral("保存问题行(&S)…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S),
         [problems] { problems->saveRejects(); });
 }

@@ -19,6 +19,8 @@ public:
 
 private:
     void makeFileMenu();
+    void makeEditMenu();
+    void makeRecentMenu(QMenu* menu);
     void makeViewMenu();
     void makeSkinEntries(QMenu* menu);
     void makeProblemMenu();

@@ -13,11 +13,21 @@ QString DeskPrompts::chooseOpenFile(QWidget* parent, const QString& title, const
     if (path.isEmpty()) {
         path = ScreenPrompts::chooseOpenFile(parent, title, startFolder(directory), filter);
     }
+    if (!path.isEmpty() && !mAnswersAsBefore && mGuard && !mGuard(path)) {
+        path.clear();
+    }
     if (!path.isEmpty()) {
         mLastFolder = QFileInfo(path).absolutePath();
         emit fileChosen(path);
     }
     return path;
+}
+
+void DeskPrompts::answeringAsBefore(const std::function<void()>& act)
+{
+    mAnswersAsBefore = true;
+    act();
+    mAnswersAsBefore = false;
 }
 
 QString DeskPrompts::chooseSaveFile(QWidget* parent, const QString& title, const QString& suggestedName,
@@ -34,7 +44,7 @@ QString DeskPrompts::chooseSaveFile(QWidget* parent, const QString& title, const
 int DeskPrompts::answerMessageBox(ZelMessageBox& box)
 {
     emit messageComing(box.message(), box.type());
-    return box.showModally();
+    return mAnswersAsBefore ? int(QDialog::Accepted) : box.showModally();
 }
 
 QString DeskPrompts::startFolder(const QString& asked) const

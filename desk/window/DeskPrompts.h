@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 /// The host's questions at the desk: dialogs on the screen, with the desk looking over the user's shoulder. A
 /// file that was dropped on the window answers the next question for a file.
 class DeskPrompts : public QObject, public ScreenPrompts {
@@ -15,6 +17,12 @@ public:
 
     /// Answers the next chooseOpenFile() in the user's place.
     void answerNextOpenWith(const QString& path) { mDroppedFile = path; }
+
+    /// Asked with the path before a file is taken for the import; where it answers false, none was chosen.
+    void setGuard(const std::function<bool(const QString& path)>& guard) { mGuard = guard; }
+    /// While `act` runs, every message box is confirmed in the user's place, and no guard is asked: he has
+    /// seen and answered them before.
+    void answeringAsBefore(const std::function<void()>& act);
 
     QString chooseOpenFile(QWidget* parent, const QString& title, const QString& directory,
                            const QString& filter) override;
@@ -32,5 +40,7 @@ private:
     QString startFolder(const QString& asked) const;
 
     QString mDroppedFile;
+    std::function<bool(const QString& path)> mGuard;
+    bool mAnswersAsBefore = false;
     QString mLastFolder;
 };

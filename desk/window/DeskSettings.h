@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 class EmbeddedHost;
 
@@ -23,6 +24,12 @@ public:
     void setLastStrategy(const QString& strategy) { save("strategy", strategy); }
     QString lastAccount() const { return text("account"); }
     void setLastAccount(const QString& account) { save("account", account); }
+    /// Paths of the files imported last, the newest first.
+    QStringList recentFiles() const
+    {
+        return text("recentFiles").split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+    void setRecentFiles(const QStringList& paths) { save("recentFiles", paths.join(QLatin1Char('\n'))); }
     int page() const { return text("page").toInt(); }
     void setPage(int page) { save("page", QString::number(page)); }
 

@@ -87,6 +87,10 @@ void DeskWindow::makePages()
     connect(mImport, &ImportPage::confirmed, this, &DeskWindow::takeBatch);
     connect(mImport, &ImportPage::imported, this, &DeskWindow::compareWithEarlier);
     connect(mImport, &ImportPage::said, this, &DeskWindow::say);
+    connect(mImport, &ImportPage::fileChanged, this, [this](const QString& path) {
+        mNotice->offer(Words::tr("文件在磁盘上已改变：%1").arg(path), Words::tr("重新载入"),
+                       [this] { mImport->reload(); });
+    });
     mPages->addTab(mImport, QStringLiteral("批量导入"));
 
     mInstances = new InstancesPage(mHost, mBooks, *mPrompts);
@@ -249,7 +253,7 @@ void DeskWindow::showPage(int page)
 void DeskWindow::confirm()
 {
     if (mPages->currentIndex() == ImportPageIndex) {
-        mImport->frame()->confirm();
+        mImport->confirm();
     } else {
         showPage(ImportPageIndex);
         say(QStringLiteral("请先核对批次，再提交"));
@@ -323,7 +327,8 @@ void DeskWindow::takeBatch(const HandOver& batch)
 {
     const std::optional<BatchCreator::Created> created =
         BatchCreator(
-            mBooks, mHost.referenceData(), [this](int row) { mImport->showRow(row); }, this)
+            mBooks, mHost.referenceData(), [this](int row) { mImport->showRow(row); },
+            [this](const verdict::Judgement& judgement) { mImport->showJudgement(judgement); }, this)
             .create(batch);
     HandOver told = batch;
     for (int i = created ? created->leftOut.size() - 1 : -1; i >= 0; --i) {
@@ -359,7 +364,7 @@ void DeskWindow::compareWithEarlier()
     for (auto batch = batches.value.cbegin(); batch != batches.value.cend(); ++batch) {
         if (batch->strategy == now.strategy && batch->account == now.account &&
             batch->fileName == mImport->fileName() && batch->state != ledger::BatchState::Withdrawn) {
-            compareWith(batch->number);
+            showChanges(batch->number);
             return;
         }
     }
@@ -367,14 +372,23 @@ void DeskWindow::compareWithEarlier()
 
 void DeskWindow::compareWith(qint64 batch)
 {
-    const ledger::BatchTable now = mImport->currentTable();
-    const Outcome<ledger::BatchTable> before = mBooks.ledger->tableOf(batch);
-    if (!before.ok() || now.rows.isEmpty()) {
-        say(before.ok() ? QStringLiteral("先在“批量导入”中导入要比较的文件") : before.error);
-        return;
+    if (showChanges(batch)) {
+        showPage(ImportPageIndex);
     }
-    mImport->showDiff(ledger::compareTables(before.value, now, batch::orderColumns()), batch);
-    showPage(ImportPageIndex);
+}
+
+bool DeskWindow::showChanges(qint64 number)
+{
+    const ledger::BatchTable now = mImport->currentTable();
+    const Outcome<ledger::BatchTable> before = mBooks.ledger->tableOf(number);
+    const Outcome<ledger::Batch> batch = mBooks.ledger->batch(number);
+    if (!before.ok() || !batch.ok() || now.rows.isEmpty()) {
+        const QString error = before.error + batch.error;
+        say(error.isEmpty() ? Words::tr("先在“批量导入”中导入要比较的文件") : error);
+        return false;
+    }
+    mImport->showDiff(ledger::compareTables(before.value, now, batch::orderColumns()), batch.value);
+    return true;
 }
 
 void DeskWindow::setSkin(const QString& name)
@@ -411,6 +425,10 @@ void DeskWindow::saveLayout()
 
 void DeskWindow::closeEvent(QCloseEvent* event)
 {
+    if (!mImport->mayThrowAway()) {
+        event->ignore();
+        return;
+    }
     saveLayout();
     QMainWindow::closeEvent(event);
 }

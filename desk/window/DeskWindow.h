@@ -78,6 +78,8 @@ private:
     void takeBatch(const HandOver& batch);
     void compareWithEarlier();
     void compareWith(qint64 batch);
+    /// What the table changes against a batch; false where there is nothing to compare.
+    bool showChanges(qint64 number);
     void watchLedger();
     void tellLost(const QString& error, int seconds);
     void tellRestored();

@@ -16,6 +16,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -85,7 +86,7 @@ void DialogFrame::dressAccountBox()
 void DialogFrame::listenToButtons()
 {
     connect(mDialog, &AlgoBatchImportParamSetting::signalBtnOkClicked, this, &DialogFrame::confirmed);
-    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, this, &DialogFrame::close);
+    connect(mDialog, &AlgoBatchImportParamSetting::signalBtnCancelClicked, this, &DialogFrame::cancel);
     // The dialog connected its own slot first, so that here the import is over.
     connect(&probe().importButton(), &QAbstractButton::clicked, this, &DialogFrame::endImport);
     connect(&probe().confirmButton(), &QAbstractButton::pressed, this, [this] { mSubject = Subject::Batch; });
@@ -99,6 +100,9 @@ void DialogFrame::listenToBoxes()
     SolveyAccountComboBox* accounts = &probe().accounts();
     strategies->setAccessibleName(QStringLiteral("算法类型"));
     strategies->installEventFilter(this);
+    // This signal comes before the change of text, at which the dialog throws its batch away.
+    connect(strategies, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &DialogFrame::guardStrategy);
     connect(strategies, &QComboBox::currentTextChanged, this, &DialogFrame::strategyChanged);
     accounts->installEventFilter(this);
     // This signal comes before the change of text, for which the dialog checks the batch again.
@@ -116,6 +120,34 @@ bool DialogFrame::eventFilter(QObject* watched, QEvent* event)
     }
     event->ignore();
     return true;
+}
+
+/// Where the user wants to keep the batch, the box shows its strategy again, and nobody hears of the other.
+void DialogFrame::guardStrategy()
+{
+    QComboBox* strategies = &probe().strategies();
+    const QString loaded = mDialog->getStrategy().name();
+    const int before = strategies->findData(loaded);
+    if (before < 0 || strategies->currentData() == loaded || !mGuard || mGuard()) {
+        return;
+    }
+    strategies->blockSignals(true); // until the change that is being told has been told
+    strategies->setCurrentIndex(before);
+    QTimer::singleShot(0, strategies, [strategies] { strategies->blockSignals(false); });
+}
+
+void DialogFrame::cancel()
+{
+    if (!mGuard || mGuard()) {
+        close();
+    }
+}
+
+void DialogFrame::outdate()
+{
+    if (mDialog) {
+        probe().confirmButton().setEnabled(false);
+    }
 }
 
 void DialogFrame::close()

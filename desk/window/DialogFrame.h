@@ -7,6 +7,8 @@
 #include <QStackedWidget>
 #include <QString>
 
+#include <functional>
+
 class DeskPrompts;
 class DialogFaults;
 class DialogProbe;
@@ -30,6 +32,9 @@ public:
 
     DialogFrame(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent = nullptr);
 
+    /// Asked before a batch is thrown away by another strategy or 取消; where it answers false, nothing
+    /// happens.
+    void setGuard(const std::function<bool()>& guard) { mGuard = guard; }
     /// Null while the dialog is closed.
     AlgoBatchImportParamSetting* dialog() const { return mDialog; }
     /// The dialog's table; null while it is closed.
@@ -53,6 +58,9 @@ public slots:
     void import();
     /// The same with a file at hand.
     void importFile(const QString& path);
+    /// The batch on screen is not what the user has made of its file: it cannot be confirmed before the next
+    /// import.
+    void outdate();
     /// Presses the dialog's 确定; says why where it cannot be pressed.
     void confirm();
 
@@ -83,10 +91,13 @@ private:
     void startImport(const QString& path);
     void endImport();
     void takeMessage(const QString& text, int type);
+    void cancel();
+    void guardStrategy();
     DialogProbe probe() const; ///< of the open dialog
 
     EmbeddedHost& mHost;
     DeskPrompts& mPrompts;
     QPointer<AlgoBatchImportParamSetting> mDialog;
     Subject mSubject = Subject::Nothing;
+    std::function<bool()> mGuard;
 };

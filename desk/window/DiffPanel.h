@@ -1,12 +1,15 @@
 #pragma once
 
+#include "desk/working_copy/WorkingCopy.h"
 #include "ledger/draft/BatchDiff.h"
+#include "ledger/records/Records.h"
 
 #include <QWidget>
 
 class DiffModel;
 class EmbeddedHost;
 class FilteredTable;
+class QLabel;
 class UserPrompts;
 
 /// What the table now imported changes against an earlier batch, one change a line.
@@ -18,6 +21,8 @@ public:
 
     FilteredTable* table() const { return mTable; }
     void show(const ledger::BatchDiff& diff);
+    /// What was changed in the files themselves, on the desk: of the batch's, and of the one now imported.
+    void showEdits(const ledger::Batch& batch, const QList<working_copy::Edit>& now);
     /// Nothing was compared.
     void clear();
 
@@ -28,4 +33,5 @@ signals:
 private:
     DiffModel* mModel;
     FilteredTable* mTable;
+    QLabel* mEdits;
 };

@@ -139,6 +139,26 @@ void FilteredTable::applyFilter(const QString& text)
     }
 }
 
+void FilteredTable::setChoice(const std::function<bool(int)>& choice)
+{
+    mProxy->setChoice(choice);
+    showCount();
+}
+
+void FilteredTable::addRow(QLayout* row)
+{
+    static_cast<QVBoxLayout*>(layout())->insertLayout(1, row);
+}
+
+QList<int> FilteredTable::shownSourceRows() const
+{
+    QList<int> rows;
+    for (int row = 0; row < mProxy->rowCount(); ++row) {
+        rows.append(mProxy->mapToSource(mProxy->index(row, 0)).row());
+    }
+    return rows;
+}
+
 int FilteredTable::selectedRow() const
 {
     const QModelIndexList rows = mView->selectionModel()->selectedRows();

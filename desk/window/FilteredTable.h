@@ -6,10 +6,13 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
+
 class EmbeddedHost;
 class ListProxy;
 class QHBoxLayout;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QTableView;
@@ -45,6 +48,14 @@ public:
     /// What stands there now; empty where rows are shown.
     QString emptyText() const;
 
+    /// Shows of the source only the rows that a choice lets pass, beside what is typed; null: all. Asked anew
+    /// with every call.
+    void setChoice(const std::function<bool(int sourceRow)>& choice);
+    /// Puts a row of widgets between the tools and the table.
+    void addRow(QLayout* row);
+
+    /// The rows of the source as shown, in their order.
+    QList<int> shownSourceRows() const;
     /// The row of the source that has the focus; -1 for none.
     int currentRow() const;
     /// The one row of the source that is selected; -1 for none or several.

@@ -1,5 +1,6 @@
 #include "desk/window/ImportPage.h"
 
+#include "desk/check/ClipboardCells.h"
 #include "desk/check/DialogFaults.h"
 #include "desk/check/FileReport.h"
 #include "desk/check/Problem.h"
@@ -8,7 +9,11 @@
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
 #include "desk/window/DiffPanel.h"
-#include "desk/window/FileCheckPanel.h"
+#include "desk/window/DiscardQuestion.h"
+#include "desk/window/FileFacts.h"
+#include "desk/window/FileGrid.h"
+#include "desk/window/FileMending.h"
+#include "desk/window/FileWatch.h"
 #include "desk/window/FilteredTable.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
@@ -16,34 +21,105 @@
 #include "host/ZelTableView.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
+#include "table/Rules.h"
+#include "words/Words.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QCryptographicHash>
 #include <QFileInfo>
 #include <QSet>
 #include <QSplitter>
+#include <QTableView>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
-enum LowerTab { ProblemsTab, FileCheckTab, DiffTab, HandedOverTab };
+enum UpperTab { DialogTab, FileTab };
+enum LowerTab { ProblemsTab, DiffTab, HandedOverTab };
+
+constexpr int MostRecent = 10;
 
 const QList<int> FirstSizes{520, 230};
+
+table::Severity severityOf(verdict::Action action)
+{
+    switch (action) {
+    case verdict::Action::Refuse:
+        return table::Severity::Error;
+    case verdict::Action::Ask:
+        return table::Severity::Warning;
+    default:
+        return table::Severity::Notice;
+    }
+}
+
+bool isListed(const table::Fault& fault, const Problems& problems)
+{
+    return std::any_of(problems.begin(), problems.end(), [&](const Problem& problem) {
+        return problem.fault.rule == fault.rule && problem.fault.line == fault.line &&
+               problem.fault.column == fault.column;
+    });
+}
+
+/// What a line of a judgement tells beside what the file was known for.
+table::Faults newFaults(const verdict::Line& line, const Problems& known)
+{
+    table::Faults faults;
+    bool isKnown = false;
+    for (const table::Fault& fault : line.faults) {
+        isKnown = isKnown || isListed(fault, known);
+        if (!isListed(fault, known) && (fault.row > 0 || fault.line > 0)) {
+            faults.append(fault);
+        }
+    }
+    if (faults.isEmpty() && !isKnown) {
+        faults.append(table::fault(table::rule::ReaderError, {line.text}));
+        faults.last().rule = line.faults.isEmpty() ? faults.last().rule : line.faults.first().rule;
+        faults.last().arguments =
+            line.faults.isEmpty() ? faults.last().arguments : line.faults.first().arguments;
+    }
+    for (table::Fault& fault : faults) {
+        fault.severity = severityOf(line.action);
+    }
+    return faults;
+}
 
 } // namespace
 
 ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mHost(host), mFrame(new DialogFrame(host, prompts)),
-      mAmounts(new AmountRefresher(host.quotes(), this)), mProblems(new ProblemsPanel(prompts)),
+    : QWidget(parent), mHost(host), mPrompts(prompts), mFrame(new DialogFrame(host, prompts)),
+      mAmounts(new AmountRefresher(host.quotes(), this)), mProblems(new ProblemsPanel(host, prompts)),
       mHandedOverModel(new ParametersModel),
       mHandedOver(new FilteredTable(
-          mHandedOverModel, {QStringLiteral("已提交参数"), QStringLiteral("确定后，提交的参数显示在这里")},
-          prompts)),
-      mDiff(new DiffPanel(host, prompts)), mFileCheck(new FileCheckPanel(host, prompts)),
-      mLower(new QTabWidget), mSplitter(new QSplitter(Qt::Vertical, this))
+          mHandedOverModel, {Words::tr("已提交参数"), Words::tr("确定后，提交的参数显示在这里")}, prompts)),
+      mDiff(new DiffPanel(host, prompts)), mGrid(new FileGrid(host)),
+      mMending(new FileMending(host, prompts, *mFrame, *mGrid, *mProblems, this)),
+      mWatch(new FileWatch(this)), mUpper(new QTabWidget), mLower(new QTabWidget),
+      mSplitter(new QSplitter(Qt::Vertical, this))
 {
     mHandedOverModel->setParent(mHandedOver);
+    makeParts();
+    listenToFrame();
+    listenToPanels();
+    guardBatch();
+    mFrame->open();
+}
+
+ImportPage::~ImportPage() = default;
+
+void ImportPage::makeParts()
+{
+    mUpper->setDocumentMode(true);
+    mUpper->setTabPosition(QTabWidget::South);
+    mUpper->addTab(mFrame, Words::tr("参数表"));
+    mUpper->addTab(mGrid, Words::tr("文件"));
+    mUpper->tabBar()->setAccessibleName(Words::tr("参数表与文件"));
     makeLowerPart();
-    mSplitter->addWidget(mFrame);
+    mSplitter->addWidget(mUpper);
     mSplitter->addWidget(mLower);
     mSplitter->setStretchFactor(0, 1);
     mSplitter->setSizes(FirstSizes);
@@ -52,32 +128,38 @@ ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(mSplitter);
-    listenToFrame();
-    listenToPanels();
-    mFrame->open();
 }
-
-ImportPage::~ImportPage() = default;
 
 void ImportPage::makeLowerPart()
 {
     mLower->setDocumentMode(true);
-    for (QWidget* page : QList<QWidget*>{mProblems, mFileCheck, mDiff, mHandedOver}) {
+    for (QWidget* page : QList<QWidget*>{mProblems, mDiff, mHandedOver}) {
         page->layout()->setContentsMargins(9, 6, 9, 6);
         mLower->addTab(page, QString());
     }
-    mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数"));
+    mLower->setTabText(HandedOverTab, Words::tr("已提交参数"));
     showProblemCount(0);
-    showFindingCount(0);
     forgetDiff();
+}
+
+void ImportPage::guardBatch()
+{
+    mFrame->setGuard([this] { return mayThrowAway(); });
+    // The same file once more loses nothing, unless it was mended.
+    mPrompts.setGuard([this](const QString& path) {
+        const bool isSame = path == mFile.path && !mGrid->copy().isEdited();
+        return mIsReloading || isSame || mayThrowAway();
+    });
 }
 
 void ImportPage::listenToFrame()
 {
     connect(mFrame, &DialogFrame::opened, this, [this] { mAmounts->setDialog(mFrame->dialog()); });
     connect(mFrame, &DialogFrame::closed, this, [this] { mAmounts->setDialog(nullptr); });
-    connect(mFrame, &DialogFrame::closed, this, &ImportPage::forgetFile);
-    connect(mFrame, &DialogFrame::strategyChanged, this, &ImportPage::forgetFile);
+    connect(mFrame, &DialogFrame::opened, mGrid, [this] { mGrid->setEditable(!mIsCreated); });
+    connect(mFrame, &DialogFrame::closed, mGrid, [this] { mGrid->setEditable(false); });
+    connect(mFrame, &DialogFrame::closed, this, &ImportPage::forgetUncreated);
+    connect(mFrame, &DialogFrame::strategyChanged, this, &ImportPage::forgetUncreated);
     connect(mFrame, &DialogFrame::accountChanging, mProblems, &ProblemsPanel::forgetBatch);
     connect(mFrame, &DialogFrame::importStarted, this, &ImportPage::takeFile);
     connect(mFrame, &DialogFrame::importEnded, this, &ImportPage::showImported);
@@ -89,40 +171,105 @@ void ImportPage::listenToFrame()
 void ImportPage::listenToPanels()
 {
     connect(mProblems, &ProblemsPanel::countChanged, this, &ImportPage::showProblemCount);
-    connect(mProblems, &ProblemsPanel::currentChanged, this, &ImportPage::showRecord);
+    connect(mProblems, &ProblemsPanel::currentChanged, this, &ImportPage::showPlace);
+    connect(mProblems, &ProblemsPanel::placeWanted, this, &ImportPage::goToPlace);
+    connect(mProblems, &ProblemsPanel::leavingOutWanted, mGrid, &FileGrid::leaveOut);
     connect(mProblems, &ProblemsPanel::said, this, &ImportPage::said);
-    connect(mFileCheck, &FileCheckPanel::countChanged, this, &ImportPage::showFindingCount);
     connect(mDiff, &DiffPanel::rowWanted, this, &ImportPage::showRow);
-    connect(&mDigest, &FileDigest::taken, mFileCheck, &FileCheckPanel::showDigest);
-    for (const FilteredTable* table : {mFileCheck->table(), mDiff->table(), mHandedOver}) {
+    connect(mGrid, &FileGrid::said, this, &ImportPage::said);
+    connect(mGrid, &FileGrid::edited, this, [this] { mIsCreated = false; });
+    connect(mMending, &FileMending::caughtUp, this, &ImportPage::showCaughtUp);
+    connect(mWatch, &FileWatch::changed, this, &ImportPage::fileChanged);
+    connect(&mDigest, &FileDigest::taken, mProblems->facts(), &FileFacts::showDigest);
+    for (const FilteredTable* table : {mDiff->table(), mHandedOver}) {
         connect(table, &FilteredTable::said, this, &ImportPage::said);
     }
 }
 
+const table::Table& ImportPage::mended() const
+{
+    return mGrid->copy().edited();
+}
+
+/// What the user chose: a file, or what he has on the clipboard.
+ImportedFile ImportPage::chosen(const QString& path)
+{
+    if (!mClipboard) {
+        return ImportedFile::read(path);
+    }
+    const ImportedFile file{path, *mClipboard, nullptr};
+    mClipboard.reset();
+    return file;
+}
+
 void ImportPage::takeFile(const QString& path)
 {
+    if (mMending->isImporting()) {
+        mHost.offeredTable().offer(path, mended());
+        mProblems->show(Problem::Source::Import, {});
+        return;
+    }
     forgetFile();
-    mFile = ImportedFile::read(path);
-    mHost.offeredTable().offer(path, mFile.table);
-    mProblems->begin(path, mFile.table);
-    mDigest.start([file = mFile.file] { return file->sha256(); });
-    mFileCheck->show(fileReport(mFile.table, mFrame->dialog()->getStrategy().name(),
-                                mFrame->table()->headNames(), mHost.referenceData()));
+    mFile = chosen(path);
+    mGrid->begin(working_copy::WorkingCopy(mFile.table));
+    mGrid->setEditable(true);
+    mMending->setFile(mFile);
+    mHost.offeredTable().offer(path, mended());
+    lookAtFile();
+    rememberFile();
+}
+
+void ImportPage::lookAtFile()
+{
+    mProblems->change([this] {
+        mProblems->begin(mFile.path);
+        mProblems->setTable(mFile.table, {});
+        mProblems->showReport(fileReport(mFile.table, mFrame->dialog()->getStrategy().name(),
+                                         mFrame->table()->headNames(), mHost.referenceData()));
+    });
+    if (mFile.file) {
+        mDigest.start([file = mFile.file] { return file->sha256(); });
+    } else {
+        const QByteArray text = clipboard_cells::textOf(mFile.table.rows).toUtf8();
+        const QByteArray digest = QCryptographicHash::hash(text, QCryptographicHash::Sha256);
+        mDigest.start([digest] { return Outcome<QString>{QString::fromLatin1(digest.toHex()), QString()}; });
+    }
+}
+
+void ImportPage::rememberFile()
+{
+    mWatch->watch(mFile.file ? mFile.path : QString());
+    if (!mFile.file || !mFile.table.error.isEmpty()) {
+        return;
+    }
+    QStringList recent = recentFiles();
+    const QString path = QFileInfo(mFile.path).absoluteFilePath();
+    recent.removeAll(path);
+    recent.prepend(path);
+    DeskSettings(mHost).setRecentFiles(recent.mid(0, MostRecent));
+}
+
+QStringList ImportPage::recentFiles() const
+{
+    return DeskSettings(mHost).recentFiles();
 }
 
 void ImportPage::showProblem(const QString& text, DialogFrame::Subject subject)
 {
+    using Source = Problem::Source;
     const DialogFaults dialog = mFrame->faults();
     const validation::Instances batch = mFrame->dialog()->getWidgetData();
     switch (subject) {
     case DialogFrame::Subject::File:
-        mProblems->addOfFile(DialogFaults::orWords(dialog.ofFile(mFile.table, mFile.path), text));
+        mProblems->show(Source::Import, DialogFaults::orWords(dialog.ofFile(mended(), mFile.path), text));
         break;
     case DialogFrame::Subject::Account:
-        mProblems->showOfBatch(DialogFaults::orWords(dialog.ofAccount(batch, mFile.table, mFile.path), text));
+        mProblems->show(Source::Confirmation,
+                        DialogFaults::orWords(dialog.ofAccount(batch, mended(), mFile.path), text));
         break;
     case DialogFrame::Subject::Batch:
-        mProblems->showOfBatch(DialogFaults::orWords(dialog.ofBatch(batch, mFile.table, mFile.path), text));
+        mProblems->show(Source::Confirmation,
+                        DialogFaults::orWords(dialog.ofBatch(batch, mended(), mFile.path), text));
         break;
     case DialogFrame::Subject::Nothing:
         return;
@@ -130,65 +277,83 @@ void ImportPage::showProblem(const QString& text, DialogFrame::Subject subject)
     mLower->setCurrentIndex(ProblemsTab);
 }
 
+void ImportPage::showJudgement(const verdict::Judgement& judgement)
+{
+    table::Faults faults;
+    for (const verdict::Line& line : judgement.lines) {
+        faults += newFaults(line, mProblems->problems());
+    }
+    mProblems->show(Problem::Source::Guard, faults);
+}
+
 /// The dialog passes over them without a word.
 void ImportPage::tellOfLostOrders()
 {
-    const table::Faults lost = mFileCheck->report().lostOrders();
-    if (!lost.isEmpty()) {
-        mProblems->addOfFile(lost);
-        mLower->setCurrentIndex(ProblemsTab);
-    }
+    mProblems->add(Problem::Source::Import, mProblems->report().lostOrders());
 }
 
 /// An import that a row ends tells of the faulty rows before it, and not of what it left unread.
 void ImportPage::tellOfLostRows()
 {
     QSet<int> lines;
-    for (const Problem& problem : mProblems->problems()) {
-        if (problem.subject == Problem::Subject::File && problem.fault.row > 0) {
+    for (const Problem& problem : mProblems->problemsOf(Problem::Source::Import)) {
+        if (problem.fault.row > 0) {
             lines.insert(problem.fault.line);
         }
     }
     const int told = mFrame->rowCount() + lines.size();
-    const int lost = mFileCheck->report().orderCount - told;
+    const int lost = mProblems->report().orderCount - told;
     if (told > 0 && lost > 0) {
-        mProblems->addOfFile({table::fault(table::rule::LostRows, {QString::number(lost)})});
-        mLower->setCurrentIndex(ProblemsTab);
+        mProblems->add(Problem::Source::Import,
+                       {table::fault(table::rule::LostRows, {QString::number(lost)})});
     }
 }
 
 void ImportPage::showImported()
 {
-    tellOfLostRows();
-    tellOfLostOrders();
+    const int rows = mFrame->rowCount();
+    mProblems->change([&] {
+        tellOfLostRows();
+        tellOfLostOrders();
+        const auto lines = mFrame->faults().linesOf(rows, mended(), mFile.path);
+        mProblems->setLinesOfRows(lines);
+    });
     emit said(importSummary());
-    if (mFrame->rowCount() == 0 && mProblems->problems().isEmpty()) {
-        mProblems->clear(); // the user declined: there is no file without problems
+    const bool isDeclined = rows == 0 && mProblems->problemsOf(Problem::Source::Import).isEmpty();
+    if (isDeclined) {
+        mProblems->table()->setEmptyText(QString()); // of a file that was not taken nothing is right
     }
-    if (mProblems->problems().isEmpty() && mFileCheck->report().hasErrors()) {
-        mLower->setCurrentIndex(FileCheckTab); // the import did not see it, the user should
+    if (mProblems->hasErrors()) {
+        mLower->setCurrentIndex(ProblemsTab);
     }
     emit imported();
+}
+
+void ImportPage::showCaughtUp()
+{
+    emit said(Words::tr("已按修改重新导入：%1").arg(importSummary()));
 }
 
 QString ImportPage::importSummary() const
 {
     const int rows = mFrame->rowCount();
-    const int skipped = mFileCheck->report().lostOrders().size();
-    QStringList facts{rows == 0 ? QStringLiteral("未导入任何行") : QStringLiteral("已导入 %1 行").arg(rows)};
-    if (rows > 0 || !mProblems->problems().isEmpty()) {
-        facts.append(QStringLiteral("%1 个问题").arg(mProblems->problems().size()));
+    const int refused = mProblems->problemsOf(Problem::Source::Import).size();
+    const int skipped = mProblems->report().lostOrders().size();
+    QStringList facts{rows == 0 ? Words::tr("未导入任何行") : Words::tr("已导入 %1 行").arg(rows)};
+    if (rows > 0 || refused > 0) {
+        facts.append(Words::tr("%1 个问题").arg(refused));
     }
     if (skipped > 0) {
-        facts.append(QStringLiteral("前两格为空而跳过 %1 行").arg(skipped));
+        facts.append(Words::tr("前两格为空而跳过 %1 行").arg(skipped));
     }
-    return facts.join(QStringLiteral("，")) + QStringLiteral(" · ") + mFile.path;
+    return facts.join(Words::tr("，")) + QStringLiteral(" · ") + mFile.path;
 }
 
 void ImportPage::takeConfirmation(bool closeAfterwards)
 {
     mProblems->forgetBatch();
-    HandOver batch{content(), mFile.table, mComparedWith, closeAfterwards};
+    HandOver batch{content(), mended(), mComparedWith, closeAfterwards};
+    batch.content.fileEdits = mGrid->copy().toJson();
     bool cancelled = false;
     const Outcome<QString> digest = mDigest.wait(this, cancelled);
     batch.content.fileSha256 = digest.value;
@@ -205,6 +370,8 @@ void ImportPage::takeConfirmation(bool closeAfterwards)
 void ImportPage::finish(const HandOver& batch, bool created)
 {
     if (created) {
+        mIsCreated = true;
+        mProblems->forgetBatch(); // what was not taken of the file stays
         showHandedOver(batch);
     }
     if (created && batch.closeAfterwards) {
@@ -219,7 +386,7 @@ void ImportPage::showHandedOver(const HandOver& batch)
     const auto& maps = batch.content.parameterMaps;
     mHandedOverModel->setMaps(maps);
     mHandedOver->fitColumns();
-    mLower->setTabText(HandedOverTab, QStringLiteral("已提交参数 %1").arg(maps.size()));
+    mLower->setTabText(HandedOverTab, Words::tr("已提交参数 %1").arg(maps.size()));
     mLower->setCurrentIndex(HandedOverTab);
 }
 
@@ -240,47 +407,140 @@ QString ImportPage::fileName() const
     return QFileInfo(mFile.path).fileName();
 }
 
-void ImportPage::showDiff(const ledger::BatchDiff& diff, qint64 batch)
+void ImportPage::showDiff(const ledger::BatchDiff& diff, const ledger::Batch& batch)
 {
-    mComparedWith = batch;
+    mComparedWith = batch.number;
     mDiff->show(diff);
-    mLower->setTabText(DiffTab, QStringLiteral("与批次 %1 的变更").arg(batch));
-    if (mProblems->problems().isEmpty() && !mFileCheck->report().hasErrors()) {
+    mDiff->showEdits(batch, mGrid->copy().edits());
+    mLower->setTabText(DiffTab, Words::tr("与批次 %1 的变更").arg(batch.number));
+    if (!mProblems->hasErrors() && !mMending->isImporting()) {
         mLower->setCurrentIndex(DiffTab);
     }
 }
 
-void ImportPage::showRecord(const Problem& problem)
+/// Where the list of problems has come to; the user stays where he is.
+void ImportPage::showPlace(const Problem& problem)
 {
-    if (mFrame->table() && problem.subject == Problem::Subject::Batch && problem.fault.row > 0) {
-        mFrame->table()->selectRecord(problem.fault.row - 1);
+    if (mFrame->table() && problem.row > 0) {
+        mFrame->table()->selectRecord(problem.row - 1);
+    }
+    mGrid->showCell(problem.fault.line, problem.column);
+}
+
+void ImportPage::goToPlace(const Problem& problem)
+{
+    showPlace(problem);
+    if (problem.fault.line > 0 && !mGrid->copy().rows().isEmpty()) {
+        mUpper->setCurrentIndex(FileTab);
+        mGrid->view()->setFocus(Qt::OtherFocusReason);
+    } else if (mFrame->table()) {
+        mUpper->setCurrentIndex(DialogTab);
+        mFrame->table()->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void ImportPage::switchView()
+{
+    const bool toFile = mUpper->currentIndex() == DialogTab;
+    mUpper->setCurrentIndex(toFile ? FileTab : DialogTab);
+    if (toFile) {
+        mGrid->view()->setFocus(Qt::ShortcutFocusReason);
+    } else if (mFrame->table()) {
+        mFrame->table()->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
+void ImportPage::confirm()
+{
+    if (mMending->isBehind()) {
+        mMending->catchUp();
+        emit said(Words::tr("已按修改重新导入，请核对后再确定"));
+    } else {
+        mFrame->confirm();
+    }
+}
+
+bool ImportPage::hasOpenBatch() const
+{
+    return !mIsCreated && (mFrame->rowCount() > 0 || mGrid->copy().isEdited());
+}
+
+bool ImportPage::mayThrowAway()
+{
+    if (!hasOpenBatch()) {
+        return true;
+    }
+    const int edits = mGrid->copy().edits().size();
+    const QString rows = Words::tr("表格中的 %1 行尚未提交（%2）。").arg(mFrame->rowCount()).arg(fileName());
+    const QString what =
+        edits == 0 ? rows : Words::tr("%1\n在文件中的 %2 处修改也会丢失。").arg(rows).arg(edits);
+    return isDiscardWanted(what, this);
+}
+
+void ImportPage::reload()
+{
+    if (!mFile.file) {
+        emit said(Words::tr("没有可重新载入的文件"));
+        return;
+    }
+    if (mGrid->copy().isEdited() && !mayThrowAway()) {
+        return;
+    }
+    mIsReloading = true;
+    mFrame->importFile(mFile.path);
+    mIsReloading = false;
+}
+
+void ImportPage::importClipboard()
+{
+    const QString text = QApplication::clipboard()->text();
+    if (text.trimmed().isEmpty()) {
+        emit said(Words::tr("剪贴板中没有表格"));
+        return;
+    }
+    mClipboard = clipboard_cells::tableOf(text);
+    mFrame->importFile(Words::tr("剪贴板") + QStringLiteral(".csv"));
+    mClipboard.reset(); // the user kept what he had
+}
+
+void ImportPage::paste()
+{
+    if (mGrid->view()->hasFocus() && !mGrid->copy().rows().isEmpty()) {
+        mGrid->paste();
+    } else {
+        importClipboard();
     }
 }
 
 void ImportPage::showProblemCount(int count)
 {
-    mLower->setTabText(ProblemsTab,
-                       count == 0 ? QStringLiteral("问题") : QStringLiteral("问题 %1").arg(count));
-}
-
-void ImportPage::showFindingCount(int count)
-{
-    const QString name = QStringLiteral("文件检查");
-    mLower->setTabText(FileCheckTab, count == 0 ? name : QStringLiteral("%1 %2").arg(name).arg(count));
+    mLower->setTabText(ProblemsTab, count == 0 ? Words::tr("问题") : Words::tr("问题 %1").arg(count));
+    mGrid->setProblems(mProblems->problems());
 }
 
 void ImportPage::forgetDiff()
 {
     mComparedWith.reset();
     mDiff->clear();
-    mLower->setTabText(DiffTab, QStringLiteral("变更"));
+    mLower->setTabText(DiffTab, Words::tr("变更"));
+}
+
+/// What was not taken of a file whose batch was created stays until the next file.
+void ImportPage::forgetUncreated()
+{
+    if (!mIsCreated) {
+        forgetFile();
+    }
 }
 
 void ImportPage::forgetFile()
 {
     mFile = {};
+    mIsCreated = false;
+    mMending->setFile(mFile);
+    mWatch->watch(QString());
+    mGrid->begin({});
     mProblems->clear();
-    mFileCheck->clear();
     forgetDiff();
     emit cleared();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/check/ImportedFile.h"
+#include "desk/verdict/Judgement.h"
 #include "desk/window/DialogFrame.h"
 #include "desk/window/FileDigest.h"
 #include "desk/window/HandOver.h"
@@ -9,9 +10,13 @@
 #include <QString>
 #include <QWidget>
 
+#include <optional>
+
 class AmountRefresher;
 class DiffPanel;
-class FileCheckPanel;
+class FileGrid;
+class FileMending;
+class FileWatch;
 class FilteredTable;
 class ParametersModel;
 class ProblemsPanel;
@@ -19,8 +24,8 @@ class QSplitter;
 class QTabWidget;
 struct Problem;
 
-/// The dialog in its frame, and below it the problems of its last file, the report on it and what was handed
-/// over last.
+/// The dialog in its frame, behind it its file as a sheet that can be mended, and below them everything that
+/// is wrong, what changes against an earlier batch and what was handed over last.
 class ImportPage : public QWidget {
     Q_OBJECT
 
@@ -32,7 +37,8 @@ public:
     /// Null while the dialog is closed.
     AlgoBatchImportParamSetting* dialog() const { return mFrame->dialog(); }
     ProblemsPanel* problems() const { return mProblems; }
-    FileCheckPanel* fileCheck() const { return mFileCheck; }
+    FileGrid* grid() const { return mGrid; }
+    FileMending* mending() const { return mMending; }
     DiffPanel* diff() const { return mDiff; }
     AmountRefresher* amounts() const { return mAmounts; }
     FilteredTable* handedOver() const { return mHandedOver; }
@@ -42,13 +48,34 @@ public:
     void finish(const HandOver& batch, bool created);
     /// Selects a row of the batch, from 1.
     void showRow(int row);
+    /// What is known against creating the batch, in the list of what is wrong.
+    void showJudgement(const verdict::Judgement& judgement);
     /// The table as it stands; without rows before an import.
     ledger::BatchTable currentTable() const;
     QString fileName() const;
     /// What the open dialog holds.
     batch::DialogContent content() const { return mFrame->content(mFile.path, QString()); }
     /// What the table changes against a batch.
-    void showDiff(const ledger::BatchDiff& diff, qint64 batch);
+    void showDiff(const ledger::BatchDiff& diff, const ledger::Batch& batch);
+    /// A batch on screen that was imported or mended, and not created.
+    bool hasOpenBatch() const;
+    /// Asks where there is one.
+    bool mayThrowAway();
+    QStringList recentFiles() const;
+
+public slots:
+    /// Ctrl+R: the file as it is now.
+    void reload();
+    /// Imports cells of a spreadsheet from the clipboard, without any file.
+    void importClipboard();
+    /// Ctrl+V: into the sheet where it has the focus, else as a table of its own.
+    void paste();
+    /// F6: from the dialog to the sheet and back.
+    void switchView();
+    /// Ctrl+Enter: what was mended is imported first, to be looked at.
+    void confirm();
+
+public:
     /// Keeps strategy, account and splitter for the next session.
     void saveLayout() const;
 
@@ -60,9 +87,13 @@ signals:
     /// The table that was shown so far is gone.
     void cleared();
     void said(const QString& text);
+    /// The imported file was written to by another program.
+    void fileChanged(const QString& path);
 
 private:
+    void makeParts();
     void makeLowerPart();
+    void guardBatch();
     void listenToFrame();
     void listenToPanels();
     void takeFile(const QString& path);
@@ -73,23 +104,36 @@ private:
     QString importSummary() const;
     void showHandedOver(const HandOver& batch);
     void showProblemCount(int count);
-    void showFindingCount(int count);
+    void showCaughtUp();
     void forgetDiff();
     void forgetFile();
+    void forgetUncreated();
+    ImportedFile chosen(const QString& path);
+    void rememberFile();
+    void lookAtFile();
+    const table::Table& mended() const;
     void takeConfirmation(bool closeAfterwards);
-    void showRecord(const Problem& problem);
+    void showPlace(const Problem& problem);
+    void goToPlace(const Problem& problem);
 
     EmbeddedHost& mHost;
+    DeskPrompts& mPrompts;
     DialogFrame* mFrame;
     AmountRefresher* mAmounts;
     ProblemsPanel* mProblems;
     ParametersModel* mHandedOverModel;
     FilteredTable* mHandedOver;
     DiffPanel* mDiff;
-    FileCheckPanel* mFileCheck;
+    FileGrid* mGrid;
+    FileMending* mMending;
+    FileWatch* mWatch;
+    QTabWidget* mUpper; ///< the dialog, and its file
     QTabWidget* mLower;
     QSplitter* mSplitter;
     ImportedFile mFile;
     FileDigest mDigest;
     std::optional<qint64> mComparedWith; ///< the batch of the diff
+    std::optional<table::Table> mClipboard; ///< that is imported next
+    bool mIsCreated = false;                ///< what is on screen
+    bool mIsReloading = false;
 };

@@ -3,6 +3,17 @@
 #include "desk/models/ListModel.h"
 #include "embedded_host/widgets/PlainToolTip.h"
 
+void ListProxy::setChoice(const std::function<bool(int)>& choice)
+{
+    mChoice = choice;
+    invalidateFilter();
+}
+
+bool ListProxy::filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const
+{
+    return (!mChoice || mChoice(sourceRow)) && NaturalOrderProxy::filterAcceptsRow(sourceRow, sourceParent);
+}
+
 void ListProxy::fetchAll()
 {
     QAbstractItemModel* list = sourceModel();

@@ -21,12 +21,18 @@ public:
     using NaturalOrderProxy::NaturalOrderProxy;
 
     void setColours(const Colours& colours) { mColours = colours; }
+    /// Which rows of the source may be shown beside what is typed; null: all.
+    void setChoice(const std::function<bool(int sourceRow)>& choice);
     /// Fetches what a filter or an order needs to be right.
     void fetchAll();
 
     QVariant data(const QModelIndex& index, int role) const override;
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
+protected:
+    bool filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const override;
+
 private:
     Colours mColours;
+    std::function<bool(int sourceRow)> mChoice;
 };

@@ -1,28 +1,29 @@
 #include "desk/window/NoticeBar.h"
 
+#include "words/Words.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
 #include <QVariant>
 
-NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), mText(new QLabel(this))
+NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), mText(new QLabel(this)), mAct(new QPushButton(this))
 {
     setObjectName(QStringLiteral("notice"));
     mText->setObjectName(QStringLiteral("label_notice"));
     mText->setTextFormat(Qt::PlainText);
-    auto* look = new QPushButton(QStringLiteral("查看实例"), this);
-    look->setObjectName(QStringLiteral("button_noticeBatch"));
-    auto* close = new QPushButton(QStringLiteral("知道了"), this);
+    mAct->setObjectName(QStringLiteral("button_noticeBatch"));
+    auto* close = new QPushButton(Words::tr("知道了"), this);
     close->setObjectName(QStringLiteral("button_noticeClose"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(10, 4, 10, 4);
     row->addWidget(mText, 1);
-    row->addWidget(look);
+    row->addWidget(mAct);
     row->addWidget(close);
-    connect(look, &QPushButton::clicked, this, [this] {
+    connect(mAct, &QPushButton::clicked, this, [this] {
         hide();
-        emit batchWanted(mBatch);
+        mDo();
     });
     connect(close, &QPushButton::clicked, this, &QWidget::hide);
     hide();
@@ -31,8 +32,22 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), mText(new QLabel(this))
 void NoticeBar::tell(const QString& text, qint64 batch, bool isWarning)
 {
     mText->setText(text);
-    mBatch = batch;
-    setProperty("kind", isWarning ? QStringLiteral("warning") : QStringLiteral("done"));
+    mAct->setText(Words::tr("查看实例"));
+    mDo = [this, batch] { emit batchWanted(batch); };
+    bring(isWarning ? QStringLiteral("warning") : QStringLiteral("done"));
+}
+
+void NoticeBar::offer(const QString& text, const QString& button, const std::function<void()>& act)
+{
+    mText->setText(text);
+    mAct->setText(button);
+    mDo = act;
+    bring(QStringLiteral("warning"));
+}
+
+void NoticeBar::bring(const QString& kind)
+{
+    setProperty("kind", kind);
     style()->unpolish(this);
     style()->polish(this);
     show();

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMap>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTextEdit>
@@ -225,21 +226,25 @@ void VerdictDialog::addQuestions(QVBoxLayout* column)
 /// Rows of the batch to jump to; null where the rule is about none.
 QLabel* VerdictDialog::makeRows(const verdict::Line& line)
 {
-    QList<int> rows;
+    QMap<int, int> lineOfRow;
     for (const table::Fault& fault : line.faults) {
-        if (fault.row > 0 && !rows.contains(fault.row)) {
-            rows.append(fault.row);
+        if (fault.row > 0) {
+            lineOfRow.insert(fault.row, fault.line);
         }
     }
+    // A row of the file is known by its line, however the table is sorted.
+    const bool hasLines = !lineOfRow.values().contains(0);
     QStringList links;
-    for (const int row : rows.mid(0, MostLinks)) {
-        links.append(QStringLiteral("<a href=\"%1\">%1</a>").arg(row));
+    for (auto row = lineOfRow.cbegin(); row != lineOfRow.cend() && links.size() < MostLinks; ++row) {
+        links.append(QStringLiteral("<a href=\"%1\">%2</a>").arg(row.key()).arg(hasLines ? *row : row.key()));
     }
     // The rows that the import refused are in no batch.
     if (links.isEmpty() || line.rule == QLatin1String("rows.missing")) {
         return nullptr;
     }
-    auto* places = new QLabel(QStringLiteral("转到表格行 ") + links.join(QLatin1Char(' ')), mBody);
+    auto* places = new QLabel((hasLines ? Words::tr("转到文件行 %1") : Words::tr("转到表格行 %1"))
+                                  .arg(links.join(QLatin1Char(' '))),
+                              mBody);
     places->setTextFormat(Qt::RichText); // numbers alone
     places->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(places, &QLabel::linkActivated, this,

@@ -2,6 +2,9 @@
 
 #include "words/Words.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 namespace working_copy {
 
 namespace {
@@ -80,6 +83,18 @@ QStringList sentences(const QList<Edit>& edits)
     QStringList texts;
     for (const Edit& edit : edits) {
         texts.append(sentence(edit));
+    }
+    return texts;
+}
+
+QStringList sentences(const QJsonArray& edits)
+{
+    QStringList texts;
+    for (const QJsonValue& edit : edits) {
+        const Outcome<QList<Edit>> known = editsOf({edit});
+        texts += known.ok() ? sentences(known.value)
+                            : QStringList{QString::fromUtf8(
+                                  QJsonDocument(edit.toObject()).toJson(QJsonDocument::Compact))};
     }
     return texts;
 }

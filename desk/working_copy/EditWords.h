@@ -9,5 +9,7 @@ namespace working_copy {
 QString sentence(const Edit& edit);
 /// One a line, in the order in which they were made.
 QStringList sentences(const QList<Edit>& edits);
+/// Of a list that the ledger kept; what another program did to a file stands there as it was kept.
+QStringList sentences(const QJsonArray& edits);
 
 } // namespace working_copy

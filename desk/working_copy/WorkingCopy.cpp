@@ -64,6 +64,29 @@ WorkingCopy::WorkingCopy(const table::Table& original) : mOriginal(original)
     rebuild();
 }
 
+table::Table WorkingCopy::whole() const
+{
+    table::Table whole = mOriginal;
+    whole.rows.clear();
+    whole.lines.clear();
+    for (const Row& row : mRows) {
+        whole.rows.append(row.cells);
+        whole.lines.append(row.line);
+    }
+    return whole;
+}
+
+QSet<int> WorkingCopy::leftOut() const
+{
+    QSet<int> lines;
+    for (const Row& row : mRows) {
+        if (row.isLeftOut) {
+            lines.insert(row.line);
+        }
+    }
+    return lines;
+}
+
 QString WorkingCopy::cell(int line, int column) const
 {
     const int row = rowOfLine(line);

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QJsonArray>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -72,6 +73,9 @@ public:
     /// and a file of too many rows stays one; at the end there are none of these. What the reader said of the
     /// sheet beside the texts is gone for cells that were changed or left out.
     const table::Table& edited() const { return mEdited; }
+    /// The same with the rows that are left out, and their lines: what a list of rejected rows is written of.
+    table::Table whole() const;
+    QSet<int> leftOut() const;
     /// Whether the file may have more rows than were read: none can be added then.
     bool isPart() const { return mOriginal.rows.size() >= table::RowsToRead; }
 

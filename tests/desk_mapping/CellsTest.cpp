@@ -1,6 +1,7 @@
 // Single cells: what each is told as, or that it stays as it stands.
 
 #include "desk/mapping/Cells.h"
+
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "tests/support/SmallMarket.h"
 #include "tests/support/Text.h"
@@ -29,26 +30,13 @@ template <typename Tell> void expectTold(const QList<Case>& cases, const Tell& t
 
 TEST(MappedCells, AQuantityIsExactOrStays)
 {
-    expectTold({{"1000", "1000"},
-                {"1,000", "1000"},
-                {" 12,345,600 ", "12345600"},
-                {"１，０００", "1000"},
-                {"1 000", "1000"},
-                {"1,000.00", "1000"},
-                {"-1,000", "-1000"},
-                {"+500", "500"},
-                {"1,000.50", nullptr},
-                {"1.000,00", nullptr},
-                {"1.000", nullptr},
-                {"1,00", nullptr},
-                {"10,00,000", nullptr},
-                {"0,100", nullptr},
-                {"1,000 000", nullptr},
-                {"1e3", nullptr},
-                {"1000股", nullptr},
-                {"1'000", nullptr},
-                {"", nullptr},
-                {",", nullptr}},
+    expectTold({{"1000", "1000"},       {"1,000", "1000"},   {" 12,345,600 ", "12345600"},
+                {"１，０００", "1000"}, {"1 000", "1000"},   {"1,000.00", "1000"},
+                {"-1,000", "-1000"},    {"+500", "500"},     {"1,000.50", nullptr},
+                {"1.000,00", nullptr},  {"1.000", nullptr},  {"1,00", nullptr},
+                {"10,00,000", nullptr}, {"0,100", nullptr},  {"1,000 000", nullptr},
+                {"1e3", nullptr},       {"1000股", nullptr}, {"1'000", nullptr},
+                {"", nullptr},          {",", nullptr}},
                mapping::quantityOf);
 }
 
@@ -114,8 +102,7 @@ TEST(MappedCells, OfTwoSmallNumbersTheOrderSaysWhichIsTheDay)
 
 TEST(MappedCells, ACodeIsToldFromItsMarket)
 {
-    const mapping::Surroundings surroundings =
-        mapping::surroundingsOf(ReferenceData(small_market::tables()));
+    const mapping::Surroundings surroundings = mapping::surroundingsOf(ReferenceData(small_market::tables()));
     const auto told = [&](const char* text) {
         const mapping::CodeAndMarket read = mapping::codeOf(QString::fromUtf8(text), surroundings);
         return (QStringList{read.code} + read.exchanges).join(QLatin1Char(' '));
@@ -134,7 +121,11 @@ TEST(MappedCells, ACodeIsToldFromItsMarket)
 
 TEST(MappedCells, ValuesComeBeforeTheFormAndLegByLeg)
 {
-    mapping::Column side{"Side"_s, 1, "交易方向"_s, mapping::Form::AsIs, DateOrder::YearFirst,
+    mapping::Column side{"Side"_s,
+                         1,
+                         "交易方向"_s,
+                         mapping::Form::AsIs,
+                         DateOrder::YearFirst,
                          {{"B"_s, "1"_s}, {"S"_s, "2"_s}}};
     const auto told = [&](const QString& text) { return mapping::toldAnew(side, text, {}); };
     EXPECT_EQ(told("B"_s), "1"_s);

@@ -28,14 +28,13 @@ QString faultOf(const char* json)
 TEST(MappingJson, ComesBackAsItWas)
 {
     Mapping whole{"AITWAP"_s, "Orders"_s, 3, {}, {{"委托属性"_s, "0"_s}}};
-    whole.columns = {
-        {"Ticker"_s, 1, "证券代码"_s, Form::Code, DateOrder::YearFirst, {}},
-        {""_s, 2, "交易方向"_s, Form::AsIs, DateOrder::YearFirst, {{"B"_s, "1"_s}}},
-        {"Qty"_s, 1, "委托数量"_s, Form::Quantity, DateOrder::YearFirst, {}},
-        {"Cash"_s, 1, "委托金额"_s, Form::Amount, DateOrder::YearFirst, {}},
-        {"Px"_s, 1, "委托限价"_s, Form::Decimal, DateOrder::YearFirst, {}},
-        {"Start"_s, 1, "开始时间"_s, Form::DateTime, DateOrder::DayFirst, {}},
-        {"End"_s, 1, "结束时间"_s, Form::DateTime, DateOrder::MonthFirst, {}}};
+    whole.columns = {{"Ticker"_s, 1, "证券代码"_s, Form::Code, DateOrder::YearFirst, {}},
+                     {""_s, 2, "交易方向"_s, Form::AsIs, DateOrder::YearFirst, {{"B"_s, "1"_s}}},
+                     {"Qty"_s, 1, "委托数量"_s, Form::Quantity, DateOrder::YearFirst, {}},
+                     {"Cash"_s, 1, "委托金额"_s, Form::Amount, DateOrder::YearFirst, {}},
+                     {"Px"_s, 1, "委托限价"_s, Form::Decimal, DateOrder::YearFirst, {}},
+                     {"Start"_s, 1, "开始时间"_s, Form::DateTime, DateOrder::DayFirst, {}},
+                     {"End"_s, 1, "结束时间"_s, Form::DateTime, DateOrder::MonthFirst, {}}};
     const Outcome<Mapping> read = mapping::fromJson(bytesOf(whole));
     ASSERT_TRUE(read.ok()) << qPrintable(read.error);
     EXPECT_EQ(bytesOf(read.value), bytesOf(whole));
@@ -61,10 +60,12 @@ TEST(MappingJson, NamesWhatIsWrongByItsPath)
 
 TEST(MappingJson, RefusesWhatHasTwoMeanings)
 {
-    EXPECT_TRUE(faultOf(R"({"strategy": "A", "columns": [{"from": "a", "to": "x"}, {"from": "b", "to": "x"}]})")
-                    .contains("columns[1].to："_s));
-    EXPECT_TRUE(faultOf(R"({"strategy": "A", "columns": [{"from": "a", "to": "x"}, {"from": "a", "to": "y"}]})")
-                    .contains("columns[1].from："_s));
+    EXPECT_TRUE(
+        faultOf(R"({"strategy": "A", "columns": [{"from": "a", "to": "x"}, {"from": "b", "to": "x"}]})")
+            .contains("columns[1].to："_s));
+    EXPECT_TRUE(
+        faultOf(R"({"strategy": "A", "columns": [{"from": "a", "to": "x"}, {"from": "a", "to": "y"}]})")
+            .contains("columns[1].from："_s));
     EXPECT_TRUE(
         faultOf(R"({"strategy": "A", "columns": [{"from": "a", "to": "x", "values": {"B": "1", "b": "2"}}]})")
             .contains("columns[0].values："_s));

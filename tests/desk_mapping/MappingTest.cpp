@@ -1,6 +1,7 @@
 // A table told in the import's words.
 
 #include "desk/mapping/Mapping.h"
+
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "tests/support/Readings.h"
 #include "tests/support/SmallMarket.h"
@@ -57,16 +58,15 @@ TEST_F(MappedTables, StandInTheImportsWordsUnderTheFilesLines)
 {
     const Outcome<table::Table> own = told(english(), readings::tableOf(Rows));
     ASSERT_TRUE(own.ok()) << qPrintable(own.error);
-    const QList<QStringList> expected = {
-        {"证券代码"_s, "市场"_s, "交易方向"_s, "委托数量"_s, "委托属性"_s},
-        {"600000"_s, "SH"_s, "1"_s, "1000"_s, "0"_s},
-        {},
-        {"000001"_s, "SZ"_s, "2"_s, "2,500.50"_s, "0"_s},
-        {""_s, ""_s, ""_s, "3500"_s, "0"_s}};
+    const QList<QStringList> expected = {{"证券代码"_s, "市场"_s, "交易方向"_s, "委托数量"_s, "委托属性"_s},
+                                         {"600000"_s, "SH"_s, "1"_s, "1000"_s, "0"_s},
+                                         {},
+                                         {"000001"_s, "SZ"_s, "2"_s, "2,500.50"_s, "0"_s},
+                                         {""_s, ""_s, ""_s, "3500"_s, "0"_s}};
     EXPECT_EQ(own.value.rows, expected);
-    EXPECT_EQ(own.value.lines, (QList<int>{readings::lineOfRow(1), readings::lineOfRow(2),
-                                           readings::lineOfRow(3), readings::lineOfRow(4),
-                                           readings::lineOfRow(5)}));
+    EXPECT_EQ(own.value.lines,
+              (QList<int>{readings::lineOfRow(1), readings::lineOfRow(2), readings::lineOfRow(3),
+                          readings::lineOfRow(4), readings::lineOfRow(5)}));
 }
 
 TEST_F(MappedTables, AMarketOfItsOwnColumnCountsAndADisagreementLeavesNone)
@@ -83,7 +83,8 @@ TEST_F(MappedTables, AMarketOfItsOwnColumnCountsAndADisagreementLeavesNone)
     for (const QStringList& row : got.mid(1)) {
         markets.append(row.at(0) + QLatin1Char('@') + row.at(1));
     }
-    EXPECT_EQ(markets, (QStringList{"600000@SH"_s, "600000@沪市"_s, "600000@"_s, "00700@"_s, "00700@HKSZ"_s}));
+    EXPECT_EQ(markets,
+              (QStringList{"600000@SH"_s, "600000@沪市"_s, "600000@"_s, "00700@"_s, "00700@HKSZ"_s}));
 }
 
 TEST_F(MappedTables, AMarketForAllRowsStandsWhereTheCodeNamesNone)
@@ -91,7 +92,8 @@ TEST_F(MappedTables, AMarketForAllRowsStandsWhereTheCodeNamesNone)
     Mapping mapping = english();
     mapping.constants["市场"_s] = "SH"_s;
     const QList<QStringList> got =
-        rows(mapping, {{"Ticker"_s, "Side"_s, "Qty"_s}, {"600000"_s, "B"_s, "1"_s}, {"000001.SZ"_s, "B"_s, "1"_s}});
+        rows(mapping,
+             {{"Ticker"_s, "Side"_s, "Qty"_s}, {"600000"_s, "B"_s, "1"_s}, {"000001.SZ"_s, "B"_s, "1"_s}});
     EXPECT_EQ(got.at(1).at(1), "SH"_s);
     EXPECT_EQ(got.at(2).at(1), QString()); // they disagree
 }

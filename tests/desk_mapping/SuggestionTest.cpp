@@ -1,6 +1,7 @@
 // What is suggested for a stranger's table, and what is left to a person.
 
 #include "desk/mapping/Suggestion.h"
+
 #include "embedded_host/EmbeddedHost.h"
 #include "import/TableReading.h"
 #include "tests/support/Readings.h"
@@ -34,15 +35,14 @@ protected:
     {
         return mapping::gapsOf(mapping, strategyOf(code), readings::tableOf(rows), surroundings);
     }
-    import::Reading read(const table::Table& table, const QString& code = "AITWAP"_s) const
-    {
+    import::Reading read(const table::Table& table, const QString& code = "AITWAP"_s) const {
         return import::readRows(strategyOf(code), table, {"CASH1"_s, "Cash"_s},
                                 import::dateTimeFormatOf("list.csv"_s));
-    }
+}
 
-    EmbeddedHost host{ReferenceData(small_market::tables())};
-    mapping::Surroundings surroundings = mapping::surroundingsOf(host.referenceData());
-};
+EmbeddedHost host{ReferenceData(small_market::tables())};
+mapping::Surroundings surroundings = mapping::surroundingsOf(host.referenceData());
+}; // namespace
 
 QStringList sentencesOf(const import::Reading& reading)
 {
@@ -75,7 +75,8 @@ TEST_F(Suggestions, AnEnglishTableUnderATitleRow)
     EXPECT_EQ(shown(got.mapping), "Ticker>证券代码 Side>交易方向 Qty>委托数量 Limit>委托限价 "
                                   "Start Time>开始时间 End Time>结束时间"_s);
     EXPECT_EQ(got.mapping.headerLine, readings::lineOfRow(1));
-    EXPECT_EQ(got.mapping.columnTo("交易方向"_s)->values, (QMap<QString, QString>{{"B"_s, "1"_s}, {"S"_s, "2"_s}}));
+    EXPECT_EQ(got.mapping.columnTo("交易方向"_s)->values,
+              (QMap<QString, QString>{{"B"_s, "1"_s}, {"S"_s, "2"_s}}));
     EXPECT_EQ(got.mapping.constants, (QMap<QString, QString>{{"创建后是否立即启动"_s, "0"_s}}));
     const Gaps open = gaps(got.mapping, English);
     EXPECT_EQ(open.missing, (QStringList{"委托属性"_s}));
@@ -86,7 +87,8 @@ TEST_F(Suggestions, AnEnglishTableUnderATitleRow)
 
 TEST_F(Suggestions, TheSurestNameWins)
 {
-    const Suggestion got = suggested({{"数量"_s, "委托数量"_s, "代码"_s, "方向"_s}, {"5"_s, "100"_s, "600000"_s, "1"_s}});
+    const Suggestion got =
+        suggested({{"数量"_s, "委托数量"_s, "代码"_s, "方向"_s}, {"5"_s, "100"_s, "600000"_s, "1"_s}});
     EXPECT_EQ(shown(got.mapping), "委托数量>委托数量 代码>证券代码 方向>交易方向"_s);
     EXPECT_EQ(got.found.value("委托数量"_s), Found::ByTitle);
     EXPECT_EQ(got.found.value("证券代码"_s), Found::ByAlias);
@@ -145,8 +147,8 @@ TEST_F(Suggestions, AColumnOfAnotherStrategyIsNone)
 
 TEST_F(Suggestions, AHeaderOfTheStrategyNeedsNone)
 {
-    EXPECT_TRUE(mapping::fitsAsItStands(strategyOf("AITWAP"_s),
-                                        readings::tableOf({small_market::ordinaryHeader()})));
+    EXPECT_TRUE(
+        mapping::fitsAsItStands(strategyOf("AITWAP"_s), readings::tableOf({small_market::ordinaryHeader()})));
     EXPECT_FALSE(mapping::fitsAsItStands(strategyOf("AITWAP"_s), readings::tableOf(English)));
 }
 
@@ -211,7 +213,8 @@ private:
                                         : QStringList{"SZ"_s, "深市"_s, "sz"_s});
         }
         if (title == "委托数量"_s && text.size() > 3) {
-            return oneOf({text, text.left(text.size() - 3) + QLatin1Char(',') + text.right(3), text + ".00"_s});
+            return oneOf(
+                {text, text.left(text.size() - 3) + QLatin1Char(',') + text.right(3), text + ".00"_s});
         }
         if (title == "委托属性"_s) {
             return oneOf({text, "普通交易"_s});
@@ -240,7 +243,9 @@ private:
 QList<QStringList> randomRows(unsigned seed)
 {
     std::mt19937 random(seed);
-    const auto pick = [&](const QStringList& texts) { return texts.at(int(random() % unsigned(texts.size()))); };
+    const auto pick = [&](const QStringList& texts) {
+        return texts.at(int(random() % unsigned(texts.size())));
+    };
     QList<QStringList> rows{small_market::ordinaryHeader()};
     for (unsigned left = 2 + random() % 8; left > 0; --left) {
         const bool shanghai = random() % 2 == 0;

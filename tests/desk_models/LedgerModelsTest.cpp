@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QJsonObject>
+
 namespace {
 
 using ledger::Batch;
@@ -206,11 +208,14 @@ TEST(WireModelTest, ShowsAMessageByTheNamesOfItsFields)
 TEST(BatchesModelTest, ShowsABatchARow)
 {
     BatchesModel model;
-    model.setRecords({batch(7, BatchState::Created), batch(6, BatchState::Withdrawn)});
-    EXPECT_EQ(modelText(model),
-              "批次|状态|创建时间|文件|账户|算法|行数|进度|预计买入|预计卖出|创建人|SHA-256\n"
-              "7|已创建|2026-11-22 12:00:00|list.csv|80010001|AITWAP|1200||1,234,567.50|0.00|trader|ab12\n"
-              "6|已撤销|2026-11-22 12:00:00|list.csv|80010001|AITWAP|1200||1,234,567.50|0.00|trader|ab12"_s);
+    Batch mended = batch(7, BatchState::Created);
+    mended.fileEdits = {QJsonObject{{"edit"_s, "leaveOut"_s}}};
+    model.setRecords({mended, batch(6, BatchState::Withdrawn)});
+    EXPECT_EQ(
+        modelText(model),
+        "批次|状态|创建时间|文件|账户|算法|行数|进度|预计买入|预计卖出|创建人|SHA-256|文件修改\n"
+        "7|已创建|2026-11-22 12:00:00|list.csv|80010001|AITWAP|1200||1,234,567.50|0.00|trader|ab12|1 处\n"
+        "6|已撤销|2026-11-22 12:00:00|list.csv|80010001|AITWAP|1200||1,234,567.50|0.00|trader|ab12|"_s);
     EXPECT_EQ(modelRole(model, ListModel::BatchRole), QStringList({"7"_s, "6"_s}));
     EXPECT_EQ(model.index(1, 0).data(ListModel::StateRole).toInt(), int(BatchState::Withdrawn));
     EXPECT_EQ(model.index(0, BatchesModel::State).data(ListModel::TintRole).toString(), QString());

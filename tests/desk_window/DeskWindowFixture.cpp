@@ -38,6 +38,9 @@ void DeskWindowFixture::open()
     options.home = home.path();
     host = std::make_unique<EmbeddedHost>(ReferenceData(tables), options);
     window = std::make_unique<DeskWindow>(*host, books);
+    auto* discarding = new QTimer(window.get());
+    QObject::connect(discarding, &QTimer::timeout, window.get(), [this] { answerDiscard(); });
+    discarding->start(PollMs);
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), PatienceMs));
 }
@@ -91,7 +94,7 @@ void DeskWindowFixture::whenModal(const std::function<void(QWidget&)>& act)
     QObject::connect(timer, &QTimer::timeout, timer, [this, timer, waited, act] {
         QWidget* modal = QApplication::activeModalWidget();
         *waited += PollMs;
-        if (modal && modal->isVisible()) {
+        if (modal && modal->isVisible() && !answerDiscard()) {
             timer->stop();
             timer->deleteLater();
             --mAwaited;
@@ -101,6 +104,16 @@ void DeskWindowFixture::whenModal(const std::function<void(QWidget&)>& act)
         }
     });
     timer->start(PollMs);
+}
+
+bool DeskWindowFixture::answerDiscard()
+{
+    QWidget* modal = QApplication::activeModalWidget();
+    if (!discards || !modal || modal->objectName() != "question_discard"_s) {
+        return false;
+    }
+    modal->findChild<QAbstractButton*>("button_discard"_s)->click();
+    return true;
 }
 
 void DeskWindowFixture::answer(const QString& button)

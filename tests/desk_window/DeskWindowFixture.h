@@ -56,6 +56,9 @@ protected:
     /// Cells of a column as shown.
     static QStringList shown(const FilteredTable& table, int column);
 
+    /// Where a batch would be thrown away, the user means it.
+    bool discards = true;
+
     QTemporaryDir home;
     QTemporaryDir folder;
     ReferenceTables tables = small_market::tables();
@@ -64,5 +67,7 @@ protected:
     std::unique_ptr<DeskWindow> window;
 
 private:
+    bool answerDiscard();
+
     int mAwaited = 0;
 };

@@ -2,7 +2,6 @@
 
 #include "desk/window/BatchesPage.h"
 #include "desk/window/DiffPanel.h"
-#include "desk/window/FileCheckPanel.h"
 #include "desk/window/ProblemsPanel.h"
 #include "host/SolveyAccountComboBox.h"
 #include "table/FaultCatalogue.h"
@@ -185,11 +184,11 @@ TEST_F(DialogFrameTest, TellsOfRowsThatAnImportLostBehindTheOneThatEndedIt)
     answer("button_ok"_s);
     drop(path);
     EXPECT_EQ(message(), "已导入 1 行，3 个问题 · "_s + path);
-    ASSERT_EQ(problems().problems().size(), 3);
-    EXPECT_EQ(problems().problems().at(1).fault.rule, table::rule::NoHongKong);
-    EXPECT_EQ(problems().problems().at(1).fault.line, 4);
-    EXPECT_EQ(table::sentence(problems().problems().last().fault),
-              "另有 1 行既未导入，也未列出原因，请核对文件"_s);
+    const Problems told = problems().problemsOf(Problem::Source::Import);
+    ASSERT_EQ(told.size(), 3);
+    EXPECT_EQ(told.at(1).fault.rule, table::rule::NoHongKong);
+    EXPECT_EQ(told.at(1).fault.line, 4);
+    EXPECT_EQ(table::sentence(told.last().fault), "另有 1 行既未导入，也未列出原因，请核对文件"_s);
 }
 
 TEST_F(DialogFrameTest, ATemplateThatCannotBeSavedIsNoProblemOfTheBatch)
@@ -227,7 +226,7 @@ TEST_F(DialogFrameTest, AnotherStrategyForgetsTheFileWithAllThatWasSaidOfIt)
     strategies().setCurrentIndex(1);
     EXPECT_EQ(window->importPage()->fileName(), QString());
     EXPECT_EQ(problems().problems().size(), 0);
-    EXPECT_TRUE(window->importPage()->fileCheck()->report().format.isEmpty());
+    EXPECT_TRUE(problems().report().format.isEmpty());
     EXPECT_TRUE(child<QLabel>("label_refreshed")->text().isEmpty());
 }
 
@@ -236,7 +235,6 @@ TEST_F(DialogFrameTest, BeforeAFileNothingIsSaidToBeRight)
     open();
     const ImportPage& page = *window->importPage();
     EXPECT_EQ(page.problems()->table()->emptyText(), "导入文件后，其中的问题显示在这里"_s);
-    EXPECT_EQ(page.fileCheck()->table()->emptyText(), "导入文件后，检查结果显示在这里"_s);
     EXPECT_EQ(page.diff()->table()->emptyText(), "没有可比较的批次"_s);
     drop(writeFile({row()}));
     EXPECT_EQ(page.problems()->table()->emptyText(), "没有问题"_s);

@@ -6,9 +6,12 @@
 #include "desk/window/BatchesPage.h"
 #include "desk/window/DeskApplication.h"
 #include "desk/window/DeskWindow.h"
+#include "desk/window/FileGrid.h"
+#include "desk/window/FileMending.h"
 #include "desk/window/FilteredTable.h"
 #include "desk/window/GatewayPage.h"
 #include "desk/window/ImportPage.h"
+#include "desk/window/ProblemFacets.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/reference_data/ReferenceFolder.h"
@@ -127,6 +130,7 @@ private:
     enum class In { Light, BothSkins };
 
     void importFaults();
+    void mendInTheWindow();
     void createBatch();
     void look();
     void importRevision();
@@ -149,6 +153,7 @@ bool Walk::go()
     mWindow.setSkin(mSkin);
     take(QStringLiteral("01-start"), In::Light);
     importFaults();
+    mendInTheWindow();
     createBatch();
     look();
     importRevision();
@@ -182,6 +187,32 @@ void Walk::importFaults()
     import(QStringLiteral("mixed.csv"), sample(QStringLiteral("faulty/AITWAP-mixed.csv")));
     mWindow.importPage()->problems()->goToNext();
     take(QStringLiteral("03-problems"), In::BothSkins);
+}
+
+/// The rows that were refused, from the first problem to a batch without one.
+void Walk::mendInTheWindow()
+{
+    ImportPage& page = *mWindow.importPage();
+    page.problems()->facets()->toggleErrors();
+    page.problems()->goToNext();
+    page.problems()->goToPlace();
+    take(QStringLiteral("13-file"), In::BothSkins);
+    QAbstractItemModel* cells = page.grid()->view()->model();
+    cells->setData(page.grid()->view()->currentIndex(), QStringLiteral("600000"), Qt::EditRole);
+    page.problems()->goToNext();
+    page.problems()->goToPlace();
+    whenModal([this](QWidget& question) {
+        question.findChild<QLineEdit*>(QStringLiteral("edit_after"))->setText(QStringLiteral("neutral"));
+        take(QStringLiteral("14-replace"), In::Light);
+        press(question, QStringLiteral("button_replaceAll"));
+    });
+    page.grid()->replaceInColumn();
+    page.problems()->leaveOutFaulty();
+    take(QStringLiteral("15-left-out"), In::Light);
+    page.mending()->catchUp();
+    page.switchView();
+    take(QStringLiteral("16-mended"), In::Light);
+    page.problems()->facets()->clear();
 }
 
 void Walk::createBatch()
@@ -298,6 +329,9 @@ void Walk::import(const QString& name, const QByteArray& bytes)
     QFile file(name);
     mSaved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && mSaved;
     file.close();
+    if (mWindow.importPage()->hasOpenBatch()) {
+        whenModal([](QWidget& question) { press(question, QStringLiteral("button_discard")); });
+    }
     mWindow.importPage()->frame()->importFile(name);
 }
 

@@ -2,6 +2,7 @@
 
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "embedded_host/table_reader/TableFile.h"
+#include "host/AlgoConstants.h"
 
 #include <algorithm>
 
@@ -54,7 +55,9 @@ QStringList strategyCodes(const ReferenceData& data)
 {
     QStringList codes;
     for (const AesStrategy& strategy : data.tables().strategies) {
-        codes.append(strategy.name());
+        if (strategy.globalType() == Algo_Values::AlgoGlobalType::algo) {
+            codes.append(strategy.name());
+        }
     }
     return codes;
 }

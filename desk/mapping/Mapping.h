@@ -88,6 +88,8 @@ Outcome<table::Table> apply(const Mapping& mapping, const table::Table& table,
 int headerRow(const Mapping& mapping, const table::Table& table);
 
 QJsonObject toJson(const Mapping& mapping);
+/// As the first of what was changed on the desk in a batch's file: {"edit": "map", "mapping": {…}}.
+QJsonObject asEdit(const Mapping& mapping);
 /// The error names each thing that is wrong by its path, such as columns[2].form.
 Outcome<Mapping> fromJson(const QByteArray& json);
 /// The same of a file; the error names it.

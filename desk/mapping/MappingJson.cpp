@@ -210,6 +210,11 @@ QJsonObject toJson(const Mapping& mapping)
     return json;
 }
 
+QJsonObject asEdit(const Mapping& mapping)
+{
+    return {{QStringLiteral("edit"), QStringLiteral("map")}, {QStringLiteral("mapping"), toJson(mapping)}};
+}
+
 Outcome<Mapping> fromJson(const QByteArray& json)
 {
     QJsonParseError fault;

@@ -54,6 +54,7 @@ struct Ground {
     const table::Table& table;
     const verdict::Desk& desk;
     const ReferenceData& data;
+    QJsonArray edits; ///< what was done to the file's table before the import
 };
 
 /// What --duplicates and --against ask for.
@@ -105,7 +106,8 @@ Creation createBatch(const Outcome<LedgerPointer>& opened, DialogDriver& driver,
     if (!opened.ok()) {
         return failed(opened.error);
     }
-    const batch::DialogContent content = driver.content();
+    batch::DialogContent content = driver.content();
+    content.fileEdits = ground.edits;
     ledger::BatchDraft draft = batch::makeDraft(content);
     const ledger::DraftJournal journal(homeFolder(line));
     const Outcome<ledger::Attempt> attempt = ledger::beginAttempt(*opened.value, journal, draft);
@@ -233,7 +235,7 @@ Result importFile(const CommandLine& line)
     bool complained = !driver.shownBoxes().isEmpty();
     Creation creation{{}, Done, nullptr};
     if (line.create) {
-        creation = createBatch(opened, driver, line, {file.table, desk.value, host->referenceData()});
+        creation = createBatch(opened, driver, line, {file.table, desk.value, host->referenceData(), source.value.edits()});
         json[QStringLiteral("creation")] = creation.json;
         complained = complained || creation.status == Complained;
     }

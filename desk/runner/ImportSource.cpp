@@ -5,8 +5,6 @@
 #include "embedded_host/reference_data/ReferenceData.h"
 #include "words/Words.h"
 
-#include <QJsonArray>
-
 namespace runner {
 
 namespace {
@@ -45,6 +43,11 @@ ImportedFile ImportSource::read(const QString& path, const CommandLine& line, co
 {
     return mapping ? mapping::readMapped(path, line.encoding, *mapping, mapping::surroundingsOf(data))
                    : mapping::readFor(path, line.strategy, data, line.encoding);
+}
+
+QJsonArray ImportSource::edits() const
+{
+    return mapping ? QJsonArray{mapping::asEdit(*mapping)} : QJsonArray();
 }
 
 void ImportSource::addTo(QJsonObject& json) const

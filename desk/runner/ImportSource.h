@@ -4,6 +4,7 @@
 #include "desk/mapping/Mapping.h"
 #include "desk/runner/CommandLine.h"
 
+#include <QJsonArray>
 #include <QJsonObject>
 
 #include <optional>
@@ -22,6 +23,8 @@ struct ImportSource {
     /// Through the mapping where there is one, else the sheet that is the strategy's.
     ImportedFile read(const QString& path, const CommandLine& line, const ReferenceData& data) const;
 
+    /// For the batch: that the file was told by a mapping.
+    QJsonArray edits() const;
     /// Adds "mapping" where one was used, as it was.
     void addTo(QJsonObject& json) const;
 };

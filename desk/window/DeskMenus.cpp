@@ -55,6 +55,14 @@ void DeskMenus::makeFileMenu()
         mWindow.showPage(DeskWindow::ImportPageIndex);
         mWindow.importPage()->reload();
     });
+    add(menu, Words::tr("导入多个文件(&I)…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_O), [this] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        mWindow.importPage()->chooseFiles();
+    });
+    add(menu, Words::tr("列映射(&M)…"), QKeySequence(Qt::CTRL + Qt::Key_M), [this] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        mWindow.importPage()->mapColumns();
+    });
     add(menu, QStringLiteral("确定提交(&C)"), QKeySequence(Qt::CTRL + Qt::Key_Return),
         [this] { mWindow.confirm(); });
     menu->addSeparator();

@@ -43,12 +43,18 @@ const QSize FirstSize(1280, 800);
 const QString StyleSheetPath = QStringLiteral("desk/desk.css");
 const QString LightSkin = QStringLiteral("light");
 
-/// The one local file of a drag; empty when it is anything else.
-QString draggedFile(const QMimeData* data)
+/// The local files of a drag; none when anything else is among them.
+QStringList draggedFiles(const QMimeData* data)
 {
+    QStringList paths;
     const QList<QUrl> urls = data->urls();
-    const QString path = urls.size() == 1 ? urls.first().toLocalFile() : QString();
-    return QFileInfo(path).isFile() ? path : QString();
+    for (const QUrl& url : urls) {
+        if (!QFileInfo(url.toLocalFile()).isFile()) {
+            return {};
+        }
+        paths.append(url.toLocalFile());
+    }
+    return paths;
 }
 
 } // namespace
@@ -90,6 +96,9 @@ void DeskWindow::makePages()
     connect(mImport, &ImportPage::fileChanged, this, [this](const QString& path) {
         mNotice->offer(Words::tr("文件在磁盘上已改变：%1").arg(path), Words::tr("重新载入"),
                        [this] { mImport->reload(); });
+    });
+    connect(mImport, &ImportPage::mapped, this, [this](const QString& notice) {
+        mNotice->offer(notice, Words::tr("重新询问"), [this] { mImport->mapColumns(); });
     });
     mPages->addTab(mImport, QStringLiteral("批量导入"));
 
@@ -435,18 +444,18 @@ void DeskWindow::closeEvent(QCloseEvent* event)
 
 void DeskWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!draggedFile(event->mimeData()).isEmpty()) {
+    if (!draggedFiles(event->mimeData()).isEmpty()) {
         event->acceptProposedAction();
     }
 }
 
 void DeskWindow::dropEvent(QDropEvent* event)
 {
-    const QString path = draggedFile(event->mimeData());
-    if (path.isEmpty()) {
+    const QStringList paths = draggedFiles(event->mimeData());
+    if (paths.isEmpty()) {
         return;
     }
     event->acceptProposedAction();
     showPage(ImportPageIndex);
-    mImport->frame()->importFile(path);
+    mImport->importFiles(paths);
 }

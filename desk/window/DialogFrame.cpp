@@ -164,6 +164,18 @@ void DialogFrame::close()
     emit closed();
 }
 
+void DialogFrame::chooseStrategy(const QString& code)
+{
+    if (!mDialog) {
+        open();
+    }
+    QComboBox& strategies = probe().strategies();
+    const int index = strategies.findData(code);
+    if (index >= 0 && index != strategies.currentIndex()) {
+        strategies.setCurrentIndex(index);
+    }
+}
+
 void DialogFrame::import()
 {
     if (!mDialog) {

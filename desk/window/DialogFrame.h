@@ -54,6 +54,8 @@ public slots:
     /// Opens the dialog with the strategy and account of the last time.
     void open();
     void close();
+    /// Chooses a strategy by its code; opens the dialog where it is closed.
+    void chooseStrategy(const QString& code);
     /// Presses the dialog's import button; the user is asked for a file.
     void import();
     /// The same with a file at hand.

@@ -1,16 +1,13 @@
 #include "desk/window/FileDigest.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QProgressDialog>
-#include <QThread>
+#include "desk/window/Waiting.h"
+#include "words/Words.h"
 
 #include <atomic>
 #include <thread>
 
 namespace {
 
-constexpr int PatienceMs = 400; // before the progress is shown
 constexpr int PollMs = 20;
 
 } // namespace
@@ -53,19 +50,9 @@ Outcome<QString> FileDigest::wait(QWidget* parent, bool& cancelled) const
     if (!work) {
         return {};
     }
-    QProgressDialog progress(QStringLiteral("正在计算文件指纹…"), QStringLiteral("取消"), 0, 0, parent);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(PatienceMs);
-    while (!work->done) {
-        progress.setValue(0);
-        // Until the progress keeps them from the window, clicks and keys wait.
-        QCoreApplication::processEvents(
-            progress.isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents, PollMs);
-        if (progress.wasCanceled()) {
-            cancelled = true;
-            return {};
-        }
-        QThread::msleep(PollMs);
+    cancelled = !waiting::until([work] { return work->done.load(); }, Words::tr("正在计算文件指纹…"), parent);
+    if (cancelled) {
+        return {};
     }
     return work->digest;
 }

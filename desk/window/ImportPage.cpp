@@ -12,9 +12,11 @@
 #include "desk/window/DiscardQuestion.h"
 #include "desk/window/FileFacts.h"
 #include "desk/window/FileGrid.h"
+#include "desk/window/FileIntake.h"
 #include "desk/window/FileMending.h"
 #include "desk/window/FileWatch.h"
 #include "desk/window/FilteredTable.h"
+#include "desk/window/ImportQueue.h"
 #include "desk/window/ProblemsPanel.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/table_reader/TableFile.h"
@@ -27,11 +29,13 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCryptographicHash>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QSet>
 #include <QSplitter>
 #include <QTableView>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -92,6 +96,7 @@ table::Faults newFaults(const verdict::Line& line, const Problems& known)
 
 ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
     : QWidget(parent), mHost(host), mPrompts(prompts), mFrame(new DialogFrame(host, prompts)),
+      mIntake(new FileIntake(host, this)), mQueue(new ImportQueue(this)),
       mAmounts(new AmountRefresher(host.quotes(), this)), mProblems(new ProblemsPanel(host, prompts)),
       mHandedOverModel(new ParametersModel),
       mHandedOver(new FilteredTable(
@@ -104,6 +109,7 @@ ImportPage::ImportPage(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent
     mHandedOverModel->setParent(mHandedOver);
     makeParts();
     listenToFrame();
+    listenToIntake();
     listenToPanels();
     guardBatch();
     mFrame->open();
@@ -127,7 +133,8 @@ void ImportPage::makeParts()
     mSplitter->restoreState(DeskSettings(mHost).importSplitter());
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(mSplitter);
+    column->addWidget(mQueue);
+    column->addWidget(mSplitter, 1);
 }
 
 void ImportPage::makeLowerPart()
@@ -147,8 +154,10 @@ void ImportPage::guardBatch()
     mFrame->setGuard([this] { return mayThrowAway(); });
     // The same file once more loses nothing, unless it was mended.
     mPrompts.setGuard([this](const QString& path) {
-        const bool isSame = path == mFile.path && !mGrid->copy().isEdited();
-        return mIsReloading || isSame || mayThrowAway();
+        const bool isSame =
+            path == mFile.path && !mGrid->copy().isEdited() && !mIntake->isExpecting();
+        return (mIsReloading || isSame || mayThrowAway()) &&
+               (mClipboard || mIntake->prepare(path, dialog()->getCurrentAlgoName()));
     });
 }
 
@@ -194,12 +203,84 @@ const table::Table& ImportPage::mended() const
 /// What the user chose: a file, or what he has on the clipboard.
 ImportedFile ImportPage::chosen(const QString& path)
 {
+    const std::optional<ImportedFile> prepared = mIntake->take();
     if (!mClipboard) {
-        return ImportedFile::read(path);
+        return prepared ? *prepared : ImportedFile::read(path);
     }
     const ImportedFile file{path, *mClipboard, nullptr};
     mClipboard.reset();
     return file;
+}
+
+void ImportPage::listenToIntake()
+{
+    connect(mIntake, &FileIntake::queued, this, [this](const QList<IntakeItem>& items) {
+        mQueue->prepend(items);
+        importNext();
+    });
+    connect(mQueue, &ImportQueue::wanted, this, [this](const IntakeItem& item) {
+        if (!importItem(item)) {
+            mQueue->prepend({item});
+        }
+    });
+}
+
+void ImportPage::importFiles(const QStringList& paths)
+{
+    QList<IntakeItem> items;
+    for (const QString& path : paths) {
+        items.append({path, QString(), QString(), 0, nullptr, std::nullopt});
+    }
+    if (!items.isEmpty()) {
+        mQueue->append(items.mid(1));
+        importItem(items.first());
+    }
+}
+
+void ImportPage::chooseFiles()
+{
+    importFiles(QFileDialog::getOpenFileNames(
+        this, Words::tr("导入多个文件"), QString(),
+        Words::tr("表格文件 (*.csv *.txt *.tsv *.xlsx *.xlsm *.xls *.ods);;所有文件 (*)")));
+}
+
+void ImportPage::mapColumns()
+{
+    mIntake->askNext(true);
+    if (mFile.path.isEmpty()) {
+        mFrame->import();
+    } else {
+        mFrame->importFile(mFile.path);
+    }
+    mIntake->askNext(false); // where no file was chosen
+}
+
+/// False where the user gave it up.
+bool ImportPage::importItem(const IntakeItem& item)
+{
+    if (!item.strategy.isEmpty()) {
+        mFrame->chooseStrategy(item.strategy);
+    }
+    if (!item.strategy.isEmpty() && dialog()->getCurrentAlgoName() != item.strategy) {
+        return false;
+    }
+    mIntake->expect(item);
+    mFrame->importFile(item.path);
+    return mIntake->isSettled();
+}
+
+/// As soon as what is in progress came to its end.
+void ImportPage::importNext()
+{
+    QTimer::singleShot(0, mQueue, &ImportQueue::next);
+}
+
+/// The rows that an import left, which the user was asked about.
+void ImportPage::queueRest()
+{
+    if (const std::optional<IntakeItem> rest = mIntake->takeRest()) {
+        mQueue->prepend({*rest});
+    }
 }
 
 void ImportPage::takeFile(const QString& path)
@@ -322,6 +403,12 @@ void ImportPage::showImported()
     const bool isDeclined = rows == 0 && mProblems->problemsOf(Problem::Source::Import).isEmpty();
     if (isDeclined) {
         mProblems->table()->setEmptyText(QString()); // of a file that was not taken nothing is right
+    } else {
+        queueRest();
+    }
+    const QString notice = mIntake->takeNotice();
+    if (!notice.isEmpty()) {
+        emit mapped(notice);
     }
     if (mProblems->hasErrors()) {
         mLower->setCurrentIndex(ProblemsTab);
@@ -354,6 +441,9 @@ void ImportPage::takeConfirmation(bool closeAfterwards)
     mProblems->forgetBatch();
     HandOver batch{content(), mended(), mComparedWith, closeAfterwards};
     batch.content.fileEdits = mGrid->copy().toJson();
+    if (mIntake->mapping()) {
+        batch.content.fileEdits.prepend(mapping::asEdit(*mIntake->mapping()));
+    }
     bool cancelled = false;
     const Outcome<QString> digest = mDigest.wait(this, cancelled);
     batch.content.fileSha256 = digest.value;
@@ -378,6 +468,9 @@ void ImportPage::finish(const HandOver& batch, bool created)
         mFrame->close();
     } else if (dialog()) {
         dialog()->slotResetOkBtn();
+    }
+    if (created && !mQueue->isEmpty()) {
+        importNext();
     }
 }
 

@@ -15,13 +15,16 @@
 class AmountRefresher;
 class DiffPanel;
 class FileGrid;
+class FileIntake;
 class FileMending;
 class FileWatch;
 class FilteredTable;
+class ImportQueue;
 class ParametersModel;
 class ProblemsPanel;
 class QSplitter;
 class QTabWidget;
+struct IntakeItem;
 struct Problem;
 
 /// The dialog in its frame, behind it its file as a sheet that can be mended, and below them everything that
@@ -41,6 +44,7 @@ public:
     FileMending* mending() const { return mMending; }
     DiffPanel* diff() const { return mDiff; }
     AmountRefresher* amounts() const { return mAmounts; }
+    ImportQueue* queue() const { return mQueue; }
     FilteredTable* handedOver() const { return mHandedOver; }
 
     /// The batch of the last confirmed() was created, or not: closes the dialog where the user wanted that,
@@ -79,7 +83,17 @@ public:
     /// Keeps strategy, account and splitter for the next session.
     void saveLayout() const;
 
+public slots:
+    /// Imports the first one; the others wait.
+    void importFiles(const QStringList& paths);
+    /// Asks for files, one or several.
+    void chooseFiles();
+    /// Tells the file on screen by another mapping; without one, a file that is asked for.
+    void mapColumns();
+
 signals:
+    /// A file was told by a mapping that was remembered.
+    void mapped(const QString& notice);
     /// The user confirmed a batch that passed every check; answer with finish().
     void confirmed(const HandOver& batch);
     /// An import came to its end, with or without problems.
@@ -97,6 +111,10 @@ private:
     void listenToFrame();
     void listenToPanels();
     void takeFile(const QString& path);
+    void listenToIntake();
+    bool importItem(const IntakeItem& item);
+    void importNext();
+    void queueRest();
     void showProblem(const QString& text, DialogFrame::Subject subject);
     void showImported();
     void tellOfLostRows();
@@ -119,6 +137,8 @@ private:
     EmbeddedHost& mHost;
     DeskPrompts& mPrompts;
     DialogFrame* mFrame;
+    FileIntake* mIntake;
+    ImportQueue* mQueue;
     AmountRefresher* mAmounts;
     ProblemsPanel* mProblems;
     ParametersModel* mHandedOverModel;

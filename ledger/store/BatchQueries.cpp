@@ -216,7 +216,8 @@ void insertBatch(Statements& statements, const Batch& batch)
          column::text(batch.fileName), column::text(batch.fileSha256), column::text(batch.strategy),
          batch.rowCount, column::decimal(batch.expectedBuy), column::decimal(batch.expectedSell),
          column::time(batch.createdAt), exchangeDay(batch.createdAt).toString(Qt::ISODate),
-         column::text(batch.createdBy), nameOf(batch.state), column::text(QString::fromUtf8(jsonText(batch.fileEdits)))});
+         column::text(batch.createdBy), nameOf(batch.state),
+         column::text(QString::fromUtf8(jsonText(batch.fileEdits)))});
 }
 
 void insertTable(Statements& statements, Store& store, const Batch& batch, const BatchTable& table)

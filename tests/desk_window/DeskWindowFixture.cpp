@@ -72,10 +72,14 @@ QStringList DeskWindowFixture::row(const QString& code, const QString& quantity)
     return small_market::ordinaryRow(code, "SH"_s, quantity);
 }
 
-void DeskWindowFixture::drop(const QString& path)
+void DeskWindowFixture::drop(const QStringList& paths)
 {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
+    QList<QUrl> urls;
+    for (const QString& path : paths) {
+        urls.append(QUrl::fromLocalFile(path));
+    }
+    data.setUrls(urls);
     const QPoint middle = window->rect().center();
     QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window.get(), &enter);

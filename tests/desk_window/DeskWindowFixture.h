@@ -36,7 +36,8 @@ protected:
     QString writeTable(const QList<QStringList>& rows, const QString& name);
     static QStringList row(const QString& code = "600000"_s, const QString& quantity = "1000"_s);
     /// Drops the file on the window, with a real drag and drop.
-    void drop(const QString& path);
+    void drop(const QString& path) { drop(QStringList{path}); }
+    void drop(const QStringList& paths);
 
     /// As soon as a modal window is there, does something with it; fails the test where none comes up.
     void whenModal(const std::function<void(QWidget&)>& act);

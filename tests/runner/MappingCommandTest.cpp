@@ -123,4 +123,8 @@ TEST_F(MappingCommand, AMappingNamesItsSheet)
         "constants": {"委托属性": "0", "创建后是否立即启动": "0"}})");
     const Run imported = import(file, by(mapping) + QStringList{"--confirm"_s, "--create"_s, "--yes"_s});
     EXPECT_EQ(orders(imported.object()), (QStringList{"600000.SH 300 Sell"_s})) << imported.out.constData();
+    const QJsonObject batch = atHome({"batches"_s}).json().array().first().toObject();
+    const QJsonObject edit = batch["fileEdits"_s].toArray().first().toObject();
+    EXPECT_EQ(edit["edit"_s].toString(), "map"_s);
+    EXPECT_EQ(edit["mapping"_s].toObject(), imported.object()["mapping"_s].toObject());
 }

@@ -2,6 +2,7 @@
 
 #include "atdl/Values.h"
 #include "gateway/messages/WireNumber.h"
+#include "words/Words.h"
 
 #include <QJsonArray>
 
@@ -60,7 +61,7 @@ private:
         if (isNumber(text)) {
             made.insert(key, mParameter.kind == Kind::Percent ? hundredfold(text) : text);
         } else if (mElement.has(attribute)) {
-            lose(attribute, QStringLiteral("“%1”不是数字").arg(text));
+            lose(attribute, Words::tr("“%1”不是数字").arg(text));
         }
     }
 
@@ -104,7 +105,7 @@ private:
         } else if (mParameter.kind != Kind::Day && time.isValid() && isKnownZone(zone())) {
             made.insert(key, time.toString(QStringLiteral("HH:mm:ss")));
         } else if (mElement.has(attribute)) {
-            lose(attribute, QStringLiteral("“%1”（时区“%2”）不是可用的时间").arg(text, zone()));
+            lose(attribute, Words::tr("“%1”（时区“%2”）不是可用的时间").arg(text, zone()));
         }
     }
 

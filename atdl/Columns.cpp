@@ -4,6 +4,7 @@
 #include "atdl/Values.h"
 #include "gateway/messages/WireNumber.h"
 #include "host/AlgoConstants.h"
+#include "words/Words.h"
 
 #include <QJsonArray>
 #include <QSet>
@@ -89,7 +90,7 @@ private:
         QSet<QString> seen;
         for (const QString& id : mParameter.ids) {
             const QString shown = shownOf(id).isEmpty() ? id : shownOf(id);
-            made.append({seen.contains(shown) ? QStringLiteral("%1（%2）").arg(shown, id) : shown, id});
+            made.append({seen.contains(shown) ? Words::tr("%1（%2）").arg(shown, id) : shown, id});
             seen.insert(shown);
         }
         return made;
@@ -102,7 +103,7 @@ private:
             return {};
         }
         if (mControl->attribute(QStringLiteral("initPolicy")) == QLatin1String("UseFixField")) {
-            loseOfControl(QStringLiteral("initFixField"), QStringLiteral("初始值取自委托的字段，表中没有"));
+            loseOfControl(QStringLiteral("initFixField"), Words::tr("初始值取自委托的字段，表中没有"));
         }
         const QString text = mControl->attribute(QStringLiteral("initValue"));
         if (text.isEmpty() || text == Null) {
@@ -110,7 +111,7 @@ private:
         }
         const Option made = isTime(mParameter.kind) ? timeDefault(text) : plainDefault(text);
         if (made.value.isEmpty()) {
-            loseOfControl(QStringLiteral("initValue"), QStringLiteral("初始值“%1”无法用作默认值").arg(text));
+            loseOfControl(QStringLiteral("initValue"), Words::tr("初始值“%1”无法用作默认值").arg(text));
         }
         return made;
     }
@@ -132,7 +133,7 @@ private:
         const QString value =
             time.isValid() && local.isValid() ? local.toString(QStringLiteral("HH:mm:ss")) : QString();
         if (!value.isEmpty() && mControl->attribute(QStringLiteral("initValueMode")) == QLatin1String("1")) {
-            loseOfControl(QStringLiteral("initValueMode"), QStringLiteral("已过初始时间时不会改用当前时间"));
+            loseOfControl(QStringLiteral("initValueMode"), Words::tr("已过初始时间时不会改用当前时间"));
         }
         return {value, value};
     }

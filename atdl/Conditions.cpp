@@ -3,6 +3,7 @@
 #include "atdl/Names.h"
 #include "gateway/messages/WireNumber.h"
 #include "host/AlgoConstants.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -80,7 +81,7 @@ public:
     QJsonObject node(const XmlElement& edit, int level = 0)
     {
         if (level > MostLevels) {
-            return lost(QStringLiteral("嵌套过深"));
+            return lost(Words::tr("嵌套过深"));
         }
         if (edit.is(spaces::Validation, QStringLiteral("EditRef"))) {
             return referred(edit.attribute(QStringLiteral("id")), level);
@@ -104,7 +105,7 @@ private:
                 }
             }
         }
-        return lost(QStringLiteral("没有编号为“%1”的 Edit").arg(id));
+        return lost(Words::tr("没有编号为“%1”的 Edit").arg(id));
     }
 
     QJsonObject branch(const XmlElement& edit, int level)
@@ -122,7 +123,7 @@ private:
         }
         const bool isSound =
             known.contains(name) && !of.isEmpty() && (name != known.last() || of.size() == 1);
-        return isSound ? logic(name, of) : lost(QStringLiteral("逻辑运算“%1”有误").arg(name));
+        return isSound ? logic(name, of) : lost(Words::tr("逻辑运算“%1”有误").arg(name));
     }
 
     std::optional<Operand> operandOf(const QString& name)
@@ -149,7 +150,7 @@ private:
         }
         const std::optional<Operand> left = operandOf(field);
         if (!left) {
-            return lost(QStringLiteral("表中没有“%1”").arg(field));
+            return lost(Words::tr("表中没有“%1”").arg(field));
         }
         if (operation == Exists || operation == Lacks) {
             return left->paramId.isEmpty() ? always(operation == Exists)
@@ -169,7 +170,7 @@ private:
         }
         const bool isEqual = operation == QLatin1String("EQ");
         if (!isEqual && operation != QLatin1String("NE")) {
-            return lost(QStringLiteral("FIX_OrdType 不能用“%1”比较").arg(operation));
+            return lost(Words::tr("FIX_OrdType 不能用“%1”比较").arg(operation));
         }
         if (value != QLatin1String("1") && value != QLatin1String("2")) {
             return always(!isEqual);
@@ -192,7 +193,7 @@ private:
     {
         const bool hasOrder = isNumeric(left.kind) || isTime(left.kind);
         if (!isComparison(operation, hasOrder)) {
-            return lost(QStringLiteral("“%1”不能用“%2”比较").arg(left.paramId, operation));
+            return lost(Words::tr("“%1”不能用“%2”比较").arg(left.paramId, operation));
         }
         return {{QStringLiteral("operator"), operation},
                 {QStringLiteral("kind"),
@@ -205,12 +206,12 @@ private:
     {
         const std::optional<Operand> right = operandOf(name);
         if (!right || left.paramId.isEmpty() || right->paramId.isEmpty()) {
-            return lost(QStringLiteral("表中没有“%1”").arg(name));
+            return lost(Words::tr("表中没有“%1”").arg(name));
         }
         const bool arePlain = isNumeric(left.kind) && isNumeric(right->kind) && left.kind != Kind::Percent &&
                               right->kind != Kind::Percent;
         if (!arePlain && left.kind != right->kind) {
-            return lost(QStringLiteral("“%1”与“%2”的类型不同").arg(left.paramId, right->paramId));
+            return lost(Words::tr("“%1”与“%2”的类型不同").arg(left.paramId, right->paramId));
         }
         return comparison(operation, left, QStringLiteral("field2"), right->paramId);
     }
@@ -232,7 +233,7 @@ private:
             left.parameter != nullptr ? left.parameter->inTable(value)
                                       : (isNumber(value) ? std::make_optional(value) : std::nullopt);
         return inTable ? comparison(operation, left, QStringLiteral("value"), *inTable)
-                       : lost(QStringLiteral("“%1”没有取值“%2”").arg(left.paramId, value));
+                       : lost(Words::tr("“%1”没有取值“%2”").arg(left.paramId, value));
     }
 
     static int orderOf(const QString& left, const QString& right)
@@ -274,8 +275,7 @@ QJsonArray conditionsOf(const XmlElement& document, const XmlElement& strategy,
         Condition translation(document, strategy, parameters);
         const QJsonObject holds = condition == nullptr ? QJsonObject() : translation.node(*condition);
         if (condition == nullptr || !translation.why().isEmpty()) {
-            losses.add(element, message,
-                       condition == nullptr ? QStringLiteral("没有条件") : translation.why());
+            losses.add(element, message, condition == nullptr ? Words::tr("没有条件") : translation.why());
         } else {
             conditions.append(
                 QJsonObject{{QStringLiteral("message"), message}, {QStringLiteral("holds"), holds}});

@@ -1,6 +1,7 @@
 #include "atdl/Markets.h"
 
 #include "atdl/Names.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -65,7 +66,7 @@ void tellOfForeign(const QList<XmlElement>& markets, LossBook& losses)
         const bool isOurs = std::any_of(marketNames().begin(), marketNames().end(),
                                         [&](const MarketName& one) { return one.mic == mic; });
         if (!isOurs) {
-            losses.add(QStringLiteral("Market"), mic, QStringLiteral("本系统没有此市场"));
+            losses.add(QStringLiteral("Market"), mic, Words::tr("本系统没有此市场"));
         }
     }
 }

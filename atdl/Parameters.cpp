@@ -7,6 +7,7 @@
 #include "atdl/Titles.h"
 #include "atdl/Values.h"
 #include "gateway/messages/WireNumber.h"
+#include "words/Words.h"
 
 namespace atdl {
 
@@ -29,10 +30,10 @@ public:
     {
         const Type* type = typeOf(mElement);
         if (mMade.name.isEmpty() || type == nullptr) {
-            return lost(QStringLiteral("不支持的类型“%1”").arg(typeNameOf(mElement)));
+            return lost(Words::tr("不支持的类型“%1”").arg(typeNameOf(mElement)));
         }
         if (isTrue(mElement.attribute(QStringLiteral("invertOnWire")))) {
-            return lost(QStringLiteral("不支持 invertOnWire"));
+            return lost(Words::tr("不支持 invertOnWire"));
         }
         mMade.kind = type->kind;
         mMade.wire = QString::fromLatin1(type->wire);
@@ -69,7 +70,7 @@ private:
         const QString value = mElement.attribute(QStringLiteral("constValue"));
         const bool isNumberAsItShould = !isNumeric(mMade.kind) || isNumber(value);
         if (value.isEmpty() || isTime(mMade.kind) || !isNumberAsItShould) {
-            return lost(QStringLiteral("不支持的常量“%1”").arg(value));
+            return lost(Words::tr("不支持的常量“%1”").arg(value));
         }
         mMade.constant = value;
         if (mMade.kind == Kind::Flag) {
@@ -93,7 +94,7 @@ private:
     void addChoice(const QString& wire, const QString& id)
     {
         if (wire == Null || wire.isEmpty()) {
-            lose(id, QStringLiteral("取值 {NULL} 表示不发送：请将单元格留空"));
+            lose(id, Words::tr("取值 {NULL} 表示不发送：请将单元格留空"));
         } else {
             mMade.choices.insert(id, wire);
             mMade.ids.append(id);

@@ -10,6 +10,7 @@
 #include "atdl/Values.h"
 #include "host/AlgoConstants.h"
 #include "strategy/Traits.h"
+#include "words/Words.h"
 
 #include <QHash>
 
@@ -48,7 +49,7 @@ public:
         const QString obstacle = obstacleOfStrategy();
         const QString fault = obstacle.isEmpty() ? readParameters() : obstacle;
         if (!fault.isEmpty()) {
-            mLosses.add(StrategyElement, mCode, QStringLiteral("整个算法未写出：%1").arg(fault));
+            mLosses.add(StrategyElement, mCode, Words::tr("整个算法未写出：%1").arg(fault));
             return;
         }
         const QJsonArray conditions = conditionsOf(mDocument, mStrategy, mParameters, mLosses);
@@ -68,19 +69,19 @@ private:
                                traits.has(strategy::StartsOnCreate) || traits.has(strategy::TellsRepayment);
         const QString message = mStrategy.attribute(QStringLiteral("fixMsgType"));
         if (mCode.isEmpty() || isSpecial) {
-            return QStringLiteral("算法代码“%1”在本系统另有含义或为空").arg(mCode);
+            return Words::tr("算法代码“%1”在本系统另有含义或为空").arg(mCode);
         }
         if (mMade.rules.contains(mCode) || isTwice()) {
-            return QStringLiteral("算法代码“%1”重复").arg(mCode);
+            return Words::tr("算法代码“%1”重复").arg(mCode);
         }
         if (!message.isEmpty() && message != QLatin1String("D")) {
-            return QStringLiteral("消息类型“%1”不是 D").arg(message);
+            return Words::tr("消息类型“%1”不是 D").arg(message);
         }
         if (mStrategy.attribute(QStringLiteral("wireValue")).isEmpty()) {
-            return QStringLiteral("缺少 wireValue");
+            return Words::tr("缺少 wireValue");
         }
         return usableTagOf(mDocument, QStringLiteral("strategyIdentifierTag")) == 0
-                   ? QStringLiteral("strategyIdentifierTag 缺少或由程序填写")
+                   ? Words::tr("strategyIdentifierTag 缺少或由程序填写")
                    : QString();
     }
 
@@ -108,7 +109,7 @@ private:
             const bool isNeeded = element.attribute(QStringLiteral("use")) == QLatin1String("required") ||
                                   element.has(QStringLiteral("constValue"));
             if (isTwin || (!parameter && isNeeded)) {
-                return QStringLiteral("必填参数或常量“%1”无法转换").arg(name);
+                return Words::tr("必填参数或常量“%1”无法转换").arg(name);
             }
             if (parameter) {
                 mParameters.append(*parameter);
@@ -130,9 +131,9 @@ private:
                 continue;
             }
             mLosses.add(QStringLiteral("Parameter"), one.name,
-                        QStringLiteral("没有可用的 fixTag，文件也不支持参数组（tag957Support）"));
+                        Words::tr("没有可用的 fixTag，文件也不支持参数组（tag957Support）"));
             if (one.isRequired || one.isConstant()) {
-                return QStringLiteral("必填参数或常量“%1”没有去处").arg(one.name);
+                return Words::tr("必填参数或常量“%1”没有去处").arg(one.name);
             }
         }
         mParameters = placed;
@@ -177,7 +178,7 @@ private:
     {
         if (one.isTimesHundred) {
             mLosses.add(QStringLiteral("Parameter"), one.name + QStringLiteral("/@multiplyBy100"),
-                        QStringLiteral("参数组中的类型（959）为 Float，不是 Percentage"));
+                        Words::tr("参数组中的类型（959）为 Float，不是 Percentage"));
         }
     }
 
@@ -192,7 +193,7 @@ private:
             fields.insert(QString::number(versionTag), version);
         } else if (mDocument.has(QStringLiteral("versionIdentifierTag"))) {
             mLosses.add(StrategyElement, mCode + QStringLiteral("/@version"),
-                        QStringLiteral("版本号没有可用的字段"));
+                        Words::tr("版本号没有可用的字段"));
         }
         return fields;
     }
@@ -275,7 +276,7 @@ Outcome<Translation> translate(const QByteArray& document)
     }
     if (!read.value.is(spaces::Core, QStringLiteral("Strategies"))) {
         return {{},
-                QStringLiteral("不是 FIXatdl 1.1 文件：最外层是“%1”，命名空间“%2”")
+                Words::tr("不是 FIXatdl 1.1 文件：最外层是“%1”，命名空间“%2”")
                     .arg(read.value.name, read.value.space)};
     }
     Translation made;
@@ -284,7 +285,7 @@ Outcome<Translation> translate(const QByteArray& document)
     tellOfUnreadOfDocument(read.value, ofDocument);
     const QList<XmlElement> strategies = read.value.all(spaces::Core, StrategyElement);
     if (strategies.isEmpty()) {
-        return {{}, QStringLiteral("文件中没有算法（Strategy）")};
+        return {{}, Words::tr("文件中没有算法（Strategy）")};
     }
     for (const XmlElement& strategy : strategies) {
         StrategyTranslation(read.value, strategy, made).run();

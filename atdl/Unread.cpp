@@ -1,6 +1,7 @@
 #include "atdl/Unread.h"
 
 #include "atdl/Names.h"
+#include "words/Words.h"
 
 #include <QHash>
 #include <QStringList>
@@ -80,7 +81,7 @@ void tellOfAttributes(const XmlElement& element, LossBook& losses)
     for (auto it = element.attributes.begin(); it != element.attributes.end(); ++it) {
         if (!known.contains(it.key())) {
             losses.add(element.name, QStringLiteral("%1/@%2").arg(nameOf(element), it.key()),
-                       QStringLiteral("不支持的属性“%1”").arg(it.value()));
+                       Words::tr("不支持的属性“%1”").arg(it.value()));
         }
     }
 }
@@ -88,8 +89,8 @@ void tellOfAttributes(const XmlElement& element, LossBook& losses)
 QString reasonOf(const XmlElement& element)
 {
     return element.is(spaces::Flow, QStringLiteral("StateRule"))
-               ? QStringLiteral("录入界面的联动规则，表中没有：请按算法说明填写")
-               : QStringLiteral("不支持的元素");
+               ? Words::tr("录入界面的联动规则，表中没有：请按算法说明填写")
+               : Words::tr("不支持的元素");
 }
 
 void tell(const XmlElement& parent, LossBook& losses)

@@ -1,5 +1,7 @@
 #include "atdl/XmlTree.h"
 
+#include "words/Words.h"
+
 #include <expat.h>
 
 #include <memory>
@@ -38,11 +40,11 @@ public:
             return {mRoot, QString()};
         }
         const QString why = mFault.isEmpty()
-                                ? QStringLiteral("不是正确的 XML（%1）")
+                                ? Words::tr("不是正确的 XML（%1）")
                                       .arg(QLatin1String(XML_ErrorString(XML_GetErrorCode(mParser.get()))))
                                 : mFault;
         return {{},
-                QStringLiteral("第 %1 行第 %2 列：%3")
+                Words::tr("第 %1 行第 %2 列：%3")
                     .arg(XML_GetCurrentLineNumber(mParser.get()))
                     .arg(XML_GetCurrentColumnNumber(mParser.get()) + 1)
                     .arg(why)};
@@ -61,7 +63,7 @@ private:
     }
     static void doctype(void* data, const XML_Char*, const XML_Char*, const XML_Char*, int)
     {
-        of(data).fail(QStringLiteral("不接受文档类型声明（DOCTYPE）"));
+        of(data).fail(Words::tr("不接受文档类型声明（DOCTYPE）"));
     }
     static void space(void* data, const XML_Char*, const XML_Char*) { of(data).countSpace(); }
 
@@ -74,17 +76,17 @@ private:
     void countSpace()
     {
         if (++mSpaces > MostNamespaces) {
-            fail(QStringLiteral("命名空间声明超过 %1 个").arg(MostNamespaces));
+            fail(Words::tr("命名空间声明超过 %1 个").arg(MostNamespaces));
         }
     }
 
     void enter(const QString& name, const XML_Char** attributes)
     {
         if (mOpen.size() >= MostLevels) {
-            return fail(QStringLiteral("元素嵌套超过 %1 层").arg(MostLevels));
+            return fail(Words::tr("元素嵌套超过 %1 层").arg(MostLevels));
         }
         if (++mElements > MostElements) {
-            return fail(QStringLiteral("元素超过 %1 个").arg(MostElements));
+            return fail(Words::tr("元素超过 %1 个").arg(MostElements));
         }
         XmlElement element;
         element.space =
@@ -105,7 +107,7 @@ private:
         }
         element.attributes.insert(key, value);
         if (element.attributes.size() > MostAttributes || value.size() > MostCharacters) {
-            fail(QStringLiteral("属性过多或过长"));
+            fail(Words::tr("属性过多或过长"));
         }
     }
 
@@ -114,7 +116,7 @@ private:
         QString& all = mOpen.last().text;
         all += text;
         if (all.size() > MostCharacters) {
-            fail(QStringLiteral("文本超过 %1 个字符").arg(MostCharacters));
+            fail(Words::tr("文本超过 %1 个字符").arg(MostCharacters));
         }
     }
 
@@ -160,7 +162,7 @@ QList<XmlElement> XmlElement::all(const QString& wantedSpace, const QString& wan
 Outcome<XmlElement> readXml(const QByteArray& bytes)
 {
     if (bytes.size() > MostBytes) {
-        return {{}, QStringLiteral("文件超过 %1 MiB").arg(MostBytes / (1024 * 1024))};
+        return {{}, Words::tr("文件超过 %1 MiB").arg(MostBytes / (1024 * 1024))};
     }
     return TreeBuilder().read(bytes);
 }

@@ -31,7 +31,7 @@ if(TARGET algodesk)
   list(APPEND CPACK_COMPONENTS_ALL desk)
   set(CPACK_DEBIAN_DESK_PACKAGE_NAME algodesk)
   set(CPACK_DEBIAN_DESK_PACKAGE_SECTION x11)
-  set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_version}, libqt5sql5-sqlite")
+  set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same_version}, libqt5sql5-sqlite, qttranslations5-l10n")
   set(CPACK_DEBIAN_DESK_PACKAGE_RECOMMENDS fonts-noto-cjk)
   set(CPACK_COMPONENT_DESK_DESCRIPTION "Batch import of algorithmic-order parameters: desk
  A window and a headless runner around the dialog, with a reference data folder

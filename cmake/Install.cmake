@@ -44,6 +44,12 @@ if(TARGET algodesk)
   install(FILES desk/package/algodesk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desk)
   install(FILES desk/package/algodesk.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT desk)
+  install(FILES desk/package/algodesk.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME algodesk COMPONENT desk)
+  set(manual ${CMAKE_CURRENT_BINARY_DIR}/algodesk.1)
+  configure_file(docs/algodesk.1 ${manual} COPYONLY)
+  execute_process(COMMAND gzip -9nfk ${manual} COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${manual}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT desk)
 endif()
 
 include(${CMAKE_CURRENT_LIST_DIR}/DebianPackages.cmake)

@@ -1,5 +1,7 @@
 #include "files/Save.h"
 
+#include "words/Words.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -24,25 +26,25 @@ QString reasonOf(int error)
 {
     switch (error) {
     case ENOSPC:
-        return QStringLiteral("磁盘空间不足");
+        return Words::tr("磁盘空间不足");
     case EDQUOT:
-        return QStringLiteral("磁盘配额已用完");
+        return Words::tr("磁盘配额已用完");
     case EIO:
-        return QStringLiteral("磁盘读写出错");
+        return Words::tr("磁盘读写出错");
     case EROFS:
-        return QStringLiteral("磁盘是只读的");
+        return Words::tr("磁盘是只读的");
     case EACCES:
     case EPERM:
-        return QStringLiteral("没有写入权限");
+        return Words::tr("没有写入权限");
     case ENOENT:
     case ENOTDIR:
-        return QStringLiteral("文件夹不存在");
+        return Words::tr("文件夹不存在");
     case ENAMETOOLONG:
-        return QStringLiteral("文件名过长");
+        return Words::tr("文件名过长");
     case EFBIG:
-        return QStringLiteral("文件过大");
+        return Words::tr("文件过大");
     default:
-        return QStringLiteral("系统错误%1（%2）").arg(error).arg(qt_error_string(error));
+        return Words::tr("系统错误%1（%2）").arg(error).arg(qt_error_string(error));
     }
 }
 
@@ -71,10 +73,10 @@ Outcome<void> mayReplace(const QByteArray& path)
         return {errno == ENOENT ? QString() : reasonOf(errno)};
     }
     if (S_ISDIR(old.st_mode)) {
-        return {QStringLiteral("该名称是一个文件夹")};
+        return {Words::tr("该名称是一个文件夹")};
     }
     return S_ISREG(old.st_mode) ? outcomeOf(::access(path.constData(), W_OK))
-                                : Outcome<void>{QStringLiteral("不是普通文件")};
+                                : Outcome<void>{Words::tr("不是普通文件")};
 }
 
 /// The new file beside the old one. It goes away again unless it took the old one's place.
@@ -158,7 +160,7 @@ Outcome<void> syncFolder(const QByteArray& path)
     const bool synced = ::fsync(folder) == 0 || errno == EINVAL; // some file systems know no such thing
     const QString reason = synced ? QString() : reasonOf(errno);
     ::close(folder);
-    return {synced ? QString() : QStringLiteral("已写入，但磁盘没有确认：%1").arg(reason)};
+    return {synced ? QString() : Words::tr("已写入，但磁盘没有确认：%1").arg(reason)};
 }
 
 QByteArray folderOf(const QByteArray& path)
@@ -206,7 +208,7 @@ Outcome<void> move(const QString& from, const QString& to)
 
 QString cannotWrite(const QString& path, const QString& reason)
 {
-    return QStringLiteral("无法写入文件“%1”：%2").arg(QDir::toNativeSeparators(path), reason);
+    return Words::tr("无法写入文件“%1”：%2").arg(QDir::toNativeSeparators(path), reason);
 }
 
 } // namespace files

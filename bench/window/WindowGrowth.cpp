@@ -53,7 +53,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "growth_window ADDRESS HOME\n");
         return 2;
     }
-    desk_application::prepare(application);
+    desk_application::prepare();
     runner::CommandLine line;
     line.dataFolder = QStringLiteral(REFERENCE_DATA);
     line.ledger = QString::fromLocal8Bit(argv[1]);

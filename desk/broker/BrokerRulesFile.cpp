@@ -6,6 +6,7 @@
 #include "embedded_host/reference_data/ReferenceFolder.h"
 #include "gateway/messages/WireNumber.h"
 #include "gateway/profile/JsonSection.h"
+#include "words/Words.h"
 
 #include <QDate>
 #include <QJsonArray>
@@ -47,7 +48,7 @@ QList<JsonSection> takeSections(JsonSection& section, const QString& key)
 {
     const QJsonValue value = section.take(key);
     if (!value.isUndefined() && !value.isArray()) {
-        section.complain(key, QStringLiteral("应为数组"));
+        section.complain(key, Words::tr("应为数组"));
     }
     QList<JsonSection> sections;
     const QJsonArray array = value.toArray();
@@ -56,7 +57,7 @@ QList<JsonSection> takeSections(JsonSection& section, const QString& key)
         if (array.at(i).isObject()) {
             sections.append(JsonSection(array.at(i).toObject(), section.pathOf(place), section.complaints()));
         } else {
-            section.complain(place, QStringLiteral("应为对象"));
+            section.complain(place, Words::tr("应为对象"));
         }
     }
     return sections;
@@ -68,7 +69,7 @@ int takeCount(JsonSection& section, const QString& key)
     const QJsonValue value = section.take(key);
     const int count = value.toInt(-1);
     if (!value.isUndefined() && count < 0) {
-        section.complain(key, QStringLiteral("应为非负整数"));
+        section.complain(key, Words::tr("应为非负整数"));
     }
     return count;
 }
@@ -94,7 +95,7 @@ QString takeBound(JsonSection& section, const Bounds& bounds, const QString& key
 {
     const QString text = section.takeText(key);
     if (!text.isEmpty() && !isBound(bounds, text)) {
-        section.complain(key, QStringLiteral("不是界限：%1").arg(text));
+        section.complain(key, Words::tr("不是界限：%1").arg(text));
     }
     return text;
 }
@@ -103,7 +104,7 @@ QString takeNeeded(JsonSection& section, const QString& key)
 {
     const QString text = section.takeText(key);
     if (!section.has(key)) {
-        section.complain(key, QStringLiteral("缺少"));
+        section.complain(key, Words::tr("缺少"));
     }
     return text;
 }
@@ -115,14 +116,14 @@ Bounds readBounds(JsonSection section)
     bounds.title = takeNeeded(section, QStringLiteral("title"));
     const QString kind = takeNeeded(section, QStringLiteral("kind"));
     if (!kind.isEmpty() && !boundKinds().contains(kind)) {
-        section.complain(QStringLiteral("kind"), QStringLiteral("未知的类型“%1”").arg(kind));
+        section.complain(QStringLiteral("kind"), Words::tr("未知的类型“%1”").arg(kind));
     }
     bounds.kind = boundKinds().value(kind, Bounds::Kind::Text);
     bounds.min = takeBound(section, bounds, QStringLiteral("min"));
     bounds.max = takeBound(section, bounds, QStringLiteral("max"));
     bounds.timeZone = section.takeText(QStringLiteral("timeZone"));
     if (bounds.kind == Bounds::Kind::Time && !QTimeZone(bounds.timeZone.toUtf8()).isValid()) {
-        section.complain(QStringLiteral("timeZone"), QStringLiteral("没有时区“%1”").arg(bounds.timeZone));
+        section.complain(QStringLiteral("timeZone"), Words::tr("没有时区“%1”").arg(bounds.timeZone));
     }
     bounds.values = section.takeTexts(QStringLiteral("values"));
     bounds.minLength = takeCount(section, QStringLiteral("minLength"));
@@ -145,7 +146,7 @@ Node readBranch(JsonSection& section, int level)
     const bool isSound = logicKinds().contains(logic) && !node.of.isEmpty() &&
                          (node.kind != Node::Kind::Not || node.of.size() == 1);
     if (!isSound) {
-        section.complain(QStringLiteral("logic"), QStringLiteral("“%1”有误").arg(logic));
+        section.complain(QStringLiteral("logic"), Words::tr("“%1”有误").arg(logic));
     }
     return node;
 }
@@ -166,10 +167,10 @@ Node readLeaf(JsonSection& section)
     node.value = section.takeText(QStringLiteral("value"));
     node.field2 = section.takeText(QStringLiteral("field2"));
     if (!comparisons.contains(node.operation)) {
-        section.complain(QStringLiteral("operator"), QStringLiteral("“%1”有误").arg(node.operation));
+        section.complain(QStringLiteral("operator"), Words::tr("“%1”有误").arg(node.operation));
     }
     if (section.has(QStringLiteral("value")) == section.has(QStringLiteral("field2"))) {
-        section.complain(QStringLiteral("value"), QStringLiteral("value 与 field2 应有且只有一个"));
+        section.complain(QStringLiteral("value"), Words::tr("value 与 field2 应有且只有一个"));
     }
     return node;
 }
@@ -178,7 +179,7 @@ Node readNode(JsonSection section, int level)
 {
     Node node;
     if (level > MostLevels) {
-        section.complain(QStringLiteral("logic"), QStringLiteral("嵌套过深"));
+        section.complain(QStringLiteral("logic"), Words::tr("嵌套过深"));
     } else if (section.has(QStringLiteral("always"))) {
         node.kind =
             section.takeSwitch(QStringLiteral("always"), true) ? Node::Kind::Always : Node::Kind::Never;
@@ -235,7 +236,7 @@ Outcome<BrokerRules> BrokerRules::parse(const QByteArray& json, const QString& p
         return {{}, reference_faults::at(path, line, reference_faults::jsonSyntax(syntax.errorString()))};
     }
     if (!document.isObject()) {
-        return {{}, reference_faults::at(path, 1, QStringLiteral("最外层应为对象"))};
+        return {{}, reference_faults::at(path, 1, Words::tr("最外层应为对象"))};
     }
     QStringList complaints;
     JsonSection section(document.object(), QString(), complaints);

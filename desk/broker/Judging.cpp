@@ -5,6 +5,7 @@
 #include "host/AlgoConstants.h"
 #include "table/FaultCatalogue.h"
 #include "table/GuardRules.h"
+#include "words/Words.h"
 
 #include <QDateTime>
 #include <QTimeZone>
@@ -117,7 +118,7 @@ void checkNumber(const Bounds& bounds, const QString& value, table::Faults& faul
 {
     const bool isWhole = bounds.kind == Bounds::Kind::Integer;
     if (!(isWhole ? isInteger(value) : isNumber(value))) {
-        const QString wanted = isWhole ? QStringLiteral("整数") : QStringLiteral("数字");
+        const QString wanted = isWhole ? Words::tr("整数") : Words::tr("数字");
         faults.append(faultAt(rule::NoBrokerValue, bounds.title, {bounds.title, value, wanted}));
         return;
     }
@@ -151,7 +152,7 @@ void checkSeveral(const Bounds& bounds, const QString& value, table::Faults& fau
     for (const QString& word : value.split(QLatin1Char(' '))) {
         if (!bounds.values.contains(word)) {
             faults.append(faultAt(rule::NoBrokerValue, bounds.title,
-                                  {bounds.title, word, bounds.values.join(QStringLiteral("、"))}));
+                                  {bounds.title, word, bounds.values.join(Words::tr("、"))}));
             return;
         }
     }

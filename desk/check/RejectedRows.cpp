@@ -1,6 +1,8 @@
 #include "desk/check/RejectedRows.h"
 
 #include "table/FaultCatalogue.h"
+#include "words/Language.h"
+#include "words/Words.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -26,7 +28,7 @@ QHash<int, QStringList> reasonsByLine(const table::Faults& faults)
 {
     QHash<int, QStringList> reasons;
     for (const table::Fault& fault : faults) {
-        reasons[fault.line].append(table::sentence(fault));
+        reasons[fault.line].append(words::sentence(fault));
     }
     return reasons;
 }
@@ -46,7 +48,7 @@ QList<table_writer::RefusedRow> of(const table::Faults& faults, const table::Tab
         if (datesForCsv) {
             std::transform(cells.begin(), cells.end(), cells.begin(), withoutT);
         }
-        refused.append({cells, found->join(QStringLiteral("；"))});
+        refused.append({cells, found->join(Words::tr("；"))});
     }
     return refused;
 }
@@ -67,7 +69,7 @@ QString suggestedPath(const QString& originalPath, bool spreadsheet)
     const QFileInfo original(originalPath);
     QString stem = original.completeBaseName();
     stem.replace(QLatin1Char('.'), QLatin1Char('_'));
-    return original.dir().filePath(stem + QStringLiteral("_问题行.") +
+    return original.dir().filePath(stem + Words::tr("_问题行.") +
                                    (spreadsheet ? QStringLiteral("xlsx") : QStringLiteral("csv")));
 }
 

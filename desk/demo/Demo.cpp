@@ -1,6 +1,7 @@
 #include "desk/demo/Demo.h"
 
 #include "desk/demo/Story.h"
+#include "words/Words.h"
 
 namespace demo {
 
@@ -26,14 +27,14 @@ int runHeadless(const Options& options, const std::function<bool()>& isAskedToEn
         return complain(err, opened.error);
     }
     Story story(*stage.ledger(), out);
-    story.say(QStringLiteral("模拟对手方在 127.0.0.1:%1，时钟加速 %2 倍；网关已登录 FIX.4.4:DESK->BROKER")
+    story.say(Words::tr("模拟对手方在 127.0.0.1:%1，时钟加速 %2 倍；网关已登录 FIX.4.4:DESK->BROKER")
                   .arg(stage.port())
                   .arg(stage.pace()));
     const Outcome<qint64> batch = stage.importOrders();
     if (!batch.ok()) {
         return complain(err, batch.error);
     }
-    story.say(QStringLiteral("已导入 demo.csv，批次 %1，全部启动").arg(batch.value));
+    story.say(Words::tr("已导入 demo.csv，批次 %1，全部启动").arg(batch.value));
     return story.follow(batch.value, isAskedToEnd) ? 0 : NotFilled;
 }
 

@@ -2,6 +2,7 @@
 
 #include "embedded_host/reference_data/CalendarFile.h"
 #include "files/Save.h"
+#include "words/Words.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -35,7 +36,7 @@ Outcome<QByteArray> read(const QString& path)
     QFile file(path);
     return file.open(QIODevice::ReadOnly)
                ? Outcome<QByteArray>{file.readAll(), QString()}
-               : Outcome<QByteArray>{{}, QStringLiteral("无法读取“%1”：%2").arg(path, file.errorString())};
+               : Outcome<QByteArray>{{}, Words::tr("无法读取“%1”：%2").arg(path, file.errorString())};
 }
 
 Outcome<void> save(const QString& path, const QByteArray& text)

@@ -1,5 +1,7 @@
 #include "desk/demo/Stage.h"
 
+#include "words/Words.h"
+
 #include <signal.h>
 #include <sys/prctl.h>
 
@@ -40,7 +42,7 @@ QString fileText(const QString& path)
 /// What an import that created nothing says.
 QString complaintOf(const QByteArray& out, const QByteArray& err)
 {
-    return QStringLiteral("导入失败：%1 %2").arg(QString::fromUtf8(err), QString::fromUtf8(out)).trimmed();
+    return Words::tr("导入失败：%1 %2").arg(QString::fromUtf8(err), QString::fromUtf8(out)).trimmed();
 }
 
 } // namespace
@@ -70,7 +72,7 @@ Outcome<void> Stage::makeHome()
         return {mThrowAway->isValid() ? QString() : mThrowAway->errorString()};
     }
     mHome = QDir(mOptions.home).absolutePath();
-    return {QDir().mkpath(mHome) ? QString() : QStringLiteral("无法创建文件夹“%1”").arg(mHome)};
+    return {QDir().mkpath(mHome) ? QString() : Words::tr("无法创建文件夹“%1”").arg(mHome)};
 }
 
 void Stage::start(const QString& name, const QStringList& arguments)
@@ -88,7 +90,7 @@ QString Stage::programThatEnded() const
     for (const auto& program : mPrograms) {
         if (program->waitForFinished(0) || program->state() == QProcess::NotRunning) {
             const QString name = program->objectName();
-            return QStringLiteral("%1 已结束：%2")
+            return Words::tr("%1 已结束：%2")
                 .arg(name, fileText(QDir(mHome).filePath(name + QStringLiteral(".err"))));
         }
     }
@@ -136,7 +138,7 @@ Outcome<void> Stage::open()
     while (made.ok() && !isGatewayLoggedOn()) {
         made.error = programThatEnded();
         if (made.ok() && waited.elapsed() > MostWait) {
-            made.error = QStringLiteral("网关没有登录");
+            made.error = Words::tr("网关没有登录");
         }
         QThread::msleep(PollMs);
     }

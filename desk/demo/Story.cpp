@@ -1,6 +1,7 @@
 #include "desk/demo/Story.h"
 
 #include "desk/models/InstancesModel.h"
+#include "words/Words.h"
 
 #include <QFileDevice>
 #include <QThread>
@@ -41,7 +42,7 @@ Story::Story(ledger::Ledger& ledger, QIODevice& out) : mLedger(ledger), mOut(out
 
 void Story::tell(const QString& text)
 {
-    say(QStringLiteral("%1 秒  %2").arg(double(mClock.elapsed()) / 1000, 6, 'f', 1).arg(text));
+    say(Words::tr("%1 秒  %2").arg(double(mClock.elapsed()) / 1000, 6, 'f', 1).arg(text));
 }
 
 void Story::say(const QString& line)
@@ -83,7 +84,7 @@ void Story::tellProgress(const QList<ledger::Instance>& instances)
     for (auto state = states.cbegin(); state != states.cend(); ++state) {
         text += QStringLiteral("%1 %2  ").arg(ledger::shownName(state.key())).arg(state.value());
     }
-    tell(text + QStringLiteral("成交 %1 / %2").arg(filled.shown(0), ordered.shown(0)));
+    tell(Words::tr("%1成交 %2 / %3").arg(text, filled.shown(0), ordered.shown(0)));
     mToldAt = mClock.elapsed();
 }
 
@@ -93,7 +94,7 @@ void Story::tellInstances(const QList<ledger::Instance>& instances)
     model.setRecords(instances);
     for (int row = 0; row < model.rowCount(); ++row) {
         const QString reason = cellOf(model, row, InstancesModel::Reason);
-        say(QStringLiteral("  %1  %2  %3  成交 %4  均价 %5  %6%7")
+        say(Words::tr("  %1  %2  %3  成交 %4  均价 %5  %6%7")
                 .arg(cellOf(model, row, InstancesModel::Id), cellOf(model, row, InstancesModel::Symbol),
                      cellOf(model, row, InstancesModel::Direction),
                      cellOf(model, row, InstancesModel::Filled), cellOf(model, row, InstancesModel::Average),
@@ -123,8 +124,8 @@ bool Story::follow(qint64 batch, const std::function<bool()>& isAskedToEnd)
     }
     tellInstances(instances);
     const bool isFilled = isDone && std::all_of(instances.begin(), instances.end(), isFinished);
-    say(isFilled ? QStringLiteral("全部成交，用时 %1 秒").arg(double(mClock.elapsed()) / 1000, 0, 'f', 1)
-                 : QStringLiteral("没有全部成交"));
+    say(isFilled ? Words::tr("全部成交，用时 %1 秒").arg(double(mClock.elapsed()) / 1000, 0, 'f', 1)
+                 : Words::tr("没有全部成交"));
     return isFilled;
 }
 

@@ -44,12 +44,12 @@ QString missingTitles(const Mapping& mapping, const QStringList& header)
             missing.append(column.from);
         }
     }
-    return missing.join(QStringLiteral("、"));
+    return missing.join(Words::tr("、"));
 }
 
 bool isCode(const QString& title)
 {
-    return title == Info::Symbol || title == QLatin1String("代码");
+    return title == Info::Symbol || title == QStringLiteral("代码");
 }
 
 /// One column of the new table: of the file, the same text everywhere, or the market that the codes name.

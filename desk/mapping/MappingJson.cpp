@@ -58,8 +58,7 @@ template <typename Value> Value takeNamed(JsonSection& section, const QString& k
         known.append(name.first);
     }
     if (!text.isEmpty()) {
-        section.complain(key,
-                         Words::tr("未知的值“%1”，应为 %2 之一").arg(text, known.join(QStringLiteral("、"))));
+        section.complain(key, Words::tr("未知的值“%1”，应为 %2 之一").arg(text, known.join(Words::tr("、"))));
     }
     return names.first().second;
 }
@@ -236,7 +235,7 @@ Outcome<Mapping> fromJson(const QByteArray& json)
     mapping.constants = takeTextMap(section, QStringLiteral("constants"));
     section.complainOfTheRest();
     complainOfDoubles(mapping, section);
-    return {mapping, complaints.join(QStringLiteral("；"))};
+    return {mapping, complaints.join(Words::tr("；"))};
 }
 
 Outcome<Mapping> readFile(const QString& path)

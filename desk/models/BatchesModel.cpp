@@ -5,22 +5,13 @@
 
 namespace {
 
-const QList<ListModel::Column>& batchColumns()
+QList<ListModel::Column> batchColumns()
 {
-    static const QList<ListModel::Column> all = {{QStringLiteral("批次"), true},
-                                                 {QStringLiteral("状态")},
-                                                 {QStringLiteral("创建时间")},
-                                                 {QStringLiteral("文件")},
-                                                 {QStringLiteral("账户")},
-                                                 {QStringLiteral("算法")},
-                                                 {QStringLiteral("行数"), true},
-                                                 {QStringLiteral("进度")},
-                                                 {QStringLiteral("预计买入"), true},
-                                                 {QStringLiteral("预计卖出"), true},
-                                                 {QStringLiteral("创建人")},
-                                                 {QStringLiteral("SHA-256")},
-                                                 {Words::tr("文件修改")}};
-    return all;
+    return {{Words::tr("批次"), true},     {Words::tr("状态")},   {Words::tr("创建时间")},
+            {Words::tr("文件")},           {Words::tr("账户")},   {Words::tr("算法")},
+            {Words::tr("行数"), true},     {Words::tr("进度")},   {Words::tr("预计买入"), true},
+            {Words::tr("预计卖出"), true}, {Words::tr("创建人")}, {QStringLiteral("SHA-256")},
+            {Words::tr("文件修改")}};
 }
 
 const QString Muted = QStringLiteral("muted");

@@ -1,5 +1,7 @@
 #include "desk/models/DiffModel.h"
 
+#include "words/Words.h"
+
 namespace {
 
 /// How a kind of change is called, and the colour of its name.
@@ -7,15 +9,15 @@ ListModel::Cell shownKind(DiffLine::Kind kind)
 {
     switch (kind) {
     case DiffLine::Kind::ColumnAdded:
-        return {QStringLiteral("新增列"), {}, QStringLiteral("warning")};
+        return {Words::tr("新增列"), {}, QStringLiteral("warning")};
     case DiffLine::Kind::ColumnRemoved:
-        return {QStringLiteral("删除列"), {}, QStringLiteral("warning")};
+        return {Words::tr("删除列"), {}, QStringLiteral("warning")};
     case DiffLine::Kind::CellChanged:
-        return {QStringLiteral("修改"), {}, QStringLiteral("warning")};
+        return {Words::tr("修改"), {}, QStringLiteral("warning")};
     case DiffLine::Kind::RowRemoved:
-        return {QStringLiteral("删除行"), {}, QStringLiteral("error")};
+        return {Words::tr("删除行"), {}, QStringLiteral("error")};
     case DiffLine::Kind::RowAdded:
-        return {QStringLiteral("新增行"), {}, QStringLiteral("accent")};
+        return {Words::tr("新增行"), {}, QStringLiteral("accent")};
     }
     return {};
 }
@@ -36,12 +38,10 @@ QString cellsText(const QStringList& cells)
     return filled.join(QStringLiteral("  "));
 }
 
-const QList<ListModel::Column>& diffColumns()
+QList<ListModel::Column> diffColumns()
 {
-    static const QList<ListModel::Column> all = {
-        {QStringLiteral("变更")}, {QStringLiteral("原行"), true}, {QStringLiteral("现行"), true},
-        {QStringLiteral("列")},   {QStringLiteral("原值")},       {QStringLiteral("新值")}};
-    return all;
+    return {{Words::tr("变更")}, {Words::tr("原行"), true}, {Words::tr("现行"), true},
+            {Words::tr("列")},   {Words::tr("原值")},       {Words::tr("新值")}};
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "desk/models/Money.h"
 #include "host/AlgoConstants.h"
+#include "words/Words.h"
 
 #include <QMap>
 
@@ -13,14 +14,15 @@ namespace {
 QString shownDirection(const QString& sent)
 {
     namespace Futures = Algo_Values::FutureSide;
-    static const QMap<QString, QString> shown = {
-        {Algo_Values::AlgoOrderSide::BuyValue, QStringLiteral("买入")},
-        {Algo_Values::AlgoOrderSide::SellValue, QStringLiteral("卖出")},
-        {Futures::BuyOpen, Futures::BuyOpenChi},
-        {Futures::SellOpen, Futures::SellOpenChi},
-        {Futures::BuyClose, Futures::BuyCloseChi},
-        {Futures::SellClose, Futures::SellCloseChi}};
-    return shown.value(sent, sent);
+    static const QMap<QString, const char*> shown = {
+        {Algo_Values::AlgoOrderSide::BuyValue, QT_TRANSLATE_NOOP("Words", "买入")},
+        {Algo_Values::AlgoOrderSide::SellValue, QT_TRANSLATE_NOOP("Words", "卖出")},
+        {Futures::BuyOpen, QT_TRANSLATE_NOOP("Words", "买入开仓")},
+        {Futures::SellOpen, QT_TRANSLATE_NOOP("Words", "卖出开仓")},
+        {Futures::BuyClose, QT_TRANSLATE_NOOP("Words", "买入平仓")},
+        {Futures::SellClose, QT_TRANSLATE_NOOP("Words", "卖出平仓")}};
+    const char* words = shown.value(sent);
+    return words == nullptr ? sent : Words::tr(words);
 }
 
 // Zero stands for none.
@@ -99,7 +101,7 @@ QString filledText(const ledger::Instance& instance)
         texts.append(filled.at(i).text() +
                      (quantity == 0 ? QString() : QStringLiteral(" / ") + quantity.text()));
     }
-    return texts.join(QStringLiteral("；"));
+    return texts.join(Words::tr("；"));
 }
 
 /// By quantities; an order of an amount by what was paid. Nothing before it went out.
@@ -134,15 +136,13 @@ QString tintOf(const QList<ledger::Leg>& legs)
     return buys ? QStringLiteral("buy") : QStringLiteral("sell");
 }
 
-const QList<ListModel::Column>& instanceColumns()
+QList<ListModel::Column> instanceColumns()
 {
-    static const QList<ListModel::Column> all = {
-        {QStringLiteral("实例")},       {QStringLiteral("状态")},       {QStringLiteral("账户")},
-        {QStringLiteral("算法")},       {QStringLiteral("证券代码")},   {QStringLiteral("名称")},
-        {QStringLiteral("方向")},       {QStringLiteral("数量"), true}, {QStringLiteral("成交"), true},
-        {QStringLiteral("均价"), true}, {QStringLiteral("限价"), true}, {QStringLiteral("金额"), true},
-        {QStringLiteral("原因")},       {QStringLiteral("变更时间")}};
-    return all;
+    return {{Words::tr("实例")},       {Words::tr("状态")},       {Words::tr("账户")},
+            {Words::tr("算法")},       {Words::tr("证券代码")},   {Words::tr("名称")},
+            {Words::tr("方向")},       {Words::tr("数量"), true}, {Words::tr("成交"), true},
+            {Words::tr("均价"), true}, {Words::tr("限价"), true}, {Words::tr("金额"), true},
+            {Words::tr("原因")},       {Words::tr("变更时间")}};
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "desk/models/OrderNotices.h"
 
+#include "words/Words.h"
+
 namespace {
 
 using ledger::InstanceState;
@@ -23,7 +25,7 @@ QString ended(qint64 batch, const StateCounts& counts)
             parts.append(QStringLiteral("%1 %2").arg(ledger::shownName(state)).arg(counts.value(state)));
         }
     }
-    return QStringLiteral("批次 %1 全部结束：%2").arg(batch).arg(parts.join(QStringLiteral("，")));
+    return Words::tr("批次 %1 全部结束：%2").arg(batch).arg(parts.join(Words::tr("，")));
 }
 
 } // namespace
@@ -37,7 +39,7 @@ QList<OrderNotices::Notice> OrderNotices::take(const BatchesModel::Counts& count
             const qint64 more = batch->value(state) - before.value(state);
             if (more > 0) {
                 notices.append({batch.key(),
-                                QStringLiteral("批次 %1：%2 个实例%3")
+                                Words::tr("批次 %1：%2 个实例%3")
                                     .arg(batch.key())
                                     .arg(more)
                                     .arg(ledger::shownName(state)),

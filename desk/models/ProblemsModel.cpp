@@ -1,6 +1,7 @@
 #include "desk/models/ProblemsModel.h"
 
 #include "table/FaultCatalogue.h"
+#include "words/Language.h"
 #include "words/Words.h"
 
 #include <QRegularExpression>
@@ -107,7 +108,7 @@ ListModel::Cell ProblemsModel::cellOf(const Problem& problem, int column) const
     case Raw:
         return {fault.cell};
     case Reason:
-        return {table::sentence(fault).replace(QLatin1Char('\n'), QLatin1Char(' '))};
+        return {words::sentence(fault).replace(QLatin1Char('\n'), QLatin1Char(' '))};
     case Suggestions:
         return {problem.suggestions.join(Words::tr("，"))};
     case Rule:

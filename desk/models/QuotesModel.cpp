@@ -1,5 +1,7 @@
 #include "desk/models/QuotesModel.h"
 
+#include "words/Words.h"
+
 namespace {
 
 bool canCompare(const QuoteLine& quote)
@@ -19,13 +21,11 @@ QString tintOf(const QuoteLine& quote)
     return change > 0 ? QStringLiteral("buy") : change < 0 ? QStringLiteral("sell") : QString();
 }
 
-const QList<ListModel::Column>& columns()
+QList<ListModel::Column> columns()
 {
-    static const QList<ListModel::Column> all = {
-        {QStringLiteral("证券代码")},     {QStringLiteral("证券名称")},      {QStringLiteral("最新价"), true},
-        {QStringLiteral("涨跌"), true},   {QStringLiteral("涨跌幅%"), true}, {QStringLiteral("昨收价"), true},
-        {QStringLiteral("涨停价"), true}, {QStringLiteral("跌停价"), true}};
-    return all;
+    return {{Words::tr("证券代码")},     {Words::tr("证券名称")},      {Words::tr("最新价"), true},
+            {Words::tr("涨跌"), true},   {Words::tr("涨跌幅%"), true}, {Words::tr("昨收价"), true},
+            {Words::tr("涨停价"), true}, {Words::tr("跌停价"), true}};
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "desk/models/WireModel.h"
 
+#include "words/Words.h"
+
 namespace {
 
 constexpr int MessageType = 35;
@@ -23,12 +25,12 @@ QString tintOf(const QString& type)
 } // namespace
 
 WireModel::WireModel(QObject* parent)
-    : RecordModel({{QStringLiteral("时间")},
-                   {QStringLiteral("会话")},
-                   {QStringLiteral("方向")},
-                   {QStringLiteral("消息")},
-                   {QStringLiteral("委托编号")},
-                   {QStringLiteral("内容")}},
+    : RecordModel({{Words::tr("时间")},
+                   {Words::tr("会话")},
+                   {Words::tr("方向")},
+                   {Words::tr("消息")},
+                   {Words::tr("委托编号")},
+                   {Words::tr("内容")}},
                   parent)
 {
 }
@@ -43,7 +45,7 @@ ListModel::Cell WireModel::cellOf(const ledger::WireMessage& message, int column
     case Session:
         return {message.session, {}, Muted};
     case Direction:
-        return {message.isOutgoing ? QStringLiteral("→ 发出") : QStringLiteral("← 收到"), {}, tintOf(type)};
+        return {message.isOutgoing ? Words::tr("→ 发出") : Words::tr("← 收到"), {}, tintOf(type)};
     case Kind:
         return {wire_text::messageName(type), {}, tintOf(type)};
     case Order:
@@ -55,7 +57,7 @@ ListModel::Cell WireModel::cellOf(const ledger::WireMessage& message, int column
 }
 
 WireFieldsModel::WireFieldsModel(QObject* parent)
-    : RecordModel({{QStringLiteral("字段"), true}, {QStringLiteral("名称")}, {QStringLiteral("值")}}, parent)
+    : RecordModel({{Words::tr("字段"), true}, {Words::tr("名称")}, {Words::tr("值")}}, parent)
 {
 }
 
@@ -73,7 +75,7 @@ ListModel::Cell WireFieldsModel::cellOf(const wire_text::Field& field, int colum
 }
 
 StraysModel::StraysModel(QObject* parent)
-    : RecordModel({{QStringLiteral("时间")}, {QStringLiteral("回报编号")}, {QStringLiteral("说明")}}, parent)
+    : RecordModel({{Words::tr("时间")}, {Words::tr("回报编号")}, {Words::tr("说明")}}, parent)
 {
 }
 

@@ -1,5 +1,7 @@
 #include "desk/models/WireText.h"
 
+#include "words/Words.h"
+
 #include <QFile>
 #include <QHash>
 #include <QMap>
@@ -55,16 +57,23 @@ const Names& names()
     return all;
 }
 
-const QMap<QString, QString>& chineseNames()
+const QMap<QString, const char*>& tradeNames()
 {
-    static const QMap<QString, QString> all = {
-        {QStringLiteral("0"), QStringLiteral("心跳")},     {QStringLiteral("1"), QStringLiteral("测试请求")},
-        {QStringLiteral("2"), QStringLiteral("重传请求")}, {QStringLiteral("3"), QStringLiteral("会话拒绝")},
-        {QStringLiteral("4"), QStringLiteral("序号重置")}, {QStringLiteral("5"), QStringLiteral("登出")},
-        {QStringLiteral("8"), QStringLiteral("执行回报")}, {QStringLiteral("9"), QStringLiteral("撤单拒绝")},
-        {QStringLiteral("A"), QStringLiteral("登录")},     {QStringLiteral("AB"), QStringLiteral("多腿委托")},
-        {QStringLiteral("D"), QStringLiteral("委托")},     {QStringLiteral("F"), QStringLiteral("撤单")},
-        {QStringLiteral("H"), QStringLiteral("状态查询")}, {QStringLiteral("j"), QStringLiteral("业务拒绝")}};
+    static const QMap<QString, const char*> all = {
+        {QStringLiteral("0"), QT_TRANSLATE_NOOP("Words", "心跳")},
+        {QStringLiteral("1"), QT_TRANSLATE_NOOP("Words", "测试请求")},
+        {QStringLiteral("2"), QT_TRANSLATE_NOOP("Words", "重传请求")},
+        {QStringLiteral("3"), QT_TRANSLATE_NOOP("Words", "会话拒绝")},
+        {QStringLiteral("4"), QT_TRANSLATE_NOOP("Words", "序号重置")},
+        {QStringLiteral("5"), QT_TRANSLATE_NOOP("Words", "登出")},
+        {QStringLiteral("8"), QT_TRANSLATE_NOOP("Words", "执行回报")},
+        {QStringLiteral("9"), QT_TRANSLATE_NOOP("Words", "撤单拒绝")},
+        {QStringLiteral("A"), QT_TRANSLATE_NOOP("Words", "登录")},
+        {QStringLiteral("AB"), QT_TRANSLATE_NOOP("Words", "多腿委托")},
+        {QStringLiteral("D"), QT_TRANSLATE_NOOP("Words", "委托")},
+        {QStringLiteral("F"), QT_TRANSLATE_NOOP("Words", "撤单")},
+        {QStringLiteral("H"), QT_TRANSLATE_NOOP("Words", "状态查询")},
+        {QStringLiteral("j"), QT_TRANSLATE_NOOP("Words", "业务拒绝")}};
     return all;
 }
 
@@ -105,9 +114,9 @@ QString valueOf(const QList<Field>& fields, int tag)
 QString messageName(const QString& type)
 {
     const QString name = names().messages.value(type);
-    return QStringList({chineseNames().value(type), name.isEmpty() ? type : name})
-        .join(QLatin1Char(' '))
-        .trimmed();
+    const QString shown = name.isEmpty() ? type : name;
+    const char* words = tradeNames().value(type);
+    return words == nullptr ? shown : Words::tr(words) + QLatin1Char(' ') + shown;
 }
 
 QString summaryOf(const QList<Field>& fields)

@@ -47,6 +47,19 @@ QAbstractButton& DialogProbe::templateButton() const
     return part<QAbstractButton>("pb_exportModules");
 }
 
+QAbstractButton& DialogProbe::cancelButton() const
+{
+    return part<QAbstractButton>("btn_cancel");
+}
+
+QList<DialogProbe::Caption> DialogProbe::captions() const
+{
+    return {{part<QLabel>("label"), accounts()},
+            {part<QLabel>("label_2"), strategies()},
+            {part<QLabel>("expectBuyLab"), expectedBuy().box},
+            {part<QLabel>("expectSellLab"), expectedSell().box}};
+}
+
 DialogProbe::Expected DialogProbe::expectedBuy() const
 {
     return {part<SolveyDecimalLineEdit>("expectBuyLine"), part<QLabel>("label_bWarning")};

@@ -33,6 +33,12 @@ public:
         QString createdBy;
     };
 
+    /// A label of the form and what it stands beside.
+    struct Caption {
+        QLabel& label;
+        QWidget& control;
+    };
+
     explicit DialogProbe(AlgoBatchImportParamSetting& dialog) : mDialog(dialog) {}
 
     ZelTableView& table() const;
@@ -41,6 +47,8 @@ public:
     QAbstractButton& importButton() const;
     QAbstractButton& confirmButton() const;
     QAbstractButton& templateButton() const;
+    QAbstractButton& cancelButton() const;
+    QList<Caption> captions() const;
     Expected expectedBuy() const;
     Expected expectedSell() const;
 

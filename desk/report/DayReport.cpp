@@ -1,5 +1,7 @@
 #include "desk/report/DayReport.h"
 
+#include "words/Words.h"
+
 #include <QHash>
 
 #include <algorithm>
@@ -211,21 +213,19 @@ Outcome<QList<Count>> read(const ledger::Ledger& ledger, const QDate& day)
 QList<QStringList> table(const QList<Count>& counts, const QDate& day, const QString& software,
                          const QString& version)
 {
-    QList<QStringList> rows = {
-        {QStringLiteral("交易日"), QStringLiteral("账户"), QStringLiteral("算法"), QStringLiteral("首次时间"),
-         QStringLiteral("末次时间"), QStringLiteral("批次数"), QStringLiteral("申报笔数"),
-         QStringLiteral("买入金额"), QStringLiteral("卖出金额"), QStringLiteral("每秒峰值"),
-         QStringLiteral("峰值时间"), QStringLiteral("每秒%1笔以上的秒数").arg(SomeASecond),
-         QStringLiteral("达到高频标准"), QStringLiteral("软件名称"), QStringLiteral("软件版本")}};
+    QList<QStringList> rows = {{Words::tr("交易日"), Words::tr("账户"), Words::tr("算法"),
+                                Words::tr("首次时间"), Words::tr("末次时间"), Words::tr("批次数"),
+                                Words::tr("申报笔数"), Words::tr("买入金额"), Words::tr("卖出金额"),
+                                Words::tr("每秒峰值"), Words::tr("峰值时间"),
+                                Words::tr("每秒%1笔以上的秒数").arg(SomeASecond), Words::tr("达到高频标准"),
+                                Words::tr("软件名称"), Words::tr("软件版本")}};
     for (const Count& count : counts) {
-        const QString strategy =
-            count.strategy == QLatin1String("*") ? QStringLiteral("全部") : count.strategy;
+        const QString strategy = count.strategy == QLatin1String("*") ? Words::tr("全部") : count.strategy;
         rows.append({day.toString(Qt::ISODate), count.account, strategy, shown(count.first),
                      shown(count.last), QString::number(count.batches), QString::number(count.orders),
                      count.buy.text(), count.sell.text(), QString::number(count.peak), shown(count.peakAt),
                      QString::number(count.busySeconds),
-                     count.isHighFrequency() ? QStringLiteral("是") : QStringLiteral("否"), software,
-                     version});
+                     count.isHighFrequency() ? Words::tr("是") : Words::tr("否"), software, version});
     }
     return rows;
 }

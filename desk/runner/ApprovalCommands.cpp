@@ -5,6 +5,7 @@
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 #include "desk/verdict/Desk.h"
+#include "words/Words.h"
 
 #include <functional>
 
@@ -48,7 +49,7 @@ Result approveBatch(const CommandLine& line)
 Result refuseBatch(const CommandLine& line)
 {
     if (line.reason.trimmed().isEmpty()) {
-        return refuse(QStringLiteral("--reason TEXT says why"));
+        return refuse(Words::tr("请以 --reason TEXT 说明原因"));
     }
     return decide(line, [&](ledger::Ledger& ledger, const ledger::Batch& batch) {
         return ledger.refuse(batch.number, line.reason);

@@ -2,6 +2,7 @@
 #include "desk/runner/Commands.h"
 #include "desk/runner/Runner.h"
 #include "files/Save.h"
+#include "words/Words.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,11 +33,11 @@ QList<Written> filesOf(const atdl::Translation& made)
 QString objectionTo(const QString& folder, const QList<Written>& files)
 {
     if (QFileInfo::exists(folder) && !QFileInfo(folder).isDir()) {
-        return QStringLiteral("“%1”不是文件夹").arg(folder);
+        return Words::tr("“%1”不是文件夹").arg(folder);
     }
     for (const Written& file : files) {
         if (QFileInfo::exists(QDir(folder).filePath(file.name))) {
-            return QStringLiteral("“%1”已有 %2，不会覆盖").arg(folder, file.name);
+            return Words::tr("“%1”已有 %2，不会覆盖").arg(folder, file.name);
         }
     }
     return QString();
@@ -45,7 +46,7 @@ QString objectionTo(const QString& folder, const QList<Written>& files)
 QString write(const QString& folder, const QList<Written>& files, QStringList& paths)
 {
     if (!QDir().mkpath(folder)) {
-        return QStringLiteral("无法建立文件夹“%1”").arg(folder);
+        return Words::tr("无法建立文件夹“%1”").arg(folder);
     }
     for (const Written& file : files) {
         const QString path = QDir(folder).filePath(file.name);
@@ -74,7 +75,7 @@ Outcome<QByteArray> bytesOf(const QString& path)
 {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return {{}, QStringLiteral("无法读取“%1”").arg(path)};
+        return {{}, Words::tr("无法读取“%1”").arg(path)};
     }
     return {file.read(MostBytes), QString()};
 }
@@ -92,7 +93,7 @@ Result readBrokersFile(const CommandLine& line)
     }
     const Outcome<atdl::Translation> made = atdl::translate(bytes.value);
     if (!made.ok()) {
-        return refuse(QStringLiteral("“%1”：%2").arg(path, made.error));
+        return refuse(Words::tr("“%1”：%2").arg(path, made.error));
     }
     const QList<Written> files = filesOf(made.value);
     QString error = objectionTo(folder, files);

@@ -13,6 +13,7 @@
 #include "strategy/Strategy.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
+#include "words/Words.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -150,8 +151,7 @@ Result printed(const FileReport& report, const Imported& imported, const QString
 Result checkFile(const CommandLine& line)
 {
     if (line.strategy.isEmpty() != line.account.isEmpty()) {
-        return refuse(
-            QStringLiteral("check takes --strategy CODE and --account ACCOUNT together, or neither"));
+        return refuse(Words::tr("check 的 --strategy CODE 与 --account ACCOUNT 应同时给出或都不给"));
     }
     const Outcome<ImportSource> source = ImportSource::of(line);
     if (!source.ok()) {
@@ -167,6 +167,7 @@ Result checkFile(const CommandLine& line)
         return refuse(desk.error);
     }
     const QString& path = line.files.first();
+    const QString shown = line.inputName.isEmpty() ? path : line.inputName;
     const ImportedFile file = source.value.read(path, line, host->referenceData());
     const auto reportOn = [&](const QStringList& titles) {
         FileReport report = fileReport(file.table, line.strategy, titles, host->referenceData());
@@ -174,7 +175,7 @@ Result checkFile(const CommandLine& line)
         return report;
     };
     if (line.strategy.isEmpty()) {
-        return printed(reportOn({}), {}, path);
+        return printed(reportOn({}), {}, shown);
     }
     DialogDriver driver(*host, line);
     if (!driver.unknownName().isEmpty()) {
@@ -191,7 +192,7 @@ Result checkFile(const CommandLine& line)
     if (!source.value.mapping) {
         addSuggestion(json, file.table, line, host->referenceData());
     }
-    return printed(report, imported, path, json);
+    return printed(report, imported, shown, json);
 }
 
 } // namespace runner

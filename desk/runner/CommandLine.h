@@ -10,6 +10,7 @@ namespace runner {
 /// What stands behind a subcommand's name.
 struct CommandLine {
     QStringList files; ///< positional arguments
+    QString inputName; ///< what was given for a table; empty: its path
     QString strategy;
     QString account;
     QString switchAccount;

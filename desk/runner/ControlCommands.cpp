@@ -7,6 +7,7 @@
 #include "embedded_host/reference_data/Calendar.h"
 #include "embedded_host/table_writer/TextTable.h"
 #include "ledger/LedgerTexts.h"
+#include "words/Words.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -15,7 +16,7 @@ namespace runner {
 
 namespace {
 
-const QString NoReason = QStringLiteral("--reason TEXT says why");
+const char* const NoReason = QT_TRANSLATE_NOOP("Words", "请以 --reason TEXT 说明原因");
 
 QString key(const char* name)
 {
@@ -93,7 +94,7 @@ QJsonObject toJson(const day_report::Count& count)
 Result haltTrading(const CommandLine& line)
 {
     if (line.reason.trimmed().isEmpty()) {
-        return refuse(NoReason);
+        return refuse(Words::tr(NoReason));
     }
     const bool isNew = !isLedgerThere(line);
     Result halted = change(line, openLedger(line, ledger::Ledger::Access::Write), &ledger::Ledger::halt);
@@ -106,7 +107,7 @@ Result haltTrading(const CommandLine& line)
 Result resumeTrading(const CommandLine& line)
 {
     return line.reason.trimmed().isEmpty()
-               ? refuse(NoReason)
+               ? refuse(Words::tr(NoReason))
                : change(line, openExistingLedger(line, ledger::Ledger::Access::Write),
                         &ledger::Ledger::resume);
 }
@@ -122,10 +123,10 @@ Result reportDay(const CommandLine& line)
     const QDate day = line.day.isEmpty() ? exchangeTime(QDateTime::currentDateTimeUtc()).date()
                                          : QDate::fromString(line.day, Qt::ISODate);
     if (!day.isValid()) {
-        return refuse(QStringLiteral("--day takes yyyy-MM-dd, not '%1'").arg(line.day));
+        return refuse(Words::tr("--day 应为 yyyy-MM-dd，而不是“%1”").arg(line.day));
     }
     if (!line.out.isEmpty() && !isTableFile(line.out)) {
-        return refuse(QStringLiteral("--out OUT must end in .xlsx or .csv"));
+        return refuse(Words::tr("--out OUT 应以 .xlsx 或 .csv 结尾"));
     }
     const auto opened = openLedger(line, ledger::Ledger::Access::Read);
     if (!opened.ok()) {

@@ -8,6 +8,7 @@
 #include "host/SolveyAccountComboBox.h"
 #include "host/ZelMessageBox.h"
 #include "host/ZelTableView.h"
+#include "words/Words.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -38,7 +39,7 @@ QString DialogDriver::unknownName() const
     for (const QString& account : {mLine.account, mLine.switchAccount}) {
         const bool isNamed = !account.isEmpty() || account == mLine.account;
         if (isNamed && data.account(account) == nullptr) {
-            return QStringLiteral("unknown account '%1'").arg(account);
+            return Words::tr("没有账户“%1”").arg(account);
         }
     }
     return QString();

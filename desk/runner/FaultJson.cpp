@@ -1,6 +1,7 @@
 #include "desk/runner/FaultJson.h"
 
 #include "table/FaultCatalogue.h"
+#include "words/Language.h"
 
 namespace runner {
 
@@ -15,7 +16,7 @@ QJsonArray toJson(const table::Faults& faults)
                                  {QStringLiteral("column"), fault.column},
                                  {QStringLiteral("cell"), fault.cell},
                                  {QStringLiteral("arguments"), QJsonArray::fromStringList(fault.arguments)},
-                                 {QStringLiteral("text"), table::sentence(fault)}});
+                                 {QStringLiteral("text"), words::sentence(fault)}});
     }
     return array;
 }

@@ -10,6 +10,7 @@
 #include "gateway/simulator/Simulator.h"
 #include "host/QuotaFields.h"
 #include "ledger/Ledger.h"
+#include "words/Words.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -59,20 +60,20 @@ QList<QCommandLineOption> optionsOf(const QString& command)
 QString faultOf(const QCommandLineParser& parser, const QString& command)
 {
     if (!parser.positionalArguments().isEmpty()) {
-        return QStringLiteral("%1 takes no argument").arg(command);
+        return Words::tr("%1 不带参数").arg(command);
     }
     const bool isByFiles = parser.isSet(QStringLiteral("files"));
     if (isByFiles &&
         (parser.isSet(QStringLiteral("config")) || parser.value(QStringLiteral("files")).isEmpty() ||
          parser.isSet(QStringLiteral("reset-sequence")))) {
-        return QStringLiteral("--files takes a folder, and goes with neither --config nor --reset-sequence");
+        return Words::tr("--files 应为文件夹，且不能与 --config 或 --reset-sequence 同用");
     }
     const bool needsConfig =
         !isByFiles && !parser.isSet(QStringLiteral("dry-run")) && !parser.isSet(QStringLiteral("forget"));
     for (const QString& name : {QStringLiteral("config"), QStringLiteral("profile")}) {
         const bool isNeeded = name == QLatin1String("config") ? needsConfig : command == Gateway;
         if (isNeeded && parser.value(name).isEmpty()) {
-            return QStringLiteral("%1 needs --%2").arg(command, name);
+            return Words::tr("%1 需要 --%2").arg(command, name);
         }
     }
     return QString();
@@ -88,7 +89,7 @@ int serve(const gateway::GatewayOptions& options, const QCommandLineParser& pars
         bool isNumber = false;
         const qint64 batch = parser.value(QStringLiteral("dry-run")).toLongLong(&isNumber);
         return isNumber ? gateway::dryRun(options, batch, out, err)
-                        : complain(err, QStringLiteral("--dry-run takes the number of a batch"));
+                        : complain(err, Words::tr("--dry-run 应为批次号"));
     }
     return gateway::run(options, out, err);
 }
@@ -151,13 +152,13 @@ int runSimulator(const QCommandLineParser& parser, QIODevice& out, QIODevice& er
         options.pace = parser.value(QStringLiteral("pace")).toDouble(&isNumber);
     }
     if (!isNumber || !(options.pace > 0.0)) {
-        return complain(err, QStringLiteral("--pace takes a factor above 0"));
+        return complain(err, Words::tr("--pace 应为大于 0 的倍数"));
     }
     if (parser.isSet(QStringLiteral("faults"))) {
         options.faults = parser.value(QStringLiteral("faults")).toUInt(&isNumber);
     }
     if (!isNumber) {
-        return complain(err, QStringLiteral("--faults takes a seed"));
+        return complain(err, Words::tr("--faults 应为随机种子"));
     }
     QString error;
     const auto quotes = quotesOf(parser.value(QStringLiteral("data")), error);
@@ -170,9 +171,14 @@ int runSimulator(const QCommandLineParser& parser, QIODevice& out, QIODevice& er
 
 } // namespace
 
+QStringList gatewayCommands()
+{
+    return {Gateway, Simulator};
+}
+
 bool isGatewayCommand(const QString& name)
 {
-    return name == Gateway || name == Simulator;
+    return gatewayCommands().contains(name);
 }
 
 int runGatewayCommand(const QStringList& arguments, QIODevice& out, QIODevice& err)

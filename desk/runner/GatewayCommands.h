@@ -7,6 +7,7 @@ class QIODevice;
 /// `algodesk gateway` and `algodesk simulator`: they run until they are told to end, and print as they go.
 namespace runner {
 
+QStringList gatewayCommands();
 bool isGatewayCommand(const QString& name);
 
 /// `arguments` begin with the subcommand. Exit status: 0 ended as told, 2 wrong usage, configuration or

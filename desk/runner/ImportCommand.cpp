@@ -12,6 +12,7 @@
 #include "desk/runner/Session.h"
 #include "desk/verdict/Judge.h"
 #include "ledger/LedgerTexts.h"
+#include "words/Words.h"
 
 #include <QFileInfo>
 
@@ -126,11 +127,11 @@ Creation createBatch(const Outcome<LedgerPointer>& opened, DialogDriver& driver,
 QString rejectsFault(const CommandLine& line)
 {
     if (!isTableFile(line.rejects)) {
-        return QStringLiteral("--rejects OUT must end in .xlsx or .csv");
+        return Words::tr("--rejects OUT 应以 .xlsx 或 .csv 结尾");
     }
     const QString out = QFileInfo(line.rejects).canonicalFilePath(); // empty where there is no such file
     const bool isSame = !out.isEmpty() && out == QFileInfo(line.files.first()).canonicalFilePath();
-    return isSame ? QStringLiteral("--rejects OUT must not be FILE itself") : QString();
+    return isSame ? Words::tr("--rejects OUT 不能就是 FILE") : QString();
 }
 
 /// What is wrong with them; empty when nothing is.
@@ -138,14 +139,14 @@ QString choiceFault(const CommandLine& line)
 {
     using Way = verdict::DuplicateChoice::Way;
     if (!line.duplicates.isEmpty() && !verdict::wayNamed(line.duplicates)) {
-        return QStringLiteral("--duplicates takes leave-out, changed-only or replace, not '%1'")
+        return Words::tr("--duplicates 只能是 leave-out、changed-only 或 replace，不能是“%1”")
             .arg(line.duplicates);
     }
     const Way way = choiceOf(line).way;
     const bool needsBatch = way == Way::ChangedOnly || way == Way::Replace;
     if (needsBatch == line.against.isEmpty()) {
-        return needsBatch ? QStringLiteral("--duplicates %1 needs --against N").arg(line.duplicates)
-                          : QStringLiteral("--against goes with --duplicates changed-only or replace");
+        return needsBatch ? Words::tr("--duplicates %1 需要 --against N").arg(line.duplicates)
+                          : Words::tr("--against 只用于 --duplicates changed-only 或 replace");
     }
     return needsBatch && !batchNumber(line.against) ? refuseNumber(line.against).error : QString();
 }
@@ -154,15 +155,15 @@ QString choiceFault(const CommandLine& line)
 QString usageFault(const CommandLine& line)
 {
     if (line.strategy.isEmpty() || line.account.isEmpty()) {
-        return QStringLiteral("import needs --strategy CODE and --account ACCOUNT");
+        return Words::tr("import 需要 --strategy CODE 和 --account ACCOUNT");
     }
     if (line.create && !line.confirm) {
-        return QStringLiteral("--create needs --confirm");
+        return Words::tr("--create 需要 --confirm");
     }
     const bool isForCreating = line.yes || !line.amount.isEmpty() || !line.accept.isEmpty() ||
                                !line.duplicates.isEmpty() || !line.against.isEmpty();
     if (!line.create && isForCreating) {
-        return QStringLiteral("--yes, --accept, --amount, --duplicates and --against need --create");
+        return Words::tr("--yes、--accept、--amount、--duplicates、--against 需要 --create");
     }
     const QString choice = choiceFault(line);
     return choice.isEmpty() && !line.rejects.isEmpty() ? rejectsFault(line) : choice;
@@ -235,7 +236,8 @@ Result importFile(const CommandLine& line)
     bool complained = !driver.shownBoxes().isEmpty();
     Creation creation{{}, Done, nullptr};
     if (line.create) {
-        creation = createBatch(opened, driver, line, {file.table, desk.value, host->referenceData(), source.value.edits()});
+        creation = createBatch(opened, driver, line,
+                               {file.table, desk.value, host->referenceData(), source.value.edits()});
         json[QStringLiteral("creation")] = creation.json;
         complained = complained || creation.status == Complained;
     }

@@ -3,6 +3,7 @@
 #include "desk/runner/LedgerAccess.h"
 #include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
+#include "words/Words.h"
 
 namespace runner {
 
@@ -14,14 +15,14 @@ using Changes = Outcome<QList<ledger::ChangedInstance>>;
 
 QString noInstance(const QString& text)
 {
-    return QStringLiteral("an instance is named by batch and row, such as 12-3, not '%1'").arg(text);
+    return Words::tr("实例以批次和行表示，例如 12-3，而不是“%1”").arg(text);
 }
 
 /// Which instances the arguments name; an error where they name none, or in two ways.
 Outcome<ledger::Selection> selectionOf(const CommandLine& line)
 {
     if (line.files.isEmpty() == line.batch.isEmpty()) {
-        return {{}, QStringLiteral("instances are named as ID…, or as --batch N")};
+        return {{}, Words::tr("实例以 ID… 或 --batch N 指定")};
     }
     ledger::Selection selection;
     selection.batch = batchNumber(line.batch);
@@ -93,11 +94,11 @@ Result settleInstance(const CommandLine& line)
     }
     const std::optional<ledger::InstanceState> state = settlementNamed(line.settleAs);
     if (!state) {
-        return refuse(QStringLiteral("--as takes running, stopped, finished, rejected or queued, not '%1'")
+        return refuse(Words::tr("--as 应为 running、stopped、finished、rejected 或 queued，而不是“%1”")
                           .arg(line.settleAs));
     }
     if (line.reason.trimmed().isEmpty()) {
-        return refuse(QStringLiteral("--reason TEXT says why"));
+        return refuse(Words::tr("请以 --reason TEXT 说明原因"));
     }
     const auto opened = openExistingLedger(line, Ledger::Access::Write);
     if (!opened.ok()) {

@@ -4,6 +4,7 @@
 #include "desk/runner/LedgerJson.h"
 #include "desk/runner/Runner.h"
 #include "ledger/LedgerTexts.h"
+#include "words/Words.h"
 
 #include <QDir>
 #include <QFile>
@@ -73,10 +74,10 @@ Result auditLedger(const CommandLine& line)
     bool isNumber = true;
     const qint64 from = line.from.isEmpty() ? 1 : line.from.toLongLong(&isNumber);
     if (!isNumber || from < 1) {
-        return refuse(QStringLiteral("--from takes the number of an entry, not '%1'").arg(line.from));
+        return refuse(Words::tr("--from 应为审计记录的编号，而不是“%1”").arg(line.from));
     }
     if (line.verify && !line.from.isEmpty()) {
-        return refuse(QStringLiteral("--verify takes no --from: every entry covers the one before"));
+        return refuse(Words::tr("--verify 不能带 --from：每条记录都涵盖前一条"));
     }
     const auto opened = openExistingLedger(line, Ledger::Access::Read);
     if (!opened.ok()) {

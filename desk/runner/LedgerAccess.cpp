@@ -3,6 +3,7 @@
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 #include "ledger/LedgerTexts.h"
+#include "words/Words.h"
 
 #include <QFileInfo>
 #include <QJsonObject>
@@ -53,7 +54,7 @@ std::optional<qint64> batchNumber(const QString& text)
 
 Result refuseNumber(const QString& text)
 {
-    return refuse(QStringLiteral("a batch is named by its number, not '%1'").arg(text));
+    return refuse(Words::tr("批次以编号表示，而不是“%1”").arg(text));
 }
 
 Result complain(const QString& error)

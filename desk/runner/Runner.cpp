@@ -5,6 +5,9 @@
 #include "desk/runner/GatewayCommands.h"
 #include "desk/runner/LedgerAccess.h"
 #include "desk/runner/Output.h"
+#include "desk/runner/StandardInput.h"
+#include "desk/runner/Suggestion.h"
+#include "words/Words.h"
 
 #include <QIODevice>
 #include <QList>
@@ -96,6 +99,33 @@ int wordsOf(const QString& name, const QStringList& arguments)
     return arguments.mid(0, words.size()) == words ? words.size() : 0;
 }
 
+QStringList commandNames()
+{
+    QStringList names = gatewayCommands();
+    for (const Subcommand& command : subcommands()) {
+        names.append(command.command.name.section(QLatin1Char(' '), 0, 0));
+    }
+    return names;
+}
+
+/// With `-` for FILE the command reads what stands on standard input.
+Result runOn(CommandLine line, const Subcommand& subcommand)
+{
+    static const QStringList readers = {QStringLiteral("import"), QStringLiteral("check"),
+                                        QStringLiteral("rows"), QStringLiteral("diff")};
+    if (!readers.contains(subcommand.command.name) || line.files.last() != StandardInput::name()) {
+        return subcommand.run(line);
+    }
+    StandardInput input;
+    const Outcome<QString> kept = input.keep();
+    if (!kept.ok()) {
+        return refuse(kept.error);
+    }
+    line.inputName = StandardInput::name();
+    line.files.last() = kept.value;
+    return subcommand.run(line);
+}
+
 Result dispatch(const QStringList& arguments)
 {
     const auto found =
@@ -103,7 +133,8 @@ Result dispatch(const QStringList& arguments)
             return wordsOf(candidate.command.name, arguments) > 0;
         });
     if (found == subcommands().end()) {
-        return refuse(QStringLiteral("unknown subcommand '%1'; see algodesk --help").arg(arguments.first()));
+        return refuse(didYouMean(Words::tr("没有命令“%1”，见 algodesk --help").arg(arguments.first()),
+                                 arguments.first(), commandNames()));
     }
     QString error;
     const std::optional<CommandLine> line =
@@ -114,7 +145,7 @@ Result dispatch(const QStringList& arguments)
     if (!line->help && !ledgerAddress(*line).ok()) {
         return refuse(ledgerAddress(*line).error);
     }
-    return line->help ? Result{Done, usage().toUtf8(), QString()} : found->run(*line);
+    return line->help ? Result{Done, usage().toUtf8(), QString()} : runOn(*line, *found);
 }
 
 Result answer(const QStringList& arguments)
@@ -181,7 +212,7 @@ int run(const QStringList& arguments, QIODevice& out, QIODevice& err)
     const bool isTaken = result.elements ? writeElements(result, out) : write(out, result.output);
     if (!isTaken) {
         result.status = Unprinted;
-        result.error = QStringLiteral("cannot write to standard output: ") + out.errorString();
+        result.error = Words::tr("无法写到标准输出：%1").arg(out.errorString());
     } else if (result.told) {
         result.told();
     }

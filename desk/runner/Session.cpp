@@ -1,8 +1,10 @@
 #include "desk/runner/Session.h"
 
+#include "desk/runner/Suggestion.h"
 #include "embedded_host/reference_data/ReferenceDatabase.h"
 #include "embedded_host/reference_data/ReferenceFolder.h"
 #include "host/AlgoConstants.h"
+#include "words/Words.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -62,7 +64,14 @@ QString unknownStrategy(const ReferenceData& data, const QString& name)
 {
     const AesStrategy* strategy = data.strategy(name);
     const bool isKnown = strategy && strategy->globalType() == Algo_Values::AlgoGlobalType::algo;
-    return isKnown ? QString() : QStringLiteral("unknown strategy '%1'").arg(name);
+    if (isKnown) {
+        return QString();
+    }
+    QStringList known;
+    for (const AesStrategy& each : data.tables().strategies) {
+        known.append(each.name());
+    }
+    return didYouMean(Words::tr("没有算法“%1”").arg(name), name, known);
 }
 
 std::unique_ptr<EmbeddedHost> openHost(const CommandLine& line, QString& error)

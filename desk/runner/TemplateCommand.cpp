@@ -2,6 +2,7 @@
 #include "desk/runner/Runner.h"
 #include "desk/runner/Session.h"
 #include "embedded_host/templates/TemplateFiles.h"
+#include "words/Words.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -18,10 +19,10 @@ bool isTableFile(const QString& path)
 Result writeTemplate(const CommandLine& line)
 {
     if (line.allTemplates != line.strategy.isEmpty()) {
-        return refuse(QStringLiteral("template needs either --strategy CODE or --all"));
+        return refuse(Words::tr("template 需要 --strategy CODE 或 --all 之一"));
     }
     if (!isTableFile(line.files.first())) {
-        return refuse(QStringLiteral("OUT must end in .xlsx or .csv"));
+        return refuse(Words::tr("OUT 应以 .xlsx 或 .csv 结尾"));
     }
     QString error;
     const std::unique_ptr<EmbeddedHost> host = openHost(line, error);

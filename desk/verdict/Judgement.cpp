@@ -5,6 +5,7 @@
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
 #include "table/GuardRules.h"
+#include "words/Language.h"
 #include "words/Words.h"
 
 #include <algorithm>
@@ -27,23 +28,22 @@ QString placesOf(const table::Faults& faults)
             places.append(text);
         }
     }
-    const QString listed = places.mid(0, MostRows).join(QStringLiteral("、"));
-    return places.size() > MostRows ? listed + QStringLiteral(" 等") : listed;
+    const QString listed = places.mid(0, MostRows).join(Words::tr("、"));
+    return places.size() > MostRows ? Words::tr("%1 等").arg(listed) : listed;
 }
 
 QString textOf(const table::Faults& faults)
 {
-    const QString first = table::sentence(faults.first());
+    const QString first = words::sentence(faults.first());
     const bool isOne = std::all_of(faults.begin(), faults.end(), [&](const table::Fault& fault) {
-        return table::sentence(fault) == first;
+        return words::sentence(fault) == first;
     });
     const QString places = placesOf(faults);
-    QString text = isOne ? first : first + QStringLiteral(" 等");
-    if (faults.size() > 1 || !places.isEmpty()) {
-        text += QStringLiteral("（%1 处").arg(faults.size());
-        text += places.isEmpty() ? QStringLiteral("）") : QStringLiteral("：第 %1 行）").arg(places);
+    const QString text = isOne ? first : Words::tr("%1 等").arg(first);
+    if (!places.isEmpty()) {
+        return Words::tr("%1（%2 处：第 %3 行）").arg(text, QString::number(faults.size()), places);
     }
-    return text;
+    return faults.size() > 1 ? Words::tr("%1（%2 处）").arg(text, QString::number(faults.size())) : text;
 }
 
 /// The column that a rule of the ledger is about; empty where it is about none, or several.
@@ -80,7 +80,7 @@ QString joined(const QList<Line>& lines)
     for (const Line& line : lines) {
         texts.append(line.text);
     }
-    return texts.join(QStringLiteral("；"));
+    return texts.join(Words::tr("；"));
 }
 
 } // namespace

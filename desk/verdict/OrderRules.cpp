@@ -4,6 +4,7 @@
 #include "strategy/ColumnNames.h"
 #include "table/FaultCatalogue.h"
 #include "table/GuardRules.h"
+#include "words/Words.h"
 
 #include <QMap>
 #include <QPair>
@@ -163,7 +164,7 @@ private:
             }
             const Calendar::Day day = mOrders.calendar.day(leg.exchange, time.date(), isRepo(leg));
             if (day.state == Calendar::State::Closed) {
-                const QString why = day.note.isEmpty() ? QStringLiteral("周末") : day.note;
+                const QString why = day.note.isEmpty() ? Words::tr("周末") : day.note;
                 return add(rule::ClosedDay, row, column,
                            {leg.exchange, time.date().toString(QStringLiteral("yyyy-MM-dd")), why});
             }

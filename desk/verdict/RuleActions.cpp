@@ -6,6 +6,7 @@
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
 #include "table/GuardRules.h"
+#include "words/Words.h"
 
 #include <QMap>
 
@@ -54,15 +55,14 @@ QString takeAction(RuleRow& row, const QString& cell)
 {
     const auto action = actionNames().constFind(cell.trimmed());
     if (action == actionNames().constEnd()) {
-        return QStringLiteral("action 应为 refuse、ask 或 tell：%1").arg(cell);
+        return Words::tr("action 应为 refuse、ask 或 tell：%1").arg(cell);
     }
     row.action = *action;
     const std::optional<Action> floor = floorOfName(row.rule);
     if (!floor) {
-        return QStringLiteral("没有规则“%1”").arg(row.rule);
+        return Words::tr("没有规则“%1”").arg(row.rule);
     }
-    return row.action < *floor ? QStringLiteral("规则“%1”不能低于 %2").arg(row.rule, nameOf(*floor))
-                               : QString();
+    return row.action < *floor ? Words::tr("规则“%1”不能低于 %2").arg(row.rule, nameOf(*floor)) : QString();
 }
 
 const ReferenceTable<RuleRow>& ruleTable()

@@ -12,17 +12,17 @@ constexpr int MostRows = 5;
 
 QString money(const ledger::Decimal& amount)
 {
-    return amount.shown(2) + QStringLiteral(" 元");
+    return Words::tr("%1 元").arg(amount.shown(2));
 }
 
 QString sides(const Summary::Side& side)
 {
-    return QStringLiteral("买入 %1，卖出 %2").arg(money(side.buy), money(side.sell));
+    return Words::tr("买入 %1，卖出 %2").arg(money(side.buy), money(side.sell));
 }
 
 QString named(const QString& code, const QString& name)
 {
-    return name.isEmpty() || name == code ? code : name + QStringLiteral("（%1）").arg(code);
+    return name.isEmpty() || name == code ? code : Words::tr("%1（%2）").arg(name, code);
 }
 
 Summary::Row rowOf(const ledger::InstanceDraft& instance, int row)
@@ -73,9 +73,9 @@ void addStanding(Summary& summary, const ledger::Standing& standing)
     for (const ledger::Duplicate& duplicate : standing.duplicates) {
         if (duplicate.account != summary.account) {
             const QString what = duplicate.isSameFile
-                                     ? QStringLiteral("同一文件")
-                                     : QStringLiteral("%1 行同样的委托").arg(duplicate.rows.size());
-            summary.elsewhere.append(QStringLiteral("%1今天已在账户 %2 创建（批次 %3）")
+                                     ? Words::tr("同一文件")
+                                     : Words::tr("%1 行同样的委托").arg(duplicate.rows.size());
+            summary.elsewhere.append(Words::tr("%1今天已在账户 %2 创建（批次 %3）")
                                          .arg(what, duplicate.account, QString::number(duplicate.batch)));
         }
     }
@@ -83,10 +83,10 @@ void addStanding(Summary& summary, const ledger::Standing& standing)
 
 QStringList linesOf(const Summary& summary)
 {
-    QStringList lines = {QStringLiteral("账户：%1").arg(named(summary.account, summary.accountName)),
-                         QStringLiteral("算法：%1").arg(named(summary.strategy, summary.strategyName)),
-                         QStringLiteral("文件：%1").arg(summary.fileName),
-                         QStringLiteral("导入 %1 行，未导入 %2 行，跳过 %3 行")
+    QStringList lines = {Words::tr("账户：%1").arg(named(summary.account, summary.accountName)),
+                         Words::tr("算法：%1").arg(named(summary.strategy, summary.strategyName)),
+                         Words::tr("文件：%1").arg(summary.fileName),
+                         Words::tr("导入 %1 行，未导入 %2 行，跳过 %3 行")
                              .arg(summary.taken)
                              .arg(summary.refused)
                              .arg(summary.skipped)};
@@ -97,18 +97,17 @@ QStringList linesOf(const Summary& summary)
         lines.append(Words::tr("批次 %1 将被撤回，由本批替换（同时完成，或都不做）").arg(summary.replaces));
     }
     for (auto market = summary.markets.cbegin(); market != summary.markets.cend(); ++market) {
-        lines.append(QStringLiteral("%1：%2").arg(market.key(), sides(*market)));
+        lines.append(Words::tr("%1：%2").arg(market.key(), sides(*market)));
     }
     for (const Summary::Row& row : summary.largest) {
-        lines.append(QStringLiteral("第 %1 行 %2 %3：%4")
+        lines.append(Words::tr("第 %1 行 %2 %3：%4")
                          .arg(QString::number(row.row), row.symbol, row.direction, money(row.amount)));
     }
-    lines.append(QStringLiteral("当日合计（含本批）：%1，%2 个实例")
-                     .arg(sides(summary.day))
-                     .arg(summary.dayInstances));
+    lines.append(
+        Words::tr("当日合计（含本批）：%1，%2 个实例").arg(sides(summary.day)).arg(summary.dayInstances));
     lines += summary.elsewhere;
     for (const QString& scope : summary.optedOut) {
-        lines.append(QStringLiteral("不受通用限额约束：%1").arg(scope));
+        lines.append(Words::tr("不受通用限额约束：%1").arg(scope));
     }
     return lines;
 }

@@ -5,6 +5,7 @@
 #include "host/ZelMessageBox.h"
 #include "ledger/BatchCreation.h"
 #include "ledger/LedgerTexts.h"
+#include "words/Words.h"
 
 namespace {
 
@@ -49,7 +50,7 @@ std::optional<BatchCreator::Created> BatchCreator::create(const HandOver& batch)
 /// An attempt of a program that ended before it could tell.
 std::optional<BatchCreator::Created> BatchCreator::repeated(const ledger::Batch& made) const
 {
-    ZelMessageBox box(QStringLiteral("已创建"), ledger::texts::createdBefore(made.number, made.rowCount),
+    ZelMessageBox box(Words::tr("已创建"), ledger::texts::createdBefore(made.number, made.rowCount),
                       ZelMessageBox::Error, mParent);
     box.showModally();
     return Created{made, {}, std::nullopt};
@@ -110,6 +111,6 @@ bool BatchCreator::askUser(const HandOver& batch, const ledger::BatchDraft& draf
 
 void BatchCreator::tell(const QString& error) const
 {
-    ZelMessageBox box(QStringLiteral("未创建"), error, ZelMessageBox::Error, mParent);
+    ZelMessageBox box(Words::tr("未创建"), error, ZelMessageBox::Error, mParent);
     box.showModally();
 }

@@ -29,10 +29,10 @@ QString undoneLines(const QList<ledger::ChangedInstance>& instances)
 
 BatchesPage::BatchesPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent), mBooks(books), mModel(new BatchesModel(this)),
-      mTable(new FilteredTable(mModel, {QStringLiteral("批次"), QString()}, prompts, this)),
-      mLook(mTable->addButton(QStringLiteral("查看实例"), QStringLiteral("button_instances"))),
-      mCompare(mTable->addButton(QStringLiteral("与当前导入比较"), QStringLiteral("button_compare"))),
-      mUndo(mTable->addButton(QStringLiteral("撤销批次"), QStringLiteral("button_undo"))),
+      mTable(new FilteredTable(mModel, {Words::tr("批次"), QString()}, prompts, this)),
+      mLook(mTable->addButton(Words::tr("查看实例"), QStringLiteral("button_instances"))),
+      mCompare(mTable->addButton(Words::tr("与当前导入比较"), QStringLiteral("button_compare"))),
+      mUndo(mTable->addButton(Words::tr("撤销批次"), QStringLiteral("button_undo"))),
       mShowEdits(mTable->addButton(Words::tr("查看文件修改"), QStringLiteral("button_edits")))
 {
     mTable->setSingleSelection();
@@ -92,7 +92,7 @@ QString BatchesPage::error() const
 
 void BatchesPage::tellState()
 {
-    mTable->setEmptyText(error().isEmpty() ? QStringLiteral("还没有批次") : error());
+    mTable->setEmptyText(error().isEmpty() ? Words::tr("还没有批次") : error());
     mTable->fitColumnsOnce();
     enableButtons();
     if (!error().isEmpty()) {
@@ -174,32 +174,32 @@ void BatchesPage::undo()
     if (report.ok()) {
         tellUndone(report.value);
     } else {
-        ZelMessageBox(QStringLiteral("未撤销"), report.error, ZelMessageBox::Error, this).showModally();
+        ZelMessageBox(Words::tr("未撤销"), report.error, ZelMessageBox::Error, this).showModally();
     }
 }
 
 bool BatchesPage::isUndoWanted()
 {
     const ledger::Batch& batch = mModel->records().at(mTable->selectedRow());
-    const QString question = QStringLiteral("撤销批次 %1？\n文件 %2\n账户 %3，算法 %4，%5 行\n")
+    const QString question = Words::tr("撤销批次 %1？\n文件 %2\n账户 %3，算法 %4，%5 行\n"
+                                       "未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。")
                                  .arg(QString::number(batch.number), batch.fileName, batch.account,
-                                      batch.strategy, QString::number(batch.rowCount)) +
-                             QStringLiteral("未启动的实例将被撤回，运行中的将被停止；已完成的不能撤销。");
-    ZelMessageBox box(QStringLiteral("撤销批次"), question, ZelMessageBox::Question, this);
+                                      batch.strategy, QString::number(batch.rowCount));
+    ZelMessageBox box(Words::tr("撤销批次"), question, ZelMessageBox::Question, this);
     return box.showModally() == QDialog::Accepted;
 }
 
 void BatchesPage::tellUndone(const ledger::UndoReport& report)
 {
-    const QString summary = QStringLiteral("批次 %1：撤回 %2 个，停止 %3 个，未能撤销 %4 个")
+    const QString summary = Words::tr("批次 %1：撤回 %2 个，停止 %3 个，未能撤销 %4 个")
                                 .arg(report.batch)
                                 .arg(report.withdrawn.size())
                                 .arg(report.stopped.size())
                                 .arg(report.notReversed.size());
     emit said(summary);
     if (!report.notReversed.isEmpty()) {
-        const QString text = summary + QStringLiteral("\n\n以下实例已完成，其成交不能撤销：\n") +
-                             undoneLines(report.notReversed);
-        ZelMessageBox(QStringLiteral("撤销批次"), text, ZelMessageBox::Error, this).showModally();
+        const QString text = Words::tr("%1\n\n以下实例已完成，其成交不能撤销：\n%2")
+                                 .arg(summary, undoneLines(report.notReversed));
+        ZelMessageBox(Words::tr("撤销批次"), text, ZelMessageBox::Error, this).showModally();
     }
 }

@@ -1,10 +1,10 @@
 #include "desk/window/DeskApplication.h"
 
+#include "words/Words.h"
+
 #include <QApplication>
 #include <QFont>
-#include <QLibraryInfo>
 #include <QMessageBox>
-#include <QTranslator>
 
 namespace desk_application {
 
@@ -23,20 +23,17 @@ QFont textFont()
 
 } // namespace
 
-void prepare(QApplication& application)
+void prepare(words::Language language)
 {
-    QApplication::setApplicationDisplayName(QStringLiteral("算法交易台"));
+    words::speak(language);
+    QApplication::setApplicationDisplayName(Words::tr("算法交易台"));
     QApplication::setStyle(QStringLiteral("Fusion"));
     QApplication::setFont(textFont());
-    auto* texts = new QTranslator(&application); // the buttons of the file dialogs
-    if (texts->load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath))) {
-        QCoreApplication::installTranslator(texts);
-    }
 }
 
 void tellFault(const QString& error)
 {
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("算法交易台"), error);
+    QMessageBox box(QMessageBox::Critical, Words::tr("算法交易台"), error);
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

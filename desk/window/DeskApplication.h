@@ -1,12 +1,13 @@
 #pragma once
 
-class QApplication;
+#include "words/Language.h"
+
 class QString;
 
-/// What the whole program needs before its first window: style, font, names, texts of Qt's own dialogs.
+/// What the whole program needs before its first window: language, style, font, names.
 namespace desk_application {
 
-void prepare(QApplication& application);
+void prepare(words::Language language = words::Language::Chinese);
 /// Says in a window of its own why the desk does not open: who starts it from a menu sees no other place.
 void tellFault(const QString& error);
 

@@ -9,6 +9,7 @@
 #include "words/Words.h"
 
 #include <QActionGroup>
+#include <QLocale>
 #include <QMenuBar>
 
 namespace {
@@ -37,12 +38,12 @@ void DeskMenus::add(QMenu* menu, const QString& text, const QKeySequence& key,
 void DeskMenus::makeFileMenu()
 {
     DialogFrame* dialog = mWindow.importPage()->frame();
-    QMenu* menu = mWindow.menuBar()->addMenu(QStringLiteral("文件(&F)"));
-    add(menu, QStringLiteral("新建批量导入(&N)"), QKeySequence::New, [this, dialog] {
+    QMenu* menu = mWindow.menuBar()->addMenu(Words::tr("文件(&F)"));
+    add(menu, Words::tr("新建批量导入(&N)"), QKeySequence::New, [this, dialog] {
         mWindow.showPage(DeskWindow::ImportPageIndex);
         dialog->open();
     });
-    add(menu, QStringLiteral("导入算法(&O)…"), QKeySequence::Open, [this, dialog] {
+    add(menu, Words::tr("导入算法(&O)…"), QKeySequence::Open, [this, dialog] {
         mWindow.showPage(DeskWindow::ImportPageIndex);
         dialog->import();
     });
@@ -63,13 +64,17 @@ void DeskMenus::makeFileMenu()
         mWindow.showPage(DeskWindow::ImportPageIndex);
         mWindow.importPage()->mapColumns();
     });
-    add(menu, QStringLiteral("确定提交(&C)"), QKeySequence(Qt::CTRL + Qt::Key_Return),
+    add(menu, Words::tr("选择算法(&T)…"), QKeySequence(Qt::CTRL + Qt::Key_T), [this, dialog] {
+        mWindow.showPage(DeskWindow::ImportPageIndex);
+        dialog->findStrategy();
+    });
+    add(menu, Words::tr("确定提交(&C)"), QKeySequence(Qt::CTRL + Qt::Key_Return),
         [this] { mWindow.confirm(); });
     menu->addSeparator();
-    add(menu, QStringLiteral("导出当前列表(&E)…"), QKeySequence(Qt::CTRL + Qt::Key_E),
+    add(menu, Words::tr("导出当前列表(&E)…"), QKeySequence(Qt::CTRL + Qt::Key_E),
         [this] { mWindow.exportList(); });
     menu->addSeparator();
-    add(menu, QStringLiteral("退出(&Q)"), QKeySequence::Quit, [this] { mWindow.close(); });
+    add(menu, Words::tr("退出(&Q)"), QKeySequence::Quit, [this] { mWindow.close(); });
 }
 
 void DeskMenus::makeRecentMenu(QMenu* menu)
@@ -116,28 +121,30 @@ void DeskMenus::makeEditMenu()
 
 void DeskMenus::makeViewMenu()
 {
-    QMenu* menu = mWindow.menuBar()->addMenu(QStringLiteral("视图(&V)"));
+    QMenu* menu = mWindow.menuBar()->addMenu(Words::tr("视图(&V)"));
     const QStringList titles = mWindow.pageTitles();
     for (int page = 0; page < titles.size(); ++page) {
         add(menu, titles.at(page), QKeySequence(QStringLiteral("Ctrl+%1").arg(page + 1)),
             [this, page] { mWindow.showPage(page); });
     }
     menu->addSeparator();
-    add(menu, QStringLiteral("刷新预计金额(&R)"), QKeySequence(Qt::Key_F5), [this] { mWindow.refresh(); });
+    add(menu, Words::tr("刷新预计金额(&R)"), QKeySequence(Qt::Key_F5), [this] { mWindow.refresh(); });
     add(menu, Words::tr("参数表/文件(&W)"), QKeySequence(Qt::Key_F6), [this] {
         mWindow.showPage(DeskWindow::ImportPageIndex);
         mWindow.importPage()->switchView();
     });
-    add(menu, QStringLiteral("筛选(&F)"), QKeySequence::Find, [this] { mWindow.focusFilter(); });
+    add(menu, Words::tr("筛选(&F)"), QKeySequence::Find, [this] { mWindow.focusFilter(); });
     menu->addSeparator();
     makeSkinEntries(menu);
+    menu->addSeparator();
+    makeLanguageEntries(menu);
 }
 
 void DeskMenus::makeSkinEntries(QMenu* menu)
 {
     auto* skins = new QActionGroup(this);
     for (const QString& name : SkinService::names()) {
-        QAction* action = menu->addAction(name == DarkSkin ? QStringLiteral("深色") : QStringLiteral("浅色"));
+        QAction* action = menu->addAction(name == DarkSkin ? Words::tr("深色") : Words::tr("浅色"));
         action->setCheckable(true);
         action->setData(name);
         action->setObjectName(QStringLiteral("action_skin_") + name);
@@ -147,15 +154,35 @@ void DeskMenus::makeSkinEntries(QMenu* menu)
             [this](QAction* action) { mWindow.setSkin(action->data().toString()); });
 }
 
+void DeskMenus::makeLanguageEntries(QMenu* menu)
+{
+    auto* languages = new QActionGroup(this);
+    const QString chosen = mWindow.language();
+    const QList<QPair<QString, QString>> entries = {
+        {QString(), Words::tr("语言同系统")},
+        {QStringLiteral("zh"), QLocale(QLocale::Chinese).nativeLanguageName()},
+        {QStringLiteral("en"), QStringLiteral("English")}};
+    for (const auto& entry : entries) {
+        QAction* action = menu->addAction(entry.second);
+        action->setCheckable(true);
+        action->setChecked(entry.first == chosen);
+        action->setData(entry.first);
+        action->setObjectName(QStringLiteral("action_language_") + entry.first);
+        languages->addAction(action);
+    }
+    connect(languages, &QActionGroup::triggered, this,
+            [this](QAction* action) { mWindow.setLanguage(action->data().toString()); });
+}
+
 void DeskMenus::makeProblemMenu()
 {
     ProblemsPanel* problems = mWindow.importPage()->problems();
-    QMenu* menu = mWindow.menuBar()->addMenu(QStringLiteral("问题(&P)"));
-    add(menu, QStringLiteral("下一个问题(&N)"), QKeySequence(Qt::Key_F8), [this, problems] {
+    QMenu* menu = mWindow.menuBar()->addMenu(Words::tr("问题(&P)"));
+    add(menu, Words::tr("下一个问题(&N)"), QKeySequence(Qt::Key_F8), [this, problems] {
         mWindow.showPage(DeskWindow::ImportPageIndex);
         problems->goToNext();
     });
-    add(menu, QStringLiteral("上一个问题(&P)"), QKeySequence(Qt::SHIFT + Qt::Key_F8), [this, problems] {
+    add(menu, Words::tr("上一个问题(&P)"), QKeySequence(Qt::SHIFT + Qt::Key_F8), [this, problems] {
         mWindow.showPage(DeskWindow::ImportPageIndex);
         problems->goToPrevious();
     });
@@ -170,12 +197,13 @@ void DeskMenus::makeProblemMenu()
     menu->addSeparator();
     add(menu, Words::tr("排除问题行(&L)"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_L),
         [problems] { problems->leaveOutFaulty(); });
-    add(menu, QStringLiteral("保存问题行(&S)…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S),
+    add(menu, Words::tr("保存问题行(&S)…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S),
         [problems] { problems->saveRejects(); });
 }
 
 void DeskMenus::makeHelpMenu()
 {
-    QMenu* menu = mWindow.menuBar()->addMenu(QStringLiteral("帮助(&H)"));
-    add(menu, QStringLiteral("关于算法交易台(&A)…"), QKeySequence(), [this] { mWindow.showAbout(); });
+    QMenu* menu = mWindow.menuBar()->addMenu(Words::tr("帮助(&H)"));
+    add(menu, Words::tr("填写说明(&H)"), QKeySequence::HelpContents, [this] { mWindow.showHelp(); });
+    add(menu, Words::tr("关于算法交易台(&A)…"), QKeySequence(), [this] { mWindow.showAbout(); });
 }

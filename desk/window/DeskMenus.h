@@ -23,6 +23,7 @@ private:
     void makeRecentMenu(QMenu* menu);
     void makeViewMenu();
     void makeSkinEntries(QMenu* menu);
+    void makeLanguageEntries(QMenu* menu);
     void makeProblemMenu();
     void makeHelpMenu();
     static void add(QMenu* menu, const QString& text, const QKeySequence& key,

@@ -15,11 +15,17 @@ public:
     void setGeometry(const QByteArray& geometry) { save("geometry", geometry); }
     QByteArray importSplitter() const { return bytes("importSplitter"); }
     void setImportSplitter(const QByteArray& state) { save("importSplitter", state); }
+    /// What the trader made of the import table's columns.
+    QByteArray importColumns() const { return bytes("importColumns"); }
+    void setImportColumns(const QByteArray& state) { save("importColumns", state); }
     /// Columns of the list of a page.
     QByteArray columns(int page) const { return bytes(columnsKey(page).constData()); }
     void setColumns(int page, const QByteArray& state) { save(columnsKey(page).constData(), state); }
     QString skin() const { return text("skin"); }
     void setSkin(const QString& skin) { save("skin", skin); }
+    /// "en" or "zh"; empty: as the system's locale is.
+    QString language() const { return text("language"); }
+    void setLanguage(const QString& language) { save("language", language); }
     QString lastStrategy() const { return text("strategy"); }
     void setLastStrategy(const QString& strategy) { save("strategy", strategy); }
     QString lastAccount() const { return text("account"); }

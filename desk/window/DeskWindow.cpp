@@ -10,6 +10,7 @@
 #include "desk/window/FilteredTable.h"
 #include "desk/window/GatewayPage.h"
 #include "desk/window/HaltButton.h"
+#include "desk/window/HelpWindow.h"
 #include "desk/window/ImportPage.h"
 #include "desk/window/InstancesPage.h"
 #include "desk/window/LedgerWatch.h"
@@ -30,6 +31,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -40,6 +42,7 @@
 namespace {
 
 const QSize FirstSize(1280, 800);
+constexpr double ShareOfScreen = 0.94; // a frame and a title bar stand around the window
 const QString StyleSheetPath = QStringLiteral("desk/desk.css");
 const QString LightSkin = QStringLiteral("light");
 
@@ -64,7 +67,7 @@ DeskWindow::DeskWindow(EmbeddedHost& host, const DeskBooks& books, QWidget* pare
       mPages(new QTabWidget(this))
 {
     host.setPrompts(mPrompts);
-    setWindowTitle(QStringLiteral("算法交易台"));
+    setWindowTitle(Words::tr("算法交易台"));
     setAcceptDrops(true);
     makePages();
     new DeskMenus(*this);
@@ -86,7 +89,7 @@ DeskWindow::~DeskWindow()
 void DeskWindow::makePages()
 {
     mPages->setDocumentMode(true);
-    mPages->tabBar()->setAccessibleName(QStringLiteral("页面"));
+    mPages->tabBar()->setAccessibleName(Words::tr("页面"));
     makeNotices();
 
     mImport = new ImportPage(mHost, *mPrompts);
@@ -100,11 +103,11 @@ void DeskWindow::makePages()
     connect(mImport, &ImportPage::mapped, this, [this](const QString& notice) {
         mNotice->offer(notice, Words::tr("重新询问"), [this] { mImport->mapColumns(); });
     });
-    mPages->addTab(mImport, QStringLiteral("批量导入"));
+    mPages->addTab(mImport, Words::tr("批量导入"));
 
     mInstances = new InstancesPage(mHost, mBooks, *mPrompts);
     connect(mInstances, &InstancesPage::said, this, &DeskWindow::say);
-    mPages->addTab(mInstances, QStringLiteral("算法实例"));
+    mPages->addTab(mInstances, Words::tr("算法实例"));
 
     mBatches = new BatchesPage(mHost, mBooks, *mPrompts);
     connect(mBatches, &BatchesPage::said, this, &DeskWindow::say);
@@ -118,15 +121,15 @@ void DeskWindow::makePages()
         mInstances->showBatch(batch);
         showPage(InstancesPageIndex);
     });
-    mPages->addTab(mBatches, QStringLiteral("批次"));
+    mPages->addTab(mBatches, Words::tr("批次"));
 
     mQuotes = new QuotesPage(mHost, *mPrompts);
     connect(mQuotes->table(), &FilteredTable::said, this, &DeskWindow::say);
-    mPages->addTab(mQuotes, QStringLiteral("行情"));
+    mPages->addTab(mQuotes, Words::tr("行情"));
 
     mGateway = new GatewayPage(mHost, mBooks, *mPrompts);
     connect(mGateway, &GatewayPage::said, this, &DeskWindow::say);
-    mPages->addTab(mGateway, QStringLiteral("网关"));
+    mPages->addTab(mGateway, Words::tr("网关"));
 }
 
 void DeskWindow::makeNotices()
@@ -150,7 +153,7 @@ void DeskWindow::makeStatusBar()
     mMessage = new QLabel(this);
     mMessage->setObjectName(QStringLiteral("label_message"));
     mMessage->setTextFormat(Qt::PlainText);
-    auto* user = new QLabel(QStringLiteral("用户 %1").arg(mHost.options().loginAccount), this);
+    auto* user = new QLabel(Words::tr("用户 %1").arg(mHost.options().loginAccount), this);
     user->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(mMessage, 1);
     mQueued = new QLabel(this);
@@ -170,8 +173,8 @@ void DeskWindow::makeStatusBar()
     statusBar()->addPermanentWidget(mHalt);
     statusBar()->setSizeGripEnabled(false);
     connect(mImport->amounts(), &AmountRefresher::refreshed, this, [this] {
-        mRefreshed->setText(QStringLiteral("预计金额刷新于 %1")
-                                .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
+        mRefreshed->setText(
+            Words::tr("预计金额刷新于 %1").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
     });
     connect(mImport, &ImportPage::cleared, mRefreshed, &QLabel::clear);
 }
@@ -200,7 +203,7 @@ void DeskWindow::watchLedger()
 /// What is on screen stays there.
 void DeskWindow::tellLost(const QString& error, int seconds)
 {
-    mLost->setText(QStringLiteral("台账暂不可用，%1 秒后重试；画面可能不是最新").arg(seconds));
+    mLost->setText(Words::tr("台账暂不可用，%1 秒后重试；画面可能不是最新").arg(seconds));
     mLost->setToolTip(plainToolTip(error));
     mLost->show();
 }
@@ -215,7 +218,7 @@ void DeskWindow::tellRestored()
         mBooks.ledgerError = opened.error;
         mInstances->showBatch(std::nullopt);
     }
-    say(mBooks.ledger ? QStringLiteral("台账已恢复") : mBooks.ledgerError);
+    say(mBooks.ledger ? Words::tr("台账已恢复") : mBooks.ledgerError);
 }
 
 FilteredTable* DeskWindow::currentTable() const
@@ -265,7 +268,7 @@ void DeskWindow::confirm()
         mImport->confirm();
     } else {
         showPage(ImportPageIndex);
-        say(QStringLiteral("请先核对批次，再提交"));
+        say(Words::tr("请先核对批次，再提交"));
     }
 }
 
@@ -303,7 +306,7 @@ void DeskWindow::follow()
         mGateway->refresh();
     }
     const Outcome<qint64> queued = mBooks.ledger->countIn(ledger::InstanceState::Queued);
-    mQueued->setText(queued.value > 0 ? QStringLiteral("%1 待发送").arg(queued.value) : QString());
+    mQueued->setText(queued.value > 0 ? Words::tr("%1 待发送").arg(queued.value) : QString());
     const QList<OrderNotices::Notice> notices = mNotices.take(mBatches->counts());
     for (const OrderNotices::Notice& notice : notices) {
         mNotice->tell(notice.text, notice.batch, notice.isWarning);
@@ -311,10 +314,19 @@ void DeskWindow::follow()
     }
 }
 
+void DeskWindow::showHelp()
+{
+    if (mHelp == nullptr) {
+        mHelp = new HelpWindow(this);
+    }
+    mHelp->show();
+    mHelp->raise();
+    mHelp->activateWindow();
+}
+
 void DeskWindow::showAbout()
 {
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("关于算法交易台"), aboutText(), QMessageBox::Ok,
-                    this);
+    QMessageBox box(QMessageBox::NoIcon, Words::tr("关于算法交易台"), aboutText(), QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
@@ -345,13 +357,13 @@ void DeskWindow::takeBatch(const HandOver& batch)
     }
     mImport->finish(told, created.has_value());
     if (!created) {
-        say(QStringLiteral("未创建，批次保持原样"));
+        say(Words::tr("未创建，批次保持原样"));
         return;
     }
     mInstances->showBatch(std::nullopt);
     mBatches->reload();
     const QString fault = mBatches->error().isEmpty() ? mInstances->error() : mBatches->error();
-    say(QStringLiteral("批次 %1：已创建 %2 个实例").arg(created->batch.number).arg(created->batch.rowCount));
+    say(Words::tr("批次 %1：已创建 %2 个实例").arg(created->batch.number).arg(created->batch.rowCount));
     if (created->replaced) {
         sayToo(Words::tr("批次 %1 已撤回").arg(*created->replaced));
     }
@@ -400,6 +412,17 @@ bool DeskWindow::showChanges(qint64 number)
     return true;
 }
 
+void DeskWindow::setLanguage(const QString& name)
+{
+    DeskSettings(mHost).setLanguage(name);
+    say(Words::tr("下次打开窗口时使用所选语言"));
+}
+
+QString DeskWindow::language() const
+{
+    return DeskSettings(mHost).language();
+}
+
 void DeskWindow::setSkin(const QString& name)
 {
     mHost.skins().setSkin(name);
@@ -409,7 +432,8 @@ void DeskWindow::setSkin(const QString& name)
 void DeskWindow::restoreLayout()
 {
     DeskSettings settings(mHost);
-    resize(FirstSize);
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(FirstSize.boundedTo(screen.size() * ShareOfScreen));
     restoreGeometry(settings.geometry());
     showPage(settings.page());
     for (const auto& list : pageLists()) {

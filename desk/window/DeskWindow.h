@@ -13,6 +13,7 @@ class EmbeddedHost;
 class FilteredTable;
 class GatewayPage;
 class HaltButton;
+class HelpWindow;
 class ImportPage;
 class InstancesPage;
 class NoticeBar;
@@ -59,9 +60,13 @@ public slots:
     void follow();
     /// Which product this is, and whose parts are in it.
     void showAbout();
+    void showHelp();
     void say(const QString& text);
     /// Remembered for the next session.
     void setSkin(const QString& name);
+    /// "en" or "zh", empty for the system's: what the next start of the window speaks.
+    void setLanguage(const QString& name);
+    QString language() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -100,7 +105,8 @@ private:
     QLabel* mQueued = nullptr;
     QLabel* mMessage = nullptr;
     QLabel* mRefreshed = nullptr;
-    QLabel* mLost = nullptr; ///< seen while the ledger cannot be read
+    QLabel* mLost = nullptr;     ///< seen while the ledger cannot be read
+    HelpWindow* mHelp = nullptr; ///< once it was asked for
     HaltButton* mHalt = nullptr;
     QTimer* mFollowing = nullptr;
 };

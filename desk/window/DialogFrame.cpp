@@ -3,13 +3,17 @@
 #include "desk/probe/DialogProbe.h"
 #include "desk/window/DeskPrompts.h"
 #include "desk/window/DeskSettings.h"
+#include "desk/window/ImportColumns.h"
+#include "desk/window/StrategyFinder.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/widgets/PlainToolTip.h"
 #include "host/AlgoConstants.h"
 #include "host/AlgoTradeLogicNew.h"
 #include "host/SolveyAccountComboBox.h"
+#include "host/SolveyDecimalLineEdit.h"
 #include "host/ZelMessageBox.h"
 #include "host/ZelTableView.h"
+#include "words/Words.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -22,6 +26,7 @@
 namespace {
 
 constexpr int WidestAccountBox = 240; // pixels; name and number together are longer than the form allows for
+constexpr int WidestStrategyBox = 220;
 
 } // namespace
 
@@ -36,10 +41,11 @@ DialogFrame::DialogFrame(EmbeddedHost& host, DeskPrompts& prompts, QWidget* pare
 QWidget* DialogFrame::makeClosedPage()
 {
     auto* page = new QWidget;
-    auto* text = new QLabel(QStringLiteral("批量导入已关闭。可在“算法实例”中查看已创建的实例。"), page);
+    auto* text = new QLabel(Words::tr("批量导入已关闭。可在“算法实例”中查看已创建的实例。"), page);
     text->setProperty("role", QStringLiteral("caption"));
-    auto* again = new QPushButton(QStringLiteral("新建批量导入"), page);
+    auto* again = new QPushButton(Words::tr("新建批量导入"), page);
     again->setObjectName(QStringLiteral("button_open"));
+    again->setToolTip(Words::tr("打开一个新的批量导入 (Ctrl+N)"));
     connect(again, &QPushButton::clicked, this, &DialogFrame::open);
     auto* column = new QVBoxLayout(page);
     column->addStretch();
@@ -52,7 +58,7 @@ QWidget* DialogFrame::makeClosedPage()
 void DialogFrame::open()
 {
     if (mDialog) {
-        emit said(QStringLiteral("批量导入已经打开"));
+        emit said(Words::tr("批量导入已经打开"));
         return;
     }
     mDialog = new AlgoBatchImportParamSetting(this, SelectableStrategy);
@@ -63,10 +69,14 @@ void DialogFrame::open()
     }
     mDialog->CreateStrategyInitWidget(strategy);
     dressAccountBox();
-    table()->setEmptyText(QStringLiteral("尚未导入\n按“导入算法”选择文件，或把文件拖到窗口上"));
-    table()->setAccessibleName(QStringLiteral("参数表"));
+    dressStrategyBox();
+    nameParts();
+    table()->setEmptyText(Words::tr("尚未导入\n按“导入算法”选择文件，或把文件拖到窗口上"));
+    table()->setAccessibleName(Words::tr("参数表"));
+    mColumns = new ImportColumns(mHost, table());
     listenToButtons();
     listenToBoxes();
+    mColumns->apply();
     addWidget(mDialog);
     setCurrentWidget(mDialog);
     emit opened();
@@ -77,10 +87,44 @@ void DialogFrame::dressAccountBox()
     SolveyAccountComboBox* accounts = &probe().accounts();
     const auto showWhole = [accounts] { accounts->setToolTip(plainToolTip(accounts->currentText())); };
     connect(accounts, &QComboBox::currentTextChanged, accounts, showWhole);
-    accounts->setAccessibleName(QStringLiteral("账户名称"));
     accounts->SetCurTradingAccount(DeskSettings(mHost).lastAccount());
     accounts->setMinimumWidth(qMin(accounts->sizeHint().width(), WidestAccountBox));
     showWhole();
+}
+
+void DialogFrame::dressStrategyBox()
+{
+    QComboBox* strategies = &probe().strategies();
+    mFinder = new StrategyFinder(strategies);
+    strategies->setMinimumWidth(qMin(strategies->sizeHint().width(), WidestStrategyBox));
+}
+
+/// What a screen reader says of the form, and what the pointer is told: the texts on it stay the dialog's
+/// own.
+void DialogFrame::nameParts()
+{
+    const DialogProbe parts = probe();
+    for (const DialogProbe::Caption& caption : parts.captions()) {
+        caption.label.setBuddy(&caption.control);
+    }
+    parts.accounts().setAccessibleName(Words::tr("账户名称"));
+    parts.strategies().setAccessibleName(Words::tr("算法类型"));
+    parts.expectedBuy().box.setAccessibleName(Words::tr("预计买入金额"));
+    parts.expectedSell().box.setAccessibleName(Words::tr("预计卖出金额"));
+    parts.expectedBuy().warning.setAccessibleName(Words::tr("预计买入金额不全：有标的没有行情"));
+    parts.expectedSell().warning.setAccessibleName(Words::tr("预计卖出金额不全：有标的没有行情"));
+    parts.importButton().setToolTip(Words::tr("选择文件并导入 (Ctrl+O)"));
+    parts.templateButton().setToolTip(Words::tr("把当前算法或全部算法的模板保存为文件"));
+    parts.confirmButton().setToolTip(Words::tr("核对并创建这一批 (Ctrl+Enter)"));
+    parts.cancelButton().setToolTip(Words::tr("关闭批量导入，表格中的批次不再保留"));
+}
+
+void DialogFrame::findStrategy()
+{
+    if (!mDialog) {
+        open();
+    }
+    mFinder->open();
 }
 
 void DialogFrame::listenToButtons()
@@ -98,12 +142,12 @@ void DialogFrame::listenToBoxes()
 {
     QComboBox* strategies = &probe().strategies();
     SolveyAccountComboBox* accounts = &probe().accounts();
-    strategies->setAccessibleName(QStringLiteral("算法类型"));
     strategies->installEventFilter(this);
     // This signal comes before the change of text, at which the dialog throws its batch away.
     connect(strategies, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &DialogFrame::guardStrategy);
     connect(strategies, &QComboBox::currentTextChanged, this, &DialogFrame::strategyChanged);
+    connect(strategies, &QComboBox::currentTextChanged, mColumns, &ImportColumns::apply);
     accounts->installEventFilter(this);
     // This signal comes before the change of text, for which the dialog checks the batch again.
     connect(accounts, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
@@ -193,9 +237,9 @@ void DialogFrame::importFile(const QString& path)
 void DialogFrame::confirm()
 {
     if (!mDialog) {
-        emit said(QStringLiteral("批量导入已关闭，没有可提交的批次"));
+        emit said(Words::tr("批量导入已关闭，没有可提交的批次"));
     } else if (!probe().confirmButton().isEnabled()) {
-        emit said(QStringLiteral("“确定”不可用：请先按提示改正，或重新导入"));
+        emit said(Words::tr("“确定”不可用：请先按提示改正，或重新导入"));
     } else {
         probe().confirmButton().click();
     }
@@ -213,6 +257,7 @@ void DialogFrame::endImport()
     const bool started = mSubject == Subject::File; // not where the user chose no file
     mSubject = Subject::Nothing;
     QApplication::restoreOverrideCursor();
+    mColumns->apply();
     if (started) {
         emit importEnded();
     }

@@ -13,6 +13,8 @@ class DeskPrompts;
 class DialogFaults;
 class DialogProbe;
 class EmbeddedHost;
+class ImportColumns;
+class StrategyFinder;
 class ZelTableView;
 
 /// The dialog's place on the desk, or a page that offers a new one while it is closed. It does for the dialog
@@ -56,6 +58,8 @@ public slots:
     void close();
     /// Chooses a strategy by its code; opens the dialog where it is closed.
     void chooseStrategy(const QString& code);
+    /// Finds a strategy by its code or name.
+    void findStrategy();
     /// Presses the dialog's import button; the user is asked for a file.
     void import();
     /// The same with a file at hand.
@@ -88,6 +92,8 @@ protected:
 private:
     QWidget* makeClosedPage();
     void dressAccountBox();
+    void dressStrategyBox();
+    void nameParts();
     void listenToButtons();
     void listenToBoxes();
     void startImport(const QString& path);
@@ -100,6 +106,8 @@ private:
     EmbeddedHost& mHost;
     DeskPrompts& mPrompts;
     QPointer<AlgoBatchImportParamSetting> mDialog;
+    QPointer<ImportColumns> mColumns; ///< of the open dialog's table
+    QPointer<StrategyFinder> mFinder; ///< of the open dialog's box
     Subject mSubject = Subject::Nothing;
     std::function<bool()> mGuard;
 };

@@ -4,6 +4,7 @@
 #include "embedded_host/widgets/PlainToolTip.h"
 #include "table/CellAddress.h"
 #include "table/FaultCatalogue.h"
+#include "words/Language.h"
 #include "words/Words.h"
 
 #include <QFont>
@@ -48,7 +49,7 @@ void FileGridModel::setProblems(const Problems& problems)
         }
         Mark& mark = mMarks[{row, problem.column < 0 ? WholeRow : problem.column}];
         mark.severity = qMax(mark.severity, problem.fault.severity);
-        mark.reasons.append(table::sentence(problem.fault).simplified());
+        mark.reasons.append(words::sentence(problem.fault).simplified());
     }
     tellChanged();
 }

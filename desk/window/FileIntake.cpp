@@ -89,9 +89,8 @@ bool FileIntake::prepare(const QString& path, const QString& strategy)
     }
     mExpected.reset();
     const bool asks = std::exchange(mAsks, false);
-    const bool isRead = item.offered > 0
-                            ? readRest(item)
-                            : read(item, strategyOf(mHost.referenceData(), strategy), asks);
+    const bool isRead =
+        item.offered > 0 ? readRest(item) : read(item, strategyOf(mHost.referenceData(), strategy), asks);
     mIsSettled = isRead || mIsSettled;
     return isRead;
 }

@@ -1,5 +1,6 @@
 #include "desk/window/FilteredTable.h"
 
+#include "desk/window/ColumnMenu.h"
 #include "desk/window/ListProxy.h"
 #include "desk/window/ProgressDelegate.h"
 #include "embedded_host/EmbeddedHost.h"
@@ -8,6 +9,7 @@
 #include "embedded_host/widgets/TableBehaviour.h"
 #include "files/CsvText.h"
 #include "files/Save.h"
+#include "words/Words.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -29,8 +31,8 @@ constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the 
 
 } // namespace
 
-FilteredTable::FilteredTable(ListModel* source, const Words& words, UserPrompts& prompts, QWidget* parent)
-    : QWidget(parent), mSource(source), mWords(words), mPrompts(prompts), mProxy(new ListProxy(this)),
+FilteredTable::FilteredTable(ListModel* source, const Name& name, UserPrompts& prompts, QWidget* parent)
+    : QWidget(parent), mSource(source), mName(name), mPrompts(prompts), mProxy(new ListProxy(this)),
       mView(new QTableView(this)), mFilter(new QLineEdit(this)), mCount(new QLabel(this)),
       mToolRow(makeToolRow()), mBehaviour(new TableBehaviour(mView, mProxy))
 {
@@ -39,8 +41,8 @@ FilteredTable::FilteredTable(ListModel* source, const Words& words, UserPrompts&
     mProxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
     mProxy->setSortRole(ListModel::PlainRole);
     mBehaviour->setSortable(true);
-    mBehaviour->setEmptyText(words.emptyText);
-    mView->setAccessibleName(words.name);
+    mBehaviour->setEmptyText(name.emptyText);
+    mView->setAccessibleName(name.shown);
     mView->setSelectionBehavior(QAbstractItemView::SelectRows);
     mView->setSelectionMode(QAbstractItemView::ExtendedSelection);
 
@@ -49,6 +51,8 @@ FilteredTable::FilteredTable(ListModel* source, const Words& words, UserPrompts&
     column->setSpacing(4);
     column->addLayout(mToolRow);
     column->addWidget(mView, 1);
+    orderTabs();
+    new ColumnMenu(mView);
 
     connect(mFilter, &QLineEdit::textChanged, this, &FilteredTable::applyFilter);
     for (auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
@@ -64,8 +68,8 @@ FilteredTable::FilteredTable(ListModel* source, const Words& words, UserPrompts&
 
 QHBoxLayout* FilteredTable::makeToolRow()
 {
-    mFilter->setPlaceholderText(QStringLiteral("筛选 (Ctrl+F)"));
-    mFilter->setAccessibleName(QStringLiteral("筛选") + mWords.name);
+    mFilter->setPlaceholderText(Words::tr("筛选 (Ctrl+F)"));
+    mFilter->setAccessibleName(Words::tr("筛选%1").arg(mName.shown));
     mFilter->setClearButtonEnabled(true);
     mFilter->setMaximumWidth(FilterWidth);
     mCount->setProperty("role", QStringLiteral("caption"));
@@ -74,10 +78,12 @@ QHBoxLayout* FilteredTable::makeToolRow()
     row->addWidget(mFilter, 1);
     row->addWidget(mCount);
     row->addStretch(1);
-    QPushButton* copyButton = makeButton(QStringLiteral("复制"), QStringLiteral("button_copy"));
-    QPushButton* exportButton = makeButton(QStringLiteral("导出"), QStringLiteral("button_export"));
+    QPushButton* copyButton = makeButton(Words::tr("复制"), QStringLiteral("button_copy"));
+    QPushButton* exportButton = makeButton(Words::tr("导出"), QStringLiteral("button_export"));
     connect(copyButton, &QPushButton::clicked, this, &FilteredTable::copy);
     connect(exportButton, &QPushButton::clicked, this, &FilteredTable::exportRows);
+    copyButton->setToolTip(Words::tr("复制所选行；没有选择时复制全部 (Ctrl+C)"));
+    exportButton->setToolTip(Words::tr("把列表按所见存为 csv 文件 (Ctrl+E)"));
     row->addWidget(copyButton);
     row->addWidget(exportButton);
     return row;
@@ -87,7 +93,8 @@ QPushButton* FilteredTable::makeButton(const QString& text, const QString& objec
 {
     auto* button = new QPushButton(text, this);
     button->setObjectName(objectName);
-    button->setAccessibleName(text + mWords.name);
+    button->setAccessibleName(Words::tr("%1%2").arg(text, mName.shown));
+    button->setToolTip(button->accessibleName()); // unless the list knows more
     return button;
 }
 
@@ -95,7 +102,22 @@ QPushButton* FilteredTable::addButton(const QString& text, const QString& object
 {
     QPushButton* button = makeButton(text, objectName);
     mToolRow->insertWidget(FirstButtonPlace + 1 + mAddedButtons++, button); // after the stretch
+    orderTabs();
     return button;
+}
+
+/// As on the screen: the row above the table from left to right, then the table.
+void FilteredTable::orderTabs()
+{
+    QWidget* before = nullptr;
+    for (int place = 0; place < mToolRow->count(); ++place) {
+        QWidget* next = mToolRow->itemAt(place)->widget();
+        if (next != nullptr && next->focusPolicy() != Qt::NoFocus) {
+            setTabOrder(before == nullptr ? next : before, next);
+            before = next;
+        }
+    }
+    setTabOrder(before, mView);
 }
 
 void FilteredTable::setColoursOf(EmbeddedHost& host)
@@ -267,27 +289,26 @@ void FilteredTable::copy()
         mView->selectAll();
     }
     mBehaviour->copySelection();
-    emit said(QStringLiteral("已复制 %1 行").arg(mView->selectionModel()->selectedRows().size()));
+    emit said(Words::tr("已复制 %1 行").arg(mView->selectionModel()->selectedRows().size()));
 }
 
 void FilteredTable::exportRows()
 {
     const QString path =
-        mPrompts.chooseSaveFile(this, QStringLiteral("导出") + mWords.name,
-                                mWords.name + QStringLiteral(".csv"), QStringLiteral("csv 文件 (*.csv)"));
+        mPrompts.chooseSaveFile(this, Words::tr("导出%1").arg(mName.shown),
+                                mName.shown + QStringLiteral(".csv"), Words::tr("csv 文件 (*.csv)"));
     if (path.isEmpty()) {
         return;
     }
     const QString missing = fetchAll();
     if (!missing.isEmpty()) {
-        emit said(QStringLiteral("未导出：%1").arg(missing));
+        emit said(Words::tr("未导出：%1").arg(missing));
         return;
     }
     const Outcome<void> saved = files::save(path, files::csvText(shownRows()));
-    const QString done =
-        mSource->canFetchMore({})
-            ? QStringLiteral("列表过长，只导出了前 %1 行：%2").arg(mSource->rowCount()).arg(path)
-            : QStringLiteral("已导出到 %1").arg(path);
+    const QString done = mSource->canFetchMore({})
+                             ? Words::tr("列表过长，只导出了前 %1 行：%2").arg(mSource->rowCount()).arg(path)
+                             : Words::tr("已导出到 %1").arg(path);
     emit said(saved.ok() ? done : files::cannotWrite(path, saved.error));
 }
 
@@ -308,9 +329,9 @@ void FilteredTable::showCount()
     const int shown = mProxy->rowCount();
     const bool isWhole = !mSource->canFetchMore({});
     if (shown == all) {
-        mCount->setText((isWhole ? QStringLiteral("共 %1 行") : QStringLiteral("前 %1 行")).arg(all));
+        mCount->setText((isWhole ? Words::tr("共 %1 行") : Words::tr("前 %1 行")).arg(all));
     } else {
-        const QString text = isWhole ? QStringLiteral("%1 / %2 行") : QStringLiteral("%1 / 前 %2 行");
+        const QString text = isWhole ? Words::tr("%1 / %2 行") : Words::tr("%1 / 前 %2 行");
         mCount->setText(text.arg(shown).arg(all));
     }
 }

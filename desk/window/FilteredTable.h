@@ -25,12 +25,12 @@ class FilteredTable : public QWidget {
 
 public:
     /// What the list is called, in the user's words, and what it says while it is empty.
-    struct Words {
-        QString name;
+    struct Name {
+        QString shown;
         QString emptyText;
     };
 
-    FilteredTable(ListModel* source, const Words& words, UserPrompts& prompts, QWidget* parent = nullptr);
+    FilteredTable(ListModel* source, const Name& name, UserPrompts& prompts, QWidget* parent = nullptr);
 
     QTableView* view() const { return mView; }
     QLineEdit* filter() const { return mFilter; }
@@ -90,12 +90,13 @@ signals:
 private:
     QHBoxLayout* makeToolRow();
     QPushButton* makeButton(const QString& text, const QString& objectName);
+    void orderTabs();
     void applyFilter(const QString& text);
     void showCount();
     QString fetchAll();
 
     ListModel* mSource;
-    Words mWords;
+    Name mName;
     UserPrompts& mPrompts;
     ListProxy* mProxy;
     QTableView* mView;

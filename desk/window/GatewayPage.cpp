@@ -30,20 +30,22 @@ const QString Clock = QStringLiteral("HH:mm:ss");
 
 QString shownState(const QString& state)
 {
-    static const QMap<QString, QString> shown = {{QStringLiteral("connected"), QStringLiteral("正在登录")},
-                                                 {LoggedOn, QStringLiteral("已登录")},
-                                                 {QStringLiteral("loggedOut"), QStringLiteral("已登出")},
-                                                 {QStringLiteral("disconnected"), QStringLiteral("已断开")}};
-    return shown.value(state, state);
+    static const QMap<QString, const char*> shown = {
+        {QStringLiteral("connected"), QT_TRANSLATE_NOOP("Words", "正在登录")},
+        {LoggedOn, QT_TRANSLATE_NOOP("Words", "已登录")},
+        {QStringLiteral("loggedOut"), QT_TRANSLATE_NOOP("Words", "已登出")},
+        {QStringLiteral("disconnected"), QT_TRANSLATE_NOOP("Words", "已断开")}};
+    const char* words = shown.value(state);
+    return words == nullptr ? state : Words::tr(words);
 }
 
 QString shownAccounts(const QStringList& accounts)
 {
-    return accounts.contains(QStringLiteral("*")) ? QStringLiteral("全部账户")
-                                                  : QStringLiteral("账户 ") + accounts.join(QLatin1Char(' '));
+    return accounts.contains(QStringLiteral("*")) ? Words::tr("全部账户")
+                                                  : Words::tr("账户 %1").arg(accounts.join(QLatin1Char(' ')));
 }
 
-FilteredTable* tableOf(ListModel* model, const FilteredTable::Words& words, UserPrompts& prompts,
+FilteredTable* tableOf(ListModel* model, const FilteredTable::Name& words, UserPrompts& prompts,
                        EmbeddedHost& host)
 {
     auto* table = new FilteredTable(model, words, prompts);
@@ -57,11 +59,11 @@ FilteredTable* tableOf(ListModel* model, const FilteredTable::Words& words, User
 GatewayPage::GatewayPage(EmbeddedHost& host, const DeskBooks& books, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent), mBooks(books), mLogModel(new WireModel(this)), mFieldsModel(new WireFieldsModel(this)),
       mStraysModel(new StraysModel(this)), mSessions(new QLabel(this)),
-      mLog(tableOf(mLogModel, {QStringLiteral("报文"), QStringLiteral("还没有报文")}, prompts, host)),
-      mFields(tableOf(mFieldsModel, {QStringLiteral("报文字段"), QStringLiteral("选择一条报文查看字段")},
-                      prompts, host)),
-      mStrays(tableOf(mStraysModel, {QStringLiteral("未计入的回报"), QStringLiteral("没有未计入的回报")},
-                      prompts, host))
+      mLog(tableOf(mLogModel, {Words::tr("报文"), Words::tr("还没有报文")}, prompts, host)),
+      mFields(
+          tableOf(mFieldsModel, {Words::tr("报文字段"), Words::tr("选择一条报文查看字段")}, prompts, host)),
+      mStrays(
+          tableOf(mStraysModel, {Words::tr("未计入的回报"), Words::tr("没有未计入的回报")}, prompts, host))
 {
     mSessions->setObjectName(QStringLiteral("label_sessions"));
     mSessions->setTextFormat(Qt::PlainText);
@@ -145,8 +147,7 @@ void GatewayPage::showSessions()
         lines.append(lineOf(gateway));
     }
     if (lines.isEmpty()) {
-        lines.append(status.ok() ? QStringLiteral("没有登记的网关：已启动的实例不会发往对手方")
-                                 : status.error);
+        lines.append(status.ok() ? Words::tr("没有登记的网关：已启动的实例不会发往对手方") : status.error);
     }
     mSessions->setText(lines.join(QLatin1Char('\n')));
 }
@@ -157,9 +158,9 @@ QString GatewayPage::lineOf(const ledger::Gateway& gateway) const
                         : gateway.state == LoggedOn ? QString()
                                                     : whyLoggedOut(gateway.session);
     const QString state = gateway.isGone ? Words::tr("网关已不在") : shownState(gateway.state);
-    return QStringLiteral("%1　%2　%3%4，自 %5　%6")
+    return Words::tr("%1　%2　%3%4，自 %5　%6")
         .arg(gateway.session, shownAccounts(gateway.accounts), state,
-             why.isEmpty() ? why : QStringLiteral("（%1）").arg(why),
+             why.isEmpty() ? why : Words::tr("（%1）").arg(why),
              gateway.since.toLocalTime().toString(QStringLiteral("MM-dd HH:mm:ss")),
              lastMessageOf(gateway.session));
 }
@@ -191,9 +192,8 @@ QString GatewayPage::lastMessageOf(const QString& session) const
         return {};
     }
     const QString type = wire_text::valueOf(wire_text::fieldsOf(last->text), MessageType);
-    return QStringLiteral("最近消息 %1 %2 %3")
-        .arg(last->at.toLocalTime().toString(Clock),
-             last->isOutgoing ? QStringLiteral("发出") : QStringLiteral("收到"),
+    return Words::tr("最近消息 %1 %2 %3")
+        .arg(last->at.toLocalTime().toString(Clock), last->isOutgoing ? Words::tr("发出") : Words::tr("收到"),
              wire_text::messageName(type));
 }
 

@@ -2,6 +2,7 @@
 
 #include "embedded_host/widgets/PlainToolTip.h"
 #include "host/ZelMessageBox.h"
+#include "words/Words.h"
 
 #include <QDialog>
 
@@ -29,12 +30,13 @@ void HaltButton::refresh()
         mIsHalted = false;
         for (const ledger::Halt& halt : status.value.halts) {
             mIsHalted = mIsHalted || halt.account == Everyone;
-            const QString whom = halt.account == Everyone ? QStringLiteral("全部账户") : halt.account;
-            mReasons += QStringLiteral("%1：%2（%3）\n").arg(whom, halt.reason, halt.by);
+            const QString whom = halt.account == Everyone ? Words::tr("全部账户") : halt.account;
+            mReasons += Words::tr("%1：%2（%3）\n").arg(whom, halt.reason, halt.by);
         }
     }
-    setText(mIsHalted ? QStringLiteral("恢复交易…") : QStringLiteral("停止交易"));
-    setToolTip(mReasons.isEmpty() ? QString() : plainToolTip(mReasons.trimmed()));
+    setText(mIsHalted ? Words::tr("恢复交易…") : Words::tr("停止交易"));
+    setToolTip(mReasons.isEmpty() ? Words::tr("停止全部账户的创建和发送，并要求撤销运行中的委托")
+                                  : plainToolTip(mReasons.trimmed()));
 }
 
 void HaltButton::press()
@@ -44,18 +46,18 @@ void HaltButton::press()
         return;
     }
     const bool wasHalted = mIsHalted;
-    const Outcome<void> done = wasHalted ? mBooks.ledger->resume(Everyone, QStringLiteral("交易台按钮"))
-                                         : mBooks.ledger->halt(Everyone, QStringLiteral("交易台按钮"));
+    const Outcome<void> done = wasHalted ? mBooks.ledger->resume(Everyone, Words::tr("交易台按钮"))
+                                         : mBooks.ledger->halt(Everyone, Words::tr("交易台按钮"));
     refresh();
     emit said(!done.ok()  ? done.error
-              : wasHalted ? QStringLiteral("交易已恢复")
-                          : QStringLiteral("交易已停止：不再创建和发送，运行中的委托已要求撤单"));
+              : wasHalted ? Words::tr("交易已恢复")
+                          : Words::tr("交易已停止：不再创建和发送，运行中的委托已要求撤单"));
 }
 
 bool HaltButton::wantsToResume()
 {
-    ZelMessageBox box(QStringLiteral("恢复交易"),
-                      QStringLiteral("恢复全部账户的创建和发送？\n%1").arg(mReasons.trimmed()),
+    ZelMessageBox box(Words::tr("恢复交易"),
+                      Words::tr("恢复全部账户的创建和发送？\n%1").arg(mReasons.trimmed()),
                       ZelMessageBox::Question, this);
     return box.showModally() == QDialog::Accepted;
 }

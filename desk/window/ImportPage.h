@@ -152,7 +152,7 @@ private:
     QSplitter* mSplitter;
     ImportedFile mFile;
     FileDigest mDigest;
-    std::optional<qint64> mComparedWith; ///< the batch of the diff
+    std::optional<qint64> mComparedWith;    ///< the batch of the diff
     std::optional<table::Table> mClipboard; ///< that is imported next
     bool mIsCreated = false;                ///< what is on screen
     bool mIsReloading = false;

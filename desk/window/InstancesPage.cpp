@@ -24,8 +24,8 @@ InstancesPage::InstancesPage(EmbeddedHost& host, const DeskBooks& books, UserPro
       mModel(new InstancesModel(
           [this](const QString& symbol) { return nameOf(symbol); },
           [&host](const QString& symbol) { return host.referenceData().priceDecimals(symbol); }, this)),
-      mTable(new FilteredTable(mModel, {QStringLiteral("算法实例"), QString()}, prompts, this)),
-      mAllBatches(mTable->addButton(QStringLiteral("显示全部批次"), QStringLiteral("button_allBatches"))),
+      mTable(new FilteredTable(mModel, {Words::tr("算法实例"), QString()}, prompts, this)),
+      mAllBatches(mTable->addButton(Words::tr("显示全部批次"), QStringLiteral("button_allBatches"))),
       mActions(new InstanceActions(books, *mModel, *mTable)), mResults(new QPlainTextEdit(this))
 {
     mTable->setColoursOf(host);
@@ -110,7 +110,7 @@ QString InstancesPage::error() const
 
 void InstancesPage::tellState()
 {
-    mTable->setEmptyText(error().isEmpty() ? QStringLiteral("还没有实例") : error());
+    mTable->setEmptyText(error().isEmpty() ? Words::tr("还没有实例") : error());
     mTable->fitColumnsOnce();
     if (!error().isEmpty()) {
         emit said(error());

@@ -15,6 +15,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), mText(new QLabel(this)),
     mText->setTextFormat(Qt::PlainText);
     mAct->setObjectName(QStringLiteral("button_noticeBatch"));
     auto* close = new QPushButton(Words::tr("知道了"), this);
+    close->setToolTip(Words::tr("收起这条通知"));
     close->setObjectName(QStringLiteral("button_noticeClose"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(10, 4, 10, 4);

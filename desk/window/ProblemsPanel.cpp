@@ -9,6 +9,7 @@
 #include "table/CellAddress.h"
 #include "table/CheckRules.h"
 #include "table/FaultCatalogue.h"
+#include "words/Language.h"
 #include "words/Words.h"
 
 #include <QHBoxLayout>
@@ -364,7 +365,7 @@ void ProblemsPanel::step(int by)
     const Problem& problem = mProblems.at(shown.at(place));
     emit said(Words::tr("问题 %1 / %2：%3")
                   .arg(QString::number(place + 1), QString::number(shown.size()),
-                       table::sentence(problem.fault).simplified()));
+                       words::sentence(problem.fault).simplified()));
 }
 
 void ProblemsPanel::goToPlace()
@@ -392,7 +393,7 @@ QString ProblemsPanel::detailOf(const Problem& problem) const
 {
     const int at = rowOf(problem.fault);
     if (at < 1) {
-        return table::sentence(problem.fault).simplified();
+        return words::sentence(problem.fault).simplified();
     }
     const QStringList& header = mTableOfFile.rows.first();
     const QStringList& row = mTableOfFile.rows.at(at);

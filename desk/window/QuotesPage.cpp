@@ -6,6 +6,7 @@
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/quotes/QuoteBoard.h"
 #include "host/QuotaFields.h"
+#include "words/Words.h"
 
 #include <QVBoxLayout>
 
@@ -24,8 +25,7 @@ QString priceText(const QMap<QString, QVariant>& quote, const QString& field, in
 QuotesPage::QuotesPage(EmbeddedHost& host, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent), mHost(host), mModel(new QuotesModel(this)),
       mTable(new FilteredTable(
-          mModel, {QStringLiteral("行情"), QStringLiteral("导入一个批次后，其中证券的行情显示在这里")},
-          prompts, this))
+          mModel, {Words::tr("行情"), Words::tr("导入一个批次后，其中证券的行情显示在这里")}, prompts, this))
 {
     mTable->setColoursOf(host);
     auto* column = new QVBoxLayout(this);

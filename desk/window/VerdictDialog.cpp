@@ -46,7 +46,7 @@ VerdictDialog::VerdictDialog(const verdict::Judgement& judgement, const QList<qi
                              QWidget* parent)
     : QDialog(parent), mJudgement(judgement)
 {
-    setWindowTitle(QStringLiteral("创建前检查"));
+    setWindowTitle(Words::tr("创建前检查"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setMinimumWidth(Width);
     auto* column = new QVBoxLayout(this);
@@ -130,10 +130,9 @@ void VerdictDialog::build()
     if (mJudgement.isEmpty()) {
         refusals.append(verdict::objection(mJudgement, {}));
     }
-    addText(column, QStringLiteral("不能创建"), refusals, QStringLiteral("error"));
+    addText(column, Words::tr("不能创建"), refusals, QStringLiteral("error"));
     addQuestions(column);
-    addText(column, QStringLiteral("提示"), textsOf(mJudgement.linesWith(Action::Tell)),
-            QStringLiteral("notice"));
+    addText(column, Words::tr("提示"), textsOf(mJudgement.linesWith(Action::Tell)), QStringLiteral("notice"));
     addAmount(column);
     addButtons(column);
     showWhetherAllowed();
@@ -156,18 +155,18 @@ void VerdictDialog::addSummary(QVBoxLayout* column)
     const ledger::BatchDraft& draft = mJudgement.review.draft;
     const ledger::Verdict& verdict = mJudgement.review.verdict;
     column->addWidget(
-        makeLabel(QStringLiteral("%1 · %2 · %3 个实例")
+        makeLabel(Words::tr("%1 · %2 · %3 个实例")
                       .arg(draft.account, draft.strategy, QString::number(draft.instances.size())),
                   QStringLiteral("heading"), mBody));
     auto* amounts = new QHBoxLayout;
     amounts->setSpacing(24);
-    amounts->addWidget(makeLabel(QStringLiteral("买入合计 %1 元").arg(verdict.grossBuy.shown(2)),
-                                 QStringLiteral("buy"), mBody));
-    amounts->addWidget(makeLabel(QStringLiteral("卖出合计 %1 元").arg(verdict.grossSell.shown(2)),
+    amounts->addWidget(
+        makeLabel(Words::tr("买入合计 %1 元").arg(verdict.grossBuy.shown(2)), QStringLiteral("buy"), mBody));
+    amounts->addWidget(makeLabel(Words::tr("卖出合计 %1 元").arg(verdict.grossSell.shown(2)),
                                  QStringLiteral("sell"), mBody));
     amounts->addStretch();
     column->addLayout(amounts);
-    addText(column, QStringLiteral("摘要"), verdict::linesOf(mJudgement.summary), QStringLiteral("summary"));
+    addText(column, Words::tr("摘要"), verdict::linesOf(mJudgement.summary), QStringLiteral("summary"));
 }
 
 void VerdictDialog::addText(QVBoxLayout* column, const QString& title, const QStringList& lines,
@@ -196,7 +195,7 @@ void VerdictDialog::addQuestions(QVBoxLayout* column)
         return;
     }
     column->addSpacing(4);
-    column->addWidget(makeLabel(QStringLiteral("请逐条确认"), QStringLiteral("warning"), mBody));
+    column->addWidget(makeLabel(Words::tr("请逐条确认"), QStringLiteral("warning"), mBody));
     auto* list = new QWidget;
     auto* rows = new QVBoxLayout(list);
     for (const verdict::Line& line : lines) {
@@ -259,27 +258,26 @@ void VerdictDialog::addAmount(QVBoxLayout* column)
         return;
     }
     column->addSpacing(4);
-    column->addWidget(makeLabel(QStringLiteral("金额较大，请再输入一次合计金额（整数元）：%1")
+    column->addWidget(makeLabel(Words::tr("金额较大，请再输入一次合计金额（整数元）：%1")
                                     .arg(ledger::Decimal(verdict.confirmationAmount).shown(0)),
                                 QStringLiteral("heading"), mBody));
     mAmount = new QLineEdit(mBody);
     mAmount->setObjectName(QStringLiteral("edit_amount"));
-    mAmount->setAccessibleName(QStringLiteral("合计金额"));
+    mAmount->setAccessibleName(Words::tr("合计金额"));
     connect(mAmount, &QLineEdit::textChanged, this, &VerdictDialog::showWhetherAllowed);
     column->addWidget(mAmount);
 }
 
 void VerdictDialog::addButtons(QVBoxLayout* column)
 {
-    mCancel = new QPushButton(isForbidden() ? QStringLiteral("关闭") : QStringLiteral("取消"), mBody);
+    mCancel = new QPushButton(isForbidden() ? Words::tr("关闭") : Words::tr("取消"), mBody);
     mCancel->setObjectName(QStringLiteral("button_cancel"));
     mCancel->setAutoDefault(false);
     connect(mCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addStretch();
     if (!isForbidden()) {
-        mCreate = new QPushButton(mQuestions.isEmpty() ? QStringLiteral("创建") : QStringLiteral("仍然创建"),
-                                  mBody);
+        mCreate = new QPushButton(mQuestions.isEmpty() ? Words::tr("创建") : Words::tr("仍然创建"), mBody);
         mCreate->setObjectName(QStringLiteral("button_create"));
         mCreate->setAutoDefault(false);
         connect(mCreate, &QPushButton::clicked, this, &QDialog::accept);

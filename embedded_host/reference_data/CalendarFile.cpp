@@ -3,6 +3,7 @@
 #include "embedded_host/reference_data/CsvTable.h"
 #include "embedded_host/reference_data/ReferenceFile.h"
 #include "embedded_host/reference_data/ReferenceFolder.h"
+#include "words/Words.h"
 
 namespace {
 
@@ -15,14 +16,12 @@ constexpr qint64 MostBytes = 1024 * 1024;
 
 QString notDate(const QString& column, const QString& cell)
 {
-    return QStringLiteral("%1 应为 yyyy-MM-dd 的日期：%2").arg(column, cell);
+    return Words::tr("%1 应为 yyyy-MM-dd 的日期：%2").arg(column, cell);
 }
 
 QString notSessions(const QString& cell)
 {
-    return QStringLiteral("sessions 应为 HH:mm-HH:mm，多段以竖线分隔，至多 %1 段：%2")
-        .arg(MostSessions)
-        .arg(cell);
+    return Words::tr("sessions 应为 HH:mm-HH:mm，多段以竖线分隔，至多 %1 段：%2").arg(MostSessions).arg(cell);
 }
 
 ReferenceColumn<Row> textColumn(const char* name, QString Row::*field, ReferenceColumn<Row>::Kind kind)
@@ -93,12 +92,12 @@ const ReferenceTable<Row>& calendarTable()
 QString faultOf(const QList<Row>& rows, const QString& path)
 {
     if (rows.size() > MostRows) {
-        return reference_faults::at(path, 1, QStringLiteral("超过 %1 行").arg(MostRows));
+        return reference_faults::at(path, 1, Words::tr("超过 %1 行").arg(MostRows));
     }
     for (const Row& row : rows) {
         if (row.to < row.from || row.from.daysTo(row.to) > LongestSpan) {
             return reference_faults::at(path, 1,
-                                        QStringLiteral("%1 至 %2 的天数应在 1 到 %3 之间")
+                                        Words::tr("%1 至 %2 的天数应在 1 到 %3 之间")
                                             .arg(row.from.toString(Qt::ISODate), row.to.toString(Qt::ISODate))
                                             .arg(LongestSpan));
         }

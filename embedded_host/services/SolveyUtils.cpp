@@ -2,6 +2,7 @@
 
 #include "embedded_host/services/Record.h"
 #include "embedded_host/table_reader/TableReader.h"
+#include "words/Words.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -16,13 +17,13 @@ QString nameFilter(ExportFileFormat format)
 {
     switch (format) {
     case ExportFileFormat::Csv:
-        return QStringLiteral("文本表格 (*.csv *.txt *.tsv);;所有文件 (*)");
+        return Words::tr("文本表格 (*.csv *.txt *.tsv);;所有文件 (*)");
     case ExportFileFormat::Spreadsheet:
-        return QStringLiteral("电子表格 (*.xlsx *.xlsm *.xls *.ods);;所有文件 (*)");
+        return Words::tr("电子表格 (*.xlsx *.xlsm *.xls *.ods);;所有文件 (*)");
     case ExportFileFormat::AllTables:
         break;
     }
-    return QStringLiteral("表格文件 (*.csv *.txt *.tsv *.xlsx *.xlsm *.xls *.ods);;所有文件 (*)");
+    return Words::tr("表格文件 (*.csv *.txt *.tsv *.xlsx *.xlsm *.xls *.ods);;所有文件 (*)");
 }
 
 /// The window over which a pop-up is centred: its parent's, else the active one; null where there is neither.

@@ -2,6 +2,7 @@
 
 #include "table/CellAddress.h"
 #include "table/FaultCatalogue.h"
+#include "words/Words.h"
 
 namespace table_lint {
 
@@ -11,7 +12,7 @@ namespace {
 Finding made(const QString& rule, const QString& text, const QStringList& suggestions)
 {
     Finding finding;
-    finding.fault = table::fault(rule, {text, suggestions.join(QStringLiteral("，"))});
+    finding.fault = table::fault(rule, {text, suggestions.join(Words::tr("，"))});
     finding.fault.cell = text;
     finding.suggestions = suggestions;
     return finding;

@@ -4,6 +4,7 @@
 #include "table/CellAddress.h"
 #include "table/CheckRules.h"
 #include "table/HarmlessCell.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -247,7 +248,7 @@ private:
             names.append(strategy.second);
         }
         mFindings.ofCell(rule::OtherStrategy, 0, qMax(0, mHeader.indexOf(because.first())),
-                         because.join(QStringLiteral("、")), names);
+                         because.join(Words::tr("、")), names);
     }
 
     const table::Table& mTable;

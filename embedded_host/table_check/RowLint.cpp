@@ -26,7 +26,8 @@ bool tellsOrdersApart(const QString& column)
 /// Cells that harm nobody where they are empty.
 bool isForPeople(const QString& column)
 {
-    return column.isEmpty() || column == QLatin1String("证券名称") || column.contains(QStringLiteral("备注"));
+    return column.isEmpty() || column == QStringLiteral("证券名称") ||
+           column.contains(QStringLiteral("备注"));
 }
 
 bool isFilled(const QString& cell)
@@ -161,7 +162,7 @@ QStringList RowLint::orderOf(const QStringList& cells) const
         const double number = cell.toDouble(&isNumber);
         order << title << (isNumber && !isSecurity ? QString::number(number, 'g', 15) : cell);
         saysHowMuch = saysHowMuch || (title.startsWith(QStringLiteral("委托数量")) && !cell.isEmpty()) ||
-                      (title == QLatin1String("委托金额") && !cell.isEmpty());
+                      (title == QStringLiteral("委托金额") && !cell.isEmpty());
     }
     return saysHowMuch ? order : QStringList();
 }

@@ -5,6 +5,7 @@
 #include "files/CsvText.h"
 #include "files/Save.h"
 #include "table/CellAddress.h"
+#include "words/Words.h"
 
 #include <xlsxwriter.h>
 
@@ -53,7 +54,7 @@ QString writeXlsx(const QString& path, const QList<QStringList>& table, double l
     QString error;
     const QByteArray bytes = draft.close(error);
     if (!refused.isEmpty()) {
-        return files::cannotWrite(path, QStringLiteral("单元格%1过长").arg(refused));
+        return files::cannotWrite(path, Words::tr("单元格%1过长").arg(refused));
     }
     return error.isEmpty() ? save(path, bytes) : files::cannotWrite(path, error);
 }

@@ -1,6 +1,7 @@
 #include "embedded_host/table_writer/XlsxDraft.h"
 
 #include "embedded_host/table_reader/shared/ZipArchive.h"
+#include "words/Words.h"
 
 #include <xlsxwriter.h>
 
@@ -73,7 +74,7 @@ QByteArray XlsxDraft::close(QString& error)
     const bool closed = workbook != nullptr && workbook_close(workbook) == LXW_NO_ERROR;
     QFile file(mPath);
     if (!closed || !file.open(QIODevice::ReadOnly) || !isWhole(file) || !file.seek(0)) {
-        error = QStringLiteral("临时文件夹%1无法写入或空间不足").arg(QDir::tempPath());
+        error = Words::tr("临时文件夹%1无法写入或空间不足").arg(QDir::tempPath());
         return QByteArray();
     }
     return file.readAll();

@@ -17,7 +17,7 @@ namespace {
 
 bool refuse(QWidget* parent, const QString& reason)
 {
-    ZelMessageBox box(template_texts::ErrorTitle, reason, ZelMessageBox::Error, parent, 0);
+    ZelMessageBox box(template_texts::errorTitle(), reason, ZelMessageBox::Error, parent, 0);
     box.exec();
     return false;
 }
@@ -39,11 +39,11 @@ QList<AesStrategy> strategiesNamed(const QStringList& aliases)
 /// Without an ending: the filter that the user chooses gives one.
 QString suggestedName(const QStringList& aliases)
 {
-    QString names = aliases.join(template_texts::NameSeparator);
+    QString names = aliases.join(template_texts::nameSeparator());
     for (const QChar forbidden : QStringLiteral("/\\:*?\"<>|.")) {
         names.replace(forbidden, QLatin1Char('_'));
     }
-    return template_texts::SuggestedName.arg(names);
+    return template_texts::suggestedName().arg(names);
 }
 
 /// The chosen name was confirmed where it was chosen; every other file is asked about before it is replaced.
@@ -59,8 +59,8 @@ bool mayReplace(QWidget* parent, const QStringList& files, const QString& confir
         return true;
     }
     const QString question =
-        template_texts::ReplaceQuestion.arg(existing.size()).arg(existing.join(QLatin1Char('\n')));
-    ZelMessageBox box(template_texts::SaveTitle, question, ZelMessageBox::Question, parent, 0);
+        template_texts::replaceQuestion().arg(existing.size()).arg(existing.join(QLatin1Char('\n')));
+    ZelMessageBox box(template_texts::saveTitle(), question, ZelMessageBox::Question, parent, 0);
     return box.exec() == QDialog::Accepted;
 }
 
@@ -68,7 +68,7 @@ bool mayReplace(QWidget* parent, const QStringList& files, const QString& confir
 QString askForPath(QWidget* parent, const QStringList& names, const QList<AesStrategy>& strategies)
 {
     const QString chosen = EmbeddedHost::current().prompts()->chooseSaveFile(
-        parent, template_texts::SaveTitle, suggestedName(names), template_texts::SaveFilter);
+        parent, template_texts::saveTitle(), suggestedName(names), template_texts::saveFilter());
     if (chosen.isEmpty()) {
         return QString();
     }
@@ -83,7 +83,7 @@ bool SolveyUtils::DownloadTemplateFile(const QString& fileType, QWidget* parent,
     services::record("SolveyUtils::DownloadTemplateFile", fileType, parent, names);
     const QList<AesStrategy> strategies = strategiesNamed(names);
     if (fileType != SolveyConstants::TemplateFileType::AlgoBatchSingle || strategies.isEmpty()) {
-        return refuse(parent, template_texts::NoStrategy.arg(names.join(template_texts::NameSeparator)));
+        return refuse(parent, template_texts::noStrategy().arg(names.join(template_texts::nameSeparator())));
     }
     const QString path = askForPath(parent, names, strategies);
     if (path.isEmpty()) {

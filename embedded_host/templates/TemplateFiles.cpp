@@ -3,6 +3,7 @@
 #include "embedded_host/templates/TemplateFormats.h"
 #include "embedded_host/templates/TemplateTexts.h"
 #include "files/Save.h"
+#include "words/Words.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -26,15 +27,15 @@ QString obstacle(const QString& path)
     const QFileInfo file(path);
     const QString shown = QDir::toNativeSeparators(path);
     if (file.isDir()) {
-        return template_texts::IsFolder.arg(shown);
+        return template_texts::isFolder().arg(shown);
     }
     if (!file.dir().exists()) {
-        return template_texts::NoFolder.arg(QDir::toNativeSeparators(file.path()));
+        return template_texts::noFolder().arg(QDir::toNativeSeparators(file.path()));
     }
     if (file.exists() && (!file.isWritable() || !file.permission(QFileDevice::WriteOwner))) {
-        return template_texts::ReadOnlyFile.arg(shown);
+        return template_texts::readOnlyFile().arg(shown);
     }
-    return isOpenElsewhere(file) ? template_texts::OpenElsewhere.arg(shown) : QString();
+    return isOpenElsewhere(file) ? template_texts::openElsewhere().arg(shown) : QString();
 }
 
 QString save(const QString& path, const QByteArray& bytes)
@@ -45,7 +46,7 @@ QString save(const QString& path, const QByteArray& bytes)
     }
     const Outcome<void> saved = files::save(path, bytes);
     return saved.ok() ? QString()
-                      : template_texts::WriteFailed.arg(QDir::toNativeSeparators(path), saved.error);
+                      : template_texts::writeFailed().arg(QDir::toNativeSeparators(path), saved.error);
 }
 
 /// "templates.csv" and AITWAP: "templates-AITWAP.csv". A path separator in a code stays out of the name.
@@ -60,7 +61,7 @@ Written writeXlsx(const QString& path, const QList<TemplateSheet>& sheets)
     QString error;
     const QByteArray bytes = xlsxBytes(sheets, error);
     if (!error.isEmpty()) {
-        return {{}, template_texts::WriteFailed.arg(QDir::toNativeSeparators(path), error)};
+        return {{}, template_texts::writeFailed().arg(QDir::toNativeSeparators(path), error)};
     }
     error = save(path, bytes);
     return error.isEmpty() ? Written{{path}, QString()} : Written{{}, error};
@@ -92,7 +93,7 @@ Written writeSheets(const QString& path, const QStringList& csvFiles, QList<Temp
     }
     if (sheets.size() > 1) {
         for (TemplateSheet& sheet : sheets) {
-            sheet.notes.insert(1, template_texts::FirstSheetOnly);
+            sheet.notes.insert(1, template_texts::firstSheetOnly());
         }
     }
     return writeXlsx(path, sheets);
@@ -103,10 +104,10 @@ Written writeSheets(const QString& path, const QStringList& csvFiles, QList<Temp
 Written write(const QString& path, const QList<AesStrategy>& strategies, const QList<Market>& markets)
 {
     if (!isWorkbook(path) && !path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive)) {
-        return {{}, template_texts::UnknownEnding.arg(QDir::toNativeSeparators(path))};
+        return {{}, template_texts::unknownEnding().arg(QDir::toNativeSeparators(path))};
     }
     if (strategies.isEmpty()) {
-        return {{}, template_texts::NoStrategy.arg(QDir::toNativeSeparators(path))};
+        return {{}, template_texts::noStrategy().arg(QDir::toNativeSeparators(path))};
     }
     const QStringList files = filesOf(path, strategies);
     QList<TemplateSheet> sheets;
@@ -123,7 +124,7 @@ Written write(const QString& path, const QList<AesStrategy>& strategies, const Q
     }
     Written written = writeSheets(path, csvFiles, std::move(sheets));
     if (written.error.isEmpty() && !withoutColumns.isEmpty()) {
-        written.error = template_texts::NoColumns.arg(withoutColumns.join(QStringLiteral("、")));
+        written.error = template_texts::noColumns().arg(withoutColumns.join(Words::tr("、")));
     }
     return written;
 }

@@ -4,6 +4,7 @@
 #include "host/AlgoConstants.h"
 #include "strategy/ColumnRules.h"
 #include "table/Table.h"
+#include "words/Words.h"
 
 #include <QDate>
 #include <QHash>
@@ -26,21 +27,25 @@ struct Convention {
     CellKind kind;
     const char* unit;
     const char* example = "";
-    const char* whenEmpty = ""; ///< what an empty cell means, beside a default of the document
+    const char* whenEmpty = nullptr; ///< what an empty cell means, beside a default of the document
 };
 
 /// What the trade writes into a column that is no choice and no time.
 const QHash<QString, Convention>& conventions()
 {
-    static const Convention quantity{CellKind::Whole, "数量（股票为股、债券为张、期货为手）", "1000"};
-    static const Convention price{CellKind::Decimal, "价格（元，港股为港元）", "10.50", "空为不限价"};
-    static const Convention money{CellKind::Decimal, "金额（元）", "100000"};
-    static const Convention percent{CellKind::Decimal, "百分数，如15表示15%", "15"};
-    static const Convention seconds{CellKind::Whole, "秒", "30"};
-    static const Convention whole{CellKind::Whole, "整数", "1"};
-    static const Convention number{CellKind::Decimal, "可带小数", "1"};
-    static const Convention spread{CellKind::Decimal, "与合约价格同单位，可带小数", "12.5"};
-    static const Convention pair{CellKind::Text, "同一对证券写相同的编号", "P1"};
+    static const Convention quantity{
+        CellKind::Whole, QT_TRANSLATE_NOOP("Words", "数量（股票为股、债券为张、期货为手）"), "1000"};
+    static const Convention price{CellKind::Decimal, QT_TRANSLATE_NOOP("Words", "价格（元，港股为港元）"),
+                                  "10.50", QT_TRANSLATE_NOOP("Words", "空为不限价")};
+    static const Convention money{CellKind::Decimal, QT_TRANSLATE_NOOP("Words", "金额（元）"), "100000"};
+    static const Convention percent{CellKind::Decimal, QT_TRANSLATE_NOOP("Words", "百分数，如15表示15%"),
+                                    "15"};
+    static const Convention seconds{CellKind::Whole, QT_TRANSLATE_NOOP("Words", "秒"), "30"};
+    static const Convention whole{CellKind::Whole, QT_TRANSLATE_NOOP("Words", "整数"), "1"};
+    static const Convention number{CellKind::Decimal, QT_TRANSLATE_NOOP("Words", "可带小数"), "1"};
+    static const Convention spread{CellKind::Decimal,
+                                   QT_TRANSLATE_NOOP("Words", "与合约价格同单位，可带小数"), "12.5"};
+    static const Convention pair{CellKind::Text, QT_TRANSLATE_NOOP("Words", "同一对证券写相同的编号"), "P1"};
     static const QHash<QString, Convention> table = {
         {Info::Quantity, quantity},
         {QStringLiteral("单笔最大"), quantity},
@@ -101,7 +106,7 @@ QString meaningOf(const QList<Choice>& choices)
     for (const Choice& choice : choices) {
         meanings.append(choice.first + QLatin1Char('-') + choice.second);
     }
-    return meanings.join(template_texts::NoteSeparator);
+    return meanings.join(template_texts::noteSeparator());
 }
 
 /// Legs of a lock are opposite in direction; every other value may stand beside every value.
@@ -125,18 +130,19 @@ QString defaultNote(const strategy::Parameter& parameter, const QList<Choice>& c
         return QString();
     }
     if (parameter.editor == UiType::DateTime) {
-        return value == Algo_Values::AlgoParamOptions::currentTime ? template_texts::DefaultNow
-                                                                   : template_texts::DefaultToday.arg(value);
+        return value == Algo_Values::AlgoParamOptions::currentTime
+                   ? template_texts::defaultNow()
+                   : template_texts::defaultToday().arg(value);
     }
     const auto choice = std::find_if(choices.begin(), choices.end(),
                                      [&](const Choice& known) { return known.first == value; });
-    return template_texts::DefaultValue.arg(choice == choices.end() ? value : choice->second);
+    return template_texts::defaultValue().arg(choice == choices.end() ? value : choice->second);
 }
 
 QString joinedNote(QStringList parts)
 {
     parts.removeAll(QString());
-    return parts.join(template_texts::NoteSeparator);
+    return parts.join(template_texts::noteSeparator());
 }
 
 /// What of a strategy its columns depend on.
@@ -161,11 +167,11 @@ public:
         QString unit;
         if (mColumn.title == Info::Symbol) {
             mColumn.kind = CellKind::Verbatim;
-            unit = template_texts::CodeNote;
+            unit = template_texts::codeNote();
         } else if (mParameter.editor == UiType::DateTime) {
             mColumn.kind = CellKind::DateTime;
             mColumn.example = exampleTime();
-            unit = template_texts::DateTimeNote;
+            unit = template_texts::dateTimeNote();
         } else if (!mChoices.isEmpty()) {
             fillChoice();
             unit = meaningOf(mChoices);
@@ -173,9 +179,9 @@ public:
             unit = fillConventional();
         }
         if (mColumn.required) {
-            mColumn.note = joinedNote({unit, legsNote(), template_texts::Required});
+            mColumn.note = joinedNote({unit, legsNote(), template_texts::required()});
         } else {
-            mColumn.note = joinedNote({unit, template_texts::Optional, whenEmpty()});
+            mColumn.note = joinedNote({unit, template_texts::optional(), whenEmpty()});
             mColumn.example.clear(); // what a trader leaves as it is must not send more than the defaults do
         }
         return mColumn;
@@ -208,21 +214,21 @@ private:
             mColumn.kind = CellKind::Verbatim;
             mColumn.example += LegSeparator + mColumn.example;
         }
-        return QString::fromUtf8(known->unit);
+        return Words::tr(known->unit);
     }
 
     QString whenEmpty() const
     {
         const QString byDefault = defaultNote(mParameter, mChoices);
         const auto known = conventions().constFind(mColumn.title);
-        return byDefault.isEmpty() && known != conventions().constEnd() ? QString::fromUtf8(known->whenEmpty)
-                                                                        : byDefault;
+        const bool isSaid = known != conventions().constEnd() && known->whenEmpty != nullptr;
+        return byDefault.isEmpty() && isSaid ? Words::tr(known->whenEmpty) : byDefault;
     }
 
     QString legsNote() const
     {
         const bool legs = mTwoLegs && mColumn.example.contains(LegSeparator);
-        return legs ? template_texts::BothLegs.arg(mColumn.example) : QString();
+        return legs ? template_texts::bothLegs().arg(mColumn.example) : QString();
     }
 
     QString exampleTime() const
@@ -261,7 +267,7 @@ TemplateColumn choiceColumn(const QString& title, const QList<Choice>& choices)
     column.required = true;
     column.accepted = typedValues(choices);
     column.example = column.accepted.value(0);
-    column.note = joinedNote({meaningOf(choices), template_texts::Required});
+    column.note = joinedNote({meaningOf(choices), template_texts::required()});
     return column;
 }
 
@@ -279,15 +285,15 @@ TemplateColumn marketColumn(const QList<Market>& markets)
 TemplateColumn startColumn()
 {
     return choiceColumn(columns::CreateAndStart,
-                        {{Algo_Values::AlgoInstruction::Create, template_texts::CreateOnly},
-                         {Algo_Values::AlgoInstruction::StartOnCreate, template_texts::StartOnCreate}});
+                        {{Algo_Values::AlgoInstruction::Create, template_texts::createOnly()},
+                         {Algo_Values::AlgoInstruction::StartOnCreate, template_texts::startOnCreate()}});
 }
 
 TemplateColumn nameColumn()
 {
     TemplateColumn column;
     column.title = columns::SecurityName;
-    column.note = template_texts::NameNote;
+    column.note = template_texts::nameNote();
     return column;
 }
 
@@ -305,12 +311,12 @@ TemplateColumn columnOf(const strategy::Column& column, const Kind& kind, const 
 QStringList notesOn(const QList<TemplateColumn>& columns)
 {
     using namespace template_texts;
-    QStringList notes{NotesTitle,
-                      NumberedNote.arg(1).arg(SkippedRowsTitle, SkippedRows.arg(table::MostOrders))};
+    QStringList notes{notesTitle(),
+                      numberedNote().arg(1).arg(skippedRowsTitle(), skippedRows().arg(table::MostOrders))};
     for (const TemplateColumn& column : columns) {
-        notes.append(NumberedNote.arg(notes.size()).arg(column.title, column.note));
+        notes.append(numberedNote().arg(notes.size()).arg(column.title, column.note));
     }
-    notes.append(ExampleTitle);
+    notes.append(exampleTitle());
     return notes;
 }
 

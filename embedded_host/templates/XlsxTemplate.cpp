@@ -188,9 +188,9 @@ private:
             list.push_back(text.data());
         }
         list.push_back(nullptr);
-        QByteArray title = template_texts::ChoiceTitle.toUtf8();
+        QByteArray title = template_texts::choiceTitle().toUtf8();
         QByteArray hint =
-            template_texts::ChoiceHint.arg(column.title, column.note).left(MaxListLength).toUtf8();
+            template_texts::choiceHint().arg(column.title, column.note).left(MaxListLength).toUtf8();
         lxw_data_validation validation{};
         validation.validate = LXW_VALIDATION_TYPE_LIST;
         validation.value_list = list.data();

@@ -1,10 +1,15 @@
 #include "host/SolveyAccountComboBox.h"
 
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+
 #include <algorithm>
 
 namespace {
 
 using DisplayMode = SolveyAccountComboBox::DisplayMode;
+
+constexpr int TextMargin = 4; // pixels that a style keeps free beside the text
 
 QString shownText(const tagUserAccountInfo& account, DisplayMode mode)
 {
@@ -47,6 +52,29 @@ void SolveyAccountComboBox::SetCurTradingAccount(const QString& tradingAccount)
     if (index >= 0) {
         setCurrentIndex(index);
     }
+}
+
+void SolveyAccountComboBox::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    option.currentText = shownWithin(field.width() - TextMargin);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+QString SolveyAccountComboBox::shownWithin(int width) const
+{
+    const QString whole = currentText();
+    const QString number = QStringLiteral(" (%1)").arg(GetCurTradingAccount());
+    if (!whole.endsWith(number) || fontMetrics().horizontalAdvance(whole) <= width) {
+        return whole;
+    }
+    const int left = width - fontMetrics().horizontalAdvance(number);
+    return fontMetrics().elidedText(whole.chopped(number.size()), Qt::ElideRight, left) + number;
 }
 
 QString SolveyAccountComboBox::GetCurTradingAccount() const

@@ -1,6 +1,7 @@
 #include "embedded_host/widgets/TableBehaviour.h"
 
 #include "embedded_host/widgets/NaturalOrderProxy.h"
+#include "words/Words.h"
 
 #include <QAction>
 #include <QApplication>
@@ -18,7 +19,7 @@ namespace {
 constexpr int NoColumn = -1;
 constexpr int LinePadding = 2; // of a row, above and below its text together
 
-const QString AllFilteredOut = QStringLiteral("没有符合筛选的行");
+const char* const AllFilteredOut = QT_TRANSLATE_NOOP("Words", "没有符合筛选的行");
 
 // A cell may hold tabs and line ends of its own; pasted as they are they would make cells and rows.
 QString onOneLine(QString text)
@@ -46,7 +47,7 @@ TableBehaviour::TableBehaviour(QTableView* view, NaturalOrderProxy* proxy)
     connect(titles, &QHeaderView::sectionClicked, this, &TableBehaviour::sortByClick);
     resetOrder();
 
-    auto* copy = new QAction(QStringLiteral("复制"), view);
+    auto* copy = new QAction(Words::tr("复制"), view);
     copy->setShortcut(QKeySequence::Copy);
     copy->setShortcutContext(Qt::WidgetShortcut);
     connect(copy, &QAction::triggered, this, &TableBehaviour::copySelection);
@@ -76,7 +77,7 @@ QString TableBehaviour::emptyText() const
         return {};
     }
     const QAbstractItemModel* source = mProxy->sourceModel();
-    return source && source->rowCount() > 0 ? AllFilteredOut : mEmptyText;
+    return source && source->rowCount() > 0 ? Words::tr(AllFilteredOut) : mEmptyText;
 }
 
 void TableBehaviour::resetOrder()

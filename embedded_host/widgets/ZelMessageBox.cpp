@@ -1,6 +1,7 @@
 #include "host/ZelMessageBox.h"
 
 #include "embedded_host/EmbeddedHost.h"
+#include "words/Words.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -22,7 +23,7 @@ QTextEdit* makeTextArea(const QString& text, QWidget* parent)
 {
     auto* area = new QTextEdit(parent);
     area->setObjectName(QStringLiteral("textEdit_message"));
-    area->setAccessibleName(QStringLiteral("消息内容"));
+    area->setAccessibleName(Words::tr("消息内容"));
     area->setReadOnly(true);
     area->setAcceptRichText(false);
     area->setTabChangesFocus(true);
@@ -79,10 +80,10 @@ ZelMessageBox::ZelMessageBox(const QString& title, const QString& text, int type
     resize(sizeAsConstructed());
 
     if (type == Question) {
-        d->addButton(this, QStringLiteral("是"), QStringLiteral("button_yes"), &QDialog::accept);
-        d->addButton(this, QStringLiteral("否"), QStringLiteral("button_no"), &QDialog::reject);
+        d->addButton(this, Words::tr("是(&Y)"), QStringLiteral("button_yes"), &QDialog::accept);
+        d->addButton(this, Words::tr("否(&N)"), QStringLiteral("button_no"), &QDialog::reject);
     } else {
-        d->addButton(this, QStringLiteral("确定"), QStringLiteral("button_ok"), &QDialog::accept);
+        d->addButton(this, Words::tr("确定(&O)"), QStringLiteral("button_ok"), &QDialog::accept);
     }
     d->layOut(this);
     // A lone button takes Enter in any case; a question only where the caller chose an answer.
@@ -138,6 +139,12 @@ void ZelMessageBox::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) {
         QApplication::clipboard()->setText(d->message);
+        return;
+    }
+    // A button that is no default would hand Enter on, and nothing or another one be pressed.
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    if (focused != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        focused->click();
         return;
     }
     QDialog::keyPressEvent(event);

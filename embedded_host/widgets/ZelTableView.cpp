@@ -3,6 +3,7 @@
 #include "embedded_host/widgets/NaturalOrderProxy.h"
 #include "embedded_host/widgets/RecordTableModel.h"
 #include "embedded_host/widgets/TableBehaviour.h"
+#include "words/Words.h"
 
 #include <QHeaderView>
 
@@ -28,7 +29,7 @@ constexpr int MeasuredRows = 20; // enough to tell a column of times from one of
 ZelTableView::ZelTableView(QWidget* parent) : QTableView(parent), d(std::make_unique<Private>(this))
 {
     d->proxy.setSourceModel(&d->model);
-    d->behaviour.setEmptyText(QStringLiteral("尚未导入"));
+    d->behaviour.setEmptyText(Words::tr("尚未导入"));
     setSelectionMode(QAbstractItemView::ExtendedSelection);
 }
 

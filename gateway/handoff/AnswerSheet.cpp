@@ -2,6 +2,7 @@
 
 #include "files/CsvTokenizer.h"
 #include "gateway/handoff/FieldNames.h"
+#include "words/Words.h"
 
 #include <QTextCodec>
 
@@ -38,7 +39,7 @@ QList<int> fieldsOf(const QStringList& header, QString& fault)
         const QString column = cell.trimmed();
         const int tag = tagOfColumn(column);
         if (tag == 0 || tags.contains(tag)) {
-            fault = (tag == 0 ? QStringLiteral("不认识的列“%1”") : QStringLiteral("列“%1”重复"))
+            fault = (tag == 0 ? Words::tr("不认识的列“%1”") : Words::tr("列“%1”重复"))
                         .arg(column.left(MostCharacters));
             return {};
         }
@@ -46,7 +47,7 @@ QList<int> fieldsOf(const QStringList& header, QString& fault)
     }
     for (const int tag : {ClOrdId, OrdStatus}) {
         if (!tags.contains(tag)) {
-            fault = QStringLiteral("缺少列“%1”").arg(columnOf(tag));
+            fault = Words::tr("缺少列“%1”").arg(columnOf(tag));
             return {};
         }
     }
@@ -57,21 +58,21 @@ QList<int> fieldsOf(const QStringList& header, QString& fault)
 QString faultOf(const QStringList& row, const QList<int>& tags)
 {
     if (row.size() > tags.size()) {
-        return QStringLiteral("有 %1 个单元格，表头只有 %2 列").arg(row.size()).arg(tags.size());
+        return Words::tr("有 %1 个单元格，表头只有 %2 列").arg(row.size()).arg(tags.size());
     }
     const bool isLong =
         std::any_of(row.begin(), row.end(), [](const QString& cell) { return cell.size() > MostCharacters; });
-    return isLong ? QStringLiteral("单元格超过 %1 个字符").arg(MostCharacters) : QString();
+    return isLong ? Words::tr("单元格超过 %1 个字符").arg(MostCharacters) : QString();
 }
 
 /// An answer to a question names it: what was true of an earlier one may no longer be.
 QString faultOf(const Message& answer)
 {
     if (answer.type != "8" && answer.type != "9") {
-        return QStringLiteral("MsgType 应为 8 或 9：%1").arg(QString::fromStdString(answer.type));
+        return Words::tr("MsgType 应为 8 或 9：%1").arg(QString::fromStdString(answer.type));
     }
     return answer.text(ExecType) == "I" && !answer.has(StatusRequestId)
-               ? QStringLiteral("状态答复缺少 OrdStatusReqID")
+               ? Words::tr("状态答复缺少 OrdStatusReqID")
                : QString();
 }
 
@@ -89,7 +90,7 @@ Message answerOf(const QStringList& row, const QList<int>& tags, int line)
         }
     }
     fault = fault.isEmpty() ? faultOf(answer) : fault;
-    return fault.isEmpty() ? answer : unreadable(QStringLiteral("第 %1 行：%2").arg(line).arg(fault));
+    return fault.isEmpty() ? answer : unreadable(Words::tr("第 %1 行：%2").arg(line).arg(fault));
 }
 
 bool isBlank(const QStringList& row)
@@ -140,16 +141,16 @@ AnswerSheet faulty(const QString& fault)
 AnswerSheet AnswerSheet::read(const QByteArray& bytes)
 {
     if (bytes.size() > MostAnswerBytes) {
-        return faulty(QStringLiteral("文件超过 %1 MiB").arg(MostAnswerBytes / (1024 * 1024)));
+        return faulty(Words::tr("文件超过 %1 MiB").arg(MostAnswerBytes / (1024 * 1024)));
     }
     const QByteArray ended = endedPart(bytes);
     const std::optional<QString> text = decoded(ended);
     if (!text || text->contains(QChar(0))) {
-        return faulty(QStringLiteral("不是有效的 UTF-8 文本"));
+        return faulty(Words::tr("不是有效的 UTF-8 文本"));
     }
     const Records records = split(*text);
     if (records.rows.size() > MostRows) {
-        return faulty(QStringLiteral("超过 %1 行").arg(MostRows));
+        return faulty(Words::tr("超过 %1 行").arg(MostRows));
     }
     AnswerSheet sheet;
     sheet.isWhole = records.isWhole && ended.size() == bytes.size() && !records.rows.isEmpty();

@@ -2,6 +2,7 @@
 
 #include "gateway/handoff/AnswerSheet.h"
 #include "gateway/handoff/OrderSheet.h"
+#include "words/Words.h"
 
 #include <sys/stat.h>
 
@@ -110,7 +111,7 @@ void FolderEngine::run()
 void FolderEngine::round()
 {
     if (mIsLoggedOn && !mFolder.isReachable()) {
-        mFailure = QStringLiteral("文件夹无法访问");
+        mFailure = Words::tr("文件夹无法访问");
     }
     if (!mFailure.isEmpty()) {
         tell(SessionNews::State::Disconnected, mFailure);
@@ -145,7 +146,7 @@ void FolderEngine::tell(SessionNews::State state, const QString& text)
 void FolderEngine::drop(const std::string&)
 {
     const std::lock_guard<std::mutex> lock(mMutex);
-    mFailure = QStringLiteral("中断");
+    mFailure = Words::tr("中断");
 }
 
 int FolderEngine::send(const std::string&, const Message& message)
@@ -258,7 +259,7 @@ void FolderEngine::read(const QString& name, Reading& reading)
     reading.isWhole = sheet.isWhole;
     if (reading.isRefused) {
         ++reading.unconfirmed;
-        deliver(unreadable(QStringLiteral("%1：%2").arg(name, sheet.fault)), name);
+        deliver(unreadable(Words::tr("%1：%2").arg(name, sheet.fault)), name);
     } else {
         handOn(name, reading, sheet);
     }
@@ -272,7 +273,7 @@ void FolderEngine::handOn(const QString& name, Reading& reading, const AnswerShe
         const Message& answer = sheet.answers.at(static_cast<std::size_t>(i));
         ++reading.unconfirmed;
         deliver(answer.type.empty()
-                    ? unreadable(QStringLiteral("%1：%2").arg(name, QString::fromStdString(answer.text(58))))
+                    ? unreadable(Words::tr("%1：%2").arg(name, QString::fromStdString(answer.text(58))))
                     : answer,
                 name);
     }
@@ -286,7 +287,7 @@ void FolderEngine::finish(const QString& name, Reading& reading)
     if (!reading.isRefused && !reading.isWhole) {
         reading.isRefused = true;
         ++reading.unconfirmed;
-        deliver(unreadable(QStringLiteral("%1：没有写完，最后一行未换行或引号未闭合").arg(name)), name);
+        deliver(unreadable(Words::tr("%1：没有写完，最后一行未换行或引号未闭合").arg(name)), name);
         return;
     }
     const Outcome<void> moved = reading.isRefused ? mFolder.putIntoRefused(name) : mFolder.putIntoRead(name);

@@ -1,6 +1,7 @@
 #include "gateway/handoff/HandOffFolder.h"
 
 #include "files/Save.h"
+#include "words/Words.h"
 
 #include <QDir>
 #include <QFile>
@@ -51,11 +52,11 @@ void HandOffFolder::step(const char* name) const
 Outcome<void> HandOffFolder::open()
 {
     if (!QFileInfo(mPath).isDir()) {
-        return {QStringLiteral("“%1”不是文件夹").arg(mPath)};
+        return {Words::tr("“%1”不是文件夹").arg(mPath)};
     }
     for (const QString& folder : {Out, In, Ready, Read, Refused}) {
         if (!QDir(mPath).mkpath(folder)) {
-            return {QStringLiteral("无法建立文件夹“%1”").arg(pathOf(folder))};
+            return {Words::tr("无法建立文件夹“%1”").arg(pathOf(folder))};
         }
     }
     mLock = std::make_unique<ledger::FileLock>(mPath + QLatin1Char('/') + Lock);
@@ -64,12 +65,12 @@ Outcome<void> HandOffFolder::open()
         dropLeftovers();
         return {};
     case ledger::FileLock::Answer::HeldByAnother:
-        return {QStringLiteral("“%1”正由另一个网关使用").arg(mPath)};
+        return {Words::tr("“%1”正由另一个网关使用").arg(mPath)};
     case ledger::FileLock::Answer::NotPermitted:
     case ledger::FileLock::Answer::Failed:
         break;
     }
-    return {QStringLiteral("无法锁定文件夹“%1”").arg(mPath)};
+    return {Words::tr("无法锁定文件夹“%1”").arg(mPath)};
 }
 
 /// Cancels and questions of a program that was killed: they are asked for anew. Orders stay, as evidence.
@@ -124,7 +125,7 @@ Outcome<QByteArray> HandOffFolder::read(const QString& name, qint64 most) const
 {
     QFile file(pathOf(In, name));
     if (!file.open(QIODevice::ReadOnly)) {
-        return {{}, QStringLiteral("无法读取：%1").arg(file.errorString())};
+        return {{}, Words::tr("无法读取：%1").arg(file.errorString())};
     }
     return {file.read(most), QString()};
 }

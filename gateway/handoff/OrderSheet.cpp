@@ -2,6 +2,7 @@
 
 #include "files/CsvText.h"
 #include "gateway/handoff/FieldNames.h"
+#include "words/Words.h"
 
 #include <QRegularExpression>
 
@@ -119,7 +120,7 @@ QString clashesIn(const Profile& profile)
             bool isNumber = false;
             name.toInt(&isNumber);
             if (isNumber || tagOfColumn(name) != 0) {
-                clashes.append(QStringLiteral("strategies.%1.parameters[%2].name：“%3”是另一列的名称")
+                clashes.append(Words::tr("strategies.%1.parameters[%2].name：“%3”是另一列的名称")
                                    .arg(it.key())
                                    .arg(i)
                                    .arg(name));

@@ -2,6 +2,7 @@
 
 #include "gateway/messages/RefusalTexts.h"
 #include "gateway/messages/WireNumber.h"
+#include "words/Words.h"
 
 #include <QLocale>
 #include <QTime>
@@ -51,7 +52,7 @@ Outcome<QString> timestampOf(const ParameterRule& rule, const QString& value)
 {
     const QDateTime utc = shanghaiTime(value).toUTC();
     return utc.isValid() ? found(utc.toString(QStringLiteral("yyyyMMdd-") + clockFormat(utc.time())))
-                         : refused(rule, value, QStringLiteral("日期时间"));
+                         : refused(rule, value, Words::tr("日期时间"));
 }
 
 Outcome<QString> timeOf(const ParameterRule& rule, const QString& value)
@@ -59,7 +60,7 @@ Outcome<QString> timeOf(const ParameterRule& rule, const QString& value)
     const bool hasDate = value.size() > DateLength && value.at(4) == QLatin1Char('-');
     const QTime local = hasDate && !shanghaiTime(value).isValid() ? QTime() : shanghaiClock(value);
     if (!local.isValid()) {
-        return refused(rule, value, QStringLiteral("时间"));
+        return refused(rule, value, Words::tr("时间"));
     }
     const QTime utc = local.addSecs(-ShanghaiOffset);
     return found(utc.toString(clockFormat(utc)));
@@ -71,7 +72,7 @@ Outcome<QString> dateOf(const ParameterRule& rule, const QString& value)
     const QDate date =
         hasTime ? shanghaiTime(value).date() : QDate::fromString(value, QStringLiteral("yyyy-MM-dd"));
     return date.isValid() ? found(date.toString(QStringLiteral("yyyyMMdd")))
-                          : refused(rule, value, QStringLiteral("日期"));
+                          : refused(rule, value, Words::tr("日期"));
 }
 
 Outcome<QString> booleanOf(const ParameterRule& rule, const QString& value)
@@ -82,7 +83,7 @@ Outcome<QString> booleanOf(const ParameterRule& rule, const QString& value)
     if (value == QLatin1String("0") || value == QLatin1String("N")) {
         return found(QStringLiteral("N"));
     }
-    return refused(rule, value, QStringLiteral("1 或 0"));
+    return refused(rule, value, Words::tr("1 或 0"));
 }
 
 /// What a field can hold.
@@ -99,20 +100,20 @@ Outcome<QString> typed(const ParameterRule& rule, const QString& value)
     case ValueType::NumInGroup:
     case ValueType::SeqNum:
     case ValueType::TagNum:
-        return wire_number::isInteger(value) ? found(value) : refused(rule, value, QStringLiteral("整数"));
+        return wire_number::isInteger(value) ? found(value) : refused(rule, value, Words::tr("整数"));
     case ValueType::Float:
     case ValueType::Qty:
     case ValueType::Price:
     case ValueType::PriceOffset:
     case ValueType::Amt:
-        return wire_number::isNumber(value) ? found(value) : refused(rule, value, QStringLiteral("数字"));
+        return wire_number::isNumber(value) ? found(value) : refused(rule, value, Words::tr("数字"));
     case ValueType::Percentage:
         return wire_number::isNumber(value) ? found(wire_number::hundredth(value))
-                                            : refused(rule, value, QStringLiteral("数字"));
+                                            : refused(rule, value, Words::tr("数字"));
     case ValueType::Char:
         return value.size() == 1 && value.at(0).unicode() < 0x7f
                    ? found(value)
-                   : refused(rule, value, QStringLiteral("单个字符"));
+                   : refused(rule, value, Words::tr("单个字符"));
     case ValueType::Boolean:
         return booleanOf(rule, value);
     case ValueType::UtcTimestamp:
@@ -150,7 +151,7 @@ QString textOf(const QVariant& value)
 Outcome<QString> wireValue(const ParameterRule& rule, const QString& value)
 {
     if (!isPlain(value)) {
-        return refused(rule, value, QStringLiteral("不含控制字符的文本"));
+        return refused(rule, value, Words::tr("不含控制字符的文本"));
     }
     if (!rule.values.isEmpty() && !rule.values.contains(value)) {
         return {QString(), texts::unknownValue(rule.paramId, value)};

@@ -3,6 +3,7 @@
 #include "gateway/messages/FieldValue.h"
 #include "gateway/messages/RefusalTexts.h"
 #include "gateway/messages/WireNumber.h"
+#include "words/Words.h"
 
 #include <QSet>
 
@@ -37,7 +38,7 @@ QString positive(const QString& value, const QString& name)
 {
     return value.isEmpty() || wire_number::valueOf(value) > 0
                ? QString()
-               : texts::wrongValue(name, value, QStringLiteral("大于零的数字"));
+               : texts::wrongValue(name, value, Words::tr("大于零的数字"));
 }
 
 /// The first sentence that is none empty.
@@ -66,7 +67,7 @@ QString fillLeg(const Profile& profile, const Order& order, OrderLeg& leg)
     leg.quantity = valueIn(order, leg, Quantity);
     const QString limit = limitText(order, leg);
     if (!limit.isEmpty() && !wire_number::isNumber(limit)) {
-        return texts::wrongValue(Limit, limit, QStringLiteral("数字"));
+        return texts::wrongValue(Limit, limit, Words::tr("数字"));
     }
     leg.limitPrice = wire_number::valueOf(limit) > 0 ? limit : QString();
     return firstOf(

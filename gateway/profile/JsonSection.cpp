@@ -1,5 +1,7 @@
 #include "gateway/profile/JsonSection.h"
 
+#include "words/Words.h"
+
 #include <QJsonArray>
 
 #include <cmath>
@@ -24,7 +26,7 @@ QString JsonSection::pathOf(const QString& key) const
 
 void JsonSection::complain(const QString& key, const QString& what) const
 {
-    mComplaints.append(pathOf(key) + QStringLiteral("：") + what);
+    mComplaints.append(Words::tr("%1：%2").arg(pathOf(key), what));
 }
 
 bool JsonSection::has(const QString& key) const
@@ -42,21 +44,21 @@ void JsonSection::expect(const QString& key, const QJsonValue& value, bool isRig
                          const QString& wanted) const
 {
     if (!value.isUndefined() && !isRight) {
-        complain(key, QStringLiteral("应为%1").arg(wanted));
+        complain(key, Words::tr("应为%1").arg(wanted));
     }
 }
 
 QString JsonSection::takeText(const QString& key)
 {
     const QJsonValue value = take(key);
-    expect(key, value, value.isString() && !value.toString().isEmpty(), QStringLiteral("非空文本"));
+    expect(key, value, value.isString() && !value.toString().isEmpty(), Words::tr("非空文本"));
     return value.toString();
 }
 
 bool JsonSection::takeSwitch(const QString& key, bool byDefault)
 {
     const QJsonValue value = take(key);
-    expect(key, value, value.isBool(), QStringLiteral("true 或 false"));
+    expect(key, value, value.isBool(), Words::tr("true 或 false"));
     return value.toBool(byDefault);
 }
 
@@ -66,20 +68,20 @@ int JsonSection::takePositive(const QString& key, int byDefault)
     const double number = value.toDouble();
     const bool isRight =
         value.isDouble() && number >= 1 && number <= MostSeconds && std::floor(number) == number;
-    expect(key, value, isRight, QStringLiteral("正整数"));
+    expect(key, value, isRight, Words::tr("正整数"));
     return isRight ? static_cast<int>(number) : byDefault;
 }
 
 QStringList JsonSection::takeTexts(const QString& key)
 {
     const QJsonValue value = take(key);
-    expect(key, value, value.isArray(), QStringLiteral("文本数组"));
+    expect(key, value, value.isArray(), Words::tr("文本数组"));
     const QJsonArray array = value.toArray();
     QStringList texts;
     for (int i = 0; i < array.size(); ++i) {
         const QString place = QStringLiteral("%1[%2]").arg(key).arg(i);
         expect(place, array.at(i), array.at(i).isString() && !array.at(i).toString().isEmpty(),
-               QStringLiteral("非空文本"));
+               Words::tr("非空文本"));
         texts.append(array.at(i).toString());
     }
     return texts;
@@ -88,7 +90,7 @@ QStringList JsonSection::takeTexts(const QString& key)
 JsonSection JsonSection::takeSection(const QString& key)
 {
     const QJsonValue value = take(key);
-    expect(key, value, value.isObject(), QStringLiteral("对象"));
+    expect(key, value, value.isObject(), Words::tr("对象"));
     return JsonSection(value.toObject(), pathOf(key), mComplaints);
 }
 
@@ -97,7 +99,7 @@ void JsonSection::complainOfTheRest() const
     const QStringList keys = mObject.keys();
     for (const QString& key : keys) {
         if (!mKnown.contains(key)) {
-            complain(key, QStringLiteral("未知的键"));
+            complain(key, Words::tr("未知的键"));
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "gateway/profile/JsonSection.h"
 #include "gateway/profile/ProfileTags.h"
+#include "words/Words.h"
 
 #include <QFile>
 #include <QHash>
@@ -74,11 +75,11 @@ int tagOf(const QString& key, const JsonSection& section, Owner owner)
     bool isNumber = false;
     const int tag = key.toInt(&isNumber);
     if (!isNumber || tag < 1 || tag > HighestTag || QString::number(tag) != key) {
-        section.complain(key, QStringLiteral("应为字段号"));
+        section.complain(key, Words::tr("应为字段号"));
         return 0;
     }
     if (!isFree(tag, owner)) {
-        section.complain(key, QStringLiteral("字段 %1 由程序填写").arg(tag));
+        section.complain(key, Words::tr("字段 %1 由程序填写").arg(tag));
         return 0;
     }
     return tag;
@@ -92,7 +93,7 @@ QList<Constant> readConstants(JsonSection section, Owner owner)
         const int tag = tagOf(key, section, owner);
         const QString value = section.takeText(key);
         if (tag != 0 && !value.isEmpty() && !isFieldValue(value)) {
-            section.complain(key, QStringLiteral("含有控制字符"));
+            section.complain(key, Words::tr("含有控制字符"));
         }
         constants.append({tag, value});
     }
@@ -108,7 +109,7 @@ QMap<QString, QString> readTexts(JsonSection section)
     for (const QString& key : keys) {
         const QString value = section.takeText(key);
         if (!value.isEmpty() && !isFieldValue(value)) {
-            section.complain(key, QStringLiteral("含有控制字符"));
+            section.complain(key, Words::tr("含有控制字符"));
         }
         texts.insert(key, value);
     }
@@ -123,7 +124,7 @@ QMap<QString, QList<Constant>> readSides(JsonSection section)
         const QList<Constant> fields = readConstants(section.takeSection(key), Owner::Side);
         if (std::none_of(fields.begin(), fields.end(),
                          [](const Constant& field) { return field.tag == SideTag; })) {
-            section.complain(key, QStringLiteral("缺少字段 54"));
+            section.complain(key, Words::tr("缺少字段 54"));
         }
         sides.insert(key, fields);
     }
@@ -134,7 +135,7 @@ int readTag(JsonSection& section, const QString& key)
 {
     const int tag = section.takePositive(key, 0);
     if (tag != 0 && (isReservedTag(tag) || tag == SideTag)) {
-        section.complain(key, QStringLiteral("字段 %1 由程序填写").arg(tag));
+        section.complain(key, Words::tr("字段 %1 由程序填写").arg(tag));
     }
     return tag;
 }
@@ -145,15 +146,15 @@ void readSource(JsonSection& section, ParameterRule& rule)
     rule.constant = section.takeText(QStringLiteral("constant"));
     rule.paramId = section.takeText(QStringLiteral("paramId"));
     if (!rule.constant.isEmpty() && !isFieldValue(rule.constant)) {
-        section.complain(QStringLiteral("constant"), QStringLiteral("含有控制字符"));
+        section.complain(QStringLiteral("constant"), Words::tr("含有控制字符"));
     }
     if (!rule.constant.isEmpty() && section.has(QStringLiteral("values"))) {
-        section.complain(QStringLiteral("values"), QStringLiteral("常量没有取值"));
+        section.complain(QStringLiteral("values"), Words::tr("常量没有取值"));
     }
     if (section.has(QStringLiteral("constant")) && section.has(QStringLiteral("paramId"))) {
-        section.complain(QStringLiteral("constant"), QStringLiteral("constant 与 paramId 应有且只有一个"));
+        section.complain(QStringLiteral("constant"), Words::tr("constant 与 paramId 应有且只有一个"));
     } else if (rule.paramId.isEmpty() && rule.constant.isEmpty()) {
-        section.complain(QStringLiteral("paramId"), QStringLiteral("缺少"));
+        section.complain(QStringLiteral("paramId"), Words::tr("缺少"));
     }
 }
 
@@ -164,16 +165,16 @@ ParameterRule readParameter(JsonSection section)
     rule.tag = readTag(section, QStringLiteral("tag"));
     rule.name = section.takeText(QStringLiteral("name"));
     if (section.has(QStringLiteral("tag")) == section.has(QStringLiteral("name"))) {
-        section.complain(QStringLiteral("tag"), QStringLiteral("tag 与 name 应有且只有一个"));
+        section.complain(QStringLiteral("tag"), Words::tr("tag 与 name 应有且只有一个"));
     }
     const QString type = section.takeText(QStringLiteral("type"));
     if (!valueTypes().contains(type)) {
-        section.complain(QStringLiteral("type"), QStringLiteral("未知的类型“%1”").arg(type));
+        section.complain(QStringLiteral("type"), Words::tr("未知的类型“%1”").arg(type));
     }
     rule.type = valueTypes().value(type, ValueType::String);
     rule.values = readTexts(section.takeSection(QStringLiteral("values")));
     if (section.has(QStringLiteral("values")) && rule.values.isEmpty()) {
-        section.complain(QStringLiteral("values"), QStringLiteral("没有任何取值"));
+        section.complain(QStringLiteral("values"), Words::tr("没有任何取值"));
     }
     rule.legTag = readTag(section, QStringLiteral("legTag"));
     section.complainOfTheRest();
@@ -194,7 +195,7 @@ void complainOfTwins(const StrategyRule& rule, const JsonSection& section)
         const QString place = QStringLiteral("parameters[%1]").arg(i);
         if ((one.tag != 0 && tags.contains(one.tag)) || names.contains(one.name) ||
             (!one.paramId.isEmpty() && parameters.contains(one.paramId))) {
-            section.complain(place, QStringLiteral("重复"));
+            section.complain(place, Words::tr("重复"));
         }
         if (one.tag != 0) {
             tags.insert(one.tag);
@@ -205,8 +206,7 @@ void complainOfTwins(const StrategyRule& rule, const JsonSection& section)
     }
     for (const QString& ignored : rule.ignored) {
         if (parameters.contains(ignored)) {
-            section.complain(QStringLiteral("ignore"),
-                             QStringLiteral("参数“%1”既要发送又要忽略").arg(ignored));
+            section.complain(QStringLiteral("ignore"), Words::tr("参数“%1”既要发送又要忽略").arg(ignored));
         }
     }
 }
@@ -216,14 +216,14 @@ QList<ParameterRule> readParameters(JsonSection& section)
     const QString key = QStringLiteral("parameters");
     const QJsonValue value = section.take(key);
     if (!value.isUndefined() && !value.isArray()) {
-        section.complain(key, QStringLiteral("应为数组"));
+        section.complain(key, Words::tr("应为数组"));
     }
     const QJsonArray array = value.toArray();
     QList<ParameterRule> rules;
     for (int i = 0; i < array.size(); ++i) {
         const QString place = QStringLiteral("%1[%2]").arg(key).arg(i);
         if (!array.at(i).isObject()) {
-            section.complain(place, QStringLiteral("应为对象"));
+            section.complain(place, Words::tr("应为对象"));
             continue;
         }
         rules.append(
@@ -257,7 +257,7 @@ void complainOfMissing(const JsonSection& section)
 {
     for (const char* key : {"exchanges", "sides", "strategies"}) {
         if (!section.has(QLatin1String(key))) {
-            section.complain(QLatin1String(key), QStringLiteral("缺少"));
+            section.complain(QLatin1String(key), Words::tr("缺少"));
         }
     }
 }
@@ -267,7 +267,7 @@ Profile readAll(JsonSection section)
     Profile profile;
     profile.accounts = section.takeTexts(QStringLiteral("accounts"));
     if (section.has(QStringLiteral("accounts")) && profile.accounts.isEmpty()) {
-        section.complain(QStringLiteral("accounts"), QStringLiteral("没有任何账号；所有账号请删去此键"));
+        section.complain(QStringLiteral("accounts"), Words::tr("没有任何账号；所有账号请删去此键"));
     }
     profile.statusTimeoutSeconds =
         section.takePositive(QStringLiteral("statusTimeoutSeconds"), profile.statusTimeoutSeconds);
@@ -287,7 +287,7 @@ QString placeOf(const QByteArray& json, int offset)
     const QByteArray before = json.left(offset);
     const int line = before.count('\n') + 1;
     const int column = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).size() + 1;
-    return QStringLiteral("第 %1 行第 %2 列").arg(line).arg(column);
+    return Words::tr("第 %1 行第 %2 列").arg(line).arg(column);
 }
 
 } // namespace
@@ -298,11 +298,10 @@ Outcome<Profile> readProfile(const QByteArray& json)
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError) {
         return {{},
-                QStringLiteral("%1：不是正确的 JSON（%2）")
-                    .arg(placeOf(json, error.offset), error.errorString())};
+                Words::tr("%1：不是正确的 JSON（%2）").arg(placeOf(json, error.offset), error.errorString())};
     }
     if (!document.isObject()) {
-        return {{}, QStringLiteral("应为一个 JSON 对象")};
+        return {{}, Words::tr("应为一个 JSON 对象")};
     }
     QStringList complaints;
     const Profile profile = readAll(JsonSection(document.object(), QString(), complaints));
@@ -314,11 +313,11 @@ Outcome<Profile> loadProfile(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return {{}, QStringLiteral("无法读取“%1”：%2").arg(path, file.errorString())};
+        return {{}, Words::tr("无法读取“%1”：%2").arg(path, file.errorString())};
     }
     Outcome<Profile> read = readProfile(file.readAll());
     if (!read.ok()) {
-        read.error = QStringLiteral("“%1”：%2").arg(path, read.error);
+        read.error = Words::tr("“%1”：%2").arg(path, read.error);
     }
     return read;
 }

@@ -2,6 +2,7 @@
 
 #include "gateway/messages/OrderMessages.h"
 #include "gateway/reports/Report.h"
+#include "words/Words.h"
 
 #include <QLoggingCategory>
 #include <QThread>
@@ -187,7 +188,7 @@ void Dispatch::hearReject(Report report, Step& step)
         type = sent->second.type;
     }
     if (report.clOrdId.isEmpty()) {
-        step.kept.append({QString(), QString(), QStringLiteral("拒绝了未知的消息：") + report.text});
+        step.kept.append({QString(), QString(), Words::tr("拒绝了未知的消息：%1").arg(report.text)});
     } else if (type == "F" || type == "H") {
         mRecovery.receiveRefusal(report.clOrdId, type, report, now(), step);
     } else {
@@ -200,7 +201,7 @@ void Dispatch::hearReport(const Report& report, Step& step)
     if (!mRecovery.follows(report.clOrdId)) {
         const auto found = insist<std::optional<OpenInstance>>([&] { return mLedger.find(report.clOrdId); });
         if (!found.value) {
-            step.kept.append({report.clOrdId, report.execId, QStringLiteral("不是本台账的订单")});
+            step.kept.append({report.clOrdId, report.execId, Words::tr("不是本台账的订单")});
             return;
         }
         mRecovery.adopt(*found.value, now());

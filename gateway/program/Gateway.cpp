@@ -4,6 +4,7 @@
 #include "gateway/messages/OrderMessages.h"
 #include "gateway/port/LedgerOutbox.h"
 #include "gateway/program/Dispatch.h"
+#include "words/Words.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>
@@ -45,7 +46,7 @@ Outcome<Profile> profileFor(const GatewayOptions& options)
     Outcome<Profile> profile = loadProfile(options.profileFile);
     const QString clashes = profile.ok() && isByFiles(options) ? clashesIn(profile.value) : QString();
     if (!clashes.isEmpty()) {
-        profile.error = QStringLiteral("“%1”：%2").arg(options.profileFile, clashes);
+        profile.error = Words::tr("“%1”：%2").arg(options.profileFile, clashes);
     }
     return profile;
 }
@@ -89,7 +90,7 @@ std::unique_ptr<Engine> openSession(const GatewayOptions& options, Inbox& inbox,
     std::string fault;
     std::unique_ptr<Engine> opened = Engine::open(engine, inbox, fault);
     if (!opened) {
-        error = QStringLiteral("“%1”：%2").arg(options.settingsFile, QString::fromStdString(fault));
+        error = Words::tr("“%1”：%2").arg(options.settingsFile, QString::fromStdString(fault));
     }
     return opened;
 }

@@ -1,6 +1,7 @@
 #include "gateway/recovery/Recovery.h"
 
 #include "gateway/messages/OrderMessages.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <tuple>
@@ -102,7 +103,7 @@ void Recovery::resume(Track& track, const Moment& now, Step& step)
     if (mProfile.statusRequest) {
         askStatus(track, now, step);
     } else if (track.instance.standing.state == State::Sending) {
-        markUnknown(track, QStringLiteral("连接中断，对手方不支持状态查询"), step);
+        markUnknown(track, Words::tr("连接中断，对手方不支持状态查询"), step);
     }
 }
 
@@ -213,7 +214,7 @@ void Recovery::timedOut(Track& track, const Moment& now, Step& step)
     if (!wasAsked && mProfile.statusRequest) {
         askStatus(track, now, step);
     } else if (track.instance.standing.state == State::Sending) {
-        markUnknown(track, QStringLiteral("对手方没有答复"), step);
+        markUnknown(track, Words::tr("对手方没有答复"), step);
     }
 }
 

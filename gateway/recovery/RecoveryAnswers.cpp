@@ -1,6 +1,7 @@
 #include "gateway/messages/OrderMessages.h"
 #include "gateway/recovery/Recovery.h"
 #include "gateway/reports/Fills.h"
+#include "words/Words.h"
 
 /// What recovery makes of what the counterparty says.
 namespace gateway {
@@ -156,11 +157,11 @@ void Recovery::denied(Track& track, const Moment& now, Step& step)
     wait(track, Waiting::Nothing, now);
     const Standing& standing = track.instance.standing;
     if (hasTraded(standing) || track.saidDuplicate) {
-        markUnknown(track, QStringLiteral("对手方前后答复矛盾：曾有成交或称已收到，现称没有此订单"), step);
+        markUnknown(track, Words::tr("对手方前后答复矛盾：曾有成交或称已收到，现称没有此订单"), step);
     } else if (standing.cancelAsked || standing.state == State::Stopping) {
         moveTo(track, State::Withdrawn, step);
     } else if (!mProfile.possResend || !track.isSendable) {
-        markUnknown(track, QStringLiteral("对手方没有此订单，按配置不再自动发送"), step);
+        markUnknown(track, Words::tr("对手方没有此订单，按配置不再自动发送"), step);
     } else {
         moveTo(track, State::Sending, step);
         sendAgain(track, now, step);
@@ -184,7 +185,7 @@ void Recovery::doubt(Track& track, const Moment& now, Step& step)
     if (mProfile.statusRequest && mLoggedOn) {
         askStatus(track, now, step);
     } else {
-        markUnknown(track, QStringLiteral("对手方称已收到此订单，状态未知"), step);
+        markUnknown(track, Words::tr("对手方称已收到此订单，状态未知"), step);
     }
 }
 

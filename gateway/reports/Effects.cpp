@@ -1,6 +1,7 @@
 #include "gateway/reports/Effects.h"
 
 #include "gateway/reports/Fills.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <optional>
@@ -68,8 +69,8 @@ QString rejectionOf(const Report& report)
     if (!report.text.isEmpty()) {
         return report.text;
     }
-    return report.rejectCode.isEmpty() ? QStringLiteral("对手方拒绝，未说明原因")
-                                       : QStringLiteral("对手方拒绝，代码 %1").arg(report.rejectCode);
+    return report.rejectCode.isEmpty() ? Words::tr("对手方拒绝，未说明原因")
+                                       : Words::tr("对手方拒绝，代码 %1").arg(report.rejectCode);
 }
 
 void moveTo(Standing& standing, State told, const Report& report)
@@ -93,7 +94,7 @@ QString takeFills(Standing& standing, const OrderSize& size, const Report& repor
     }
     const int leg = legOf(size, report);
     if (leg < 0) {
-        return QStringLiteral("回报没有说明是哪一腿");
+        return Words::tr("回报没有说明是哪一腿");
     }
     while (standing.legs.size() < size.legs.size()) {
         standing.legs.append(Fill());
@@ -151,7 +152,7 @@ Effect refused(const Standing& before, const QString& complaint)
 
 QString unknownStatus(const Report& report)
 {
-    return QStringLiteral("未知的订单状态“%1”").arg(report.ordStatus);
+    return Words::tr("未知的订单状态“%1”").arg(report.ordStatus);
 }
 
 /// Stopped (7, a price is guaranteed) and calculated (B) are statuses of the standard that no state of an
@@ -229,7 +230,7 @@ Effect applyCancelReject(const Standing& before, const Report& report)
         moveTo(effect.after, *told, report);
     }
     if (isWorking(*told)) {
-        effect.after.reason = QStringLiteral("撤单被拒绝：") + rejectionOf(report);
+        effect.after.reason = Words::tr("撤单被拒绝：%1").arg(rejectionOf(report));
     }
     return effect;
 }

@@ -1,6 +1,7 @@
 #include "gateway/reports/Fills.h"
 
 #include "gateway/messages/WireNumber.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -15,11 +16,11 @@ QString faultOf(const Report& report, const QString& orderQuantity)
 {
     for (const QString& text : {report.cumQty, report.avgPx}) {
         if (!(valueOf(text) >= 0)) {
-            return QStringLiteral("“%1”不是数量或价格").arg(text);
+            return Words::tr("“%1”不是数量或价格").arg(text);
         }
     }
     if (!orderQuantity.isEmpty() && !(valueOf(report.cumQty) <= valueOf(orderQuantity))) {
-        return QStringLiteral("成交数量 %1 超过委托数量 %2").arg(report.cumQty, orderQuantity);
+        return Words::tr("成交数量 %1 超过委托数量 %2").arg(report.cumQty, orderQuantity);
     }
     return QString();
 }

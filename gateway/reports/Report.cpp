@@ -1,6 +1,7 @@
 #include "gateway/reports/Report.h"
 
 #include "gateway/messages/Order.h"
+#include "words/Words.h"
 
 namespace gateway {
 
@@ -32,7 +33,7 @@ QString orderOf(const Message& message)
 
 Outcome<Report> lacking(const QString& what)
 {
-    return {{}, QStringLiteral("回报缺少字段 %1").arg(what)};
+    return {{}, Words::tr("回报缺少字段 %1").arg(what)};
 }
 
 Outcome<Report> readExecution(const Message& message)

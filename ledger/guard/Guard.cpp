@@ -1,5 +1,7 @@
 #include "ledger/guard/GuardRules.h"
 #include "table/FaultCatalogue.h"
+#include "words/Language.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -79,15 +81,15 @@ QString figure(const Decimal& value)
 
 QString someOf(const QStringList& names)
 {
-    const QString listed = names.mid(0, MostNames).join(QStringLiteral("、"));
-    return names.size() > MostNames ? listed + QStringLiteral(" 等") : listed;
+    const QString listed = names.mid(0, MostNames).join(Words::tr("、"));
+    return names.size() > MostNames ? Words::tr("%1 等").arg(listed) : listed;
 }
 
 } // namespace guard
 
 QString Finding::text() const
 {
-    return table::sentence(table::fault(rule, arguments));
+    return words::sentence(table::fault(rule, arguments));
 }
 
 QString joined(const QList<Finding>& findings)
@@ -96,7 +98,7 @@ QString joined(const QList<Finding>& findings)
     for (const Finding& finding : findings) {
         texts.append(finding.text());
     }
-    return texts.join(QStringLiteral("；"));
+    return texts.join(Words::tr("；"));
 }
 
 Verdict checkBatch(const BatchDraft& draft, const Limits& limits, const Prices& prices,

@@ -2,6 +2,7 @@
 
 #include "ledger/guard/GuardRules.h"
 #include "ledger/LedgerTexts.h"
+#include "words/Words.h"
 
 namespace ledger {
 
@@ -21,7 +22,7 @@ void checkHalts(const Standing& standing, QList<Finding>& findings)
                            : texts::haltOf(halt.account, halt.reason, halt.by));
     }
     if (!reasons.isEmpty()) {
-        findings.append({rule::Halted, reasons.size(), {reasons.join(QStringLiteral("；"))}, {}});
+        findings.append({rule::Halted, reasons.size(), {reasons.join(Words::tr("；"))}, {}});
     }
 }
 

@@ -1,5 +1,6 @@
 #include "ledger/guard/GuardRules.h"
 #include "ledger/values/ExchangeTime.h"
+#include "words/Words.h"
 
 #include <QSet>
 
@@ -20,14 +21,13 @@ QString named(const Duplicate& duplicate)
 
 QString namedWithAccount(const Duplicate& duplicate)
 {
-    return QStringLiteral("%1，账号 %2").arg(QString::number(duplicate.batch), duplicate.account);
+    return Words::tr("%1，账号 %2").arg(QString::number(duplicate.batch), duplicate.account);
 }
 
 QString namedWithTime(const Duplicate& duplicate)
 {
-    return QStringLiteral("%1，%2").arg(
-        QString::number(duplicate.batch),
-        exchangeTime(duplicate.createdAt).toString(QStringLiteral("MM-dd HH:mm")));
+    return Words::tr("%1，%2").arg(QString::number(duplicate.batch),
+                                   exchangeTime(duplicate.createdAt).toString(QStringLiteral("MM-dd HH:mm")));
 }
 
 /// The names of those that a test holds for, oldest first.

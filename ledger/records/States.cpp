@@ -1,5 +1,7 @@
 #include "ledger/records/States.h"
 
+#include "words/Words.h"
+
 #include <QHash>
 
 namespace ledger {
@@ -10,18 +12,21 @@ using State = InstanceState;
 
 struct BatchRow {
     const char* name;
-    const char16_t* shown;
+    const char* shown;
 };
 
 // In the order of the enumerators.
-constexpr BatchRow BatchStates[] = {{"created", u"已创建"},   {"waiting", u"待复核"},
-                                    {"withdrawn", u"已撤销"}, {"partly_reversed", u"部分撤销"},
-                                    {"refused", u"复核拒绝"}, {"lapsed", u"已失效"}};
+constexpr BatchRow BatchStates[] = {{"created", QT_TRANSLATE_NOOP("Words", "已创建")},
+                                    {"waiting", QT_TRANSLATE_NOOP("Words", "待复核")},
+                                    {"withdrawn", QT_TRANSLATE_NOOP("Words", "已撤销")},
+                                    {"partly_reversed", QT_TRANSLATE_NOOP("Words", "部分撤销")},
+                                    {"refused", QT_TRANSLATE_NOOP("Words", "复核拒绝")},
+                                    {"lapsed", QT_TRANSLATE_NOOP("Words", "已失效")}};
 
 struct InstanceRow {
     State state;
     const char* name;
-    const char16_t* shown;
+    const char* shown;
     QList<State> next;      ///< what may become of it
     QList<State> corrected; ///< what a bust or a correction may make of it besides
 };
@@ -34,16 +39,32 @@ const QList<InstanceRow>& lives()
                                    State::Finished, State::Sending,  State::Rejected,
                                    State::Unknown,  State::Queued,   State::Withdrawn};
     static const QList<InstanceRow> rows{
-        {State::Created, "created", u"未启动", {State::Queued, State::Running, State::Withdrawn}, {}},
-        {State::Queued, "queued", u"待发送", {State::Sending, State::Rejected, State::Withdrawn}, {}},
-        {State::Sending, "sending", u"发送中", said, {}},
-        {State::Running, "running", u"运行中", said, {}},
-        {State::Stopping, "stopping", u"撤单中", said, {}},
-        {State::Stopped, "stopped", u"已撤单", {State::Finished}, {State::Running}},
-        {State::Finished, "finished", u"已完成", {}, {State::Running, State::Stopped}},
-        {State::Rejected, "rejected", u"已拒绝", {}, {}},
-        {State::Unknown, "unknown", u"待核对", said, {}},
-        {State::Withdrawn, "withdrawn", u"已撤回", {}, {}},
+        {State::Created,
+         "created",
+         QT_TRANSLATE_NOOP("Words", "未启动"),
+         {State::Queued, State::Running, State::Withdrawn},
+         {}},
+        {State::Queued,
+         "queued",
+         QT_TRANSLATE_NOOP("Words", "待发送"),
+         {State::Sending, State::Rejected, State::Withdrawn},
+         {}},
+        {State::Sending, "sending", QT_TRANSLATE_NOOP("Words", "发送中"), said, {}},
+        {State::Running, "running", QT_TRANSLATE_NOOP("Words", "运行中"), said, {}},
+        {State::Stopping, "stopping", QT_TRANSLATE_NOOP("Words", "撤单中"), said, {}},
+        {State::Stopped,
+         "stopped",
+         QT_TRANSLATE_NOOP("Words", "已撤单"),
+         {State::Finished},
+         {State::Running}},
+        {State::Finished,
+         "finished",
+         QT_TRANSLATE_NOOP("Words", "已完成"),
+         {},
+         {State::Running, State::Stopped}},
+        {State::Rejected, "rejected", QT_TRANSLATE_NOOP("Words", "已拒绝"), {}, {}},
+        {State::Unknown, "unknown", QT_TRANSLATE_NOOP("Words", "待核对"), said, {}},
+        {State::Withdrawn, "withdrawn", QT_TRANSLATE_NOOP("Words", "已撤回"), {}, {}},
     };
     return rows;
 }
@@ -67,12 +88,12 @@ QString nameOf(InstanceState state)
 
 QString shownName(BatchState state)
 {
-    return QString::fromUtf16(BatchStates[static_cast<int>(state)].shown);
+    return Words::tr(BatchStates[static_cast<int>(state)].shown);
 }
 
 QString shownName(InstanceState state)
 {
-    return QString::fromUtf16(lifeOf(state).shown);
+    return Words::tr(lifeOf(state).shown);
 }
 
 BatchState batchStateNamed(const QString& name)

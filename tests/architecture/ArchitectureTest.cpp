@@ -27,7 +27,7 @@ QMap<QString, QStringList> arrows()
             {QStringLiteral("schema"), rooms("amounts strategy table host")},
             {QStringLiteral("import"), rooms("schema amounts validation strategy table host")},
             {QStringLiteral("dialog"), rooms("import schema amounts validation strategy table host")},
-            {QStringLiteral("words"), {}},
+            {QStringLiteral("words"), rooms("table")},
             {QStringLiteral("files"), rooms("words table")},
             {QStringLiteral("ledger"), rooms("files words table")},
             {QStringLiteral("gateway"), rooms("ledger files words table")},

@@ -13,6 +13,12 @@ if(NOT output MATCHES "装好的账户")
   message(FATAL_ERROR "not the accounts installed with the program:\n${output}")
 endif()
 
+foreach(comfort share/man/man1/algodesk.1.gz share/bash-completion/completions/algodesk)
+  if(NOT EXISTS ${WORK_DIR}/${comfort})
+    message(FATAL_ERROR "not installed: ${comfort}")
+  endif()
+endforeach()
+
 file(REMOVE_RECURSE ${data})
 execute_process(COMMAND ${WORK_DIR}/bin/algodesk accounts RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
 if(NOT status EQUAL 2 OR NOT output STREQUAL "" OR NOT errors MATCHES "^[^\n]*${data}[^\n]*\n$")

@@ -133,7 +133,7 @@ TEST_F(ControlCommands, WantInstancesNamedInOneWay)
         expectRefused(atHome({command}), "--batch"_s);
         expectRefused(atHome({command, "1-1"_s, "--batch"_s, "1"_s}), "--batch"_s);
         expectRefused(atHome({command, "1-1"_s, "first"_s}), "first"_s);
-        expectRefused(atHome({command, ""_s}), "must not be empty"_s);
+        expectRefused(atHome({command, ""_s}), "不能为空"_s);
         expectRefused(atHome({command, "--batch"_s, "first"_s}), "first"_s);
     }
     EXPECT_EQ(QStringList({"created"_s, "created"_s}), states());

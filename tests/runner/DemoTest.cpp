@@ -79,5 +79,5 @@ TEST_F(Demo, WithoutADisplaySaysSoAndTellsTheStory)
 TEST_F(Demo, RefusesWrongUsage)
 {
     expectRefused(run({"demo"_s, "--headless"_s, "--pace"_s, "0"_s}), "--pace"_s);
-    expectRefused(run({"demo"_s, "extra"_s}), "no argument"_s);
+    expectRefused(run({"demo"_s, "extra"_s}), "不带参数"_s);
 }

@@ -129,10 +129,10 @@ TEST_F(ListCommands, HelpBehindASubcommandDoesNothingElse)
     for (const QString& help : {"-h"_s, "--help"_s}) {
         const Run result = run({"undo"_s, "1"_s, help, "--home"_s, home()});
         EXPECT_EQ(0, result.status) << help.toStdString();
-        EXPECT_TRUE(result.out.startsWith("Usage: algodesk")) << result.out.constData();
+        EXPECT_TRUE(result.out.startsWith("用法：algodesk")) << result.out.constData();
         EXPECT_EQ(0, run({"import"_s, help}).status);
     }
-    EXPECT_TRUE(run({"--home"_s, home(), "--help"_s}).out.startsWith("Usage: algodesk")) << "of the window";
+    EXPECT_TRUE(run({"--home"_s, home(), "--help"_s}).out.startsWith("用法：algodesk")) << "of the window";
     EXPECT_FALSE(QDir(home()).exists());
     expectRefused(run({"undo"_s, "1"_s, "--help-all"_s}), "help-all"_s);
 }
@@ -166,7 +166,7 @@ TEST_F(ListCommands, SaySoWhereTheReaderOfStandardOutputWentAway)
     process.start(QIODevice::ReadOnly);
     const Run result = finish(process);
     EXPECT_EQ(5, result.status) << "and no signal ended it";
-    EXPECT_TRUE(result.err.startsWith("cannot write to standard output")) << result.err.constData();
+    EXPECT_TRUE(result.err.startsWith("无法写到标准输出：")) << result.err.constData();
 }
 
 TEST_F(ListCommands, SaySoWhereStandardOutputTakesNoMore)
@@ -178,6 +178,6 @@ TEST_F(ListCommands, SaySoWhereStandardOutputTakesNoMore)
     process.start(QIODevice::ReadOnly);
     const Run result = finish(process);
     EXPECT_EQ(5, result.status);
-    EXPECT_TRUE(result.err.startsWith("cannot write to standard output")) << result.err.constData();
+    EXPECT_TRUE(result.err.startsWith("无法写到标准输出：")) << result.err.constData();
     EXPECT_EQ(1, result.err.count('\n'));
 }

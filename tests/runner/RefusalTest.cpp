@@ -39,12 +39,13 @@ TEST_F(Refusal, OfWrongUsage)
     expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--yes"_s}), "--create"_s);
     expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--amount"_s, "1"_s}), "--create"_s);
     expectRefused(import(file, aitwap() + QStringList{"second.csv"_s}),
-                  "import takes FILE, but was given 2"_s);
+                  "import 的参数应为 FILE，却给了 2 个"_s);
     expectRefused(import(file, aitwap() + QStringList{"--switch-account"_s}), "switch-account"_s);
-    expectRefused(run(QStringList{"import"_s, "--data"_s, dataFolder()} + aitwap()), "import takes FILE"_s);
+    expectRefused(run(QStringList{"import"_s, "--data"_s, dataFolder()} + aitwap()),
+                  "import 的参数应为 FILE"_s);
     expectRefused(run({"imports"_s}), "imports"_s);
-    expectRefused(run({"rows"_s}), "rows takes FILE, but was given 0"_s);
-    expectRefused(run({"accounts"_s, "extra"_s}), "accounts takes no argument"_s);
+    expectRefused(run({"rows"_s}), "rows 的参数应为 FILE，却给了 0 个"_s);
+    expectRefused(run({"accounts"_s, "extra"_s}), "accounts 不带参数"_s);
 }
 
 TEST_F(Refusal, OfAnOptionThatTheSubcommandDoesNotHave)
@@ -110,15 +111,14 @@ TEST_F(Refusal, OfAValueThatIsEmpty)
     const QString file = table(goodRow());
     for (const QString& option : {"--switch-account"_s, "--strategy"_s, "--account"_s, "--data"_s, "--home"_s,
                                   "--rejects"_s, "--amount"_s, "--answer"_s}) {
-        expectRefused(import(file, aitwap() + QStringList{option, QString()}), option + " needs a value"_s);
+        expectRefused(import(file, aitwap() + QStringList{option, QString()}), option + " 缺少取值"_s);
     }
     expectRefused(import(file, aitwap() + QStringList{"--confirm"_s, "--switch-account="_s}),
-                  "--switch-account needs a value"_s);
-    expectRefused(run({"instances"_s, "--batch"_s, QString()}), "--batch needs a value"_s);
-    expectRefused(run({"rows"_s, file, "--encoding"_s, QString()}), "--encoding needs a value"_s);
-    expectRefused(run({"--home"_s, QString()}), "--home needs a value"_s);
-    expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, "--confirm"_s}),
-                  "--rejects needs a value"_s);
+                  "--switch-account 缺少取值"_s);
+    expectRefused(run({"instances"_s, "--batch"_s, QString()}), "--batch 缺少取值"_s);
+    expectRefused(run({"rows"_s, file, "--encoding"_s, QString()}), "--encoding 缺少取值"_s);
+    expectRefused(run({"--home"_s, QString()}), "--home 缺少取值"_s);
+    expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, "--confirm"_s}), "--rejects 缺少取值"_s);
 }
 
 TEST_F(Refusal, NotOfPathsThatBeginWithAColon)
@@ -135,8 +135,8 @@ TEST_F(Refusal, NotOfPathsThatBeginWithAColon)
 
 TEST_F(Refusal, OfAnArgumentThatIsEmpty)
 {
-    expectRefused(import(QString()), "FILE must not be empty"_s);
-    expectRefused(run({"undo"_s, QString()}), "N must not be empty"_s);
+    expectRefused(import(QString()), "FILE 不能为空"_s);
+    expectRefused(run({"undo"_s, QString()}), "N 不能为空"_s);
 }
 
 TEST_F(Refusal, OfRejectsThatWouldReplaceTheFileItself)
@@ -145,7 +145,7 @@ TEST_F(Refusal, OfRejectsThatWouldReplaceTheFileItself)
     const QString link = folder() + "/link.csv"_s;
     ASSERT_TRUE(QFile::link(file, link));
     for (const QString& out : {file, folder() + "/data/../list.csv"_s, "list.csv"_s, link}) {
-        expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, out}), "FILE itself"_s);
+        expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, out}), "不能就是 FILE"_s);
     }
     EXPECT_EQ(0, import(table(goodRow())).status) << "the file is as it was";
 }
@@ -154,7 +154,7 @@ TEST_F(Refusal, OfRejectsOfAnotherKind)
 {
     const QString file = table(badRow());
     for (const QString& out : {"rejects.xls"_s, "rejects"_s}) {
-        expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, out}), ".xlsx or .csv"_s);
+        expectRefused(import(file, aitwap() + QStringList{"--rejects"_s, out}), ".xlsx 或 .csv"_s);
         EXPECT_FALSE(QFile::exists(folder() + QLatin1Char('/') + out));
     }
 }

@@ -80,7 +80,7 @@ void RunnerTest::prepare(QProcess& process, const QMap<QString, QString>& enviro
     QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
     for (const QString& name :
          {"QT_LOGGING_RULES"_s, "QT_QPA_PLATFORM"_s, "XDG_RUNTIME_DIR"_s, "XDG_CONFIG_HOME"_s,
-          "XDG_DATA_HOME"_s, "XDG_CACHE_HOME"_s, "ALGODESK_LEDGER"_s}) {
+          "XDG_DATA_HOME"_s, "XDG_CACHE_HOME"_s, "ALGODESK_LEDGER"_s, "ALGODESK_LANGUAGE"_s}) {
         all.remove(name);
     }
     all.insert("HOME"_s, mFolder.path());

@@ -56,7 +56,7 @@ TEST_F(TemplateCommand, RefusesWhatAnImportRefusesAndFilesOfAnotherKind)
 {
     expectRefused(writeTemplate({"--strategy"_s, "NONE"_s, out("x.csv"_s)}), "NONE"_s);
     expectRefused(writeTemplate({"--strategy"_s, "OTHER"_s, out("x.csv"_s)}), "OTHER"_s);
-    expectRefused(writeTemplate({"--all"_s, out("x.xls"_s)}), ".xlsx or .csv"_s);
+    expectRefused(writeTemplate({"--all"_s, out("x.xls"_s)}), ".xlsx 或 .csv"_s);
     expectRefused(writeTemplate({out("x.csv"_s)}), "--strategy"_s);
     expectRefused(writeTemplate({"--all"_s, "--strategy"_s, "AITWAP"_s, out("x.csv"_s)}), "--all"_s);
     EXPECT_FALSE(QFile::exists(out("x.csv"_s)));

@@ -126,7 +126,7 @@ TEST_F(ZelMessageBoxTest, AnErrorHasOneButtonThatConfirms)
     ZelMessageBox box(Title, QStringLiteral("text"), 1);
     const auto buttons = box.findChildren<QPushButton*>();
     ASSERT_EQ(buttons.size(), 1);
-    EXPECT_EQ(buttons.first()->text(), QStringLiteral("确定"));
+    EXPECT_EQ(buttons.first()->text(), QStringLiteral("确定(&O)"));
     EXPECT_EQ(execAnd(box, [&] { QTest::mouseClick(buttons.first(), Qt::LeftButton); }), 1);
 }
 
@@ -135,8 +135,8 @@ TEST_F(ZelMessageBoxTest, AQuestionIsAnsweredByYesOrNo)
     ZelMessageBox yes(Title, QStringLiteral("text"), 3);
     const auto buttons = yes.findChildren<QPushButton*>();
     ASSERT_EQ(buttons.size(), 2);
-    EXPECT_EQ(buttons.at(0)->text(), QStringLiteral("是"));
-    EXPECT_EQ(buttons.at(1)->text(), QStringLiteral("否"));
+    EXPECT_EQ(buttons.at(0)->text(), QStringLiteral("是(&Y)"));
+    EXPECT_EQ(buttons.at(1)->text(), QStringLiteral("否(&N)"));
     EXPECT_EQ(execAnd(yes, [&] { QTest::mouseClick(buttons.at(0), Qt::LeftButton); }), 1);
     ZelMessageBox no(Title, QStringLiteral("text"), 3);
     auto* button = no.findChild<QPushButton*>(QStringLiteral("button_no"));
@@ -157,6 +157,19 @@ TEST_F(ZelMessageBoxTest, EnterConfirmsWhereTheFirstButtonHasTheFocus)
 {
     ZelMessageBox box(Title, QStringLiteral("text"), 3, nullptr, 1);
     EXPECT_EQ(execAnd(box, [&] { QTest::keyClick(box.focusWidget(), Qt::Key_Return); }), 1);
+}
+
+TEST_F(ZelMessageBoxTest, EnterPressesTheButtonThatHasTheFocus)
+{
+    for (const char* name : {"button_yes", "button_no"}) {
+        ZelMessageBox box(Title, QStringLiteral("text"), 3);
+        auto* button = box.findChild<QPushButton*>(QString::fromLatin1(name));
+        const int answer = execAnd(box, [&] {
+            button->setFocus();
+            QTest::keyClick(button, Qt::Key_Return);
+        });
+        EXPECT_EQ(answer, name == QByteArray("button_yes") ? 1 : 0);
+    }
 }
 
 TEST_F(ZelMessageBoxTest, EnterDoesNotAnswerAQuestionWithoutAFocusedButton)

@@ -397,7 +397,7 @@ QString showDemo(const QString& skin, const QString& pictures, const QString& al
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    desk_application::prepare(application);
+    desk_application::prepare();
     QApplication::setCursorFlashTime(0);
     setFontSize();
     const QStringList arguments = QApplication::arguments();

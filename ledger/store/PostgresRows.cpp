@@ -19,7 +19,7 @@ struct Clearer {
 };
 using Result = std::unique_ptr<PGresult, Clearer>;
 
-PGconn* connectionOf(const QSqlDatabase& database)
+PGconn* postgresOf(const QSqlDatabase& database)
 {
     const QVariant handle = database.driver()->handle();
     return qstrcmp(handle.typeName(), "PGconn*") == 0 ? *static_cast<PGconn* const*>(handle.constData())
@@ -87,7 +87,7 @@ QSqlError answerOf(PGconn* connection)
 
 QSqlError PostgresStore::insertRows(const NewRows& rows)
 {
-    PGconn* const connection = connectionOf(database());
+    PGconn* const connection = postgresOf(database());
     if (connection == nullptr) {
         return QSqlError(QString(), QStringLiteral("not connected"), QSqlError::ConnectionError);
     }

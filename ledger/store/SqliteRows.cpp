@@ -21,7 +21,7 @@ struct Finalizer {
 
 using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
-sqlite3* connectionOf(const QSqlDatabase& database)
+sqlite3* sqliteOf(const QSqlDatabase& database)
 {
     const QVariant handle = database.driver()->handle();
     return qstrcmp(handle.typeName(), "sqlite3*") == 0 ? *static_cast<sqlite3* const*>(handle.constData())
@@ -70,7 +70,7 @@ bool insert(sqlite3_stmt* statement, const NewRows& rows, int first, int count)
 
 QSqlError SqliteStore::insertRows(const NewRows& rows)
 {
-    sqlite3* const connection = connectionOf(database());
+    sqlite3* const connection = sqliteOf(database());
     if (connection == nullptr) {
         return QSqlError(QString(), QStringLiteral("not connected"), QSqlError::ConnectionError);
     }

@@ -150,9 +150,11 @@ TEST_F(ExportFaults, OfRefusedRowsLeaveTheOldFileAndAreSaid)
     fault.rule = table::rule::UnknownCode;
     fault.line = 2;
     fault.arguments = QStringList{"999999"_s};
-    ProblemsPanel panel(mPrompts);
-    panel.begin("list.csv"_s, read);
-    panel.addOfFile({fault});
+    EmbeddedHost host(ReferenceData(small_market::tables()), {});
+    ProblemsPanel panel(host, mPrompts);
+    panel.begin("list.csv"_s);
+    panel.setTable(read, {});
+    panel.add(Problem::Source::Import, {fault});
     QString said;
     QObject::connect(&panel, &ProblemsPanel::said, [&](const QString& text) { said = text; });
     failEveryWay([&](const QString& path) {

@@ -13,8 +13,8 @@
 
 namespace {
 
-const QString Root = QStringLiteral(SOURCE_ROOT);
-const QString Shipped = Root + QStringLiteral("/words/algodesk_en.ts");
+const QString Tree = QStringLiteral(SOURCE_ROOT);
+const QString Shipped = Tree + QStringLiteral("/words/algodesk_en.ts");
 
 /// Text -> its English, empty where it is not finished.
 using Texts = QMap<QString, QString>;
@@ -50,7 +50,7 @@ Texts textsOfSources()
     EXPECT_TRUE(QFile::copy(Shipped, path));
     EXPECT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
     QProcess lupdate;
-    lupdate.setWorkingDirectory(Root);
+    lupdate.setWorkingDirectory(Tree);
     lupdate.start(QStringLiteral(LUPDATE),
                   QStringList{"-silent"_s, "-I"_s, "."_s, "-no-obsolete"_s, "-locations"_s, "none"_s} +
                       QStringLiteral(TEXT_ROOMS).split(QLatin1Char(' ')) + QStringList{"-ts"_s, path});

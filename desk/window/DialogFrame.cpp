@@ -16,19 +16,13 @@
 #include "words/Words.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
-
-namespace {
-
-constexpr int WidestAccountBox = 240; // pixels; name and number together are longer than the form allows for
-constexpr int WidestStrategyBox = 220;
-
-} // namespace
 
 DialogFrame::DialogFrame(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
     : QStackedWidget(parent), mHost(host), mPrompts(prompts)
@@ -88,15 +82,12 @@ void DialogFrame::dressAccountBox()
     const auto showWhole = [accounts] { accounts->setToolTip(plainToolTip(accounts->currentText())); };
     connect(accounts, &QComboBox::currentTextChanged, accounts, showWhole);
     accounts->SetCurTradingAccount(DeskSettings(mHost).lastAccount());
-    accounts->setMinimumWidth(qMin(accounts->sizeHint().width(), WidestAccountBox));
     showWhole();
 }
 
 void DialogFrame::dressStrategyBox()
 {
-    QComboBox* strategies = &probe().strategies();
-    mFinder = new StrategyFinder(strategies);
-    strategies->setMinimumWidth(qMin(strategies->sizeHint().width(), WidestStrategyBox));
+    mFinder = new StrategyFinder(&probe().strategies());
 }
 
 /// What a screen reader says of the form, and what the pointer is told: the texts on it stay the dialog's
@@ -108,7 +99,9 @@ void DialogFrame::nameParts()
         caption.label.setBuddy(&caption.control);
     }
     parts.accounts().setAccessibleName(Words::tr("账户名称"));
+    parts.accounts().view()->setAccessibleName(Words::tr("账户名称"));
     parts.strategies().setAccessibleName(Words::tr("算法类型"));
+    parts.strategies().view()->setAccessibleName(Words::tr("算法类型"));
     parts.expectedBuy().box.setAccessibleName(Words::tr("预计买入金额"));
     parts.expectedSell().box.setAccessibleName(Words::tr("预计卖出金额"));
     parts.expectedBuy().warning.setAccessibleName(Words::tr("预计买入金额不全：有标的没有行情"));

@@ -33,8 +33,8 @@ constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the 
 
 FilteredTable::FilteredTable(ListModel* source, const Name& name, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent), mSource(source), mName(name), mPrompts(prompts), mProxy(new ListProxy(this)),
-      mView(new QTableView(this)), mFilter(new QLineEdit(this)), mCount(new QLabel(this)),
-      mToolRow(makeToolRow()), mBehaviour(new TableBehaviour(mView, mProxy))
+      mFilter(new QLineEdit(this)), mCount(new QLabel(this)), mToolRow(makeToolRow()),
+      mView(new QTableView(this)), mBehaviour(new TableBehaviour(mView, mProxy))
 {
     mProxy->setSourceModel(source);
     mProxy->setFilterKeyColumn(-1);

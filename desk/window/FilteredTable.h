@@ -99,10 +99,10 @@ private:
     Name mName;
     UserPrompts& mPrompts;
     ListProxy* mProxy;
-    QTableView* mView;
     QLineEdit* mFilter;
     QLabel* mCount;
     QHBoxLayout* mToolRow;
+    QTableView* mView; // made behind what stands above it: so Tab goes
     TableBehaviour* mBehaviour;
     int mAddedButtons = 0;
     int mProgressColumn = -1;

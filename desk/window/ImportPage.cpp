@@ -18,6 +18,7 @@
 #include "desk/window/FilteredTable.h"
 #include "desk/window/ImportQueue.h"
 #include "desk/window/ProblemsPanel.h"
+#include "desk/window/TabOrder.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/table_reader/TableFile.h"
 #include "host/ZelTableView.h"
@@ -163,6 +164,7 @@ void ImportPage::guardBatch()
 void ImportPage::listenToFrame()
 {
     connect(mFrame, &DialogFrame::opened, this, [this] { mAmounts->setDialog(mFrame->dialog()); });
+    connect(mFrame, &DialogFrame::opened, this, [this] { tab_order::placeBehind(*mFrame, *mLower); });
     connect(mFrame, &DialogFrame::closed, this, [this] { mAmounts->setDialog(nullptr); });
     connect(mFrame, &DialogFrame::opened, mGrid, [this] { mGrid->setEditable(!mIsCreated); });
     connect(mFrame, &DialogFrame::closed, mGrid, [this] { mGrid->setEditable(false); });

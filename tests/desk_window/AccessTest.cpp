@@ -75,6 +75,20 @@ protected:
         return nameless;
     }
 
+    /// The controls of the shown page in the order of Tab.
+    QList<QWidget*> tabOrder() const
+    {
+        QList<QWidget*> order;
+        QWidget* page = window->findChild<QTabWidget*>()->currentWidget();
+        for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
+            if (page->isAncestorOf(next) && next->isVisible() && next->isEnabled() &&
+                (next->focusPolicy() & Qt::TabFocus) != 0 && next->focusProxy() == nullptr) {
+                order.append(next);
+            }
+        }
+        return order;
+    }
+
     /// Texts of the shown widgets outside the dialog.
     QStringList shownTexts() const
     {
@@ -117,7 +131,7 @@ TEST_F(AccessTest, EveryControlOfEveryPageHasAName)
         drop(writeFile({row(), row("000009"_s)}));
         for (int page = 0; page < window->pageTitles().size(); ++page) {
             window->showPage(page);
-            EXPECT_EQ(namelessIn(window.get(), 15), QStringList()) << page;
+            EXPECT_EQ(namelessIn(window.get(), 10), QStringList()) << page;
         }
         closeWindow();
     }
@@ -146,6 +160,44 @@ TEST_F(AccessTest, InEnglishNothingOutsideTheDialogIsChinese)
             own.remove(name);
         }
         EXPECT_FALSE(isChinese(own)) << text.toStdString();
+    }
+}
+
+TEST_F(AccessTest, TabGoesFromLeftToRightAndDownThePage)
+{
+    open();
+    for (int page = 0; page < window->pageTitles().size(); ++page) {
+        window->showPage(page);
+        const QList<QWidget*> order = tabOrder();
+        for (int i = 1; i < order.size(); ++i) {
+            const QRect before(order.at(i - 1)->mapTo(window.get(), QPoint()), order.at(i - 1)->size());
+            const QRect next(order.at(i)->mapTo(window.get(), QPoint()), order.at(i)->size());
+            const bool isRightOfIt = next.left() >= before.right() && next.top() < before.bottom();
+            EXPECT_TRUE(isRightOfIt || next.top() >= before.bottom() - 1)
+                << page << ": " << order.at(i - 1)->objectName().toStdString() << " "
+                << order.at(i - 1)->metaObject()->className() << " -> "
+                << order.at(i)->objectName().toStdString() << " " << order.at(i)->metaObject()->className();
+        }
+    }
+}
+
+TEST_F(AccessTest, TheWindowFitsASmallScreen)
+{
+    for (const auto language : {words::Language::Chinese, words::Language::English}) {
+        words::speak(language);
+        open();
+        const QSize least = window->minimumSizeHint();
+        EXPECT_LE(least.width(), 1024);
+        EXPECT_LE(least.height(), 560) << "600 less a title bar";
+        for (const QWidget* part : window->findChildren<QWidget*>()) {
+            EXPECT_LE(part->minimumSizeHint().width(), 1024)
+                << part->metaObject()->className() << " " << part->objectName().toStdString();
+        }
+        window->resize(1024, 560);
+        EXPECT_EQ(window->size(), QSize(1024, 560));
+        EXPECT_TRUE(window->rect().contains(
+            QRect(child<QAbstractButton>("btn_ok")->mapTo(window.get(), QPoint()), QSize(1, 1))));
+        closeWindow();
     }
 }
 

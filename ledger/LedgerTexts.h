@@ -201,10 +201,10 @@ inline QString nothingToReplace(qint64 number, const QString& state)
 /// Its orders may trade: a new batch beside them would be the same orders twice.
 inline QString sentAlready(qint64 number, const QStringList& instances)
 {
-    return Words::
-        tr("批次 %1 有 %2 个实例已经启动或发出（%3），不能整批替换；请先撤销该批次、核对成交，再重新创建。")
-            .arg(QString::number(number), QString::number(instances.size()),
-                 instances.mid(0, 5).join(QStringLiteral("、")));
+    return Words::tr("批次 %1 有 %2 个实例已经启动或发出（%3），不能整批替换；"
+                     "请先撤销该批次、核对成交，再重新创建。")
+        .arg(QString::number(number), QString::number(instances.size()),
+             instances.mid(0, 5).join(Words::tr("、")));
 }
 
 inline QString noTableKept(qint64 number)

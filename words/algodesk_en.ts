@@ -228,14 +228,6 @@
         <translation>Severity</translation>
     </message>
     <message>
-        <source>位置</source>
-        <translation>Place</translation>
-    </message>
-    <message>
-        <source>原文</source>
-        <translation>Cell</translation>
-    </message>
-    <message>
         <source>说明</source>
         <translation>Explanation</translation>
     </message>
@@ -246,14 +238,6 @@
     <message>
         <source>整个文件</source>
         <translation>whole file</translation>
-    </message>
-    <message>
-        <source>%1（文件第 %2 行）</source>
-        <translation>%1 (line %2 of the file)</translation>
-    </message>
-    <message>
-        <source>第 %1 行</source>
-        <translation>Row %1</translation>
     </message>
     <message>
         <source>，</source>
@@ -334,18 +318,6 @@
     <message>
         <source>批次 %1：%2 个实例%3</source>
         <translation>Batch %1: %2 instance(s) %3</translation>
-    </message>
-    <message>
-        <source>文件第 %1 行</source>
-        <translation>Line %1 of the file</translation>
-    </message>
-    <message>
-        <source>表格第 %1 行</source>
-        <translation>Row %1 of the table</translation>
-    </message>
-    <message>
-        <source>整体</source>
-        <translation>Whole file</translation>
     </message>
     <message>
         <source>证券名称</source>
@@ -922,14 +894,6 @@ Press 导入算法 to choose a file, or drop one on the window</translation>
         <translation>About the file</translation>
     </message>
     <message>
-        <source>没有发现</source>
-        <translation>Nothing found</translation>
-    </message>
-    <message>
-        <source>导入文件后，检查结果显示在这里</source>
-        <translation>Import a file to see here what was found in it</translation>
-    </message>
-    <message>
         <source>正在计算文件指纹…</source>
         <translation>Computing the digest of the file…</translation>
     </message>
@@ -1184,10 +1148,6 @@ Press 导入算法 to choose a file, or drop one on the window</translation>
     <message>
         <source>没有问题</source>
         <translation>No problems</translation>
-    </message>
-    <message>
-        <source>问题 %1 / %2</source>
-        <translation>Problem %1 of %2</translation>
     </message>
     <message>
         <source>导入一个批次后，其中证券的行情显示在这里</source>
@@ -2847,10 +2807,6 @@ check：0 无问题，1 有警告，3 有错误，4 无法读取。5 已完成�
         <translation>--create needs --confirm</translation>
     </message>
     <message>
-        <source>--yes、--accept、--amount 需要 --create</source>
-        <translation>--yes, --accept and --amount need --create</translation>
-    </message>
-    <message>
         <source>实例以批次和行表示，例如 12-3，而不是“%1”</source>
         <translation>an instance is named by batch and row, such as 12-3, not &apos;%1&apos;</translation>
     </message>
@@ -3039,18 +2995,6 @@ This product includes software developed by quickfixengine.org (http://www.quick
 Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-Clause), RapidJSON (MIT), Expat (MIT), QuickFIX (The QuickFIX Software License 1.0), SQLite (public domain), PostgreSQL libpq (PostgreSQL License); docs/parts.md says what each is for.</translation>
     </message>
     <message>
-        <source>列出所选批次的实例</source>
-        <translation>List the instances of the chosen batch</translation>
-    </message>
-    <message>
-        <source>把所选批次与表格中的导入逐格比较</source>
-        <translation>Compare the chosen batch with the import in the table, cell by cell</translation>
-    </message>
-    <message>
-        <source>撤回或停止所选批次的实例</source>
-        <translation>Withdraw or stop the instances of the chosen batch</translation>
-    </message>
-    <message>
         <source>选择算法(&amp;T)…</source>
         <translation>&amp;Strategy…</translation>
     </message>
@@ -3119,20 +3063,8 @@ Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-C
         <translation>Find in the guide</translation>
     </message>
     <message>
-        <source>列出该批次的实例</source>
-        <translation>List the instances of the batch</translation>
-    </message>
-    <message>
         <source>收起这条通知</source>
         <translation>Put this notice away</translation>
-    </message>
-    <message>
-        <source>转到下一个问题 (F8)，Shift+F8 到上一个</source>
-        <translation>Go to the next problem (F8), Shift+F8 to the one before</translation>
-    </message>
-    <message>
-        <source>把有问题的行连同原因另存为文件，改好后可直接再次导入 (Ctrl+Shift+S)</source>
-        <translation>Save the rows with problems and their reasons to a file that can be imported again once mended (Ctrl+Shift+S)</translation>
     </message>
     <message>
         <source>输入代码或名称</source>
@@ -3161,6 +3093,692 @@ Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-C
     <message>
         <source>确定(&amp;O)</source>
         <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>批次 %1 属于账号 %2，不能由账号 %3 的批次替换。</source>
+        <translation>Batch %1 belongs to account %2 and cannot be replaced by a batch of account %3.</translation>
+    </message>
+    <message>
+        <source>批次 %1 %2，没有可替换的内容。</source>
+        <translation>Batch %1 is %2; there is nothing to replace.</translation>
+    </message>
+    <message>
+        <source>批次 %1 有 %2 个实例已经启动或发出（%3），不能整批替换；请先撤销该批次、核对成交，再重新创建。</source>
+        <translation>%2 instances of batch %1 have been started or sent (%3), so it cannot be replaced as a whole. Undo it, check what traded, and create anew.</translation>
+    </message>
+    <message>
+        <source>文件修改</source>
+        <translation>Edits of the file</translation>
+    </message>
+    <message>
+        <source>%1 处</source>
+        <translation>%1 places</translation>
+    </message>
+    <message>
+        <source>整批</source>
+        <translation>whole batch</translation>
+    </message>
+    <message>
+        <source>文件行</source>
+        <translation>File line</translation>
+    </message>
+    <message>
+        <source>表格行</source>
+        <translation>Table row</translation>
+    </message>
+    <message>
+        <source>规则</source>
+        <translation>Rule</translation>
+    </message>
+    <message>
+        <source>来源</source>
+        <translation>Source</translation>
+    </message>
+    <message>
+        <source>导入</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>Confirmation</translation>
+    </message>
+    <message>
+        <source>已排除</source>
+        <translation>Left out</translation>
+    </message>
+    <message>
+        <source>台账中已有的委托：不再创建，或只创建与 --against 的批次 N 不同的，或在同一事务中撤回该批次</source>
+        <translation>of orders that the ledger holds already: leave them out, create only what differs from batch N of --against, or withdraw that batch in the same transaction</translation>
+    </message>
+    <message>
+        <source>changed-only 和 replace 所指的批次</source>
+        <translation>the batch of changed-only and replace</translation>
+    </message>
+    <message>
+        <source>--duplicates 只能是 leave-out、changed-only 或 replace，不能是“%1”</source>
+        <translation>--duplicates takes leave-out, changed-only or replace, not &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>--duplicates %1 需要 --against N</source>
+        <translation>--duplicates %1 needs --against N</translation>
+    </message>
+    <message>
+        <source>--against 只用于 --duplicates changed-only 或 replace</source>
+        <translation>--against goes with --duplicates changed-only or replace</translation>
+    </message>
+    <message>
+        <source>--yes、--accept、--amount、--duplicates、--against 需要 --create</source>
+        <translation>--yes, --accept, --amount, --duplicates and --against need --create</translation>
+    </message>
+    <message>
+        <source>批次 %1 的账户是 %2、算法是 %3，与本批不同，不能按变更创建。</source>
+        <translation>Batch %1 has account %2 and strategy %3, unlike this one: its changes alone cannot be created.</translation>
+    </message>
+    <message>
+        <source>没有要创建的行：%1 行都已在台账中。</source>
+        <translation>There is no row to create: all %1 are in the ledger already.</translation>
+    </message>
+    <message>
+        <source>不再创建 %1 行：台账中已有</source>
+        <translation>%1 rows are not created: the ledger has them already</translation>
+    </message>
+    <message>
+        <source>批次 %1 将被撤回，由本批替换（同时完成，或都不做）</source>
+        <translation>Batch %1 is withdrawn and this one takes its place (both at once, or neither)</translation>
+    </message>
+    <message>
+        <source>查看文件修改</source>
+        <translation>Show edits of the file</translation>
+    </message>
+    <message>
+        <source>批次%1，没有可以撤销的实例</source>
+        <translation>The batch is %1 and has no instance that could be undone</translation>
+    </message>
+    <message>
+        <source>先选择一个批次</source>
+        <translation>Select a batch first</translation>
+    </message>
+    <message>
+        <source>导入后没有修改过文件</source>
+        <translation>The file was not edited after the import</translation>
+    </message>
+    <message>
+        <source>文件 %1（SHA-256 %2）导入后的修改：</source>
+        <translation>Edits of the file %1 (SHA-256 %2) after its import:</translation>
+    </message>
+    <message>
+        <source>批次 %1 的文件修改</source>
+        <translation>Edits of the file of batch %1</translation>
+    </message>
+    <message>
+        <source>从剪贴板导入(&amp;V)</source>
+        <translation>Import from the clip&amp;board</translation>
+    </message>
+    <message>
+        <source>重新载入文件(&amp;L)</source>
+        <translation>Re&amp;load the file</translation>
+    </message>
+    <message>
+        <source>导入多个文件(&amp;I)…</source>
+        <translation>&amp;Import several files…</translation>
+    </message>
+    <message>
+        <source>列映射(&amp;M)…</source>
+        <translation>Column &amp;mapping…</translation>
+    </message>
+    <message>
+        <source>最近的文件(&amp;T)</source>
+        <translation>Recen&amp;t files</translation>
+    </message>
+    <message>
+        <source>（无）</source>
+        <translation>(none)</translation>
+    </message>
+    <message>
+        <source>编辑(&amp;E)</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>撤销修改(&amp;U)</source>
+        <translation>&amp;Undo edit</translation>
+    </message>
+    <message>
+        <source>重做修改(&amp;R)</source>
+        <translation>&amp;Redo edit</translation>
+    </message>
+    <message>
+        <source>粘贴(&amp;P)</source>
+        <translation>&amp;Paste</translation>
+    </message>
+    <message>
+        <source>全列替换(&amp;H)…</source>
+        <translation>Replace in t&amp;he column…</translation>
+    </message>
+    <message>
+        <source>排除/恢复所选行(&amp;X)</source>
+        <translation>Leave out / take in selected rows (&amp;X)</translation>
+    </message>
+    <message>
+        <source>参数表/文件(&amp;W)</source>
+        <translation>Vie&amp;w: parameters / file</translation>
+    </message>
+    <message>
+        <source>到文件中修改(&amp;E)</source>
+        <translation>Mend in the fil&amp;e</translation>
+    </message>
+    <message>
+        <source>只看错误(&amp;O)</source>
+        <translation>Err&amp;ors only</translation>
+    </message>
+    <message>
+        <source>排除问题行(&amp;L)</source>
+        <translation>&amp;Leave out faulty rows</translation>
+    </message>
+    <message>
+        <source>文件在磁盘上已改变：%1</source>
+        <translation>The file changed on disk: %1</translation>
+    </message>
+    <message>
+        <source>重新载入</source>
+        <translation>Reload</translation>
+    </message>
+    <message>
+        <source>重新询问</source>
+        <translation>Ask again</translation>
+    </message>
+    <message>
+        <source>批次 %1 已撤回</source>
+        <translation>Batch %1 is withdrawn</translation>
+    </message>
+    <message>
+        <source>%1 行台账中已有，没有再创建</source>
+        <translation>%1 rows that the ledger has already were not created again</translation>
+    </message>
+    <message>
+        <source>批次 %1 的文件在桌面上的修改：%2</source>
+        <translation>Edits of the file of batch %1 on the desk: %2</translation>
+    </message>
+    <message>
+        <source>当前文件在桌面上的修改：%1</source>
+        <translation>Edits of this file on the desk: %1</translation>
+    </message>
+    <message>
+        <source>未提交的批次</source>
+        <translation>A batch that was not submitted</translation>
+    </message>
+    <message>
+        <source>放弃(&amp;D)</source>
+        <translation>&amp;Discard</translation>
+    </message>
+    <message>
+        <source>保留(&amp;K)</source>
+        <translation>&amp;Keep</translation>
+    </message>
+    <message>
+        <source>撤销</source>
+        <translation>Undo</translation>
+    </message>
+    <message>
+        <source>撤销上一处修改（Ctrl+Z）</source>
+        <translation>Undoes the last edit (Ctrl+Z)</translation>
+    </message>
+    <message>
+        <source>重做</source>
+        <translation>Redo</translation>
+    </message>
+    <message>
+        <source>重做撤销的修改（Ctrl+Shift+Z）</source>
+        <translation>Does an undone edit again (Ctrl+Shift+Z)</translation>
+    </message>
+    <message>
+        <source>排除/恢复行</source>
+        <translation>Leave out / take in</translation>
+    </message>
+    <message>
+        <source>所选行不导入，或恢复导入（Ctrl+-）</source>
+        <translation>The selected rows are not imported, or are again (Ctrl+-)</translation>
+    </message>
+    <message>
+        <source>全列替换…</source>
+        <translation>Replace in column…</translation>
+    </message>
+    <message>
+        <source>把当前列中的一个值全部改为另一个（Ctrl+H）</source>
+        <translation>Changes a value to another one in the whole column (Ctrl+H)</translation>
+    </message>
+    <message>
+        <source>粘贴</source>
+        <translation>Paste</translation>
+    </message>
+    <message>
+        <source>从当前单元格起粘贴；超出最后一行的成为新行（Ctrl+V）</source>
+        <translation>Pastes from the current cell on; what reaches beyond the last row becomes new rows (Ctrl+V)</translation>
+    </message>
+    <message>
+        <source>先选择从哪个单元格起粘贴</source>
+        <translation>Select the cell to paste from first</translation>
+    </message>
+    <message>
+        <source>剪贴板中没有文字</source>
+        <translation>There is no text on the clipboard</translation>
+    </message>
+    <message>
+        <source>已粘贴 %1 行</source>
+        <translation>%1 rows pasted</translation>
+    </message>
+    <message>
+        <source>粘贴没有改变任何内容</source>
+        <translation>Pasting changed nothing</translation>
+    </message>
+    <message>
+        <source>先选择要排除的行</source>
+        <translation>Select the rows to leave out first</translation>
+    </message>
+    <message>
+        <source>已恢复 %1 行</source>
+        <translation>%1 rows taken in again</translation>
+    </message>
+    <message>
+        <source>已排除 %1 行，Ctrl+Z 恢复</source>
+        <translation>%1 rows left out; Ctrl+Z takes them in again</translation>
+    </message>
+    <message>
+        <source>先选择一列中的单元格</source>
+        <translation>Select a cell of the column first</translation>
+    </message>
+    <message>
+        <source>已替换 %1 行</source>
+        <translation>Replaced in %1 rows</translation>
+    </message>
+    <message>
+        <source>文件第 %1 行 %2</source>
+        <translation>File line %1 %2</translation>
+    </message>
+    <message>
+        <source>未修改，原文件不会被写入</source>
+        <translation>Not edited; the file itself is never written</translation>
+    </message>
+    <message>
+        <source>已修改 %1 处，排除 %2 行；原文件不变</source>
+        <translation>%1 edits, %2 rows left out; the file itself stays as it is</translation>
+    </message>
+    <message>
+        <source>此行不导入</source>
+        <translation>This row is not imported</translation>
+    </message>
+    <message>
+        <source>此行不导入（Ctrl+- 恢复）</source>
+        <translation>This row is not imported (Ctrl+- takes it in)</translation>
+    </message>
+    <message>
+        <source>第 %1 行起</source>
+        <translation>from row %1</translation>
+    </message>
+    <message>
+        <source>正在读取文件…</source>
+        <translation>Reading the file…</translation>
+    </message>
+    <message>
+        <source>已按记住的映射导入：%1</source>
+        <translation>Imported by the mapping that was remembered: %1</translation>
+    </message>
+    <message>
+        <source>参数表与文件</source>
+        <translation>Parameters and file</translation>
+    </message>
+    <message>
+        <source>导入多个文件</source>
+        <translation>Import several files</translation>
+    </message>
+    <message>
+        <source>已按修改重新导入：%1</source>
+        <translation>Imported again with the edits: %1</translation>
+    </message>
+    <message>
+        <source>已按修改重新导入，请核对后再确定</source>
+        <translation>Imported again with the edits; check it before you confirm</translation>
+    </message>
+    <message>
+        <source>表格中的 %1 行尚未提交（%2）。</source>
+        <translation>%1 rows in the table were not submitted (%2).</translation>
+    </message>
+    <message>
+        <source>%1
+在文件中的 %2 处修改也会丢失。</source>
+        <translation>%1
+%2 edits of the file are lost too.</translation>
+    </message>
+    <message>
+        <source>没有可重新载入的文件</source>
+        <translation>There is no file to reload</translation>
+    </message>
+    <message>
+        <source>剪贴板中没有表格</source>
+        <translation>There is no table on the clipboard</translation>
+    </message>
+    <message>
+        <source>剪贴板</source>
+        <translation>Clipboard</translation>
+    </message>
+    <message>
+        <source>等待导入</source>
+        <translation>Waiting for import</translation>
+    </message>
+    <message>
+        <source>等待导入(&amp;Q)</source>
+        <translation>Waiting for import (&amp;Q)</translation>
+    </message>
+    <message>
+        <source>跳到下一个(&amp;J)</source>
+        <translation>&amp;Jump to the next</translation>
+    </message>
+    <message>
+        <source>放下当前文件，导入队列中的下一个</source>
+        <translation>Leaves the current file and imports the next one that waits</translation>
+    </message>
+    <message>
+        <source>移出(&amp;M)</source>
+        <translation>Re&amp;move</translation>
+    </message>
+    <message>
+        <source>把选中的移出队列，不导入</source>
+        <translation>Takes the selected ones out of the queue; they are not imported</translation>
+    </message>
+    <message>
+        <source>清空</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>放弃队列中的全部</source>
+        <translation>Gives up everything that waits</translation>
+    </message>
+    <message>
+        <source>%1：%2 → %3</source>
+        <translation>%1: %2 → %3</translation>
+    </message>
+    <message>
+        <source>%1：未变更，%2</source>
+        <translation>%1: not changed, %2</translation>
+    </message>
+    <message>
+        <source>启动</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>启动 %1 个实例？</source>
+        <translation>Start %1 instances?</translation>
+    </message>
+    <message>
+        <source>选中的实例没有未启动的</source>
+        <translation>None of the selected instances is waiting to be started</translation>
+    </message>
+    <message>
+        <source>启动 %1 个实例：%2</source>
+        <translation>%1 instances started: %2</translation>
+    </message>
+    <message>
+        <source>停止</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>停止 %1 个实例？</source>
+        <translation>Stop %1 instances?</translation>
+    </message>
+    <message>
+        <source>选中的实例没有待发送或在运行的</source>
+        <translation>None of the selected instances is queued or running</translation>
+    </message>
+    <message>
+        <source>停止 %1 个实例：%2</source>
+        <translation>%1 instances stopped: %2</translation>
+    </message>
+    <message>
+        <source>撤回</source>
+        <translation>Withdraw</translation>
+    </message>
+    <message>
+        <source>撤回 %1 个实例？</source>
+        <translation>Withdraw %1 instances?</translation>
+    </message>
+    <message>
+        <source>选中的实例都已发往市场或已结束，不能撤回</source>
+        <translation>All selected instances went to the market or are over and cannot be withdrawn</translation>
+    </message>
+    <message>
+        <source>撤回 %1 个实例：%2</source>
+        <translation>%1 instances withdrawn: %2</translation>
+    </message>
+    <message>
+        <source>已选 %1 个：买入 %2，卖出 %3</source>
+        <translation>%1 selected: buy %2, sell %3</translation>
+    </message>
+    <message>
+        <source>先选择实例</source>
+        <translation>Select instances first</translation>
+    </message>
+    <message>
+        <source>%1；%2 个未变更</source>
+        <translation>%1; %2 not changed</translation>
+    </message>
+    <message>
+        <source>另选中的 %1 个因状态不适用，保持不变。</source>
+        <translation>%1 more of the selection stay as they are: their state does not allow it.</translation>
+    </message>
+    <message>
+        <source>逐个实例的结果</source>
+        <translation>Result for each instance</translation>
+    </message>
+    <message>
+        <source>未变更</source>
+        <translation>not changed</translation>
+    </message>
+    <message>
+        <source>记住，表头相同的文件下次直接导入(&amp;R)</source>
+        <translation>&amp;Remember: files with this header are imported at once next time</translation>
+    </message>
+    <message>
+        <source>列映射 · %1</source>
+        <translation>Column mapping · %1</translation>
+    </message>
+    <message>
+        <source>映射后的前十行</source>
+        <translation>The first ten rows as mapped</translation>
+    </message>
+    <message>
+        <source>按此映射导入(&amp;I)</source>
+        <translation>&amp;Import by this mapping</translation>
+    </message>
+    <message>
+        <source>照原样导入(&amp;P)</source>
+        <translation>Im&amp;port as it is</translation>
+    </message>
+    <message>
+        <source>不用映射，由批量导入指出缺少的列</source>
+        <translation>Without a mapping: the batch import tells which columns lack</translation>
+    </message>
+    <message>
+        <source>导入时看到的前十行</source>
+        <translation>The first ten rows as the import sees them</translation>
+    </message>
+    <message>
+        <source>工作表(&amp;S)</source>
+        <translation>&amp;Sheet</translation>
+    </message>
+    <message>
+        <source>表头所在行(&amp;L)</source>
+        <translation>&amp;Line of the header</translation>
+    </message>
+    <message>
+        <source>表头所在行</source>
+        <translation>Line of the header</translation>
+    </message>
+    <message>
+        <source>文件的列 → 算法的列</source>
+        <translation>Column of the file → column of the strategy</translation>
+    </message>
+    <message>
+        <source>文件中的值 → 导入的值</source>
+        <translation>Value in the file → value imported</translation>
+    </message>
+    <message>
+        <source>（无标题，第 %1 列）</source>
+        <translation>(no title, column %1)</translation>
+    </message>
+    <message>
+        <source>“%1”对应的列</source>
+        <translation>Column for &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>（不导入）</source>
+        <translation>(not imported)</translation>
+    </message>
+    <message>
+        <source>“%1”的日期次序</source>
+        <translation>Order of dates of &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>年-月-日</source>
+        <translation>year-month-day</translation>
+    </message>
+    <message>
+        <source>日/月/年</source>
+        <translation>day/month/year</translation>
+    </message>
+    <message>
+        <source>月/日/年</source>
+        <translation>month/day/year</translation>
+    </message>
+    <message>
+        <source>%1：“%2”导入为</source>
+        <translation>%1: &quot;%2&quot; is imported as</translation>
+    </message>
+    <message>
+        <source>（保持原样）</source>
+        <translation>(as it is)</translation>
+    </message>
+    <message>
+        <source>（请选择）</source>
+        <translation>(please choose)</translation>
+    </message>
+    <message>
+        <source>所有行的%1</source>
+        <translation>%1 of all rows</translation>
+    </message>
+    <message>
+        <source>还缺：%1</source>
+        <translation>Still lacking: %1</translation>
+    </message>
+    <message>
+        <source>%1 不接受：%2</source>
+        <translation>%1 does not take: %2</translation>
+    </message>
+    <message>
+        <source>文件的各列都已对应</source>
+        <translation>Every column of the file has its place</translation>
+    </message>
+    <message>
+        <source>不导入的列：%1</source>
+        <translation>Columns that are not imported: %1</translation>
+    </message>
+    <message>
+        <source>按严重程度筛选问题（F7 只看错误）</source>
+        <translation>Filter problems by severity (F7: errors only)</translation>
+    </message>
+    <message>
+        <source>按规则筛选问题</source>
+        <translation>Filter problems by rule</translation>
+    </message>
+    <message>
+        <source>全部 %1</source>
+        <translation>All %1</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation type="unfinished">%1, %2: %3 {1 %2?}</translation>
+    </message>
+    <message>
+        <source>全部规则 %1</source>
+        <translation>All rules %1</translation>
+    </message>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>排除问题行</source>
+        <translation>Leave out faulty rows</translation>
+    </message>
+    <message>
+        <source>把有问题的行连同原因另存为文件，改好后可直接再次导入（Ctrl+Shift+S）</source>
+        <translation>Saves the faulty rows with their reasons to a file that can be mended and imported again (Ctrl+Shift+S)</translation>
+    </message>
+    <message>
+        <source>不导入所选问题所在的行；未选多行时为所有有错误的行（Ctrl+Shift+L）。文件网格中可恢复</source>
+        <translation>Does not import the rows of the selected problems; of all errors where not several are selected (Ctrl+Shift+L). The grid of the file takes them in again</translation>
+    </message>
+    <message>
+        <source>到下一个问题（F8）；Shift+F8 到上一个，Enter 到文件中的单元格</source>
+        <translation>To the next problem (F8); Shift+F8 to the one before, Enter to the cell in the file</translation>
+    </message>
+    <message>
+        <source>没有可排除的问题行</source>
+        <translation>There are no faulty rows to leave out</translation>
+    </message>
+    <message>
+        <source>没有符合筛选的问题</source>
+        <translation>No problem passes the filter</translation>
+    </message>
+    <message>
+        <source>问题 %1 / %2：%3</source>
+        <translation type="unfinished">Problem %1 of %2：%3 {1 ?}</translation>
+    </message>
+    <message>
+        <source>全列替换：%1</source>
+        <translation>Replace in column: %1</translation>
+    </message>
+    <message>
+        <source>（空）</source>
+        <translation>(empty)</translation>
+    </message>
+    <message>
+        <source>把(&amp;F)</source>
+        <translation>&amp;From</translation>
+    </message>
+    <message>
+        <source>改为(&amp;T)</source>
+        <translation>&amp;To</translation>
+    </message>
+    <message>
+        <source>替换(&amp;R)</source>
+        <translation>&amp;Replace</translation>
+    </message>
+    <message>
+        <source>与已有批次重复时</source>
+        <translation>What to do with duplicates</translation>
+    </message>
+    <message>
+        <source>全部创建，重复的逐条确认</source>
+        <translation>Create all; duplicates are confirmed one by one</translation>
+    </message>
+    <message>
+        <source>台账中已有的行不再创建</source>
+        <translation>Leave out rows that the ledger has already</translation>
+    </message>
+    <message>
+        <source>只创建与批次 %1 相比有变更的行</source>
+        <translation>Create only the rows that changed against batch %1</translation>
+    </message>
+    <message>
+        <source>撤回批次 %1，以本批替换</source>
+        <translation>Withdraw batch %1 and put this one in its place</translation>
+    </message>
+    <message>
+        <source>与已有批次重复时(&amp;D)：</source>
+        <translation>Where orders are &amp;duplicates:</translation>
+    </message>
+    <message>
+        <source>转到文件行 %1</source>
+        <translation>Go to file line %1</translation>
     </message>
 </context>
 </TS>

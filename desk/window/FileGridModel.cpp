@@ -168,7 +168,7 @@ QString FileGridModel::lineText(const working_copy::Row& row) const
         text += QStringLiteral(" +");
     }
     if (row.isLeftOut) {
-        text += QStringLiteral(" －");
+        text += QStringLiteral(" –");
     }
     return mark ? ProblemsModel::signOf(mark->severity) + QLatin1Char(' ') + text : text;
 }

@@ -37,7 +37,7 @@ QString shownColumns(const mapping::Mapping& mapping)
     for (auto constant = mapping.constants.cbegin(); constant != mapping.constants.cend(); ++constant) {
         columns.append(QStringLiteral("%1 = %2").arg(constant.key(), *constant));
     }
-    return columns.join(QStringLiteral("、"));
+    return columns.join(Words::tr("、"));
 }
 
 /// What stands above a header costs no order its place.

@@ -66,7 +66,7 @@ QString statesOf(const QList<ChangedInstance>& changed)
             parts.append(QStringLiteral("%1 %2").arg(ledger::shownName(count.key())).arg(*count));
         }
     }
-    return parts.join(QStringLiteral("，"));
+    return parts.join(Words::tr("，"));
 }
 
 } // namespace

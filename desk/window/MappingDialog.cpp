@@ -403,7 +403,7 @@ void MappingDialog::addValueRow(QGridLayout* grid, const QString& title, const Q
     choose(box, known->values.value(text));
     connect(box, QOverload<int>::of(&QComboBox::activated), this,
             [box, store] { store(box->currentData().toString()); });
-    grid->addWidget(makeLabel(QStringLiteral("%1：%2").arg(title, text), this), row, 0);
+    grid->addWidget(makeLabel(Words::tr("%1：%2").arg(title, text), this), row, 0);
     grid->addWidget(box, row, 1);
 }
 
@@ -477,7 +477,7 @@ void MappingDialog::showPreview()
 void MappingDialog::showGaps()
 {
     const mapping::Gaps gaps = gapsOf(mMapping, mStrategy, mTable, mSurroundings);
-    const QString separator = QStringLiteral("、");
+    const QString separator = Words::tr("、");
     QStringList state;
     if (!gaps.missing.isEmpty()) {
         state.append(Words::tr("还缺：%1").arg(gaps.missing.join(separator)));

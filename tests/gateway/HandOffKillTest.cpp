@@ -82,7 +82,7 @@ TEST_P(HandOffKills, EveryOrderIsTakenOnce)
     desk.create(count - count / 2);
     std::mt19937 random(GetParam());
     int deaths = 0;
-    for (int i = 0; i < 15; ++i) {
+    for (int i = 0; i < 15 || (deaths <= 5 && i < 60); ++i) { // a slow machine needs more attempts
         FolderVictim victim(desk, folder, 1 + static_cast<int>(random() % 40));
         deaths += victim.dies(1500) ? 1 : 0;
     }

@@ -3694,7 +3694,7 @@ Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-C
     </message>
     <message>
         <source>%1 %2</source>
-        <translation type="unfinished">%1, %2: %3 {1 %2?}</translation>
+        <translation>%1 %2</translation>
     </message>
     <message>
         <source>全部规则 %1</source>
@@ -3730,7 +3730,7 @@ Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-C
     </message>
     <message>
         <source>问题 %1 / %2：%3</source>
-        <translation type="unfinished">Problem %1 of %2：%3 {1 ?}</translation>
+        <translation>Problem %1 of %2: %3</translation>
     </message>
     <message>
         <source>全列替换：%1</source>

@@ -28,13 +28,7 @@ public:
     /// The chosen account's asset property (Solvey_Values::FundAccountType or another text).
     QString GetCurAccountAssetProp() const;
 
-protected:
-    /// Where the box is too narrow the name is shortened, never the number.
-    void paintEvent(QPaintEvent* event) override;
-
 private:
-    QString shownWithin(int width) const;
-
     DisplayMode mMode;
     QList<tagUserAccountInfo> mAccounts;
 };

@@ -625,7 +625,7 @@
     </message>
     <message>
         <source>与当前导入比较</source>
-        <translation>Compare with the import</translation>
+        <translation>Compare</translation>
     </message>
     <message>
         <source>撤销批次</source>
@@ -3188,7 +3188,7 @@ Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-C
     </message>
     <message>
         <source>查看文件修改</source>
-        <translation>Show edits of the file</translation>
+        <translation>Show edits</translation>
     </message>
     <message>
         <source>批次%1，没有可以撤销的实例</source>
@@ -3779,6 +3779,10 @@ Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-C
     <message>
         <source>转到文件行 %1</source>
         <translation>Go to file line %1</translation>
+    </message>
+    <message>
+        <source>列出该批次的实例</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

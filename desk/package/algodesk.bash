@@ -7,7 +7,7 @@ _algodesk_commands="import check rows strategies accounts securities template at
 _algodesk_options() {
     local everywhere="--language --help" ledger="--home --ledger --wait"
     case $1 in
-    import) echo "$everywhere $ledger --strategy --account --data --answer --switch-account --confirm --create --yes --accept
+    import) echo "$everywhere $ledger --strategy --account --data --answer --switch-account --confirm --create --yes --duplicates --against --accept
         --amount --rejects --faults --mapping" ;;
     check) echo "$everywhere --home --strategy --account --data --encoding --mapping" ;;
     rows) echo "$everywhere --home --encoding" ;;
@@ -43,7 +43,7 @@ _algodesk() {
     --language) among="zh en" ;;
     --answer) among="yes no" ;;
     --as) among="running stopped finished rejected queued" ;;
-    --accept | --amount | --batch | --day | --dry-run | --encoding | --from | --pace | --reason | --wait) return ;;
+    --accept | --against | --amount | --batch | --day | --dry-run | --encoding | --from | --pace | --reason | --wait) return ;;
     --config | --mapping | --data | --files | --home | --ledger | --out | --profile | --rejects)
         COMPREPLY=($(compgen -f -- "$word"))
         return

@@ -3,6 +3,7 @@
 #include "words/Words.h"
 
 #include <QFile>
+#include <QTemporaryFile>
 
 namespace runner {
 
@@ -16,15 +17,18 @@ Outcome<QString> StandardInput::keep()
 {
     constexpr qint64 PieceBytes = 1 << 20;
     QFile in;
-    QFile kept(mFolder.filePath(QStringLiteral("stdin")));
-    if (!in.open(stdin, QIODevice::ReadOnly) || !kept.open(QIODevice::WriteOnly)) {
+    QTemporaryFile kept(mFolder.filePath(QStringLiteral("XXXXXX")));
+    kept.setAutoRemove(false); // its folder is
+    if (!in.open(stdin, QIODevice::ReadOnly) || !kept.open()) {
         return {{}, Words::tr("无法读取标准输入：%1").arg(kept.errorString())};
     }
     QByteArray piece;
     do {
         piece = in.read(PieceBytes);
     } while (!piece.isEmpty() && kept.write(piece) == piece.size());
-    if (in.error() != QFile::NoError || !piece.isEmpty() || !kept.flush()) {
+    const bool isKept =
+        piece.isEmpty() && kept.flush() && kept.rename(mFolder.filePath(QStringLiteral("stdin")));
+    if (in.error() != QFile::NoError || !isKept) {
         return {
             {},
             Words::tr("无法读取标准输入：%1").arg(piece.isEmpty() ? in.errorString() : kept.errorString())};

@@ -116,6 +116,7 @@ void DeskWindow::makePages()
     connect(mImport, &ImportPage::imported, mBatches,
             [this] { mBatches->setComparable(!mImport->currentTable().rows.isEmpty()); });
     connect(mImport, &ImportPage::cleared, mBatches, [this] { mBatches->setComparable(false); });
+    connect(mImport->frame(), &DialogFrame::closed, mBatches, [this] { mBatches->setComparable(false); });
     connect(mBatches, &BatchesPage::comparisonWanted, this, &DeskWindow::compareWith);
     connect(mBatches, &BatchesPage::instancesWanted, this, [this](qint64 batch) {
         mInstances->showBatch(batch);

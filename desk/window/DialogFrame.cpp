@@ -21,13 +21,20 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
 
 DialogFrame::DialogFrame(EmbeddedHost& host, DeskPrompts& prompts, QWidget* parent)
-    : QStackedWidget(parent), mHost(host), mPrompts(prompts)
+    : QStackedWidget(parent), mHost(host), mPrompts(prompts), mView(new QScrollArea)
 {
     addWidget(makeClosedPage());
+    mView->setObjectName(QStringLiteral("view_dialog"));
+    mView->setWidgetResizable(true);
+    mView->setFrameShape(QFrame::NoFrame);
+    mView->setFocusPolicy(Qt::NoFocus);
+    mView->setAccessibleName(Words::tr("批量导入"));
+    addWidget(mView);
     connect(&prompts, &DeskPrompts::fileChosen, this, &DialogFrame::startImport);
     connect(&prompts, &DeskPrompts::messageComing, this, &DialogFrame::takeMessage);
 }
@@ -71,8 +78,8 @@ void DialogFrame::open()
     listenToButtons();
     listenToBoxes();
     mColumns->apply();
-    addWidget(mDialog);
-    setCurrentWidget(mDialog);
+    mView->setWidget(mDialog);
+    setCurrentWidget(mView);
     emit opened();
 }
 
@@ -194,7 +201,7 @@ void DialogFrame::close()
     }
     saveChoice();
     setCurrentIndex(0);
-    removeWidget(mDialog);
+    mView->takeWidget();
     mDialog->setParent(nullptr); // hidden, and no longer found in the window
     mDialog->deleteLater();      // it is in the midst of a signal of its own
     mDialog.clear();

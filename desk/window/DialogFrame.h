@@ -13,6 +13,7 @@ class DeskPrompts;
 class DialogFaults;
 class DialogProbe;
 class EmbeddedHost;
+class QScrollArea;
 class ImportColumns;
 class StrategyFinder;
 class ZelTableView;
@@ -105,6 +106,7 @@ private:
 
     EmbeddedHost& mHost;
     DeskPrompts& mPrompts;
+    QScrollArea* mView; ///< the dialog's form asks for more than a small screen has
     QPointer<AlgoBatchImportParamSetting> mDialog;
     QPointer<ImportColumns> mColumns; ///< of the open dialog's table
     QPointer<StrategyFinder> mFinder; ///< of the open dialog's box

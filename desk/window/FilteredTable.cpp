@@ -3,6 +3,7 @@
 #include "desk/window/ColumnMenu.h"
 #include "desk/window/ListProxy.h"
 #include "desk/window/ProgressDelegate.h"
+#include "desk/window/TabOrder.h"
 #include "embedded_host/EmbeddedHost.h"
 #include "embedded_host/skin/SkinService.h"
 #include "embedded_host/UserPrompts.h"
@@ -27,6 +28,7 @@ constexpr int NarrowestColumn = 64;
 constexpr int NarrowestProgress = 150; // what is filled grows
 constexpr int WidestColumn = 320;
 constexpr int FilterWidth = 220;
+constexpr int LeastFilterWidth = 60;
 constexpr int FirstButtonPlace = 2; // in the tool row: filter, count, then the buttons
 
 } // namespace
@@ -71,6 +73,7 @@ QHBoxLayout* FilteredTable::makeToolRow()
     mFilter->setPlaceholderText(Words::tr("筛选 (Ctrl+F)"));
     mFilter->setAccessibleName(Words::tr("筛选%1").arg(mName.shown));
     mFilter->setClearButtonEnabled(true);
+    mFilter->setMinimumWidth(LeastFilterWidth);
     mFilter->setMaximumWidth(FilterWidth);
     mCount->setProperty("role", QStringLiteral("caption"));
     auto* row = new QHBoxLayout;
@@ -106,18 +109,25 @@ QPushButton* FilteredTable::addButton(const QString& text, const QString& object
     return button;
 }
 
-/// As on the screen: the row above the table from left to right, then the table.
+/// As on the screen: the rows above the table from left to right, then the table.
 void FilteredTable::orderTabs()
 {
-    QWidget* before = nullptr;
+    QList<QWidget*> order;
     for (int place = 0; place < mToolRow->count(); ++place) {
         QWidget* next = mToolRow->itemAt(place)->widget();
         if (next != nullptr && next->focusPolicy() != Qt::NoFocus) {
-            setTabOrder(before == nullptr ? next : before, next);
-            before = next;
+            order.append(next);
         }
     }
-    setTabOrder(before, mView);
+    for (int place = 0; mSecondRow != nullptr && place < mSecondRow->count(); ++place) {
+        if (QWidget* part = mSecondRow->itemAt(place)->widget()) {
+            order += tab_order::within(*part);
+        }
+    }
+    order.append(mView);
+    for (int place = 1; place < order.size(); ++place) {
+        setTabOrder(order.at(place - 1), order.at(place));
+    }
 }
 
 void FilteredTable::setColoursOf(EmbeddedHost& host)
@@ -170,6 +180,8 @@ void FilteredTable::setChoice(const std::function<bool(int)>& choice)
 void FilteredTable::addRow(QLayout* row)
 {
     static_cast<QVBoxLayout*>(layout())->insertLayout(1, row);
+    mSecondRow = row;
+    orderTabs();
 }
 
 QList<int> FilteredTable::shownSourceRows() const

@@ -102,6 +102,7 @@ private:
     QLineEdit* mFilter;
     QLabel* mCount;
     QHBoxLayout* mToolRow;
+    QLayout* mSecondRow = nullptr;
     QTableView* mView; // made behind what stands above it: so Tab goes
     TableBehaviour* mBehaviour;
     int mAddedButtons = 0;

@@ -164,7 +164,11 @@ void ImportPage::guardBatch()
 void ImportPage::listenToFrame()
 {
     connect(mFrame, &DialogFrame::opened, this, [this] { mAmounts->setDialog(mFrame->dialog()); });
-    connect(mFrame, &DialogFrame::opened, this, [this] { tab_order::placeBehind(*mFrame, *mLower); });
+    connect(mFrame, &DialogFrame::opened, this, [this] {
+        tab_order::placeBehind(*mFrame, *mGrid);
+        tab_order::placeBehind(*mGrid, *mUpper->tabBar());
+        tab_order::placeBehind(*mUpper->tabBar(), *mLower);
+    });
     connect(mFrame, &DialogFrame::closed, this, [this] { mAmounts->setDialog(nullptr); });
     connect(mFrame, &DialogFrame::opened, mGrid, [this] { mGrid->setEditable(!mIsCreated); });
     connect(mFrame, &DialogFrame::closed, mGrid, [this] { mGrid->setEditable(false); });

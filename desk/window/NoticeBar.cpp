@@ -14,6 +14,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), mText(new QLabel(this)),
     mText->setObjectName(QStringLiteral("label_notice"));
     mText->setTextFormat(Qt::PlainText);
     mAct->setObjectName(QStringLiteral("button_noticeBatch"));
+    mAct->setToolTip(Words::tr("列出该批次的实例"));
     auto* close = new QPushButton(Words::tr("知道了"), this);
     close->setToolTip(Words::tr("收起这条通知"));
     close->setObjectName(QStringLiteral("button_noticeClose"));
@@ -34,6 +35,7 @@ void NoticeBar::tell(const QString& text, qint64 batch, bool isWarning)
 {
     mText->setText(text);
     mAct->setText(Words::tr("查看实例"));
+    mAct->setToolTip(mAct->text());
     mDo = [this, batch] { emit batchWanted(batch); };
     bring(isWarning ? QStringLiteral("warning") : QStringLiteral("done"));
 }
@@ -42,6 +44,7 @@ void NoticeBar::offer(const QString& text, const QString& button, const std::fun
 {
     mText->setText(text);
     mAct->setText(button);
+    mAct->setToolTip(mAct->text());
     mDo = act;
     bring(QStringLiteral("warning"));
 }

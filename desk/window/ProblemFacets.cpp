@@ -3,6 +3,7 @@
 #include "desk/models/ProblemsModel.h"
 #include "words/Words.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QMap>
@@ -17,6 +18,7 @@ QComboBox* makeBox(const char* name, const QString& spoken, QWidget* parent)
     auto* box = new QComboBox(parent);
     box->setObjectName(QString::fromLatin1(name));
     box->setAccessibleName(spoken);
+    box->view()->setAccessibleName(spoken);
     box->setToolTip(spoken);
     box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     return box;

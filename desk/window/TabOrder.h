@@ -6,13 +6,13 @@
 /// Tab goes as the screen is read; a widget that was made later stands at the end of its window's order.
 namespace tab_order {
 
-/// What takes the focus in a part of a window, in the order of Tab.
+/// What takes the focus in a part of a window, itself included, in the order of Tab.
 inline QList<QWidget*> within(QWidget& part)
 {
     QList<QWidget*> order;
     QWidget* window = part.window();
     for (QWidget* next = window->nextInFocusChain(); next != window; next = next->nextInFocusChain()) {
-        if (part.isAncestorOf(next) && next->focusPolicy() != Qt::NoFocus) {
+        if ((next == &part || part.isAncestorOf(next)) && next->focusPolicy() != Qt::NoFocus) {
             order.append(next);
         }
     }

@@ -1,5 +1,7 @@
 #include "host/SolveyAccountComboBox.h"
 
+#include <QAbstractItemView>
+#include <QEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 
@@ -24,12 +26,59 @@ QString shownText(const tagUserAccountInfo& account, DisplayMode mode)
     return QStringLiteral("%1 (%2)").arg(account.name, account.tradingAccount);
 }
 
+/// The name with its number, of which a narrow box shows the number whole and the name as far as it goes.
+QString shownWithin(const SolveyAccountComboBox& box, int width)
+{
+    const QString whole = box.currentText();
+    const QString number = QStringLiteral(" (%1)").arg(box.GetCurTradingAccount());
+    const QFontMetrics metrics = box.fontMetrics();
+    if (!whole.endsWith(number) || metrics.horizontalAdvance(whole) <= width) {
+        return whole;
+    }
+    const int left = width - metrics.horizontalAdvance(number);
+    return metrics.elidedText(whole.chopped(number.size()), Qt::ElideRight, left) + number;
+}
+
+/// Paints the box in its own place: how a client's box paints is no matter of its header.
+class NumberKeeper : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::Paint) {
+            return false;
+        }
+        paint(*static_cast<SolveyAccountComboBox*>(watched));
+        return true;
+    }
+
+private:
+    static void paint(SolveyAccountComboBox& box)
+    {
+        QStylePainter painter(&box);
+        QStyleOptionComboBox option;
+        option.initFrom(&box);
+        option.frame = box.hasFrame();
+        option.subControls = QStyle::SC_All;
+        if (box.view()->isVisible()) {
+            option.state |= QStyle::State_On;
+        }
+        const QRect field =
+            box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);
+        option.currentText = shownWithin(box, field.width() - TextMargin);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+};
+
 } // namespace
 
 SolveyAccountComboBox::SolveyAccountComboBox(QWidget* parent, DisplayMode mode)
     : QComboBox(parent), mMode(mode)
 {
     setSizeAdjustPolicy(QComboBox::AdjustToContents); // the accounts come after the first show
+    installEventFilter(new NumberKeeper(this));
 }
 
 SolveyAccountComboBox::~SolveyAccountComboBox() = default;
@@ -52,29 +101,6 @@ void SolveyAccountComboBox::SetCurTradingAccount(const QString& tradingAccount)
     if (index >= 0) {
         setCurrentIndex(index);
     }
-}
-
-void SolveyAccountComboBox::paintEvent(QPaintEvent*)
-{
-    QStylePainter painter(this);
-    QStyleOptionComboBox option;
-    initStyleOption(&option);
-    const QRect field =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    option.currentText = shownWithin(field.width() - TextMargin);
-    painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
-}
-
-QString SolveyAccountComboBox::shownWithin(int width) const
-{
-    const QString whole = currentText();
-    const QString number = QStringLiteral(" (%1)").arg(GetCurTradingAccount());
-    if (!whole.endsWith(number) || fontMetrics().horizontalAdvance(whole) <= width) {
-        return whole;
-    }
-    const int left = width - fontMetrics().horizontalAdvance(number);
-    return fontMetrics().elidedText(whole.chopped(number.size()), Qt::ElideRight, left) + number;
 }
 
 QString SolveyAccountComboBox::GetCurTradingAccount() const

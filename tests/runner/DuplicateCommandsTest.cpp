@@ -118,7 +118,7 @@ TEST_F(DuplicateCommands, RefuseWrongUsage)
     const QString file = table(goodRow());
     expectRefused(create(file, {"--duplicates"_s, "drop"_s}), "leave-out"_s);
     expectRefused(create(file, {"--duplicates"_s, "replace"_s}), "--against N"_s);
-    expectRefused(create(file, {"--duplicates"_s, "replace"_s, "--against"_s, "x"_s}), "'x'"_s);
+    expectRefused(create(file, {"--duplicates"_s, "replace"_s, "--against"_s, "x"_s}), "“x”"_s);
     expectRefused(create(file, {"--against"_s, "1"_s}), "--against"_s);
     expectRefused(create(file, {"--duplicates"_s, "leave-out"_s, "--against"_s, "1"_s}), "--against"_s);
     expectRefused(import(file, aitwap() + QStringList{"--duplicates"_s, "leave-out"_s}), "--create"_s);

@@ -121,10 +121,11 @@ TEST_F(MappingCommand, AMappingNamesItsSheet)
         {"from": "Ticker", "to": "证券代码", "form": "code"}, {"from": "Qty", "to": "委托数量", "form": "quantity"},
         {"from": "Side", "to": "交易方向", "values": {"S": "2", "B": "1"}}],
         "constants": {"委托属性": "0", "创建后是否立即启动": "0"}})");
-    const Run imported = import(file, by(mapping) + QStringList{"--confirm"_s, "--create"_s, "--yes"_s});
+    const Run imported = import(file, by(mapping) + QStringList{"--confirm"_s, "--create"_s, "--yes"_s,
+                                                                "--accept"_s, "sheet.active"_s});
     EXPECT_EQ(orders(imported.object()), (QStringList{"600000.SH 300 Sell"_s})) << imported.out.constData();
     const QJsonObject batch = atHome({"batches"_s}).json().array().first().toObject();
     const QJsonObject edit = batch["fileEdits"_s].toArray().first().toObject();
-    EXPECT_EQ(edit["edit"_s].toString(), "map"_s);
+    EXPECT_EQ(edit["edit"_s].toString(), "map"_s) << imported.out.constData();
     EXPECT_EQ(edit["mapping"_s].toObject(), imported.object()["mapping"_s].toObject());
 }

@@ -3782,7 +3782,7 @@ Qt %2 (LGPL-3), libzip (BSD-3-Clause), libgsf (LGPL-2.1), libxlsxwriter (BSD-2-C
     </message>
     <message>
         <source>列出该批次的实例</source>
-        <translation type="unfinished"></translation>
+        <translation>Lists the instances of the batch</translation>
     </message>
 </context>
 </TS>

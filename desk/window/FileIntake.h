@@ -53,7 +53,11 @@ public:
 
     /// The next prepare() of this path reads this.
     void expect(const IntakeItem& item) { mExpected = item; }
-    bool isExpecting() const { return mExpected.has_value(); }
+    /// A sheet or further rows of a file, which what is on screen may be of too.
+    bool isExpectingPart() const
+    {
+        return mExpected && (mExpected->offered > 0 || !mExpected->sheet.isEmpty());
+    }
     /// What was expected was read, or became several items.
     bool isSettled() const { return !mExpected && mIsSettled; }
     /// The next prepare() asks for the mapping, even where the header fits or one is remembered.

@@ -155,7 +155,7 @@ void ImportPage::guardBatch()
     mFrame->setGuard([this] { return mayThrowAway(); });
     // The same file once more loses nothing, unless it was mended.
     mPrompts.setGuard([this](const QString& path) {
-        const bool isSame = path == mFile.path && !mGrid->copy().isEdited() && !mIntake->isExpecting();
+        const bool isSame = path == mFile.path && !mGrid->copy().isEdited() && !mIntake->isExpectingPart();
         return (mIsReloading || isSame || mayThrowAway()) &&
                (mClipboard || mIntake->prepare(path, dialog()->getCurrentAlgoName()));
     });

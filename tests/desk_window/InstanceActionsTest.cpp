@@ -114,9 +114,9 @@ TEST_F(InstanceActionsTest, StartsAndWithdrawsByKeyAndContextMenu)
     createMixed();
     instances().setCurrentRow(2);
     instances().view()->setFocus();
-    questionOf([this] { QTest::keyClick(instances().view(), Qt::Key_F6); }, "button_yes");
+    questionOf([this] { QTest::keyClick(instances().view(), Qt::Key_F9); }, "button_yes");
     EXPECT_EQ(states().at(2), "运行中"_s);
-    questionOf([this] { QTest::keyClick(instances().view(), Qt::Key_F7); }, "button_yes");
+    questionOf([this] { QTest::keyClick(instances().view(), Qt::Key_F9, Qt::ShiftModifier); }, "button_yes");
     EXPECT_EQ(states().at(2), "已撤单"_s);
     EXPECT_EQ(instances().view()->contextMenuPolicy(), Qt::ActionsContextMenu);
     EXPECT_TRUE(instances().view()->actions().contains(&action("action_withdraw")));

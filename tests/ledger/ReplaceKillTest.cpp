@@ -60,13 +60,13 @@ TEST(AReplacementKilledAtAnyMoment, WithdrawsAndCreatesOrDoesNeither)
     const Address place = ledgerPlace(home.path(), QString());
     std::mt19937 random(20261122);
     constexpr int shortest = 25;
-    constexpr int longest = 2000;
+    constexpr int longest = 8000;
     int patience = shortest; // milliseconds within which a run is killed
     QElapsedTimer watch;
     watch.start();
     int kills = 0;
     int batches = 0;
-    while (kills < Kills && (kills < LeastKills || watch.elapsed() < TimeBoxMs)) {
+    while (kills < Kills && (kills < LeastKills || batches <= kills / 4 || watch.elapsed() < TimeBoxMs)) {
         const int moment = std::uniform_int_distribution<int>(0, patience)(random);
         ASSERT_EQ(killOneRun(place, std::max(0, batches - RetriedDrafts), moment), QString());
         ++kills;

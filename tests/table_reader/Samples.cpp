@@ -78,7 +78,8 @@ Parts Xlsx::parts() const
                    {QStringLiteral("xl/workbook.xml"), workbook},
                    {QStringLiteral("xl/_rels/workbook.xml.rels"),
                     XmlHead + RelationshipsOpen + references + "</Relationships>"},
-                   {QStringLiteral("xl/worksheets/sheet1.xml"), worksheet(sheetData, behindData)}};
+                   {QStringLiteral("xl/worksheets/sheet1.xml"),
+                    worksheet(sheetData, behindData).replace("<sheetData>", beforeData + "<sheetData>")}};
     if (!cellStyles.isNull()) {
         parts.append({QStringLiteral("xl/styles.xml"), XmlHead + "<styleSheet " + SheetNamespace +
                                                            "><numFmts>" + numberFormats +

@@ -16,6 +16,7 @@ QByteArray zip(const Parts& parts, bool compressed = true);
 /// A workbook of one sheet; every text may be replaced before file() is called.
 struct Xlsx {
     QByteArray sheetData;     ///< what stands within sheetData
+    QByteArray beforeData;    ///< what stands before it, such as cols
     QByteArray behindData;    ///< what follows it, such as mergeCells
     QByteArray texts;         ///< `si` elements; null: no shared strings
     QByteArray numberFormats; ///< `numFmt` elements

@@ -31,6 +31,8 @@ QString XlsxSheet::read(ZipArchive& archive, const QString& name)
         if (part.is(Sheet, QLatin1String("sheetData"))) {
             readRows(part);
             done = !mRows.inspects();
+        } else if (mRows.inspects() && part.is(Sheet, QLatin1String("cols"))) {
+            readColumns(part);
         } else if (mRows.inspects() && part.is(Sheet, QLatin1String("mergeCells"))) {
             readMergedAreas(part);
         } else {
@@ -38,6 +40,20 @@ QString XlsxSheet::read(ZipArchive& archive, const QString& name)
         }
     }
     return part.finish();
+}
+
+/// Hidden ones, or folded to nothing.
+void XlsxSheet::readColumns(XmlPart& part)
+{
+    while (part.nextChild()) {
+        const XmlAttributes attributes = part.attributes();
+        const bool isFlat = value(attributes, "width") == QLatin1String("0");
+        const int first = intValue(value(attributes, "min"), 0);
+        if (first > 0 && (isFlat || boolValue(value(attributes, "hidden")))) {
+            mRows.noteHiddenColumns(first - 1, intValue(value(attributes, "max"), first) - 1);
+        }
+        part.skip();
+    }
 }
 
 void XlsxSheet::readRows(XmlPart& part)

@@ -44,6 +44,7 @@ private:
         bool hasValue = false; ///< if only an empty one
     };
 
+    void readColumns(XmlPart& part);
     void readRows(XmlPart& part);
     bool enterRow(XmlPart& part);
     void readCells(XmlPart& part);

@@ -273,6 +273,16 @@ TEST(XlsxRows, ThatAreEmptyAtTheEndAreDropped)
     EXPECT_EQ("1\n", rows("<row><c><v>1</v></c><c s=\"1\"/></row><row><c s=\"1\"/></row><row r=\"900\"/>"));
 }
 
+TEST(XlsxInspection, TellsHiddenColumns)
+{
+    Xlsx sample;
+    sample.beforeData =
+        "<cols><col min=\"1\" max=\"2\" width=\"9\"/><col min=\"3\" max=\"4\" hidden=\"1\"/>"
+        "<col min=\"6\" max=\"6\" width=\"0\"/><col min=\"0\" max=\"9\" hidden=\"1\"/></cols>";
+    sample.sheetData = "<row><c><v>1</v></c></row>";
+    EXPECT_EQ((QSet<int>{2, 3, 5}), inspect(sample.file()).inspection.hiddenColumns);
+}
+
 TEST(XlsxInspection, TellsHiddenRowsMergedAreasAndStoredNumbers)
 {
     Xlsx sample;
